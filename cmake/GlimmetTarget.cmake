@@ -1,0 +1,22 @@
+# What every target of the project has in common: warnings as errors, the root as include path, sanitizers.
+function(glimmet_target name)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+    -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+  target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+  if(GLIMMET_SANITIZE)
+    target_compile_options(${name} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer
+      -fno-sanitize-recover=undefined)
+    target_link_options(${name} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# One shared library a folder: the panel is a module of its own, loaded on its first opening, and it must see the
+# very same classes as the program that loads it.
+function(glimmet_library folder)
+  set(name glimmet_${folder})
+  add_library(${name} SHARED ${ARGN})
+  glimmet_target(${name})
+  install(TARGETS ${name} LIBRARY DESTINATION lib/glimmet)
+endfunction()

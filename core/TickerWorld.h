@@ -1,0 +1,22 @@
+#pragma once
+
+namespace glimmet {
+
+class Clock;
+class PreferencesStore;
+class PriceSource;
+class RevenueFetcher;
+class Timers;
+class UserRegion;
+
+/// What the ticker needs of the world around it. Everything outlives the ticker.
+struct TickerWorld {
+    const Clock &clock;
+    const UserRegion &region;
+    Timers &timers;
+    PreferencesStore &preferences;
+    PriceSource *prices = nullptr; ///< none: prices stay unknown
+    RevenueFetcher *revenue = nullptr; ///< none: the revenue text stays as it is
+};
+
+} // namespace glimmet

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace glimmet {
+
+/// Writes diagnostic lines to standard output, each as a whole and at once, also into a pipe. A closed, full or
+/// stuck standard output loses lines; it never ends or holds up the program. Any thread.
+class DiagnosticLog {
+public:
+    /// Takes over `descriptor` for writing only; SIGPIPE is ignored in the process from now on.
+    explicit DiagnosticLog(int descriptor = 1);
+    ~DiagnosticLog();
+    Q_DISABLE_COPY_MOVE(DiagnosticLog)
+
+    /// Writes "[glimmet] " and `message`. Line breaks in it become blanks.
+    void line(const QString &message);
+
+private:
+    int m_descriptor;
+    bool m_isOwn = false;
+    bool m_isInsideLine = false;
+};
+
+} // namespace glimmet

@@ -1,0 +1,43 @@
+#include "platform/UserRegion.h"
+
+#include <cmath>
+#include <ctime>
+
+namespace glimmet {
+
+QByteArray icuLocaleName(const QByteArray &posixName)
+{
+    const QByteArray name = posixName.left(posixName.indexOf('.') < 0 ? posixName.size() : posixName.indexOf('.'));
+    const QByteArray language = name.left(name.indexOf('@') < 0 ? name.size() : name.indexOf('@'));
+    if (language.isEmpty() || language == "C" || language == "POSIX")
+        return "en_US_POSIX";
+    // The two scripts that POSIX names by a modifier; the others ("@euro") say nothing about a clock.
+    if (posixName.endsWith("@latin"))
+        return QByteArray(language).replace('_', "_Latn_");
+    if (posixName.endsWith("@cyrillic"))
+        return QByteArray(language).replace('_', "_Cyrl_");
+    return language;
+}
+
+QByteArray SystemRegion::localeName() const
+{
+    for (const char *variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        const QByteArray value = qgetenv(variable);
+        if (!value.isEmpty())
+            return icuLocaleName(value);
+    }
+    return icuLocaleName("C");
+}
+
+int SystemRegion::utcOffset(Instant moment) const
+{
+    // Looks at /etc/localtime again, so that a changed zone counts at once.
+    tzset();
+    const auto seconds = static_cast<time_t>(std::floor(moment.unixMilliseconds() / 1000.0));
+    tm local {};
+    if (localtime_r(&seconds, &local) == nullptr)
+        return 0;
+    return static_cast<int>(local.tm_gmtoff);
+}
+
+} // namespace glimmet

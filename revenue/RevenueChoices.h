@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/RawValue.h"
+
+#include <QObject>
+
+#include <array>
+
+/// The choices behind the Revenue mode. Each enumeration lists its cases in display order.
+namespace glimmet {
+
+namespace RevenueProviders {
+Q_NAMESPACE
+/// The payment or subscription platform that is asked.
+enum class RevenueProvider { Polar, RevenueCat, Dodo, Stripe, LemonSqueezy };
+Q_ENUM_NS(RevenueProvider)
+} // namespace RevenueProviders
+
+namespace RevenueModes {
+Q_NAMESPACE
+/// The period that is summed.
+enum class RevenueMode { Today, Week, Month, AllTime };
+Q_ENUM_NS(RevenueMode)
+} // namespace RevenueModes
+
+namespace RevenueMetrics {
+Q_NAMESPACE
+/// The figure that is shown: the sum, the number of orders, their average or the largest one.
+enum class RevenueMetric { Revenue, Orders, Avg, Top };
+Q_ENUM_NS(RevenueMetric)
+} // namespace RevenueMetrics
+
+using RevenueMetrics::RevenueMetric;
+using RevenueModes::RevenueMode;
+using RevenueProviders::RevenueProvider;
+
+template <>
+inline constexpr std::array rawValues<RevenueProvider> = {
+    std::pair {RevenueProvider::Polar, QStringView(u"Polar")},
+    std::pair {RevenueProvider::RevenueCat, QStringView(u"RevenueCat")},
+    std::pair {RevenueProvider::Dodo, QStringView(u"Dodo")},
+    std::pair {RevenueProvider::Stripe, QStringView(u"Stripe")},
+    std::pair {RevenueProvider::LemonSqueezy, QStringView(u"Lemon Squeezy")},
+};
+
+template <>
+inline constexpr std::array rawValues<RevenueMode> = {
+    std::pair {RevenueMode::Today, QStringView(u"Today")},
+    std::pair {RevenueMode::Week, QStringView(u"Week")},
+    std::pair {RevenueMode::Month, QStringView(u"Month")},
+    std::pair {RevenueMode::AllTime, QStringView(u"All Time")},
+};
+
+template <>
+inline constexpr std::array rawValues<RevenueMetric> = {
+    std::pair {RevenueMetric::Revenue, QStringView(u"revenue")},
+    std::pair {RevenueMetric::Orders, QStringView(u"orders")},
+    std::pair {RevenueMetric::Avg, QStringView(u"avg")},
+    std::pair {RevenueMetric::Top, QStringView(u"top")},
+};
+
+} // namespace glimmet

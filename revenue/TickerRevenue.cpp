@@ -1,0 +1,111 @@
+#include "core/TickerViewModel.h"
+#include "platform/RepeatingTimer.h"
+#include "revenue/RevenueFetcher.h"
+
+#include <QPointer>
+
+/// The revenue choices of the TickerViewModel and the fetch that they ask for.
+namespace glimmet {
+
+using namespace std::chrono_literals;
+
+void TickerViewModel::fetchRevenue()
+{
+    if (m_world.revenue == nullptr)
+        return;
+    publish(m_isFetchingRevenue, true, &TickerViewModel::isFetchingRevenueChanged);
+    publish(m_lastFetchError, std::optional<QString>(), &TickerViewModel::lastFetchErrorChanged);
+    m_world.revenue->fetch(
+        {m_revenueProvider, m_revenueMode, m_revenueMetric}, [ticker = QPointer(this)](const QString &text) {
+            if (ticker)
+                ticker->handleRevenueResult(text);
+        });
+}
+
+void TickerViewModel::handleRevenueResult(const QString &text)
+{
+    publish(m_isFetchingRevenue, false, &TickerViewModel::isFetchingRevenueChanged);
+    publish(m_revenueLabel, text, &TickerViewModel::revenueLabelChanged);
+    if (text.startsWith(u'⚠'))
+        publish(m_lastFetchError, std::optional(text), &TickerViewModel::lastFetchErrorChanged);
+}
+
+void TickerViewModel::startRevenueTimer()
+{
+    fetchRevenue();
+    m_revenueTimer.reset();
+    m_revenueTimer = m_world.timers.repeating(300s, [this] { fetchRevenue(); });
+}
+
+void TickerViewModel::fetchRevenueInRevenueMode()
+{
+    if (m_mode == TickerMode::Revenue)
+        fetchRevenue();
+}
+
+void TickerViewModel::setRevenueProvider(RevenueProvider provider)
+{
+    publish(m_revenueProvider, provider, &TickerViewModel::revenueProviderChanged);
+}
+
+void TickerViewModel::setRevenueMetric(RevenueMetric metric)
+{
+    publish(m_revenueMetric, metric, &TickerViewModel::revenueMetricChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setRevenueMode(RevenueMode period)
+{
+    publish(m_revenueMode, period, &TickerViewModel::revenueModeChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setPolarAPIKey(const QString &key)
+{
+    publish(m_polarAPIKey, key, &TickerViewModel::polarAPIKeyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setRevenueCatAPIKey(const QString &key)
+{
+    publish(m_revenueCatAPIKey, key, &TickerViewModel::revenueCatAPIKeyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setRevenueCatProjectID(const QString &id)
+{
+    publish(m_revenueCatProjectID, id, &TickerViewModel::revenueCatProjectIDChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setDodoAPIKey(const QString &key)
+{
+    publish(m_dodoAPIKey, key, &TickerViewModel::dodoAPIKeyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setDodoCurrency(const QString &currency)
+{
+    publish(m_dodoCurrency, currency, &TickerViewModel::dodoCurrencyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setStripeAPIKey(const QString &key)
+{
+    publish(m_stripeAPIKey, key, &TickerViewModel::stripeAPIKeyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setStripeCurrency(const QString &currency)
+{
+    publish(m_stripeCurrency, currency, &TickerViewModel::stripeCurrencyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::setLemonSqueezyAPIKey(const QString &key)
+{
+    publish(m_lemonSqueezyAPIKey, key, &TickerViewModel::lemonSqueezyAPIKeyChanged);
+    fetchRevenueInRevenueMode();
+}
+
+} // namespace glimmet

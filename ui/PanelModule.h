@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QtPlugin>
+
+#include <memory>
+
+class QWindow;
+
+namespace glimmet {
+
+class TickerViewModel;
+
+enum class ColorScheme { Light, Dark };
+
+/// An open panel. Destroying it closes its window and gives back the QML engine with everything in it.
+class Panel {
+public:
+    virtual ~Panel() = default;
+
+    /// The panel's window: frameless, not shown yet; its owner places and shows it. Its size is the panel's
+    /// natural one; a window of lower height makes the middle scroll.
+    virtual QWindow &window() = 0;
+    virtual void setColorScheme(ColorScheme scheme) = 0;
+};
+
+/// Makes panels. It comes as a module of its own that is loaded on the first opening, so that a program that only
+/// shows its text never carries the QML engine.
+class PanelModule {
+public:
+    virtual ~PanelModule() = default;
+
+    struct Options {
+        ColorScheme scheme = ColorScheme::Light;
+        bool isTranslucent = true; ///< a compositor shows the rounded corners; without one they are masked
+    };
+    /// A panel that edits `ticker`, which outlives it. Main thread.
+    virtual std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) = 0;
+};
+
+} // namespace glimmet
+
+#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/1"
+Q_DECLARE_INTERFACE(glimmet::PanelModule, GLIMMET_PANEL_MODULE_IID)
