@@ -1,0 +1,89 @@
+"""GNOME Shell with the AppIndicator extension on a virtual screen."""
+
+import sys
+
+from gi.repository import GLib
+
+from desktop.bus import Bus
+from desktop.processes import wait_for
+from desktop.screen import Area
+
+SHELL = "org.gnome.Shell"
+INDICATORS = "ubuntu-appindicators@ubuntu.com"
+EXTENSIONS = "org.gnome.Shell.Extensions"
+WATCHER = "org.kde.StatusNotifierWatcher"
+OVERVIEW = (SHELL, "/org/gnome/Shell", SHELL, "OverviewActive")
+TOP_BAR = Area(0, 0, 200, 24)
+
+SYSTEM_BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig><type>system</type><listen>unix:path={path}</listen>
+<policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/>
+</policy></busconfig>
+"""
+
+ENVIRONMENT = {
+    "XDG_CURRENT_DESKTOP": "GNOME",
+    "XDG_SESSION_TYPE": "x11",
+    "XDG_SESSION_DESKTOP": "gnome",
+    "GDK_BACKEND": "x11",
+    "LIBGL_ALWAYS_SOFTWARE": "1",
+}
+
+SETTINGS = (
+    ("org.gnome.shell", "welcome-dialog-last-shown-version", "'99'"),
+    ("org.gnome.shell", "disable-user-extensions", "false"),
+    ("org.gnome.shell", "enabled-extensions", f"['{INDICATORS}']"),
+    ("org.gnome.desktop.interface", "toolkit-accessibility", "true"),
+    # A blanked or locked screen would swallow the clicks of a long run.
+    ("org.gnome.desktop.session", "idle-delay", "uint32 0"),
+    ("org.gnome.desktop.screensaver", "lock-enabled", "false"),
+    ("org.gnome.desktop.notifications", "show-banners", "false"),
+)
+
+
+def start_system_bus(desktop):
+    """The shell asks logind about its session. A system bus of its own keeps the machine's out of it."""
+    path = desktop.runtime / "system_bus"
+    configuration = desktop.folder / "system-bus.conf"
+    configuration.write_text(SYSTEM_BUS.format(path=path))
+    desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={path}"
+    desktop.start("system-bus", ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
+    wait_for(path.exists, 10, "the system bus")
+    desktop.start("logind", [sys.executable, "-m", "dbusmock", "--system", "--template", "logind"])
+    bus = Bus(desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"])
+    wait_for(lambda: bus.owner("org.freedesktop.login1"), 10, "the login manager")
+    bus.close()
+
+
+def start_shell(desktop):
+    """Returns when the shell shows its top bar with the indicators' host in it, and nothing over it."""
+    for setting in SETTINGS:
+        desktop.run("gsettings", "set", *setting)
+    desktop.start("gnome-shell", ["gnome-shell", "--x11"])
+    wait_for(lambda: desktop.bus.owner(SHELL), 60, "GNOME Shell")
+    wait_for(lambda: desktop.bus.owner(WATCHER), 30, "the indicators' host")
+    leave_overview(desktop)
+
+
+def leave_overview(desktop):
+    """A fresh shell opens with its overview, which would take the first click."""
+    def is_open():
+        try:
+            return desktop.bus.get(*OVERVIEW)
+        except GLib.Error:
+            return False  # Not exported yet.
+
+    def has_closed():
+        desktop.bus.set(*OVERVIEW, GLib.Variant("b", False))
+        return not is_open()
+
+    wait_for(lambda: is_open() and any(desktop.screen.pixels(TOP_BAR)), 30, "the shell's first picture")
+    wait_for(has_closed, 30, "the overview to close")
+
+
+def set_indicators(desktop, wanted):
+    """Switches the indicators' host on or off, as its user does in the shell's settings."""
+    method = "EnableExtension" if wanted else "DisableExtension"
+    desktop.bus.call(SHELL, "/org/gnome/Shell", EXTENSIONS, method, GLib.Variant("(s)", (INDICATORS,)))
+    wait_for(lambda: bool(desktop.bus.owner(WATCHER)) == wanted, 20, f"{method} to take effect")

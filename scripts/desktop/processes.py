@@ -1,0 +1,122 @@
+"""The processes of one virtual desktop: started with a common mark, ended together."""
+
+import ctypes
+import os
+import signal
+import subprocess
+import time
+from pathlib import Path
+
+from gi.repository import GLib
+
+MARK = "GLIMMET_VIRTUAL_DESKTOP"
+PR_SET_PDEATHSIG = 1
+_libc = ctypes.CDLL(None, use_errno=True)
+
+
+class DesktopError(RuntimeError):
+    """A part of the desktop did not come up, or a condition never came true."""
+
+
+def dispatch_events():
+    """Delivers what has arrived on the bus connections of this process."""
+    context = GLib.MainContext.default()
+    while context.iteration(False):
+        pass
+
+
+def wait_for(condition, seconds, what):
+    """Returns the first true value of `condition()`; raises DesktopError after `seconds` without one."""
+    end = time.monotonic() + seconds
+    while True:
+        dispatch_events()
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise DesktopError(f"waited {seconds} s in vain for {what}")
+        time.sleep(0.01)
+
+
+def watch_for(seconds, look=lambda: None):
+    """Lets the desktop run for a span that is itself what is measured, and calls `look` all the while."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        dispatch_events()
+        look()
+        time.sleep(0.01)
+
+
+def _die_with_parent():
+    # A parent that is killed outright cannot clean up; its children then end by themselves.
+    _libc.prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
+
+
+def _environment_of(pid):
+    try:
+        return Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")
+    except OSError:
+        return []
+
+
+class Processes:
+    """Everything started here, and whatever that starts in turn, carries the mark in its environment. So also
+    services that the bus activates, or that detach themselves, are found and ended."""
+
+    def __init__(self, mark, log_folder):
+        self._mark = f"{MARK}={mark}".encode()
+        self._logs = Path(log_folder)
+        self._started = []
+
+    def start(self, name, command, environment, **options):
+        """Starts `command`; its output goes to the log named `name` unless `options` say otherwise."""
+        log = open(self.log(name), "ab")
+        options.setdefault("stdin", subprocess.DEVNULL)
+        options.setdefault("stdout", log)
+        options.setdefault("stderr", log)
+        marked = dict(environment, **dict([self._mark.decode().split("=", 1)]))
+        try:
+            process = subprocess.Popen(command, env=marked, start_new_session=True,
+                                       preexec_fn=_die_with_parent, **options)
+        finally:
+            log.close()
+        self._started.append(process)
+        return process
+
+    def log(self, name):
+        return self._logs / f"{name}.log"
+
+    def running(self):
+        """The ids of all processes that carry the mark and are alive."""
+        ids = (int(entry) for entry in os.listdir("/proc") if entry.isdigit())
+        return [pid for pid in ids if pid != os.getpid() and self._mark in _environment_of(pid)]
+
+    def stop(self, process, seconds=5):
+        """Ends one process, first politely, and returns its exit status."""
+        if process.poll() is None:
+            process.terminate()
+        try:
+            return process.wait(seconds)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            return process.wait()
+
+    def stop_all(self, seconds=5):
+        """Ends every process with the mark; returns when none is left."""
+        self._signal_all(signal.SIGTERM)
+        try:
+            wait_for(self._all_gone, seconds, "the desktop's processes to end")
+        except DesktopError:
+            self._signal_all(signal.SIGKILL)
+            wait_for(self._all_gone, seconds, "killed processes to be gone")
+
+    def _signal_all(self, number):
+        for pid in self.running():
+            try:
+                os.kill(pid, number)
+            except ProcessLookupError:
+                pass
+
+    def _all_gone(self):
+        # A process loses its environment a moment before it is gone; those started here are waited for to the end.
+        return all(process.poll() is not None for process in self._started) and not self.running()

@@ -1,0 +1,99 @@
+"""The virtual screen: its windows, its pointer and keyboard, and pictures of it."""
+
+import re
+import subprocess
+from dataclasses import dataclass
+
+from desktop.processes import wait_for
+
+
+@dataclass(frozen=True)
+class Area:
+    """A rectangle in pixels of the screen."""
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def right(self):
+        return self.x + self.width
+
+    @property
+    def bottom(self):
+        return self.y + self.height
+
+    @property
+    def middle(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+    def contains(self, other):
+        return (self.x <= other.x and self.y <= other.y
+                and other.right <= self.right and other.bottom <= self.bottom)
+
+    def __str__(self):
+        return f"{self.width}x{self.height}+{self.x}+{self.y}"
+
+
+class Screen:
+    """Speaks to the X server named by the environment through the usual small tools."""
+
+    def __init__(self, environment, size):
+        self._environment = environment
+        self.area = Area(0, 0, *size)
+
+    def run(self, *command, check=True, text=True):
+        result = subprocess.run(command, env=self._environment, capture_output=True, text=text, timeout=20)
+        if check and result.returncode != 0:
+            raise RuntimeError(f"{' '.join(command)} failed: {result.stderr}")
+        return result.stdout
+
+    def windows(self, name):
+        """The ids of the visible windows with exactly this name."""
+        found = self.run("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(name)}$", check=False)
+        return found.split()
+
+    def window_area(self, window):
+        """Where a window is, None when it has just gone."""
+        text = self.run("xwininfo", "-id", window, check=False)
+        fields = dict(re.findall(r"^\s*([^:\n]+):\s+(-?\d+)$", text, re.MULTILINE))
+        if "Width" not in fields:
+            return None
+        return Area(int(fields["Absolute upper-left X"]), int(fields["Absolute upper-left Y"]),
+                    int(fields["Width"]), int(fields["Height"]))
+
+    def area_of(self, name):
+        """Where the one visible window of this name is, None without one."""
+        found = self.windows(name)
+        return self.window_area(found[0]) if found else None
+
+    def wait_for_window(self, name, seconds=10):
+        return wait_for(lambda: self.area_of(name), seconds, f"a window “{name}”")
+
+    def wait_until_gone(self, name, seconds=10):
+        wait_for(lambda: not self.windows(name), seconds, f"the window “{name}” to go")
+
+    def root_property(self, name):
+        return self.run("xprop", "-root", name)
+
+    def move(self, x, y):
+        self.run("xdotool", "mousemove", str(x), str(y))
+
+    def click(self, x, y, button=1):
+        self.run("xdotool", "mousemove", str(x), str(y), "click", str(button))
+
+    def key(self, *keys):
+        self.run("xdotool", "key", *keys)
+
+    def type(self, text):
+        self.run("xdotool", "type", text)
+
+    def screenshot(self, path, area=None):
+        """Writes a PNG of the whole screen or of one area of it."""
+        crop = ["-crop", str(area), "+repage"] if area else []
+        self.run("import", "-silent", "-window", "root", *crop, "-strip", f"png:{path}")
+
+    def pixels(self, area):
+        """The colours of an area, three bytes a pixel, row by row."""
+        return self.run("import", "-silent", "-window", "root", "-crop", str(area), "-depth", "8", "rgb:-",
+                        text=False)

@@ -1,0 +1,189 @@
+"""A private desktop on a virtual screen: its own X server, buses, secret service and home.
+
+    with VirtualDesktop("gnome") as desktop:
+        desktop.start("program", ["some-program"])
+        desktop.screen.screenshot("picture.png")
+
+Two kinds: "strip" has a window manager and no host for menu-bar items, "gnome" a GNOME Shell with one. Nothing of
+it outlives the `with` block, and nothing of the user's own session reaches into it."""
+
+import os
+import select
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+import gi
+
+gi.require_version("Gio", "2.0")
+
+from desktop import gnome, settings_portal  # noqa: E402
+from desktop.accessibility import AccessibilityTree  # noqa: E402
+from desktop.bus import Bus  # noqa: E402
+from desktop.processes import DesktopError, Processes, wait_for  # noqa: E402
+from desktop.screen import Screen  # noqa: E402
+
+from gi.repository import GLib  # noqa: E402
+
+KINDS = ("strip", "gnome")
+PASSED_ON = ("PATH", "TZ", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
+
+
+class VirtualDesktop:
+    def __init__(self, kind="strip", size=(1280, 800), compositor=False):
+        if kind not in KINDS:
+            raise ValueError(f"no desktop “{kind}”: one of {', '.join(KINDS)}")
+        self.kind = kind
+        self._size = size
+        self._compositor = compositor
+        self.bus = None
+        self.screen = None
+        self._tree = None
+        self._session_bus = None
+
+    def __enter__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="glimmet-desktop-"))
+        self.home, self.runtime, logs = (self.folder / name for name in ("home", "run", "log"))
+        for folder in (self.home, self.runtime, logs):
+            folder.mkdir(mode=0o700)
+        self.environment = self._fresh_environment()
+        self._processes = Processes(self.folder, logs)
+        try:
+            self._start_parts()
+        except BaseException:
+            self._print_logs()
+            self.close()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def _fresh_environment(self):
+        kept = {name: os.environ[name] for name in PASSED_ON if name in os.environ}
+        return kept | {
+            "HOME": str(self.home),
+            "XDG_RUNTIME_DIR": str(self.runtime),
+            "XDG_CONFIG_HOME": str(self.home / ".config"),
+            "LANG": "C.UTF-8",
+            "QT_QUICK_BACKEND": "software",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+        } | (gnome.ENVIRONMENT if self.kind == "gnome" else {})
+
+    def _start_parts(self):
+        self._start_screen()
+        self.start_session_bus()
+        self._start_services()
+        if self.kind == "gnome":
+            gnome.start_system_bus(self)
+            gnome.start_shell(self)
+        else:
+            self._start_window_manager()
+        # Away from whatever reacts to a pointer over it.
+        self.screen.move(self._size[0] // 2, self._size[1] - 20)
+
+    def _start_screen(self):
+        read, write = os.pipe()
+        geometry = f"{self._size[0]}x{self._size[1]}x24"
+        self.start("screen", ["Xvfb", "-displayfd", str(write), "-screen", "0", geometry, "-nolisten", "tcp",
+                              "-noreset", "+extension", "RANDR", "+extension", "XTEST"], pass_fds=(write,))
+        os.close(write)
+        with os.fdopen(read) as answer:
+            ready, _, _ = select.select([answer], [], [], 20)
+            number = answer.readline().strip() if ready else ""
+        if not number:
+            raise DesktopError("the virtual screen did not start")
+        self.environment["DISPLAY"] = f":{number}"
+        self.screen = Screen(self.environment, self._size)
+
+    def start_session_bus(self):
+        """Starts the session bus, or starts it again after stop_session_bus, under the same address."""
+        socket = self.runtime / "bus"
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
+        self._session_bus = self.start("session-bus", [
+            "dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:path={socket}"])
+        wait_for(socket.exists, 10, "the session bus")
+        self.bus = Bus(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+
+    def stop_session_bus(self):
+        """Kills the session bus, as a crash of it would."""
+        self._session_bus.kill()
+        self._session_bus.wait()
+        (self.runtime / "bus").unlink(missing_ok=True)
+        self.bus.close()
+
+    def _start_services(self):
+        keyring = self.start("keyring", ["gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets"],
+                             stdin=subprocess.PIPE)
+        keyring.stdin.write(b"password")
+        keyring.stdin.close()
+        self.start("accessibility", ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
+        self.start("portal", [sys.executable, settings_portal.__file__])
+        for name in ("org.freedesktop.secrets", "org.a11y.Bus", settings_portal.NAME):
+            wait_for(lambda: self.bus.owner(name), 15, name)
+
+    def _start_window_manager(self):
+        self.start("openbox", ["openbox", "--sm-disable"])
+        wait_for(lambda: "window id #" in self.screen.root_property("_NET_SUPPORTING_WM_CHECK"), 15,
+                 "the window manager")
+        if self._compositor:
+            self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
+            wait_for(lambda: self.screen.windows("picom") or self._is_composited(), 15, "the compositor")
+
+    def _is_composited(self):
+        return "picom" in self.screen.run("xwininfo", "-root", "-tree")
+
+    def start(self, name, command, environment=None, **options):
+        """Starts a program inside the desktop; `environment` adds to the desktop's own."""
+        return self._processes.start(name, command, self.environment | (environment or {}), **options)
+
+    def stop(self, process, seconds=5):
+        return self._processes.stop(process, seconds)
+
+    def run(self, *command):
+        """Runs a tool inside the desktop to its end and returns what it printed."""
+        result = subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=30)
+        if result.returncode != 0:
+            raise DesktopError(f"{' '.join(command)} failed: {result.stderr}")
+        return result.stdout
+
+    def log(self, name):
+        """What the program started under this name has printed."""
+        return self._processes.log(name).read_text(errors="replace")
+
+    @property
+    def tree(self):
+        """The desktop's accessibility tree."""
+        if self._tree is None:
+            self._tree = AccessibilityTree(self.bus)
+        return self._tree
+
+    def prefer(self, scheme):
+        """Sets the appearance for all programs: "light" or "dark"."""
+        value = GLib.Variant("u", {"light": 2, "dark": 1}[scheme])
+        self.bus.call(settings_portal.NAME, settings_portal.PATH, settings_portal.CONTROL, "Change",
+                      GLib.Variant("(ssv)", ("org.freedesktop.appearance", "color-scheme", value)))
+        if self.kind == "gnome":
+            choice = "prefer-dark" if scheme == "dark" else "prefer-light"
+            self.run("gsettings", "set", "org.gnome.desktop.interface", "color-scheme", choice)
+
+    def close(self):
+        """Ends everything; an interruption meanwhile waits until that is done."""
+        before = {number: signal.signal(number, signal.SIG_IGN) for number in (signal.SIGINT, signal.SIGTERM)}
+        try:
+            for connection in (self._tree, self.bus):
+                if connection:
+                    connection.close()
+            self._processes.stop_all()
+            shutil.rmtree(self.folder, ignore_errors=True)
+        finally:
+            for number, handler in before.items():
+                signal.signal(number, handler)
+
+    def _print_logs(self):
+        for log in sorted((self.folder / "log").glob("*.log")):
+            lines = log.read_text(errors="replace").splitlines()[-15:]
+            print(f"--- {log.name}", *lines, sep="\n", file=sys.stderr)
