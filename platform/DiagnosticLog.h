@@ -19,6 +19,7 @@ public:
 private:
     int m_descriptor;
     bool m_isOwn = false;
+    bool m_mayBlock = false;
     bool m_isInsideLine = false;
 };
 

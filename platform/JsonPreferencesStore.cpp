@@ -1,20 +1,22 @@
 #include "platform/JsonPreferencesStore.h"
 
+#include "platform/FileReplacement.h"
 #include "platform/FolderLock.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSaveFile>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 namespace glimmet {
 namespace {
 
-enum class FileState { absent, readable, unreadable };
+/// `unavailable` may hold good values, which this moment does not give (too many open files, a failing disk).
+enum class FileState { absent, readable, unreadable, unavailable };
 
 struct FileContent {
     FileState state = FileState::absent;
@@ -24,52 +26,21 @@ struct FileContent {
 FileContent readFile(const QString &path)
 {
     const QFileInfo info(path);
-    if (!info.exists() && !info.isSymLink())
+    if (!info.exists()) // Nor is there anything behind a link whose target is still to be written.
         return {};
     QFile file(path);
     // Anything but a regular file is not opened: a pipe would never end.
-    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+    if (!info.isFile())
         return {FileState::unreadable, {}};
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    if (!file.open(QIODevice::ReadOnly))
+        return {file.error() == QFile::ResourceError ? FileState::unavailable : FileState::unreadable, {}};
+    const QByteArray content = file.readAll();
+    if (file.error() != QFile::NoError)
+        return {FileState::unavailable, {}};
+    const QJsonDocument document = QJsonDocument::fromJson(content);
     if (!document.isObject())
         return {FileState::unreadable, {}};
     return {FileState::readable, document.object()};
-}
-
-/// Moves the file to a name that is free, so that a later look can still rescue what the user had in it.
-bool setAside(const QString &path)
-{
-    const QString stamp = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    const QString base = path + QStringLiteral(".unreadable-") + stamp;
-    QString target = base;
-    for (int number = 2; QFileInfo::exists(target); ++number)
-        target = base + u'-' + QString::number(number);
-    return QFile::rename(path, target);
-}
-
-/// Removes what a killed writer left behind. Every writer holds the folder's lock, so no other can be at work.
-void removeLeftovers(const QFileInfo &file)
-{
-    QDir folder = file.dir();
-    for (const QString &name : folder.entryList({file.fileName() + QStringLiteral(".??????")}, QDir::Files))
-        folder.remove(name);
-}
-
-/// QSaveFile's buffered writes report success on a full disk and then replace the file by an empty one; unbuffered
-/// ones report the failure.
-bool replaceFile(const QString &path, const QByteArray &bytes)
-{
-    QSaveFile file(path);
-    const bool isNew = !QFileInfo::exists(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (isNew)
-        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
 }
 
 QStringList stringsOf(const QJsonArray &array)
@@ -136,20 +107,22 @@ QJsonValue JsonPreferencesStore::value(const QString &key) const
 
 bool JsonPreferencesStore::setValue(const QString &key, const QJsonValue &value)
 {
-    const QFileInfo file(m_path);
-    if (!QDir().mkpath(file.path()))
+    const QString folder = QFileInfo(m_path).path();
+    if (!QDir().mkpath(folder))
         return false;
-    const FolderLock lock(file.path());
+    const FolderLock lock(folder);
     if (!lock.isHeld())
         return false;
     FileContent content = readFile(m_path);
     // What is stored already costs no write: a start-up that assigns what it loaded leaves the disk in peace.
     if (content.state == FileState::readable && content.values.value(key) == value)
         return true;
+    if (content.state == FileState::unavailable)
+        return false;
     if (content.state == FileState::unreadable && !setAside(m_path))
         return false;
     content.values.insert(key, value);
-    removeLeftovers(file);
+    removeReplacementLeftovers(m_path);
     return replaceFile(m_path, QJsonDocument(content.values).toJson());
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ColorScheme.h"
+
 #include <QtPlugin>
 
 #include <memory>
@@ -9,8 +11,6 @@ class QWindow;
 namespace glimmet {
 
 class TickerViewModel;
-
-enum class ColorScheme { Light, Dark };
 
 /// An open panel. Destroying it closes its window and gives back the QML engine with everything in it.
 class Panel {

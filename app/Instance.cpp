@@ -1,0 +1,62 @@
+#include "app/Instance.h"
+
+#include "app/ProgramName.h"
+#include "platform/SessionBus.h"
+
+#include <QDBusMessage>
+
+namespace glimmet {
+namespace {
+
+const QString objectPath = QStringLiteral("/me/kerno/glimmet");
+const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
+
+constexpr int handOverPatience = 5000; // ms
+
+} // namespace
+
+Instance::Instance(SessionBus &bus, QObject *parent)
+    : QDBusVirtualObject(parent)
+    , m_bus(bus)
+{
+    connect(&m_bus, &SessionBus::connected, this, &Instance::claimName);
+    if (m_bus.isConnected())
+        claimName();
+}
+
+bool Instance::handOver()
+{
+    if (m_ownsName || !m_bus.isConnected())
+        return false;
+    QDBusMessage activate
+        = QDBusMessage::createMethodCall(programName, objectPath, applicationInterface, QStringLiteral("Activate"));
+    activate << QVariantMap();
+    const QDBusMessage reply = m_bus.connection().call(activate, QDBus::Block, handOverPatience);
+    return reply.type() == QDBusMessage::ReplyMessage;
+}
+
+void Instance::claimName()
+{
+    QDBusConnection connection = m_bus.connection();
+    connection.registerVirtualObject(objectPath, this);
+    m_ownsName = connection.registerService(programName);
+}
+
+QString Instance::introspect(const QString &) const
+{
+    return QStringLiteral(R"xml(  <interface name="org.freedesktop.Application">
+    <method name="Activate"><arg type="a{sv}" direction="in"/></method>
+  </interface>
+)xml");
+}
+
+bool Instance::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    if (message.interface() != applicationInterface || message.member() != u"Activate")
+        return false;
+    connection.send(message.createReply());
+    emit launchedAgain();
+    return true;
+}
+
+} // namespace glimmet

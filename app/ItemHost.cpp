@@ -1,0 +1,180 @@
+#include "app/ItemHost.h"
+
+#include "app/ProgramName.h"
+#include "platform/NotifierMenu.h"
+#include "platform/SessionBus.h"
+#include "platform/StatusNotifierItem.h"
+#include "platform/X11.h"
+
+#include <QCoreApplication>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+
+#include <chrono>
+
+namespace glimmet {
+namespace {
+
+using namespace std::chrono_literals;
+
+const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+constexpr auto unreadPatience = 3s;
+constexpr int mostRegistrations = 4;
+/// Hosts gather changes for up to 60 ms: a shorter absence might go unnoticed and leave their menu open.
+constexpr auto menuClosingTime = 80ms;
+
+QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(watcherService, watcherPath, interface, method);
+    call.setArguments(arguments);
+    call.setAutoStartService(false);
+    return call;
+}
+
+} // namespace
+
+ItemHost::ItemHost(SessionBus &bus, QObject *parent)
+    : MenuBarHost(parent)
+    , m_bus(bus)
+    , m_item(std::make_unique<StatusNotifierItem>())
+    , m_menu(std::make_unique<NotifierMenu>())
+{
+    m_unreadTimer.setSingleShot(true);
+    m_unreadTimer.setInterval(unreadPatience);
+    m_menuTimer.setSingleShot(true);
+    m_menuTimer.setInterval(menuClosingTime);
+    connect(&m_unreadTimer, &QTimer::timeout, this, &ItemHost::registerUnderNewName);
+    connect(&m_menuTimer, &QTimer::timeout, this, &ItemHost::handleMenuClosed);
+    connect(m_item.get(), &StatusNotifierItem::wasRead, &m_unreadTimer, &QTimer::stop);
+    connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
+    connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::closeMenu);
+    connect(m_menu.get(), &NotifierMenu::openChosen, this, &ItemHost::openChosen);
+    connect(m_menu.get(), &NotifierMenu::quitChosen, this, &ItemHost::quitChosen);
+    connect(&m_bus, &SessionBus::connected, this, &ItemHost::handleConnected);
+    connect(&m_bus, &SessionBus::lost, this, &ItemHost::handleLost);
+    if (m_bus.isConnected())
+        handleConnected();
+}
+
+ItemHost::~ItemHost() = default;
+
+void ItemHost::setText(const QString &text)
+{
+    m_item->setLabel(text);
+}
+
+void ItemHost::setShown(bool shown)
+{
+    m_item->setActive(shown);
+}
+
+void ItemHost::handleConnected()
+{
+    QDBusConnection connection = m_bus.connection();
+    m_item->putOn(connection);
+    m_menu->putOn(connection);
+    m_watcherWatch = std::make_unique<QDBusServiceWatcher>(watcherService, connection);
+    connect(m_watcherWatch.get(), &QDBusServiceWatcher::serviceRegistered, this, &ItemHost::handleWatcher);
+    connect(m_watcherWatch.get(), &QDBusServiceWatcher::serviceUnregistered, this, &ItemHost::handleWatcherGone);
+    for (const char *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        connection.connect(
+            QString(), watcherPath, watcherService, QString::fromLatin1(signal), this, SLOT(askForHost()));
+    if (!m_bus.ownerOf(watcherService).isEmpty())
+        handleWatcher();
+}
+
+void ItemHost::handleLost()
+{
+    m_watcherWatch.reset();
+    handleWatcherGone();
+}
+
+void ItemHost::handleWatcher()
+{
+    choosePresentation();
+    m_registrations = 0;
+    registerItem();
+    askForHost();
+}
+
+void ItemHost::handleWatcherGone()
+{
+    m_unreadTimer.stop();
+    setAvailable(false);
+}
+
+void ItemHost::choosePresentation()
+{
+    using enum StatusNotifierItem::Presentation;
+    const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
+    const bool isMate = qgetenv("XDG_CURRENT_DESKTOP").toUpper().contains("MATE");
+    m_item->setPresentation(isGnome ? Menu : isMate ? Label : Icon);
+}
+
+void ItemHost::registerItem()
+{
+    const QString name = m_registrations == 0
+        ? programName
+        : QStringLiteral("org.kde.StatusNotifierItem-%1-%2").arg(QCoreApplication::applicationPid()).arg(m_registrations);
+    ++m_registrations;
+    if (name != programName)
+        m_bus.connection().registerService(name);
+    m_bus.connection().send(watcherCall(watcherService, QStringLiteral("RegisterStatusNotifierItem"), {name}));
+    m_unreadTimer.start();
+}
+
+void ItemHost::registerUnderNewName()
+{
+    // Now and then a host answers a registration and then forgets it; the same name again does not help it.
+    if (m_registrations < mostRegistrations)
+        registerItem();
+}
+
+void ItemHost::askForHost()
+{
+    const QDBusMessage call = watcherCall(propertiesInterface, QStringLiteral("Get"),
+        {watcherService, QStringLiteral("IsStatusNotifierHostRegistered")});
+    auto *pending = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *finished) {
+        const QDBusPendingReply<QDBusVariant> reply = *finished;
+        finished->deleteLater();
+        setAvailable(!reply.isError() && reply.value().variant().toBool());
+    });
+}
+
+void ItemHost::setAvailable(bool available)
+{
+    if (available == m_available)
+        return;
+    m_available = available;
+    emit availabilityChanged();
+}
+
+void ItemHost::handleClick(QPoint position)
+{
+    // Hosts mean the pointer, the icon's corner or a place inside themselves by their position: the pointer is
+    // where the user has just clicked. Only under Wayland it is not known while it is over the desktop's own bar.
+    const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    m_anchor = isWayland ? position : X11::pointerPosition().value_or(position);
+    emit clicked();
+}
+
+void ItemHost::closeMenu()
+{
+    m_item->setActive(false);
+    m_menuTimer.start();
+}
+
+void ItemHost::handleMenuClosed()
+{
+    m_item->setActive(true);
+    handleClick(m_anchor.value_or(QPoint()));
+}
+
+} // namespace glimmet

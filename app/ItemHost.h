@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/MenuBarHost.h"
+
+#include <QTimer>
+
+#include <memory>
+
+class QDBusServiceWatcher;
+
+namespace glimmet {
+
+class NotifierMenu;
+class SessionBus;
+class StatusNotifierItem;
+
+/// Shows the text as a StatusNotifierItem in the desktop's own menu bar or panel. Registers anew whenever the
+/// watcher or its host comes back.
+class ItemHost final : public MenuBarHost {
+    Q_OBJECT
+
+public:
+    explicit ItemHost(SessionBus &bus, QObject *parent = nullptr);
+    ~ItemHost() override;
+
+    /// True while a desktop shows items.
+    bool isAvailable() const { return m_available; }
+
+    void setText(const QString &text) override;
+    void setShown(bool shown) override;
+    std::optional<QPoint> anchor() const override { return m_anchor; }
+
+signals:
+    void availabilityChanged();
+    /// Chosen in the menu of a host that keeps it open.
+    void openChosen();
+    void quitChosen();
+
+private slots:
+    void askForHost();
+
+private:
+    void handleConnected();
+    void handleLost();
+    void handleWatcher();
+    void handleWatcherGone();
+    void registerItem();
+    void registerUnderNewName();
+    void setAvailable(bool available);
+    void choosePresentation();
+    void handleClick(QPoint position);
+    void closeMenu();
+    void handleMenuClosed();
+
+    SessionBus &m_bus;
+    std::unique_ptr<StatusNotifierItem> m_item;
+    std::unique_ptr<NotifierMenu> m_menu;
+    std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
+    QTimer m_unreadTimer;
+    QTimer m_menuTimer;
+    int m_registrations = 0;
+    bool m_available = false;
+    std::optional<QPoint> m_anchor;
+};
+
+} // namespace glimmet

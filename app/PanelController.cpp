@@ -1,0 +1,168 @@
+#include "app/PanelController.h"
+
+#include "app/Screens.h"
+#include "core/TickerViewModel.h"
+#include "platform/PressWatch.h"
+#include "platform/X11.h"
+#include "ui/PanelModule.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <chrono>
+#include <malloc.h>
+
+namespace glimmet {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A click on the item closes the open panel at its press already, since it is a click elsewhere; the host tells of
+/// the same click up to this long afterwards.
+constexpr std::chrono::milliseconds clickTime = 700ms;
+/// While a host's own menu or grab goes away, the keyboard may pass by the new panel.
+constexpr std::chrono::milliseconds settlingTime = 400ms;
+
+ScreenSpace screenFor(std::optional<QPoint> anchor)
+{
+    const QList<ScreenSpace> screens = allScreens();
+    return anchor ? screenAt(screens, *anchor) : screens.first();
+}
+
+bool hasPassed(const QElapsedTimer &timer, std::chrono::milliseconds duration)
+{
+    return !timer.isValid() || timer.hasExpired(duration.count());
+}
+
+} // namespace
+
+PanelController::PanelController(TickerViewModel &ticker, QObject *parent)
+    : QObject(parent)
+    , m_ticker(ticker)
+    , m_loader(QStringLiteral("glimmet_ui"))
+{
+    m_forgetTimer.setSingleShot(true);
+    m_forgetTimer.setInterval(clickTime);
+    connect(&m_forgetTimer, &QTimer::timeout, this, &PanelController::forgetPresses);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelController::handleFocus);
+}
+
+PanelController::~PanelController() = default;
+
+void PanelController::toggle(std::optional<QPoint> anchor)
+{
+    if (isOpen())
+        close(Cause::Request);
+    else if (!isClosingClick())
+        open(anchor);
+    m_sinceOutsideClick.invalidate();
+}
+
+void PanelController::open(std::optional<QPoint> anchor)
+{
+    PanelModule *panels = module();
+    if (panels == nullptr || QGuiApplication::screens().isEmpty())
+        return;
+    if (!isOpen()) {
+        m_panel = panels->makePanel(m_ticker, {m_scheme, X11::isCompositing()});
+        place(m_panel->window(), anchor);
+        watch(m_panel->window());
+        m_panel->window().show();
+        m_sinceOpening.start();
+    }
+    X11::giveFocus(m_panel->window());
+}
+
+void PanelController::close()
+{
+    close(Cause::Request);
+}
+
+void PanelController::setColorScheme(ColorScheme scheme)
+{
+    m_scheme = scheme;
+    if (m_panel)
+        m_panel->setColorScheme(scheme);
+}
+
+PanelModule *PanelController::module()
+{
+    auto *panels = qobject_cast<PanelModule *>(m_loader.instance());
+    if (panels == nullptr)
+        emit failed(m_loader.errorString());
+    return panels;
+}
+
+void PanelController::place(QWindow &window, std::optional<QPoint> anchor)
+{
+    const ScreenSpace screen = screenFor(anchor);
+    const QPoint corner = screen.available.topRight();
+    const QPoint item = anchor ? screen.toLogical(*anchor) : corner;
+    window.setGeometry(panelGeometry(window.size(), item, screen));
+    window.create();
+    X11::makeDropDown(window);
+}
+
+void PanelController::watch(QWindow &window)
+{
+    m_forgetTimer.stop();
+    m_presses = std::make_unique<PressWatch>();
+    connect(m_presses.get(), &PressWatch::pressed, this, &PanelController::handlePress);
+    // Queued: the panel closes itself from inside its own event, and must not be destroyed there.
+    connect(&window, &QWindow::visibleChanged, this,
+        [this](bool isVisible) {
+            if (!isVisible && isOpen())
+                close(Cause::Request);
+        },
+        Qt::QueuedConnection);
+}
+
+void PanelController::handlePress(QPoint position)
+{
+    if (!isOpen()) {
+        m_wasPressedSince = true;
+        return;
+    }
+    const QWindow &window = m_panel->window();
+    if (!spaceOf(*window.screen()).toNative(window.geometry()).contains(position))
+        close(Cause::OutsideClick);
+}
+
+void PanelController::handleFocus(const QWindow *focused)
+{
+    if (!isOpen() || focused == &m_panel->window())
+        return;
+    if (hasPassed(m_sinceOpening, settlingTime))
+        close(Cause::OutsideClick);
+    else
+        X11::giveFocus(m_panel->window());
+}
+
+void PanelController::close(Cause cause)
+{
+    if (!isOpen())
+        return;
+    m_wasPressedSince = false;
+    if (cause == Cause::OutsideClick)
+        m_sinceOutsideClick.start();
+    m_forgetTimer.start();
+    // Later in this turn of the loop: the call may come from the panel's own window.
+    QTimer::singleShot(0, this, [panel = std::shared_ptr<Panel>(std::move(m_panel))]() mutable {
+        panel.reset();
+        malloc_trim(0);
+    });
+}
+
+void PanelController::forgetPresses()
+{
+    if (!isOpen())
+        m_presses.reset();
+}
+
+bool PanelController::isClosingClick() const
+{
+    return !hasPassed(m_sinceOutsideClick, clickTime) && !m_wasPressedSince;
+}
+
+} // namespace glimmet

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/ColorScheme.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPluginLoader>
+#include <QPoint>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+class QWindow;
+
+namespace glimmet {
+
+class Panel;
+class PanelModule;
+class PressWatch;
+class TickerViewModel;
+
+/// Opens the panel under the menu-bar item and closes it: by a second click, a click elsewhere, Escape or a quit. Each
+/// opening builds the panel anew, each closing gives its memory back. The panel's module is loaded by the first
+/// opening.
+class PanelController final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PanelController(TickerViewModel &ticker, QObject *parent = nullptr);
+    ~PanelController() override;
+
+    /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first screen.
+    void toggle(std::optional<QPoint> anchor);
+    /// Opens the panel, or brings the open one to the front.
+    void open(std::optional<QPoint> anchor);
+    void close();
+    bool isOpen() const { return m_panel != nullptr; }
+
+    void setColorScheme(ColorScheme scheme);
+
+signals:
+    /// The panel could not be loaded, in words.
+    void failed(const QString &reason);
+
+private:
+    enum class Cause { Request, OutsideClick };
+
+    PanelModule *module();
+    void place(QWindow &window, std::optional<QPoint> anchor);
+    void watch(QWindow &window);
+    void handlePress(QPoint position);
+    void handleFocus(const QWindow *focused);
+    void close(Cause cause);
+    void forgetPresses();
+    bool isClosingClick() const;
+
+    TickerViewModel &m_ticker;
+    ColorScheme m_scheme = ColorScheme::Light;
+    QPluginLoader m_loader;
+    std::unique_ptr<Panel> m_panel;
+    std::unique_ptr<PressWatch> m_presses;
+    QTimer m_forgetTimer;
+    QElapsedTimer m_sinceOpening;
+    QElapsedTimer m_sinceOutsideClick;
+    bool m_wasPressedSince = false;
+};
+
+} // namespace glimmet

@@ -1,0 +1,66 @@
+#include "app/ScreenSpace.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace glimmet {
+namespace {
+
+constexpr int gap = 4; // between the item's bar and the panel
+
+int scaled(int distance, double factor)
+{
+    return static_cast<int>(std::lround(distance * factor));
+}
+
+int clamped(int value, int low, int high)
+{
+    return std::max(low, std::min(value, high));
+}
+
+} // namespace
+
+QRect ScreenSpace::nativeGeometry() const
+{
+    return toNative(geometry);
+}
+
+QPoint ScreenSpace::toLogical(QPoint native) const
+{
+    const QPoint origin = geometry.topLeft();
+    const QPoint offset = native - origin;
+    return origin + QPoint(scaled(offset.x(), 1 / scale), scaled(offset.y(), 1 / scale));
+}
+
+QRect ScreenSpace::toNative(const QRect &logical) const
+{
+    const QPoint origin = geometry.topLeft();
+    const QPoint offset = logical.topLeft() - origin;
+    return {origin + QPoint(scaled(offset.x(), scale), scaled(offset.y(), scale)),
+        QSize(scaled(logical.width(), scale), scaled(logical.height(), scale))};
+}
+
+const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native)
+{
+    for (const ScreenSpace &screen : screens) {
+        if (screen.nativeGeometry().contains(native))
+            return screen;
+    }
+    return screens.first();
+}
+
+QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen)
+{
+    const QRect space = screen.available;
+    const bool isTopItem = anchor.y() < screen.geometry.center().y();
+    const QSize fitting(std::min(size.width(), space.width()), std::min(size.height(), space.height() - 2 * gap));
+    const int right = space.left() + space.width() - fitting.width();
+    const int lowest = space.top() + space.height() - gap - fitting.height();
+    const int under = std::max(space.top(), anchor.y()) + gap;
+    const int above = std::min(space.top() + space.height(), anchor.y()) - gap - fitting.height();
+    return {QPoint(clamped(anchor.x() - fitting.width() / 2, space.left(), right),
+                clamped(isTopItem ? under : above, space.top() + gap, lowest)),
+        fitting};
+}
+
+} // namespace glimmet

@@ -1,0 +1,90 @@
+#include "app/Instance.h"
+#include "app/MenuBar.h"
+#include "app/PanelController.h"
+#include "core/TickerViewModel.h"
+#include "platform/Clock.h"
+#include "platform/ColorSchemeWatch.h"
+#include "platform/DiagnosticLog.h"
+#include "platform/JsonPreferencesStore.h"
+#include "platform/QuitSignals.h"
+#include "platform/RepeatingTimer.h"
+#include "platform/SessionBus.h"
+#include "platform/UserRegion.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+
+using namespace glimmet;
+
+namespace {
+
+/// The panel places itself, which only an X server lets a program do; under Wayland that is XWayland.
+bool chooseX11()
+{
+    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return true;
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    return !qEnvironmentVariableIsEmpty("DISPLAY");
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    DiagnosticLog log;
+    if (!chooseX11()) {
+        std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
+        return 1;
+    }
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("glimmet"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("me.kerno.glimmet"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+
+    SessionBus bus;
+    bus.open();
+    Instance instance(bus);
+    if (instance.handOver())
+        return 0;
+
+    const SystemClock clock;
+    const SystemRegion region;
+    EventLoopTimers timers;
+    JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
+    TickerViewModel ticker({clock, region, timers, preferences});
+    MenuBar menuBar(bus);
+    PanelController panel(ticker);
+    ColorSchemeWatch colors;
+    QuitSignals quitSignals;
+
+    const auto showText = [&] { menuBar.setText(ticker.currentDisplay()); };
+    const auto showColors = [&] {
+        menuBar.setColorScheme(colors.scheme());
+        panel.setColorScheme(colors.scheme());
+    };
+    const auto followColors = [&] { colors.follow(bus.connection()); };
+    const auto openPanel = [&] { panel.open(menuBar.anchor()); };
+
+    QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
+    QObject::connect(&menuBar, &MenuBar::clicked, &panel, [&] { panel.toggle(menuBar.anchor()); });
+    QObject::connect(&menuBar, &MenuBar::openChosen, &panel, openPanel);
+    QObject::connect(&menuBar, &MenuBar::quitChosen, &application, &QCoreApplication::quit);
+    QObject::connect(&menuBar, &MenuBar::moved, &application,
+        [&](const QString &place) { log.line(QStringLiteral("menu bar: ") + place); });
+    QObject::connect(&panel, &PanelController::failed, &application,
+        [&](const QString &reason) { log.line(QStringLiteral("panel: ") + reason); });
+    QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);
+    QObject::connect(&colors, &ColorSchemeWatch::changed, &panel, showColors);
+    QObject::connect(&bus, &SessionBus::connected, &colors, followColors);
+    QObject::connect(&bus, &SessionBus::lost, &application,
+        [&] { log.line(QStringLiteral("session bus: lost, trying again")); });
+    QObject::connect(&quitSignals, &QuitSignals::received, &application, &QCoreApplication::quit);
+
+    showText();
+    showColors();
+    if (bus.isConnected())
+        followColors();
+    return QGuiApplication::exec();
+}

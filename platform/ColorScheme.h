@@ -1,0 +1,8 @@
+#pragma once
+
+namespace glimmet {
+
+/// Whether the desktop wants light or dark surfaces.
+enum class ColorScheme { Light, Dark };
+
+} // namespace glimmet

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QSocketNotifier>
+
+#include <memory>
+
+struct xcb_connection_t;
+
+namespace glimmet {
+
+/// Tells of every press of a pointer button anywhere on the X server while it lives, without keeping the press from
+/// the window that it is meant for: a grab would swallow the click on the menu-bar item that shall close the panel.
+/// It has a connection of its own. Main thread.
+class PressWatch : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PressWatch(QObject *parent = nullptr);
+    ~PressWatch() override;
+
+signals:
+    /// Where the pointer is now, in native pixels of the root window.
+    void pressed(QPoint position);
+
+private:
+    void readEvents();
+    QPoint pointerPosition() const;
+
+    xcb_connection_t *m_connection;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace glimmet

@@ -1,0 +1,83 @@
+#include "platform/SessionBus.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
+#include <QFileInfo>
+
+#include <chrono>
+
+namespace glimmet {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The user's bus, as the environment names it or at its usual place; empty where there is none. Left to itself the
+/// D-Bus library would launch a bus of its own, which nobody else is on.
+QString busAddress()
+{
+    const QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (!named.isEmpty())
+        return named;
+    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
+    return QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
+}
+
+QString connectionName(int number)
+{
+    return QStringLiteral("glimmet-session-%1").arg(number);
+}
+
+} // namespace
+
+SessionBus::SessionBus(QObject *parent)
+    : QObject(parent)
+    , m_connection(QString())
+{
+    m_retryTimer.setInterval(2s);
+    connect(&m_retryTimer, &QTimer::timeout, this, &SessionBus::tryToConnect);
+}
+
+SessionBus::~SessionBus()
+{
+    QDBusConnection::disconnectFromBus(m_connection.name());
+}
+
+void SessionBus::open()
+{
+    m_retryTimer.start();
+    tryToConnect();
+}
+
+QString SessionBus::ownerOf(const QString &name) const
+{
+    if (!isConnected())
+        return {};
+    return m_connection.interface()->serviceOwner(name).value();
+}
+
+void SessionBus::tryToConnect()
+{
+    const QString address = busAddress();
+    if (address.isEmpty())
+        return;
+    const QString name = connectionName(++m_connectionCount);
+    m_connection = QDBusConnection::connectToBus(address, name);
+    if (!m_connection.isConnected()) {
+        QDBusConnection::disconnectFromBus(name);
+        return;
+    }
+    m_retryTimer.stop();
+    m_connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+        SLOT(handleDisconnected()));
+    emit connected();
+}
+
+void SessionBus::handleDisconnected()
+{
+    QDBusConnection::disconnectFromBus(m_connection.name());
+    m_retryTimer.start();
+    emit lost();
+}
+
+} // namespace glimmet

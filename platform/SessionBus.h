@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QTimer>
+
+namespace glimmet {
+
+/// The program's connection to the session bus. It outlives the bus: a lost connection is made again as soon as there
+/// is a bus at the user's address. A bus is never launched. Main thread.
+class SessionBus : public QObject {
+    Q_OBJECT
+
+public:
+    explicit SessionBus(QObject *parent = nullptr);
+    ~SessionBus() override;
+
+    /// Connects, or goes on trying. `connected` tells of the success, also of one at once.
+    void open();
+    QDBusConnection connection() const { return m_connection; }
+    bool isConnected() const { return m_connection.isConnected(); }
+
+    /// The unique name of the program that owns `name`; empty where none does.
+    QString ownerOf(const QString &name) const;
+
+signals:
+    void connected();
+    void lost();
+
+private slots:
+    void handleDisconnected();
+
+private:
+    void tryToConnect();
+
+    QDBusConnection m_connection;
+    int m_connectionCount = 0;
+    QTimer m_retryTimer;
+};
+
+} // namespace glimmet

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+#include <QPixmap>
+#include <QPoint>
+
+#include <optional>
+
+namespace glimmet {
+
+/// The menu-bar item as the StatusNotifierItem protocol
+/// (https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem/) shows it, with the XAyatanaLabel extension
+/// for its text, at /StatusNotifierItem. It holds what hosts read and tells what they call. Main thread.
+class StatusNotifierItem final : public QDBusVirtualObject {
+    Q_OBJECT
+
+public:
+    static const QString path;
+
+    /// What a host makes of the item.
+    enum class Presentation {
+        Label, ///< text beside an icon: the icon is an empty one
+        Menu, ///< the same, by a host that answers clicks with the item's menu only
+        Icon, ///< an icon with the text as its tooltip
+    };
+
+    explicit StatusNotifierItem(QObject *parent = nullptr);
+
+    /// Puts the item on `connection`, where it stays as long as that lives. False where its place is taken.
+    bool putOn(const QDBusConnection &connection);
+
+    /// The text beside the icon, sent to hosts only when it changes.
+    void setLabel(const QString &label);
+    void setPresentation(Presentation presentation);
+    /// A passive item is not shown.
+    void setActive(bool active);
+
+    QString introspect(const QString &objectPath) const override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+signals:
+    /// The item was clicked with any button; hosts mean different places by the position, or none.
+    void activated(QPoint position);
+    /// A host looked at the item.
+    void wasRead();
+
+private:
+    bool handleCall(const QDBusMessage &message);
+    bool handleProperties(const QDBusMessage &message, const QDBusConnection &connection);
+    QVariantMap properties() const;
+    void emitChange(const QString &signal, const QVariantList &arguments = {});
+
+    QDBusConnection m_connection;
+    QString m_label;
+    Presentation m_presentation = Presentation::Icon;
+    bool m_active = true;
+};
+
+} // namespace glimmet
