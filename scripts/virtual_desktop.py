@@ -29,7 +29,7 @@ from desktop.screen import Screen  # noqa: E402
 from gi.repository import GLib  # noqa: E402
 
 KINDS = ("strip", "gnome")
-PASSED_ON = ("PATH", "TZ", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
+PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
 
 class VirtualDesktop:

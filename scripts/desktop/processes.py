@@ -70,7 +70,7 @@ class Processes:
 
     def start(self, name, command, environment, **options):
         """Starts `command`; its output goes to the log named `name` unless `options` say otherwise."""
-        log = open(self.log(name), "ab")
+        log = open(self.log(name), "wb")
         options.setdefault("stdin", subprocess.DEVNULL)
         options.setdefault("stdout", log)
         options.setdefault("stderr", log)

@@ -1,0 +1,75 @@
+"""What the tests of whole desktops have in common: a fresh desktop a class, a fresh program a test."""
+
+import json
+import os
+import shutil
+import signal
+import sys
+import unittest
+from pathlib import Path
+
+from desktop.program import Glimmet
+from virtual_desktop import VirtualDesktop
+
+BINARY = Path(os.environ["GLIMMET_BINARY"]).resolve(strict=True)
+# Interrupted from outside, the desktop is still taken down.
+signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+
+
+class DesktopCase(unittest.TestCase):
+    kind = "strip"
+    size = (1280, 800)
+    compositor = False
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = cls.enterClassContext(VirtualDesktop(cls.kind, cls.size, cls.compositor))
+        cls.screen = cls.desktop.screen
+
+    def setUp(self):
+        shutil.rmtree(self.preferences.parent, ignore_errors=True)
+        self.elsewhere()
+
+    def run(self, result=None):
+        before = len(result.failures) + len(result.errors)
+        super().run(result)
+        if len(result.failures) + len(result.errors) > before:
+            print(f"--- what glimmet said in {self.id()}", getattr(self, "said", ""), sep="\n", file=sys.stderr)
+
+    @property
+    def preferences(self):
+        return self.desktop.home / ".config" / "me.kerno.glimmet" / "preferences.json"
+
+    def seed(self, values):
+        """Writes the preferences that the next launch finds."""
+        self.preferences.parent.mkdir(parents=True, exist_ok=True)
+        self.preferences.write_text(json.dumps(values))
+
+    def stored(self):
+        return json.loads(self.preferences.read_text())
+
+    def launch(self, environment=None, **options):
+        """Starts the program for this test, which also ends it."""
+        self.glimmet = Glimmet(self.desktop, BINARY, environment, **options)
+        self.addCleanup(self._end)
+        return self.glimmet.wait_until_running()
+
+    def _end(self):
+        self.glimmet.stop()
+        self.said = self.glimmet.output()
+
+    def elsewhere(self):
+        """Puts the pointer where nothing of glimmet is."""
+        self.screen.move(self.screen.area.width // 4, self.screen.area.height * 3 // 4)
+
+    def click_elsewhere(self):
+        self.screen.click(self.screen.area.width // 4, self.screen.area.height * 3 // 4)
+
+    def assert_on_screen(self, area):
+        self.assertTrue(self.screen.area.contains(area), f"{area} leaves the screen {self.screen.area}")
+
+    def assert_under(self, panel, item):
+        """The panel hangs from the item: right below it, and beside neither end of it."""
+        self.assertLess(abs(panel.y - item.bottom), 24, f"panel {panel} not right below {item}")
+        self.assertLess(panel.x, item.right, f"panel {panel} right of {item}")
+        self.assertGreater(panel.right, item.x, f"panel {panel} left of {item}")

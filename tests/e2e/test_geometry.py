@@ -1,0 +1,85 @@
+"""The panel's place on low screens and at other scales."""
+
+import unittest
+
+from desktop.screen import Area
+from desktop_case import DesktopCase
+
+SIZE = (340, 540)
+
+
+class Geometry(DesktopCase):
+    def open_at_scale(self, scale):
+        self.launch({"QT_SCALE_FACTOR": str(scale)})
+        self.strip = self.glimmet.wait_for_strip()
+        return self.glimmet.open_panel()
+
+    def assert_scaled(self, panel, scale):
+        self.assertEqual((panel.width, panel.height), tuple(round(length * scale) for length in SIZE))
+
+    def test_has_its_own_size_where_there_is_room(self):
+        panel = self.open_at_scale(1)
+
+        self.assert_on_screen(panel)
+        self.assert_scaled(panel, 1)
+
+    def test_grows_with_the_scale(self):
+        panel = self.open_at_scale(1.25)
+
+        self.assert_on_screen(panel)
+        self.assert_under(panel, self.strip)
+        self.assert_scaled(panel, 1.25)
+
+    def test_is_lowered_where_the_scale_leaves_no_room(self):
+        panel = self.open_at_scale(2)
+
+        self.assert_on_screen(panel)
+        self.assertEqual(panel.width, 2 * SIZE[0])
+        self.assertLess(panel.height, 2 * SIZE[1])
+
+
+class LowScreen(DesktopCase):
+    size = (800, 480)
+
+    def test_a_screen_lower_than_the_panel_lowers_it(self):
+        self.launch().wait_for_strip()
+
+        panel = self.glimmet.open_panel()
+
+        self.assert_on_screen(panel)
+        self.assertEqual(panel.width, SIZE[0])
+        self.assertGreater(panel.height, 400)
+
+    def test_the_lowered_panel_keeps_its_footer(self):
+        self.launch().wait_for_strip()
+        self.glimmet.open_panel()
+
+        self.assert_on_screen(self.glimmet.control("Quit", "push button").area)
+
+
+class CornersCase(DesktopCase):
+    backdrop = "3465a4"
+
+    def corners(self):
+        """The colours of the open panel's two lower corners."""
+        self.desktop.run("display", "-window", "root", "-size", "1280x800", f"xc:#{self.backdrop}")
+        self.launch().wait_for_strip()
+        panel = self.glimmet.open_panel()
+        lower = (Area(x, panel.bottom - 1, 1, 1) for x in (panel.x, panel.right - 1))
+        return [self.screen.pixels(corner).hex() for corner in lower]
+
+
+class Corners(CornersCase):
+    def test_show_what_is_behind_without_a_compositor(self):
+        self.assertEqual(self.corners(), [self.backdrop, self.backdrop])
+
+
+class CompositedCorners(CornersCase):
+    compositor = True
+
+    def test_show_what_is_behind_with_a_compositor(self):
+        self.assertEqual(self.corners(), [self.backdrop, self.backdrop])
+
+
+if __name__ == "__main__":
+    unittest.main()

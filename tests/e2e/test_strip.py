@@ -1,0 +1,81 @@
+"""The strip of glimmet's own, on a desktop without a host for items."""
+
+import re
+import time
+import unittest
+
+from desktop.processes import watch_for
+from desktop.program import PANEL, STRIP
+from desktop_case import DesktopCase
+
+ROUNDS = 10
+
+
+class Strip(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.launch()
+        self.strip = self.glimmet.wait_for_strip()
+        self.shown_after = time.monotonic() - self.glimmet.started
+
+    def test_appears_only_after_some_five_seconds_without_a_host(self):
+        self.assertGreater(self.shown_after, 4)
+        self.assertLess(self.shown_after, 8)
+
+    def test_lies_at_the_top_edge_over_the_whole_width(self):
+        self.assertEqual((self.strip.x, self.strip.y), (0, 0))
+        self.assertEqual(self.strip.width, self.screen.area.width)
+
+    def test_keeps_other_windows_off_its_place(self):
+        x, y, width, height = map(int, re.findall(r"\d+", self.screen.root_property("_NET_WORKAREA"))[:4])
+
+        self.assertEqual((x, y), (0, self.strip.bottom))
+        self.assertEqual((width, y + height), (self.screen.area.width, self.screen.area.height))
+
+    def test_shows_a_text_that_changes_each_second(self):
+        pictures = set()
+
+        watch_for(3.5, lambda: pictures.add(self.screen.pixels(self.strip)))
+
+        self.assertIn(len(pictures), (4, 5))
+
+    def test_opens_and_closes_the_panel_by_single_clicks(self):
+        for _ in range(ROUNDS):
+            panel = self.glimmet.open_panel()
+            self.assert_under(panel, self.strip)
+            self.assert_on_screen(panel)
+            self.assertGreater(panel.right, self.screen.area.width * 3 // 4)
+            self.screen.click(*self.glimmet.click_point())
+            self.screen.wait_until_gone(PANEL, 3)
+
+    def test_opens_on_a_right_and_on_a_middle_click(self):
+        for button in (3, 2):
+            self.screen.click(*self.glimmet.click_point(), button)
+            self.screen.wait_for_window(PANEL, 3)
+            self.glimmet.close_panel()
+
+    def test_the_panel_closes_on_escape(self):
+        self.glimmet.open_panel()
+
+        self.glimmet.close_panel()
+
+        self.assertFalse(self.glimmet.is_panel_open())
+
+    def test_the_panel_closes_on_a_click_elsewhere(self):
+        self.glimmet.open_panel()
+
+        self.click_elsewhere()
+
+        self.screen.wait_until_gone(PANEL, 3)
+
+    def test_quit_takes_strip_and_program_away(self):
+        self.glimmet.open_panel()
+
+        self.glimmet.control("Quit", "push button").press()
+
+        self.assertEqual(self.glimmet.process.wait(5), 0)
+        self.screen.wait_until_gone(STRIP)
+
+
+if __name__ == "__main__":
+    unittest.main()
