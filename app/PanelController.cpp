@@ -40,7 +40,7 @@ bool hasPassed(const QElapsedTimer &timer, std::chrono::milliseconds duration)
 PanelController::PanelController(TickerViewModel &ticker, QObject *parent)
     : QObject(parent)
     , m_ticker(ticker)
-    , m_loader(QStringLiteral("glimmet_ui"))
+    , m_loader(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/glimmet/libglimmet_ui.so"))
 {
     m_forgetTimer.setSingleShot(true);
     m_forgetTimer.setInterval(clickTime);

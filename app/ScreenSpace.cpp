@@ -6,7 +6,7 @@
 namespace glimmet {
 namespace {
 
-constexpr int gap = 4; // between the item's bar and the panel
+constexpr int gap = 4; // between the panel and what is around it
 
 int scaled(int distance, double factor)
 {
@@ -53,12 +53,12 @@ QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen)
 {
     const QRect space = screen.available;
     const bool isTopItem = anchor.y() < screen.geometry.center().y();
-    const QSize fitting(std::min(size.width(), space.width()), std::min(size.height(), space.height() - 2 * gap));
-    const int right = space.left() + space.width() - fitting.width();
+    const QSize fitting = size.boundedTo(space.size() - QSize(2 * gap, 2 * gap));
+    const int rightmost = space.left() + space.width() - gap - fitting.width();
     const int lowest = space.top() + space.height() - gap - fitting.height();
     const int under = std::max(space.top(), anchor.y()) + gap;
     const int above = std::min(space.top() + space.height(), anchor.y()) - gap - fitting.height();
-    return {QPoint(clamped(anchor.x() - fitting.width() / 2, space.left(), right),
+    return {QPoint(clamped(anchor.x() - fitting.width() / 2, space.left() + gap, rightmost),
                 clamped(isTopItem ? under : above, space.top() + gap, lowest)),
         fitting};
 }

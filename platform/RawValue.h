@@ -17,7 +17,7 @@ template <typename Enum> QString rawValue(Enum value)
 {
     for (const auto &[candidate, text] : rawValues<Enum>) {
         if (candidate == value)
-            return QString(text);
+            return text.toString();
     }
     return {};
 }

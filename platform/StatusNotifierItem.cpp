@@ -3,6 +3,7 @@
 #include "platform/NotifierMenu.h"
 #include "platform/StatusNotifierTypes.h"
 
+#include <QDBusError>
 #include <QDBusMessage>
 
 namespace glimmet {
@@ -99,9 +100,11 @@ bool StatusNotifierItem::handleMessage(const QDBusMessage &message, const QDBusC
         return handleProperties(message, connection);
     if (message.interface() != itemInterface && !message.interface().isEmpty())
         return false;
-    if (!handleCall(message))
-        return false;
-    connection.send(message.createReply());
+    // Hosts learn what an item cannot do by this very error.
+    if (handleCall(message))
+        connection.send(message.createReply());
+    else
+        connection.send(message.createErrorReply(QDBusError::UnknownMethod, message.member()));
     return true;
 }
 
@@ -113,7 +116,8 @@ bool StatusNotifierItem::handleCall(const QDBusMessage &message)
     // The menu reports the click already; an answer here would make the host wait for double clicks.
     if (member == u"Activate" && m_presentation == Presentation::Menu)
         return false;
-    if (member != u"Activate" && member != u"SecondaryActivate" && member != u"ContextMenu")
+    if (member != u"Activate" && member != u"SecondaryActivate" && member != u"XAyatanaSecondaryActivate"
+        && member != u"ContextMenu")
         return false;
     emit activated(positionOf(message));
     return true;
