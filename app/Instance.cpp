@@ -28,8 +28,8 @@ bool Instance::handOver()
 {
     if (m_ownsName || !m_bus.isConnected())
         return false;
-    QDBusMessage activate
-        = QDBusMessage::createMethodCall(programName, objectPath, applicationInterface, QStringLiteral("Activate"));
+    QDBusMessage activate = QDBusMessage::createMethodCall(
+        programName, objectPath, applicationInterface, QStringLiteral("Activate"));
     activate << QVariantMap();
     const QDBusMessage reply = m_bus.connection().call(activate, QDBus::Block, handOverPatience);
     return reply.type() == QDBusMessage::ReplyMessage;

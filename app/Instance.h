@@ -9,7 +9,8 @@ class SessionBus;
 
 /// The one running program of this user's session: it owns the program's name on the bus and answers a second
 /// launch, which asks it by org.freedesktop.Application
-/// (https://specifications.freedesktop.org/desktop-entry-spec/latest/dbus.html) to show its panel. Main thread.
+/// (https://specifications.freedesktop.org/desktop-entry-spec/latest/dbus.html) to show its panel. Main
+/// thread.
 class Instance final : public QDBusVirtualObject {
     Q_OBJECT
 

@@ -81,8 +81,9 @@ void ItemHost::handleConnected()
     m_menu->putOn(connection);
     m_watcherWatch = std::make_unique<QDBusServiceWatcher>(watcherService, connection);
     connect(m_watcherWatch.get(), &QDBusServiceWatcher::serviceRegistered, this, &ItemHost::handleWatcher);
-    connect(m_watcherWatch.get(), &QDBusServiceWatcher::serviceUnregistered, this, &ItemHost::handleWatcherGone);
-    for (const char *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+    connect(
+        m_watcherWatch.get(), &QDBusServiceWatcher::serviceUnregistered, this, &ItemHost::handleWatcherGone);
+    for (const char *signal : { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
         connection.connect(
             QString(), watcherPath, watcherService, QString::fromLatin1(signal), this, SLOT(askForHost()));
     if (!m_bus.ownerOf(watcherService).isEmpty())
@@ -119,13 +120,15 @@ void ItemHost::choosePresentation()
 
 void ItemHost::registerItem()
 {
-    const QString name = m_registrations == 0
-        ? programName
-        : QStringLiteral("org.kde.StatusNotifierItem-%1-%2").arg(QCoreApplication::applicationPid()).arg(m_registrations);
+    const QString name = m_registrations == 0 ? programName
+                                              : QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
+                                                    .arg(QCoreApplication::applicationPid())
+                                                    .arg(m_registrations);
     ++m_registrations;
     if (name != programName)
         m_bus.connection().registerService(name);
-    m_bus.connection().send(watcherCall(watcherService, QStringLiteral("RegisterStatusNotifierItem"), {name}));
+    m_bus.connection().send(
+        watcherCall(watcherService, QStringLiteral("RegisterStatusNotifierItem"), { name }));
     m_unreadTimer.start();
 }
 
@@ -139,7 +142,7 @@ void ItemHost::registerUnderNewName()
 void ItemHost::askForHost()
 {
     const QDBusMessage call = watcherCall(propertiesInterface, QStringLiteral("Get"),
-        {watcherService, QStringLiteral("IsStatusNotifierHostRegistered")});
+        { watcherService, QStringLiteral("IsStatusNotifierHostRegistered") });
     auto *pending = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *finished) {
         const QDBusPendingReply<QDBusVariant> reply = *finished;
@@ -158,8 +161,9 @@ void ItemHost::setAvailable(bool available)
 
 void ItemHost::handleClick(QPoint position)
 {
-    // Hosts mean the pointer, the icon's corner or a place inside themselves by their position: the pointer is
-    // where the user has just clicked. Only under Wayland it is not known while it is over the desktop's own bar.
+    // Hosts mean the pointer, the icon's corner or a place inside themselves by their position: the pointer
+    // is where the user has just clicked. Only under Wayland it is not known while it is over the desktop's
+    // own bar.
     const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     m_anchor = isWayland ? position : X11::pointerPosition().value_or(position);
     emit clicked();

@@ -7,8 +7,9 @@
 
 namespace glimmet {
 
-/// Shows the ticker's text in the place that the desktop has for it: as an item where a host shows items, else in
-/// the strip. The strip waits some seconds, so that it does not flash up at login or while a panel restarts.
+/// Shows the ticker's text in the place that the desktop has for it: as an item where a host shows items,
+/// else in the strip. The strip waits some seconds, so that it does not flash up at login or while a panel
+/// restarts.
 class MenuBar final : public QObject {
     Q_OBJECT
 

@@ -18,8 +18,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A click on the item closes the open panel at its press already, since it is a click elsewhere; the host tells of
-/// the same click up to this long afterwards.
+/// A click on the item closes the open panel at its press already, since it is a click elsewhere; the host
+/// tells of the same click up to this long afterwards.
 constexpr std::chrono::milliseconds clickTime = 700ms;
 /// While a host's own menu or grab goes away, the keyboard may pass by the new panel.
 constexpr std::chrono::milliseconds settlingTime = 400ms;
@@ -65,7 +65,7 @@ void PanelController::open(std::optional<QPoint> anchor)
     if (panels == nullptr || QGuiApplication::screens().isEmpty())
         return;
     if (!isOpen()) {
-        m_panel = panels->makePanel(m_ticker, {m_scheme, X11::isCompositing()});
+        m_panel = panels->makePanel(m_ticker, { m_scheme, X11::isCompositing() });
         place(m_panel->window(), anchor);
         watch(m_panel->window());
         m_panel->window().show();
@@ -110,7 +110,8 @@ void PanelController::watch(QWindow &window)
     m_presses = std::make_unique<PressWatch>();
     connect(m_presses.get(), &PressWatch::pressed, this, &PanelController::handlePress);
     // Queued: the panel closes itself from inside its own event, and must not be destroyed there.
-    connect(&window, &QWindow::visibleChanged, this,
+    connect(
+        &window, &QWindow::visibleChanged, this,
         [this](bool isVisible) {
             if (!isVisible && isOpen())
                 close(Cause::Request);

@@ -20,9 +20,9 @@ class PanelModule;
 class PressWatch;
 class TickerViewModel;
 
-/// Opens the panel under the menu-bar item and closes it: by a second click, a click elsewhere, Escape or a quit. Each
-/// opening builds the panel anew, each closing gives its memory back. The panel's module is loaded by the first
-/// opening.
+/// Opens the panel under the menu-bar item and closes it: by a second click, a click elsewhere, Escape or a
+/// quit. Each opening builds the panel anew, each closing gives its memory back. The panel's module is loaded
+/// by the first opening.
 class PanelController final : public QObject {
     Q_OBJECT
 
@@ -30,7 +30,8 @@ public:
     explicit PanelController(TickerViewModel &ticker, QObject *parent = nullptr);
     ~PanelController() override;
 
-    /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first screen.
+    /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first
+    /// screen.
     void toggle(std::optional<QPoint> anchor);
     /// Opens the panel, or brings the open one to the front.
     void open(std::optional<QPoint> anchor);

@@ -36,8 +36,8 @@ QRect ScreenSpace::toNative(const QRect &logical) const
 {
     const QPoint origin = geometry.topLeft();
     const QPoint offset = logical.topLeft() - origin;
-    return {origin + QPoint(scaled(offset.x(), scale), scaled(offset.y(), scale)),
-        QSize(scaled(logical.width(), scale), scaled(logical.height(), scale))};
+    return { origin + QPoint(scaled(offset.x(), scale), scaled(offset.y(), scale)),
+        QSize(scaled(logical.width(), scale), scaled(logical.height(), scale)) };
 }
 
 const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native)
@@ -58,9 +58,9 @@ QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen)
     const int lowest = space.top() + space.height() - gap - fitting.height();
     const int under = std::max(space.top(), anchor.y()) + gap;
     const int above = std::min(space.top() + space.height(), anchor.y()) - gap - fitting.height();
-    return {QPoint(clamped(anchor.x() - fitting.width() / 2, space.left() + gap, rightmost),
-                clamped(isTopItem ? under : above, space.top() + gap, lowest)),
-        fitting};
+    return { QPoint(clamped(anchor.x() - fitting.width() / 2, space.left() + gap, rightmost),
+                 clamped(isTopItem ? under : above, space.top() + gap, lowest)),
+        fitting };
 }
 
 } // namespace glimmet

@@ -6,8 +6,8 @@
 
 namespace glimmet {
 
-/// One screen in the two spaces that a window meets: Qt's logical pixels and the X server's native ones. Both have
-/// the same origin; from there on, native positions are `scale` times the logical ones.
+/// One screen in the two spaces that a window meets: Qt's logical pixels and the X server's native ones. Both
+/// have the same origin; from there on, native positions are `scale` times the logical ones.
 struct ScreenSpace {
     QRect geometry; ///< logical
     QRect available; ///< logical, without the bars at its edges
@@ -21,9 +21,9 @@ struct ScreenSpace {
 /// The screen that holds the native position, else the first one. `screens` is not empty.
 const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native);
 
-/// Where a panel of `size` drops down from an item at `anchor` (logical): under an item in the upper half of the
-/// screen, else above it, centred on it and wholly inside the available space. A panel that is too high for that
-/// space is made lower.
+/// Where a panel of `size` drops down from an item at `anchor` (logical): under an item in the upper half of
+/// the screen, else above it, centred on it and wholly inside the available space. A panel that is too high
+/// for that space is made lower.
 QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen);
 
 } // namespace glimmet

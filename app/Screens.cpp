@@ -7,7 +7,7 @@ namespace glimmet {
 
 ScreenSpace spaceOf(const QScreen &screen)
 {
-    return {screen.geometry(), screen.availableGeometry(), screen.devicePixelRatio()};
+    return { screen.geometry(), screen.availableGeometry(), screen.devicePixelRatio() };
 }
 
 QList<ScreenSpace> allScreens()

@@ -129,8 +129,8 @@ void StripHost::place()
     // Under a bar that is there already; later on the available space begins below the strip itself.
     if (!m_window->isVisible())
         m_barHeight = space.available.top() - space.geometry.top();
-    m_window->setGeometry(
-        QRect(space.geometry.left(), space.geometry.top() + m_barHeight, space.geometry.width(), stripHeight));
+    m_window->setGeometry(QRect(
+        space.geometry.left(), space.geometry.top() + m_barHeight, space.geometry.width(), stripHeight));
     m_window->create();
     X11::makeTopBar(*m_window, space.toNative(m_window->geometry()));
 }

@@ -35,8 +35,8 @@ private:
     ColorScheme m_scheme = ColorScheme::Light;
 };
 
-/// Shows the text in a strip of our own at the upper edge of the primary screen, for desktops that have no place
-/// for items. The window exists only while it is shown.
+/// Shows the text in a strip of our own at the upper edge of the primary screen, for desktops that have no
+/// place for items. The window exists only while it is shown.
 class StripHost final : public MenuBarHost {
     Q_OBJECT
 

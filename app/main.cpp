@@ -53,7 +53,7 @@ int main(int argc, char *argv[])
     const SystemRegion region;
     EventLoopTimers timers;
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
-    TickerViewModel ticker({clock, region, timers, preferences});
+    TickerViewModel ticker({ clock, region, timers, preferences });
     MenuBar menuBar(bus);
     PanelController panel(ticker);
     ColorSchemeWatch colors;

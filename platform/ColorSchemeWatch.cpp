@@ -17,7 +17,8 @@ const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Setting
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorSchemeKey = QStringLiteral("color-scheme");
 
-/// The portal's numbers: 1 prefers dark, 2 prefers light, 0 has no preference. Read answers a variant in a variant.
+/// The portal's numbers: 1 prefers dark, 2 prefers light, 0 has no preference. Read answers a variant in a
+/// variant.
 std::optional<ColorScheme> schemeOf(const QVariant &value)
 {
     QVariant inner = value;
@@ -75,16 +76,17 @@ void ColorSchemeWatch::follow(const QDBusConnection &bus)
     m_bus = bus;
     m_bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
         SLOT(handlePortalSetting(QString, QString, QDBusVariant)));
-    // The settings daemon tells of each change of GNOME's settings; which one it was is not worth telling apart.
-    m_bus.connect(QString(), QString(), QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"), this,
-        SLOT(readDesktopSetting()));
+    // The settings daemon tells of each change of GNOME's settings; which one it was is not worth telling
+    // apart.
+    m_bus.connect(QString(), QString(), QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"),
+        this, SLOT(readDesktopSetting()));
     readPortal();
 }
 
 void ColorSchemeWatch::readPortal()
 {
-    QDBusMessage read
-        = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
+    QDBusMessage read =
+        QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
     read << appearance << colorSchemeKey;
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(read), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *finished) {
@@ -98,7 +100,8 @@ void ColorSchemeWatch::readPortal()
     });
 }
 
-void ColorSchemeWatch::handlePortalSetting(const QString &space, const QString &key, const QDBusVariant &value)
+void ColorSchemeWatch::handlePortalSetting(
+    const QString &space, const QString &key, const QDBusVariant &value)
 {
     if (space != appearance || key != colorSchemeKey)
         return;
@@ -121,7 +124,7 @@ void ColorSchemeWatch::readDesktopSetting()
             m_reader.release()->deleteLater();
     });
     m_reader->start(QStringLiteral("gsettings"),
-        {QStringLiteral("get"), QStringLiteral("org.gnome.desktop.interface"), colorSchemeKey});
+        { QStringLiteral("get"), QStringLiteral("org.gnome.desktop.interface"), colorSchemeKey });
 }
 
 void ColorSchemeWatch::finishReading()

@@ -14,8 +14,9 @@ class QProcess;
 namespace glimmet {
 
 /// Follows the desktop's setting for light or dark while the program runs: the settings portal
-/// (https://flatpak.github.io/xdg-desktop-portal/docs/doc-org.freedesktop.portal.Settings.html), else GNOME's own
-/// setting, else the lightness of the application's palette, which Qt takes from the other desktops. Main thread.
+/// (https://flatpak.github.io/xdg-desktop-portal/docs/doc-org.freedesktop.portal.Settings.html), else GNOME's
+/// own setting, else the lightness of the application's palette, which Qt takes from the other desktops. Main
+/// thread.
 class ColorSchemeWatch : public QObject {
     Q_OBJECT
 

@@ -20,12 +20,12 @@ QMutex lineMutex;
 
 bool isPipeOrTerminal(int descriptor)
 {
-    struct stat info { };
+    struct stat info {};
     return fstat(descriptor, &info) == 0 && (S_ISFIFO(info.st_mode) || S_ISCHR(info.st_mode));
 }
 
-/// The same pipe or terminal, opened anew: O_NONBLOCK on the inherited description would reach every other program
-/// that shares it. -1 where that cannot be.
+/// The same pipe or terminal, opened anew: O_NONBLOCK on the inherited description would reach every other
+/// program that shares it. -1 where that cannot be.
 int openedAnew(int descriptor)
 {
     char path[32];
@@ -48,7 +48,7 @@ ssize_t writeWhileReady(int descriptor, const QByteArray &bytes)
 {
     ssize_t done = 0;
     while (done < bytes.size()) {
-        pollfd ready {descriptor, POLLOUT, 0};
+        pollfd ready{ descriptor, POLLOUT, 0 };
         if (poll(&ready, 1, 0) != 1 || (ready.revents & POLLOUT) == 0)
             break;
         const auto size = static_cast<size_t>(std::min<qsizetype>(bytes.size() - done, PIPE_BUF));
@@ -93,8 +93,8 @@ void DiagnosticLog::line(const QString &message)
     // A line that a full pipe took only in part is ended before the next one begins.
     if (m_isInsideLine)
         bytes.prepend('\n');
-    const ssize_t written
-        = m_mayBlock ? writeWhileReady(m_descriptor, bytes) : writeAtOnce(m_descriptor, bytes);
+    const ssize_t written =
+        m_mayBlock ? writeWhileReady(m_descriptor, bytes) : writeAtOnce(m_descriptor, bytes);
     if (written > 0)
         m_isInsideLine = written < bytes.size();
 }

@@ -4,8 +4,8 @@
 
 namespace glimmet {
 
-/// Writes diagnostic lines to standard output, each as a whole and at once, also into a pipe. A closed, full or
-/// stuck standard output loses lines; it never ends or holds up the program. Any thread.
+/// Writes diagnostic lines to standard output, each as a whole and at once, also into a pipe. A closed, full
+/// or stuck standard output loses lines; it never ends or holds up the program. Any thread.
 class DiagnosticLog {
 public:
     /// Takes over `descriptor` for writing only; SIGPIPE is ignored in the process from now on.

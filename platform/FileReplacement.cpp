@@ -15,7 +15,8 @@
 namespace glimmet {
 namespace {
 
-// A name that only this file gives, so that clearing up never takes a "preferences.json.backup" for a leftover.
+// A name that only this file gives, so that clearing up never takes a "preferences.json.backup" for a
+// leftover.
 const QString temporaryInfix = QStringLiteral(".replacing-");
 
 constexpr mode_t permissionBits = 07777;
@@ -34,8 +35,8 @@ bool writeAll(int descriptor, const QByteArray &content)
 {
     qsizetype done = 0;
     while (done < content.size()) {
-        const ssize_t written
-            = write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
+        const ssize_t written =
+            write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
         if (written < 0 && errno != EINTR)
             return false;
         done += std::max<ssize_t>(written, 0);
@@ -46,8 +47,8 @@ bool writeAll(int descriptor, const QByteArray &content)
 /// Fills the new file and waits for the disk: some file systems say only then that they are full.
 bool fill(int descriptor, mode_t mode, const QByteArray &content)
 {
-    const bool isFilled
-        = fchmod(descriptor, mode) == 0 && writeAll(descriptor, content) && fsync(descriptor) == 0;
+    const bool isFilled =
+        fchmod(descriptor, mode) == 0 && writeAll(descriptor, content) && fsync(descriptor) == 0;
     return close(descriptor) == 0 && isFilled;
 }
 
@@ -56,7 +57,7 @@ bool fill(int descriptor, mode_t mode, const QByteArray &content)
 bool replaceFile(const QString &path, const QByteArray &content)
 {
     const QByteArray target = QFile::encodeName(linkEnd(path));
-    struct stat old { };
+    struct stat old {};
     const bool exists = stat(target.constData(), &old) == 0;
     // A rename would pass over the protection that the user gave the file itself.
     if (exists && access(target.constData(), W_OK) != 0)
@@ -87,10 +88,11 @@ bool setAside(const QString &path)
     const QString stamp = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-HHmmss"));
     const QString base = path + QStringLiteral(".unreadable-") + stamp;
     QString free = base;
-    // renameat2 neither opens nor copies: a pipe in the file's place could not hold it up, and nothing is replaced.
+    // renameat2 neither opens nor copies: a pipe in the file's place could not hold it up, and nothing is
+    // replaced.
     for (int number = 2; renameat2(AT_FDCWD, QFile::encodeName(path).constData(), AT_FDCWD,
                              QFile::encodeName(free).constData(), RENAME_NOREPLACE)
-        != 0;
+         != 0;
          ++number) {
         if (errno != EEXIST)
             return false;

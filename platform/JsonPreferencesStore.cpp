@@ -31,16 +31,16 @@ FileContent readFile(const QString &path)
     QFile file(path);
     // Anything but a regular file is not opened: a pipe would never end.
     if (!info.isFile())
-        return {FileState::unreadable, {}};
+        return { FileState::unreadable, {} };
     if (!file.open(QIODevice::ReadOnly))
-        return {file.error() == QFile::ResourceError ? FileState::unavailable : FileState::unreadable, {}};
+        return { file.error() == QFile::ResourceError ? FileState::unavailable : FileState::unreadable, {} };
     const QByteArray content = file.readAll();
     if (file.error() != QFile::NoError)
-        return {FileState::unavailable, {}};
+        return { FileState::unavailable, {} };
     const QJsonDocument document = QJsonDocument::fromJson(content);
     if (!document.isObject())
-        return {FileState::unreadable, {}};
-    return {FileState::readable, document.object()};
+        return { FileState::unreadable, {} };
+    return { FileState::readable, document.object() };
 }
 
 QStringList stringsOf(const QJsonArray &array)
@@ -53,7 +53,8 @@ QStringList stringsOf(const QJsonArray &array)
 
 bool holdsOnlyStrings(const QJsonArray &array)
 {
-    return std::all_of(array.begin(), array.end(), [](const QJsonValue &element) { return element.isString(); });
+    return std::all_of(
+        array.begin(), array.end(), [](const QJsonValue &element) { return element.isString(); });
 }
 
 } // namespace
@@ -97,7 +98,7 @@ bool JsonPreferencesStore::setStringList(const QString &key, const QStringList &
 
 bool JsonPreferencesStore::setData(const QString &key, const QByteArray &value)
 {
-    return setValue(key, QJsonObject {{QStringLiteral("data"), QString::fromLatin1(value.toBase64())}});
+    return setValue(key, QJsonObject{ { QStringLiteral("data"), QString::fromLatin1(value.toBase64()) } });
 }
 
 QJsonValue JsonPreferencesStore::value(const QString &key) const

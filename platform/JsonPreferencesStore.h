@@ -10,8 +10,9 @@ namespace glimmet {
 /// Preferences in one JSON file: an object of key and value, where a list of texts is an array and data is
 /// `{"data": "<base64>"}`. Nothing is cached: every call looks at the file, so that two programs share it.
 ///
-/// A write replaces the file as a whole or not at all, under a lock on its folder, and keeps the keys of others. A
-/// file that cannot be read as a JSON object is set aside under another name before the first write.
+/// A write replaces the file as a whole or not at all, under a lock on its folder, and keeps the keys of
+/// others. A file that cannot be read as a JSON object is set aside under another name before the first
+/// write.
 class JsonPreferencesStore final : public PreferencesStore {
 public:
     /// `path`: the file; it and its folder are made by the first write.

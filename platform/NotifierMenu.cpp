@@ -17,10 +17,10 @@ const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
 QVariantMap entryProperties(int entry)
 {
     if (entry == openEntry)
-        return {{QStringLiteral("label"), QStringLiteral("Open glimmet")}};
+        return { { QStringLiteral("label"), QStringLiteral("Open glimmet") } };
     if (entry == quitEntry)
-        return {{QStringLiteral("label"), QStringLiteral("Quit")}};
-    return {{QStringLiteral("children-display"), QStringLiteral("submenu")}};
+        return { { QStringLiteral("label"), QStringLiteral("Quit") } };
+    return { { QStringLiteral("children-display"), QStringLiteral("submenu") } };
 }
 
 /// A node of the layout, signature (ia{sv}av).
@@ -74,27 +74,27 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, EntryProperties &
 
 QVariant node(int entry)
 {
-    MenuNode menuNode {entry, entryProperties(entry), {}};
+    MenuNode menuNode{ entry, entryProperties(entry), {} };
     if (entry == rootEntry)
-        menuNode.children = {node(openEntry), node(quitEntry)};
+        menuNode.children = { node(openEntry), node(quitEntry) };
     return QVariant::fromValue(menuNode);
 }
 
 QVariant groupProperties()
 {
     QList<EntryProperties> group;
-    for (const int entry : {rootEntry, openEntry, quitEntry})
-        group.append({entry, entryProperties(entry)});
+    for (const int entry : { rootEntry, openEntry, quitEntry })
+        group.append({ entry, entryProperties(entry) });
     return QVariant::fromValue(group);
 }
 
 QVariantMap menuProperties()
 {
     return {
-        {QStringLiteral("Version"), 3U},
-        {QStringLiteral("TextDirection"), QStringLiteral("ltr")},
-        {QStringLiteral("Status"), QStringLiteral("normal")},
-        {QStringLiteral("IconThemePath"), QStringList()},
+        { QStringLiteral("Version"), 3U },
+        { QStringLiteral("TextDirection"), QStringLiteral("ltr") },
+        { QStringLiteral("Status"), QStringLiteral("normal") },
+        { QStringLiteral("IconThemePath"), QStringList() },
     };
 }
 
@@ -104,25 +104,25 @@ std::optional<QVariantList> answerTo(const QDBusMessage &message)
     const QString member = message.member();
     const QVariantList arguments = message.arguments();
     if (member == u"GetLayout")
-        return QVariantList {revision, node(arguments.value(0).toInt())};
+        return QVariantList{ revision, node(arguments.value(0).toInt()) };
     if (member == u"GetGroupProperties")
-        return QVariantList {groupProperties()};
+        return QVariantList{ groupProperties() };
     if (member == u"GetProperty")
-        return QVariantList {QVariant::fromValue(
-            QDBusVariant(entryProperties(arguments.value(0).toInt()).value(arguments.value(1).toString())))};
+        return QVariantList{ QVariant::fromValue(
+            QDBusVariant(entryProperties(arguments.value(0).toInt()).value(arguments.value(1).toString()))) };
     if (member == u"AboutToShow")
-        return QVariantList {false};
+        return QVariantList{ false };
     if (member == u"AboutToShowGroup")
-        return QVariantList {QVariant::fromValue(QList<int>()), QVariant::fromValue(QList<int>())};
+        return QVariantList{ QVariant::fromValue(QList<int>()), QVariant::fromValue(QList<int>()) };
     if (member == u"Event")
-        return QVariantList {};
+        return QVariantList{};
     if (member == u"EventGroup")
-        return QVariantList {QVariant::fromValue(QList<int>())};
+        return QVariantList{ QVariant::fromValue(QList<int>()) };
     if (member == u"GetAll")
-        return QVariantList {menuProperties()};
+        return QVariantList{ menuProperties() };
     if (member == u"Get")
-        return QVariantList {
-            QVariant::fromValue(QDBusVariant(menuProperties().value(arguments.value(1).toString())))};
+        return QVariantList{ QVariant::fromValue(
+            QDBusVariant(menuProperties().value(arguments.value(1).toString()))) };
     return std::nullopt;
 }
 

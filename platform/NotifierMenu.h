@@ -5,8 +5,9 @@
 
 namespace glimmet {
 
-/// The item's menu, spoken as com.canonical.dbusmenu at a path of its own, for hosts that answer a click by a menu
-/// only. That the menu opens is the click; its two entries serve where a host keeps it open. Main thread.
+/// The item's menu, spoken as com.canonical.dbusmenu at a path of its own, for hosts that answer a click by a
+/// menu only. That the menu opens is the click; its two entries serve where a host keeps it open. Main
+/// thread.
 class NotifierMenu final : public QDBusVirtualObject {
     Q_OBJECT
 

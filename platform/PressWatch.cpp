@@ -1,6 +1,5 @@
 #include "platform/PressWatch.h"
 
-
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 
@@ -22,7 +21,7 @@ void selectRawPresses(xcb_connection_t *x)
     struct {
         xcb_input_event_mask_t head;
         uint32_t mask;
-    } selection {{XCB_INPUT_DEVICE_ALL_MASTER, 1}, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS};
+    } selection{ { XCB_INPUT_DEVICE_ALL_MASTER, 1 }, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS };
     xcb_input_xi_select_events(x, rootWindow(x), 1, &selection.head);
     xcb_flush(x);
 }
@@ -48,8 +47,8 @@ PressWatch::PressWatch(QObject *parent)
     if (xcb_connection_has_error(m_connection) != 0)
         return;
     selectRawPresses(m_connection);
-    m_notifier
-        = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+    m_notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &PressWatch::readEvents);
 }
 
@@ -63,7 +62,7 @@ void PressWatch::readEvents()
 {
     using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
     bool wasPressed = false;
-    while (const Event event {xcb_poll_for_event(m_connection), &std::free})
+    while (const Event event{ xcb_poll_for_event(m_connection), &std::free })
         wasPressed = wasPressed || (isRawPress(event.get()) && !isWheel(event.get()));
     if (xcb_connection_has_error(m_connection) != 0)
         m_notifier->setEnabled(false);
@@ -73,8 +72,8 @@ void PressWatch::readEvents()
 
 QPoint PressWatch::pointerPosition() const
 {
-    auto *reply
-        = xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, rootWindow(m_connection)), nullptr);
+    auto *reply = xcb_query_pointer_reply(
+        m_connection, xcb_query_pointer(m_connection, rootWindow(m_connection)), nullptr);
     const QPoint position = reply == nullptr ? QPoint(-1, -1) : QPoint(reply->root_x, reply->root_y);
     std::free(reply);
     return position;

@@ -10,9 +10,9 @@ struct xcb_connection_t;
 
 namespace glimmet {
 
-/// Tells of every press of a pointer button anywhere on the X server while it lives, without keeping the press from
-/// the window that it is meant for: a grab would swallow the click on the menu-bar item that shall close the panel.
-/// It has a connection of its own. Main thread.
+/// Tells of every press of a pointer button anywhere on the X server while it lives, without keeping the
+/// press from the window that it is meant for: a grab would swallow the click on the menu-bar item that shall
+/// close the panel. It has a connection of its own. Main thread.
 class PressWatch : public QObject {
     Q_OBJECT
 

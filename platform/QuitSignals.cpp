@@ -28,10 +28,10 @@ QuitSignals::QuitSignals(QObject *parent)
     : QObject(parent)
     , m_notifier(madeWakeUpDescriptor(), QSocketNotifier::Read)
 {
-    struct sigaction action { };
+    struct sigaction action {};
     action.sa_handler = wakeUp;
     action.sa_flags = SA_RESTART;
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+    for (const int signal : { SIGINT, SIGTERM, SIGHUP })
         sigaction(signal, &action, nullptr);
     connect(&m_notifier, &QSocketNotifier::activated, this, [this] {
         m_notifier.setEnabled(false);

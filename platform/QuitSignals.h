@@ -5,7 +5,8 @@
 
 namespace glimmet {
 
-/// Turns the signals that ask a program to end (SIGINT, SIGTERM, SIGHUP) into one of Qt's. One object a process.
+/// Turns the signals that ask a program to end (SIGINT, SIGTERM, SIGHUP) into one of Qt's. One object a
+/// process.
 class QuitSignals : public QObject {
     Q_OBJECT
 

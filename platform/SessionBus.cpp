@@ -11,8 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The user's bus, as the environment names it or at its usual place; empty where there is none. Left to itself the
-/// D-Bus library would launch a bus of its own, which nobody else is on.
+/// The user's bus, as the environment names it or at its usual place; empty where there is none. Left to
+/// itself the D-Bus library would launch a bus of its own, which nobody else is on.
 QString busAddress()
 {
     const QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");

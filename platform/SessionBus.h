@@ -6,8 +6,8 @@
 
 namespace glimmet {
 
-/// The program's connection to the session bus. It outlives the bus: a lost connection is made again as soon as there
-/// is a bus at the user's address. A bus is never launched. Main thread.
+/// The program's connection to the session bus. It outlives the bus: a lost connection is made again as soon
+/// as there is a bus at the user's address. A bus is never launched. Main thread.
 class SessionBus : public QObject {
     Q_OBJECT
 

@@ -34,7 +34,8 @@ const QString memberXml = QStringLiteral(R"xml(  <interface name="org.kde.Status
     <method name="SecondaryActivate"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
 )xml");
 
-const QString clickXml = QStringLiteral(R"xml(    <method name="Activate"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
+const QString clickXml = QStringLiteral(
+    R"xml(    <method name="Activate"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
     <method name="ContextMenu"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
 )xml");
 
@@ -42,7 +43,7 @@ const QString endXml = QStringLiteral("  </interface>\n");
 
 QPoint positionOf(const QDBusMessage &message)
 {
-    return {message.arguments().value(0).toInt(), message.arguments().value(1).toInt()};
+    return { message.arguments().value(0).toInt(), message.arguments().value(1).toInt() };
 }
 
 } // namespace
@@ -67,7 +68,7 @@ void StatusNotifierItem::setLabel(const QString &label)
     if (label == m_label)
         return;
     m_label = label;
-    emitChange(QStringLiteral("XAyatanaNewLabel"), {m_label, QString()});
+    emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
     if (m_presentation == Presentation::Icon)
         emitChange(QStringLiteral("NewToolTip"));
 }
@@ -85,7 +86,8 @@ void StatusNotifierItem::setActive(bool active)
     if (active == m_active)
         return;
     m_active = active;
-    emitChange(QStringLiteral("NewStatus"), {m_active ? QStringLiteral("Active") : QStringLiteral("Passive")});
+    emitChange(
+        QStringLiteral("NewStatus"), { m_active ? QStringLiteral("Active") : QStringLiteral("Passive") });
 }
 
 QString StatusNotifierItem::introspect(const QString &) const
@@ -141,23 +143,24 @@ bool StatusNotifierItem::handleProperties(const QDBusMessage &message, const QDB
 QVariantMap StatusNotifierItem::properties() const
 {
     const bool hasIcon = m_presentation == Presentation::Icon;
-    const QString menu = m_presentation == Presentation::Menu ? NotifierMenu::path : QStringLiteral("/NO_DBUSMENU");
-    const QList<NotifierPixmap> icon {hasIcon ? markPixmap(22) : emptyPixmap(1)};
-    const NotifierToolTip toolTip {{}, {}, m_label, {}};
+    const QString menu =
+        m_presentation == Presentation::Menu ? NotifierMenu::path : QStringLiteral("/NO_DBUSMENU");
+    const QList<NotifierPixmap> icon{ hasIcon ? markPixmap(22) : emptyPixmap(1) };
+    const NotifierToolTip toolTip{ {}, {}, m_label, {} };
     return {
-        {QStringLiteral("Category"), QStringLiteral("ApplicationStatus")},
-        {QStringLiteral("Id"), QStringLiteral("glimmet")},
-        {QStringLiteral("Title"), QStringLiteral("glimmet")},
-        {QStringLiteral("Status"), m_active ? QStringLiteral("Active") : QStringLiteral("Passive")},
-        {QStringLiteral("WindowId"), 0},
-        {QStringLiteral("IconName"), QString()},
-        {QStringLiteral("IconPixmap"), QVariant::fromValue(icon)},
-        {QStringLiteral("ToolTip"), QVariant::fromValue(toolTip)},
-        {QStringLiteral("ItemIsMenu"), false},
-        {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menu))},
-        {QStringLiteral("XAyatanaLabel"), m_label},
-        {QStringLiteral("XAyatanaLabelGuide"), QString()},
-        {QStringLiteral("XAyatanaOrderingIndex"), 0U},
+        { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
+        { QStringLiteral("Id"), QStringLiteral("glimmet") },
+        { QStringLiteral("Title"), QStringLiteral("glimmet") },
+        { QStringLiteral("Status"), m_active ? QStringLiteral("Active") : QStringLiteral("Passive") },
+        { QStringLiteral("WindowId"), 0 },
+        { QStringLiteral("IconName"), QString() },
+        { QStringLiteral("IconPixmap"), QVariant::fromValue(icon) },
+        { QStringLiteral("ToolTip"), QVariant::fromValue(toolTip) },
+        { QStringLiteral("ItemIsMenu"), false },
+        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menu)) },
+        { QStringLiteral("XAyatanaLabel"), m_label },
+        { QStringLiteral("XAyatanaLabelGuide"), QString() },
+        { QStringLiteral("XAyatanaOrderingIndex"), 0U },
     };
 }
 

@@ -10,8 +10,9 @@
 namespace glimmet {
 
 /// The menu-bar item as the StatusNotifierItem protocol
-/// (https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem/) shows it, with the XAyatanaLabel extension
-/// for its text, at /StatusNotifierItem. It holds what hosts read and tells what they call. Main thread.
+/// (https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem/) shows it, with the XAyatanaLabel
+/// extension for its text, at /StatusNotifierItem. It holds what hosts read and tells what they call. Main
+/// thread.
 class StatusNotifierItem final : public QDBusVirtualObject {
     Q_OBJECT
 

@@ -11,7 +11,7 @@ namespace {
 NotifierPixmap toPixmap(const QImage &image)
 {
     const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
-    NotifierPixmap pixmap {argb.width(), argb.height(), QByteArray(argb.sizeInBytes(), Qt::Uninitialized)};
+    NotifierPixmap pixmap{ argb.width(), argb.height(), QByteArray(argb.sizeInBytes(), Qt::Uninitialized) };
     qToBigEndian<quint32>(argb.constBits(), argb.sizeInBytes() / 4, pixmap.bytes.data());
     return pixmap;
 }
@@ -59,7 +59,7 @@ void registerNotifierTypes()
 
 NotifierPixmap emptyPixmap(int size)
 {
-    return {size, size, QByteArray(size * size * 4, '\0')};
+    return { size, size, QByteArray(size * size * 4, '\0') };
 }
 
 NotifierPixmap markPixmap(int size)

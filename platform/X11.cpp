@@ -45,14 +45,14 @@ template <size_t Count>
 void setProperty(xcb_connection_t *x, xcb_window_t window, const QByteArray &name, xcb_atom_t type,
     const std::array<uint32_t, Count> &values)
 {
-    xcb_change_property(
-        x, XCB_PROP_MODE_REPLACE, window, atom(x, name), type, 32, static_cast<uint32_t>(Count), values.data());
+    xcb_change_property(x, XCB_PROP_MODE_REPLACE, window, atom(x, name), type, 32,
+        static_cast<uint32_t>(Count), values.data());
 }
 
 bool hasWindowManager(xcb_connection_t *x)
 {
-    const auto cookie
-        = xcb_get_property(x, 0, rootWindow(x), atom(x, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
+    const auto cookie =
+        xcb_get_property(x, 0, rootWindow(x), atom(x, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
     const auto reply = owned(xcb_get_property_reply(x, cookie, nullptr));
     return reply && xcb_get_property_value_length(reply.get()) > 0;
 }
@@ -63,18 +63,19 @@ bool isTimeOf(const xcb_generic_event_t *event, xcb_window_t window)
         && reinterpret_cast<const xcb_property_notify_event_t *>(event)->window == window;
 }
 
-/// The server's present time, as the event of a changed property tells it: window managers refuse the keyboard to
-/// requests that seem older than the user's last action. A connection of its own leaves Qt's events alone.
+/// The server's present time, as the event of a changed property tells it: window managers refuse the
+/// keyboard to requests that seem older than the user's last action. A connection of its own leaves Qt's
+/// events alone.
 xcb_timestamp_t serverTime()
 {
     xcb_connection_t *x = xcb_connect(nullptr, nullptr);
     xcb_timestamp_t time = XCB_CURRENT_TIME;
     if (xcb_connection_has_error(x) == 0) {
         const xcb_window_t window = xcb_generate_id(x);
-        const std::array<uint32_t, 1> events {XCB_EVENT_MASK_PROPERTY_CHANGE};
+        const std::array<uint32_t, 1> events{ XCB_EVENT_MASK_PROPERTY_CHANGE };
         xcb_create_window(x, XCB_COPY_FROM_PARENT, window, rootWindow(x), 0, 0, 1, 1, 0,
             XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, events.data());
-        setProperty(x, window, "WM_CLASS", XCB_ATOM_CARDINAL, std::array<uint32_t, 1> {0});
+        setProperty(x, window, "WM_CLASS", XCB_ATOM_CARDINAL, std::array<uint32_t, 1>{ 0 });
         xcb_flush(x);
         while (const auto event = owned(xcb_wait_for_event(x))) {
             if (!isTimeOf(event.get(), window))
@@ -90,7 +91,7 @@ xcb_timestamp_t serverTime()
 void askForActivation(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t time)
 {
     constexpr uint32_t fromTheUser = 2; // "source indication: pager", a direct action of the user
-    xcb_client_message_event_t message {};
+    xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window;
@@ -113,10 +114,11 @@ void makeTopBar(const QWindow &window, const QRect &geometry)
     const auto reserved = static_cast<uint32_t>(geometry.bottom() + 1);
     const auto left = static_cast<uint32_t>(geometry.left());
     const auto right = static_cast<uint32_t>(geometry.right());
-    setProperty(x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array {atom(x, "_NET_WM_WINDOW_TYPE_DOCK")});
-    setProperty(x, id, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, std::array<uint32_t, 4> {0, 0, reserved, 0});
+    setProperty(
+        x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_DOCK") });
+    setProperty(x, id, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, std::array<uint32_t, 4>{ 0, 0, reserved, 0 });
     setProperty(x, id, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
-        std::array<uint32_t, 12> {0, 0, reserved, 0, 0, 0, 0, 0, left, right, 0, 0});
+        std::array<uint32_t, 12>{ 0, 0, reserved, 0, 0, 0, 0, 0, left, right, 0, 0 });
     xcb_flush(x);
 }
 
@@ -126,10 +128,11 @@ void makeDropDown(const QWindow &window)
     if (x == nullptr)
         return;
     const xcb_window_t id = idOf(window);
-    setProperty(x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array {atom(x, "_NET_WM_WINDOW_TYPE_UTILITY")});
+    setProperty(
+        x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_UTILITY") });
     setProperty(x, id, "_NET_WM_STATE", XCB_ATOM_ATOM,
-        std::array {atom(x, "_NET_WM_STATE_SKIP_TASKBAR"), atom(x, "_NET_WM_STATE_SKIP_PAGER"),
-            atom(x, "_NET_WM_STATE_ABOVE")});
+        std::array{ atom(x, "_NET_WM_STATE_SKIP_TASKBAR"), atom(x, "_NET_WM_STATE_SKIP_PAGER"),
+            atom(x, "_NET_WM_STATE_ABOVE") });
     xcb_flush(x);
 }
 
@@ -151,8 +154,8 @@ bool isCompositing()
     xcb_connection_t *x = connection();
     if (x == nullptr)
         return false;
-    const auto reply
-        = owned(xcb_get_selection_owner_reply(x, xcb_get_selection_owner(x, atom(x, "_NET_WM_CM_S0")), nullptr));
+    const auto reply = owned(
+        xcb_get_selection_owner_reply(x, xcb_get_selection_owner(x, atom(x, "_NET_WM_CM_S0")), nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 

@@ -6,21 +6,22 @@
 
 #include <optional>
 
-/// What a menu-bar item needs of an X server (also XWayland) and its window manager beyond Qt, by the Extended Window
-/// Manager Hints (https://specifications.freedesktop.org/wm-spec/). Positions are native pixels of the root window.
-/// Every call does nothing, or finds nothing, where the platform is not X11. Main thread.
+/// What a menu-bar item needs of an X server (also XWayland) and its window manager beyond Qt, by the
+/// Extended Window Manager Hints (https://specifications.freedesktop.org/wm-spec/). Positions are native
+/// pixels of the root window. Every call does nothing, or finds nothing, where the platform is not X11. Main
+/// thread.
 namespace glimmet::X11 {
 
 /// Shows the window as a bar at the upper edge of its screen: `window` (native pixels, on a root window of
 /// `rootSize`) reserves its space down from the edge. Call before it is shown.
 void makeTopBar(const QWindow &window, const QRect &geometry);
 
-/// Keeps the window out of task bars and pagers, above others and without the window manager's animations. Call
-/// before it is shown.
+/// Keeps the window out of task bars and pagers, above others and without the window manager's animations.
+/// Call before it is shown.
 void makeDropDown(const QWindow &window);
 
-/// Gives the window the keyboard, also against a window manager's protection against stolen focus: the user has
-/// just asked for it.
+/// Gives the window the keyboard, also against a window manager's protection against stolen focus: the user
+/// has just asked for it.
 void giveFocus(const QWindow &window);
 
 /// True where a compositor draws translucent windows.

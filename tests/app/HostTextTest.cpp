@@ -1,0 +1,36 @@
+#include "app/HostText.h"
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+TEST(HostText, leavesOrdinaryTextAsItIs)
+{
+    for (const char16_t *text : { u"deep work > busy work", u"<b>&amp;</b>", u"  two blanks  ",
+             u"make it count ⚡️", u"👩‍👩‍👧 family", u"שלום", u"a\u00a0b", u"" })
+        EXPECT_EQ(hostText(QString::fromUtf16(text)), QString::fromUtf16(text));
+}
+
+TEST(HostText, makesEachRunOfLineBreaksAndControlCharactersOneBlank)
+{
+    EXPECT_EQ(hostText(QStringLiteral("one\ntwo")), QStringLiteral("one two"));
+    EXPECT_EQ(hostText(QStringLiteral("one\r\n\r\ntwo")), QStringLiteral("one two"));
+    EXPECT_EQ(hostText(QStringLiteral("one\t\x07two")), QStringLiteral("one two"));
+    EXPECT_EQ(
+        hostText(QStringLiteral("one\u2028two\u2029three\u0085four")), QStringLiteral("one two three four"));
+    EXPECT_EQ(hostText(QStringLiteral("\nedge\n")), QStringLiteral(" edge "));
+}
+
+TEST(HostText, keepsTheBlanksBesideALineBreak)
+{
+    EXPECT_EQ(hostText(QStringLiteral("one \n two")), QStringLiteral("one   two"));
+}
+
+TEST(HostText, replacesANullCharacterInsideTheText)
+{
+    EXPECT_EQ(hostText(QString(QStringLiteral("a") + QChar(0) + QStringLiteral("b"))), QStringLiteral("a b"));
+}
+
+} // namespace
+} // namespace glimmet

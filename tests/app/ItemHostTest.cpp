@@ -1,0 +1,150 @@
+#include "app/ItemHost.h"
+#include "app/ProgramName.h"
+#include "platform/SessionBus.h"
+#include "tests/app/PrivateBus.h"
+
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+/// A desktop's watcher, on a connection of its own, with or without a host behind it.
+class Watcher final : public QDBusVirtualObject {
+public:
+    explicit Watcher(QDBusConnection connection, bool hasHost = true)
+        : m_connection(std::move(connection))
+        , m_hasHost(hasHost)
+    {
+        m_connection.registerVirtualObject(QStringLiteral("/StatusNotifierWatcher"), this);
+        m_connection.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+    }
+    ~Watcher() override
+    {
+        m_connection.unregisterService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+        m_connection.unregisterObject(QStringLiteral("/StatusNotifierWatcher"));
+    }
+
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        if (message.member() == u"RegisterStatusNotifierItem") {
+            registered.append(message.arguments().value(0).toString());
+            return connection.send(message.createReply());
+        }
+        return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(m_hasHost))));
+    }
+    void setHasHost(bool hasHost)
+    {
+        m_hasHost = hasHost;
+        m_connection.send(QDBusMessage::createSignal(QStringLiteral("/StatusNotifierWatcher"),
+            QStringLiteral("org.kde.StatusNotifierWatcher"),
+            hasHost ? QStringLiteral("StatusNotifierHostRegistered")
+                    : QStringLiteral("StatusNotifierHostUnregistered")));
+    }
+    void look() const
+    {
+        call(m_connection, QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("GetAll"),
+            { QStringLiteral("org.kde.StatusNotifierItem") }, registered.last());
+    }
+
+    QStringList registered;
+
+private:
+    QDBusConnection m_connection;
+    bool m_hasHost;
+};
+
+class ItemHostTest : public testing::Test {
+protected:
+    ItemHostTest()
+        : desktop(daemon.peer(QStringLiteral("desktop")))
+    {
+        bus.open();
+        bus.connection().registerService(programName);
+    }
+    ~ItemHostTest() override { QDBusConnection::disconnectFromBus(QStringLiteral("desktop")); }
+
+    PrivateBus daemon;
+    QDBusConnection desktop;
+    SessionBus bus;
+};
+
+TEST_F(ItemHostTest, isNotAvailableWhereNobodyShowsItems)
+{
+    const ItemHost host(bus);
+
+    EXPECT_FALSE(host.isAvailable());
+}
+
+TEST_F(ItemHostTest, registersWithTheWatcherThatIsThere)
+{
+    const Watcher watcher(desktop);
+
+    const ItemHost host(bus);
+
+    EXPECT_TRUE(waitFor([&] { return host.isAvailable(); }));
+    EXPECT_EQ(watcher.registered, QStringList(programName));
+}
+
+TEST_F(ItemHostTest, registersAgainAfterARestartOfTheWatcher)
+{
+    const ItemHost host(bus);
+    for (int round = 0; round < 3; ++round) {
+        {
+            const Watcher watcher(desktop);
+            ASSERT_TRUE(waitFor([&] { return host.isAvailable() && watcher.registered.size() == 1; }))
+                << round;
+        }
+        ASSERT_TRUE(waitFor([&] { return !host.isAvailable(); })) << round;
+    }
+}
+
+TEST_F(ItemHostTest, isAvailableOnlyWhileTheWatcherHasAHost)
+{
+    Watcher watcher(desktop, false);
+    const ItemHost host(bus);
+    ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 1; }));
+    EXPECT_FALSE(host.isAvailable());
+
+    watcher.setHasHost(true);
+    EXPECT_TRUE(waitFor([&] { return host.isAvailable(); }));
+
+    watcher.setHasHost(false);
+    EXPECT_TRUE(waitFor([&] { return !host.isAvailable(); }));
+}
+
+TEST_F(ItemHostTest, registersUnderANewNameWhereTheHostNeverLooksAtIt)
+{
+    const Watcher watcher(desktop);
+    const ItemHost host(bus);
+
+    ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 2; }));
+
+    EXPECT_NE(watcher.registered.at(1), programName);
+    watcher.look();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return watcher.registered.size() > 2; }, 3500));
+}
+
+TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)
+{
+    auto watcher = std::make_unique<Watcher>(desktop);
+    const ItemHost host(bus);
+    ASSERT_TRUE(waitFor([&] { return host.isAvailable(); }));
+
+    watcher.reset();
+    daemon.kill();
+    ASSERT_TRUE(waitFor([&] { return !host.isAvailable(); }));
+    daemon.start();
+    const Watcher another(daemon.peer(QStringLiteral("another")));
+
+    EXPECT_TRUE(waitFor([&] { return host.isAvailable() && another.registered.size() == 1; }));
+    QDBusConnection::disconnectFromBus(QStringLiteral("another"));
+}
+
+} // namespace
+} // namespace glimmet

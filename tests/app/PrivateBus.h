@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <functional>
+
+namespace glimmet {
+
+/// A real session bus of the test's own, at one address for its whole life, also over a restart.
+class PrivateBus {
+public:
+    PrivateBus();
+    ~PrivateBus();
+    Q_DISABLE_COPY_MOVE(PrivateBus)
+
+    void start();
+    void kill();
+    /// A further connection to it, as another program has one.
+    QDBusConnection peer(const QString &name) const;
+
+private:
+    QTemporaryDir m_folder;
+    QString m_address;
+    QProcess m_daemon;
+};
+
+/// Lets events happen until `condition` holds; false after ten seconds.
+bool waitFor(const std::function<bool()> &condition);
+
+/// The answer to a call, while this process goes on serving its own objects.
+QDBusMessage call(const QDBusConnection &connection, const QString &path, const QString &interface,
+    const QString &method, const QVariantList &arguments = {},
+    const QString &service = QStringLiteral("me.kerno.glimmet"));
+
+} // namespace glimmet

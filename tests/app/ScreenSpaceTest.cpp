@@ -1,0 +1,92 @@
+#include "app/ScreenSpace.h"
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+constexpr QSize panel(340, 540);
+
+ScreenSpace screen(QRect geometry, double scale = 1, int topBar = 27)
+{
+    return { geometry, geometry.adjusted(0, topBar, 0, 0), scale };
+}
+
+TEST(PanelGeometry, dropsThePanelCentredUnderItsItem)
+{
+    const QRect panelRect = panelGeometry(panel, { 600, 13 }, screen({ 0, 0, 1280, 800 }));
+
+    EXPECT_EQ(panelRect, QRect(600 - 170, 27 + 4, 340, 540));
+}
+
+TEST(PanelGeometry, keepsThePanelWhollyOnTheItemsScreenAtEveryPosition)
+{
+    for (const QRect &geometry :
+        { QRect(0, 0, 1280, 800), QRect(1280, -200, 1024, 768), QRect(-1920, 0, 1920, 1080) }) {
+        const ScreenSpace space = screen(geometry);
+        for (int x = geometry.left(); x <= geometry.right(); x += 7) {
+            for (int y = geometry.top(); y <= geometry.bottom(); y += 13) {
+                const QRect rect = panelGeometry(panel, { x, y }, space);
+                ASSERT_TRUE(space.available.contains(rect)) << x << ',' << y;
+                ASSERT_EQ(rect.size(), panel);
+            }
+        }
+    }
+}
+
+TEST(PanelGeometry, lowersThePanelOnALowScreen)
+{
+    const ScreenSpace low = screen({ 0, 0, 800, 480 });
+
+    const QRect rect = panelGeometry(panel, { 790, 10 }, low);
+
+    EXPECT_TRUE(low.available.contains(rect));
+    EXPECT_EQ(rect.width(), 340);
+    EXPECT_EQ(rect.height(), 480 - 27 - 8);
+}
+
+TEST(PanelGeometry, opensAboveAnItemAtTheLowerEdge)
+{
+    const ScreenSpace space{ { 0, 0, 1280, 800 }, { 0, 0, 1280, 760 }, 1 };
+
+    const QRect rect = panelGeometry(panel, { 1000, 780 }, space);
+
+    EXPECT_EQ(rect.bottom(), 760 - 4 - 1);
+}
+
+TEST(ScreenSpace, turnsNativePositionsIntoLogicalOnesFromTheScreensOrigin)
+{
+    const ScreenSpace right = screen({ 2560, 0, 1280, 800 }, 2);
+
+    EXPECT_EQ(right.toLogical({ 2560 + 200, 50 }), QPoint(2560 + 100, 25));
+    EXPECT_EQ(right.toNative({ 2570, 10, 340, 540 }), QRect(2580, 20, 680, 1080));
+    EXPECT_EQ(right.nativeGeometry(), QRect(2560, 0, 2560, 1600));
+}
+
+TEST(ScreenSpace, holdsFractionalScalesWithinAPixel)
+{
+    const ScreenSpace space = screen({ 0, 0, 1024, 640 }, 1.25);
+
+    for (int x = 0; x < 1280; ++x) {
+        const int back = space.toNative({ space.toLogical({ x, 0 }), QSize() }).left();
+        ASSERT_LE(std::abs(back - x), 1) << x;
+    }
+}
+
+TEST(ScreenSpace, findsTheScreenOfANativePosition)
+{
+    const QList<ScreenSpace> screens{ screen({ 0, 0, 1280, 800 }, 2), screen({ 2560, 0, 1920, 1080 }) };
+
+    EXPECT_EQ(screenAt(screens, { 2500, 1500 }).geometry, screens.at(0).geometry);
+    EXPECT_EQ(screenAt(screens, { 2600, 10 }).geometry, screens.at(1).geometry);
+}
+
+TEST(ScreenSpace, takesTheFirstScreenForAPositionOnNone)
+{
+    const QList<ScreenSpace> screens{ screen({ 0, 0, 1280, 800 }), screen({ 1280, 0, 1920, 1080 }) };
+
+    EXPECT_EQ(screenAt(screens, { -50, 5000 }).geometry, screens.first().geometry);
+}
+
+} // namespace
+} // namespace glimmet

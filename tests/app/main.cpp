@@ -1,0 +1,14 @@
+#include <QGuiApplication>
+
+#include <gmock/gmock.h>
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Nothing of a desktop that happens to be there takes part.
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    qunsetenv("XDG_RUNTIME_DIR");
+    testing::InitGoogleMock(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
