@@ -7,6 +7,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 
 namespace glimmet {

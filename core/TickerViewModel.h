@@ -209,6 +209,8 @@ private:
     void saveDeadlines();
 
     void handleCryptoRotation();
+    /// The list is not empty.
+    QString symbolOnShow() const;
     QString cryptoDisplay() const;
     void loadCryptoSymbols();
     void fetchPrice(const QString &symbol);

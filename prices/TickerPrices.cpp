@@ -12,11 +12,16 @@ namespace glimmet {
 
 using namespace std::chrono_literals;
 
+QString TickerViewModel::symbolOnShow() const
+{
+    return m_cryptoSymbols.at(wrapped(m_currentCryptoIndex, m_cryptoSymbols.size()));
+}
+
 QString TickerViewModel::cryptoDisplay() const
 {
     if (m_cryptoSymbols.isEmpty())
         return QStringLiteral("add symbol");
-    const QString &symbol = m_cryptoSymbols.at(wrapped(m_currentCryptoIndex, m_cryptoSymbols.size()));
+    const QString symbol = symbolOnShow();
     const auto price = m_cryptoPrices.constFind(symbol);
     if (price != m_cryptoPrices.constEnd())
         return price->menuBarString();
@@ -34,7 +39,8 @@ void TickerViewModel::handleCryptoRotation()
     const qsizetype count = m_cryptoSymbols.size();
     if (count >= 2)
         setCurrentCryptoIndex(wrapped(checkedSum(m_currentCryptoIndex, 1), count));
-    fetchPrice(m_cryptoSymbols.at(wrapped(m_currentCryptoIndex, count)));
+    if (!m_cryptoSymbols.isEmpty()) // Who hears of the new index may change the list.
+        fetchPrice(symbolOnShow());
 }
 
 void TickerViewModel::setCryptoSymbols(const QStringList &symbols)
