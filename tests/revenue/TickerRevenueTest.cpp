@@ -1,0 +1,134 @@
+#include "tests/support/TestWorld.h"
+
+namespace glimmet {
+namespace {
+
+/// A ticker whose first fetch, that of the start, is answered.
+class TickerRevenue : public TickerTest {
+protected:
+    TickerRevenue() { world.revenue.answer(0, u"💰 $1.00"_s); }
+    std::size_t fetches() const { return world.revenue.count() - 1; }
+};
+
+TEST_F(TickerRevenue, isFetchedAgainEveryFiveMinutes)
+{
+    world.timers.advance(300s - 1ms);
+    EXPECT_EQ(fetches(), 0U);
+    world.timers.advance(1ms);
+    EXPECT_EQ(fetches(), 1U);
+    world.timers.advance(300s);
+    EXPECT_EQ(fetches(), 2U);
+}
+
+TEST_F(TickerRevenue, isFetchedForTheChoicesOfTheMoment)
+{
+    ticker.setRevenueProvider(RevenueProvider::Stripe);
+    ticker.setRevenueMode(RevenueMode::Week);
+    ticker.setRevenueMetric(RevenueMetric::Top);
+
+    ticker.fetchRevenue();
+
+    EXPECT_EQ(world.revenue.query(1).provider, RevenueProvider::Stripe);
+    EXPECT_EQ(world.revenue.query(1).period, RevenueMode::Week);
+    EXPECT_EQ(world.revenue.query(1).metric, RevenueMetric::Top);
+}
+
+TEST_F(TickerRevenue, isNotFetchedByAChoiceInAnotherMode)
+{
+    ticker.setRevenueMode(RevenueMode::Week);
+    ticker.setRevenueMetric(RevenueMetric::Top);
+    ticker.setStripeAPIKey(u"k"_s);
+
+    EXPECT_EQ(fetches(), 0U);
+}
+
+TEST_F(TickerRevenue, isFetchedByEveryChoiceInItsModeAlsoByAnEqualOne)
+{
+    ticker.setMode(TickerMode::Revenue);
+    const std::vector<std::function<void()>> assignments{
+        [this] { ticker.setRevenueMode(ticker.revenueMode()); },
+        [this] { ticker.setRevenueMetric(ticker.revenueMetric()); },
+        [this] { ticker.setPolarAPIKey(ticker.polarAPIKey()); },
+        [this] { ticker.setRevenueCatAPIKey(ticker.revenueCatAPIKey()); },
+        [this] { ticker.setRevenueCatProjectID(ticker.revenueCatProjectID()); },
+        [this] { ticker.setDodoAPIKey(ticker.dodoAPIKey()); },
+        [this] { ticker.setDodoCurrency(ticker.dodoCurrency()); },
+        [this] { ticker.setStripeAPIKey(ticker.stripeAPIKey()); },
+        [this] { ticker.setStripeCurrency(ticker.stripeCurrency()); },
+        [this] { ticker.setLemonSqueezyAPIKey(ticker.lemonSqueezyAPIKey()); },
+    };
+
+    for (std::size_t i = 0; i < assignments.size(); ++i) {
+        assignments[i]();
+        EXPECT_EQ(fetches(), i + 1);
+    }
+}
+
+TEST_F(TickerRevenue, isNotFetchedByAChoiceOfThePlatformAlone)
+{
+    ticker.setMode(TickerMode::Revenue);
+    ticker.setRevenueProvider(RevenueProvider::Dodo);
+
+    EXPECT_EQ(fetches(), 0U);
+}
+
+TEST_F(TickerRevenue, isFetchedByItsModeCardAlsoByASecondTap)
+{
+    ticker.chooseMode(TickerMode::Revenue);
+    ticker.chooseMode(TickerMode::Revenue);
+
+    EXPECT_EQ(fetches(), 2U);
+}
+
+TEST_F(TickerRevenue, isMarkedAsFetchingUntilTheAnswer)
+{
+    EXPECT_FALSE(ticker.isFetchingRevenue());
+    ticker.fetchRevenue();
+    EXPECT_TRUE(ticker.isFetchingRevenue());
+    world.revenue.answer(1, u"💰 $5.00"_s);
+    EXPECT_FALSE(ticker.isFetchingRevenue());
+    EXPECT_EQ(ticker.revenueLabel(), u"💰 $5.00"_s);
+}
+
+TEST_F(TickerRevenue, keepsTheLastFigureWhileAFetchIsNeverAnswered)
+{
+    ticker.setMode(TickerMode::Revenue);
+    tick(3600);
+
+    EXPECT_EQ(shown(), u"💰 $1.00"_s);
+    EXPECT_TRUE(ticker.isFetchingRevenue());
+}
+
+TEST_F(TickerRevenue, isTheAnswerThatArrivesLast)
+{
+    ticker.fetchRevenue();
+    ticker.fetchRevenue();
+    world.revenue.answer(2, u"💰 $2.00"_s);
+    world.revenue.answer(1, u"💰 $9.00"_s);
+
+    EXPECT_EQ(ticker.revenueLabel(), u"💰 $9.00"_s);
+}
+
+TEST_F(TickerRevenue, recordsAnErrorUntilTheNextFetchBegins)
+{
+    world.revenue.answer(0, u"⚠ invalid key"_s);
+    EXPECT_EQ(ticker.revenueLabel(), u"⚠ invalid key"_s);
+    EXPECT_EQ(ticker.lastFetchError(), u"⚠ invalid key"_s);
+
+    ticker.handleRevenueResult(u"💰 $5.00"_s);
+    EXPECT_EQ(ticker.lastFetchError(), u"⚠ invalid key"_s);
+
+    ticker.fetchRevenue();
+    EXPECT_EQ(ticker.lastFetchError(), std::nullopt);
+}
+
+TEST_F(TickerRevenue, showsAMissingKeyWithoutRecordingAnError)
+{
+    world.revenue.answer(0, u"add api key"_s);
+
+    EXPECT_EQ(ticker.revenueLabel(), u"add api key"_s);
+    EXPECT_EQ(ticker.lastFetchError(), std::nullopt);
+}
+
+} // namespace
+} // namespace glimmet

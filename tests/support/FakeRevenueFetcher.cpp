@@ -1,0 +1,15 @@
+#include "tests/support/FakeRevenueFetcher.h"
+
+namespace glimmet {
+
+void FakeRevenueFetcher::fetch(const RevenueQuery &query, std::function<void(QString)> completion)
+{
+    m_requests.push_back({ query, std::move(completion) });
+}
+
+void FakeRevenueFetcher::answer(std::size_t request, const QString &text)
+{
+    m_requests.at(request).completion(text);
+}
+
+} // namespace glimmet
