@@ -22,7 +22,7 @@ gi.require_version("Gio", "2.0")
 
 from desktop import gnome, settings_portal  # noqa: E402
 from desktop.accessibility import AccessibilityTree  # noqa: E402
-from desktop.bus import Bus  # noqa: E402
+from desktop.bus import connect_when_there  # noqa: E402
 from desktop.processes import DesktopError, Processes, wait_for  # noqa: E402
 from desktop.screen import Screen  # noqa: E402
 
@@ -76,7 +76,6 @@ class VirtualDesktop:
     def _start_parts(self):
         self._start_screen()
         self.start_session_bus()
-        self._start_services()
         if self.kind == "gnome":
             gnome.start_system_bus(self)
             gnome.start_shell(self)
@@ -100,20 +99,24 @@ class VirtualDesktop:
         self.screen = Screen(self.environment, self._size)
 
     def start_session_bus(self):
-        """Starts the session bus, or starts it again after stop_session_bus, under the same address."""
+        """Starts the session bus and its services, or after stop_session_bus again, under the same address."""
         socket = self.runtime / "bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
         self._session_bus = self.start("session-bus", [
             "dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:path={socket}"])
-        wait_for(socket.exists, 10, "the session bus")
-        self.bus = Bus(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.bus = connect_when_there(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self._start_services()
 
     def stop_session_bus(self):
-        """Kills the session bus, as a crash of it would."""
+        """Kills the session bus, as a crash of it would; its services end with it."""
         self._session_bus.kill()
         self._session_bus.wait()
         (self.runtime / "bus").unlink(missing_ok=True)
         self.bus.close()
+        self._tree = None
+
+    def has_session_bus(self):
+        return self._session_bus.poll() is None
 
     def _start_services(self):
         keyring = self.start("keyring", ["gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets"],

@@ -5,8 +5,21 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
+from desktop.processes import wait_for  # noqa: E402
+
 DAEMON = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
 PROPERTIES = "org.freedesktop.DBus.Properties"
+
+
+def connect_when_there(address, seconds=10):
+    """A client of a bus that is just starting: its socket exists a moment before it answers."""
+    def connected():
+        try:
+            return Bus(address)
+        except GLib.Error:
+            return None
+
+    return wait_for(connected, seconds, f"the bus at {address}")
 
 
 class Bus:

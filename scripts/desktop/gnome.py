@@ -4,7 +4,7 @@ import sys
 
 from gi.repository import GLib
 
-from desktop.bus import Bus
+from desktop.bus import connect_when_there
 from desktop.processes import wait_for
 from desktop.screen import Area
 
@@ -49,9 +49,8 @@ def start_system_bus(desktop):
     configuration.write_text(SYSTEM_BUS.format(path=path))
     desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={path}"
     desktop.start("system-bus", ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile"])
-    wait_for(path.exists, 10, "the system bus")
+    bus = connect_when_there(desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"])
     desktop.start("logind", [sys.executable, "-m", "dbusmock", "--system", "--template", "logind"])
-    bus = Bus(desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"])
     wait_for(lambda: bus.owner("org.freedesktop.login1"), 10, "the login manager")
     bus.close()
 

@@ -40,7 +40,10 @@ class Glimmet:
         return self
 
     def is_on_the_bus(self):
-        return self.process.poll() is None and self.desktop.bus.owner(NAME) is not None
+        try:
+            return self.process.poll() is None and bool(self.label)
+        except GLib.Error:
+            return False  # Neither name nor item yet, or the name alone.
 
     @property
     def label(self):

@@ -3,7 +3,7 @@
 import unittest
 
 from desktop.processes import wait_for, watch_for
-from desktop.program import ITEM, NAME, STRIP
+from desktop.program import ITEM, STRIP
 from desktop_case import DesktopCase
 from watcher import Watcher
 
@@ -18,7 +18,7 @@ class Hosts(DesktopCase):
         self.addCleanup(self.watcher.kill)
 
     def assert_registered(self):
-        name, path = self.watcher.wait_for_item()
+        name, path = self.watcher.wait_for_item(15)
         self.assertEqual(path, ITEM)
         self.assertEqual(self.desktop.bus.process_of(name), self.glimmet.process.pid)
 
@@ -71,19 +71,43 @@ class Hosts(DesktopCase):
 
         self.glimmet.wait_for_strip()
 
-    def test_survives_the_loss_of_the_session_bus_with_a_strip(self):
-        self.start_watcher()
-        self.launch()
-        self.watcher.wait_for_item()
-
+    def lose_the_session_bus(self):
         self.desktop.stop_session_bus()
-        # The lost bus takes its host down as well.
-        self.addCleanup(self.desktop.start_session_bus)
+        self.addCleanup(self.restore_the_session_bus)
+
+    def restore_the_session_bus(self):
+        if not self.desktop.has_session_bus():
+            self.desktop.start_session_bus()
+
+    def test_survives_the_loss_of_the_session_bus_with_a_strip(self):
+        self.launch()
+
+        self.lose_the_session_bus()
 
         strip = self.glimmet.wait_for_strip()
         pictures = set()
         wait_for(lambda: pictures.add(self.screen.pixels(strip)) or len(pictures) > 2, 5, "a text that goes on")
         self.assertIsNone(self.glimmet.process.poll())
+
+    def test_survives_a_session_bus_that_is_lost_in_the_midst_of_its_start(self):
+        for _ in range(20):
+            self.launch()
+            self.desktop.stop_session_bus()
+            # Long enough for calls under way to be answered by the loss.
+            watch_for(0.5)
+            self.assertIsNone(self.glimmet.process.poll())
+            self.glimmet.stop()
+            self.desktop.start_session_bus()
+
+    def test_registers_again_when_the_session_bus_is_back(self):
+        self.launch()
+        self.lose_the_session_bus()
+        self.glimmet.wait_for_strip()
+        self.restore_the_session_bus()
+
+        self.start_watcher()
+
+        self.assert_registered()
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 """Standard outputs that take nothing, and one that is read line by line."""
 
 import os
+import select
 import unittest
 
 from desktop.processes import wait_for
@@ -60,6 +61,17 @@ class Output(DesktopCase):
         os.close(read)
 
         self.assert_goes_on()
+
+    def test_tells_what_it_does_line_by_line_into_a_pipe(self):
+        read, write = os.pipe()
+        self.launch(stdout=write)
+        os.close(write)
+
+        with os.fdopen(read) as lines:
+            ready, _, _ = select.select([lines], [], [], 10)
+            self.assertTrue(ready, "nothing came while the program runs")
+            self.assertRegex(lines.readline(), r"^\[glimmet\] menu bar: .+\n$")
+        self.assertIsNone(self.glimmet.process.poll())
 
 
 if __name__ == "__main__":
