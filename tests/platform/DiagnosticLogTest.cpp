@@ -1,0 +1,227 @@
+#include "platform/DiagnosticLog.h"
+
+#include "tests/platform/ChildProcess.h"
+#include "tests/platform/TestFolder.h"
+#include "tests/support/Printing.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <thread>
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// What is in the pipe or socket now.
+QByteArray readNow(int descriptor)
+{
+    fcntl(descriptor, F_SETFL, O_NONBLOCK);
+    QByteArray all;
+    char chunk[4096];
+    for (ssize_t size = 0; (size = read(descriptor, chunk, sizeof chunk)) > 0;)
+        all.append(chunk, size);
+    return all;
+}
+
+bool isNonBlocking(int descriptor)
+{
+    return (fcntl(descriptor, F_GETFL) & O_NONBLOCK) != 0;
+}
+
+void fill(int descriptor)
+{
+    fcntl(descriptor, F_SETFL, O_NONBLOCK);
+    const QByteArray chunk(4096, '\n');
+    for (qsizetype size = chunk.size(); size > 0;) {
+        if (write(descriptor, chunk.constData(), static_cast<size_t>(size)) < 0)
+            size /= 2;
+    }
+    fcntl(descriptor, F_SETFL, 0);
+}
+
+TEST(DiagnosticLog, writesALineAtOnceIntoAPipe)
+{
+    const Pipe pipe;
+    DiagnosticLog log(pipe.writer());
+
+    log.line(u"Stripe HTTP 200"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] Stripe HTTP 200\n");
+    log.line(u"⚡️"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] ⚡️\n");
+}
+
+TEST(DiagnosticLog, turnsLineBreaksIntoBlanks)
+{
+    const Pipe pipe;
+    DiagnosticLog(pipe.writer()).line(u"a\nb\r\nc\n"_s);
+
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] a b  c \n");
+}
+
+TEST(DiagnosticLog, leavesAPipeThatOthersShareBlocking)
+{
+    const Pipe pipe;
+    DiagnosticLog(pipe.writer()).line(u"a"_s);
+
+    EXPECT_FALSE(isNonBlocking(pipe.writer()));
+}
+
+TEST(DiagnosticLog, losesLinesToAFullPipeWithoutWaiting)
+{
+    const Pipe pipe;
+    fill(pipe.writer());
+    DiagnosticLog log(pipe.writer());
+    log.line(u"lost"_s);
+
+    const QByteArray filling = readNow(pipe.reader());
+    EXPECT_EQ(filling.count('\n'), filling.size());
+    log.line(u"seen"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] seen\n");
+}
+
+TEST(DiagnosticLog, neverCutsALineShorterThanThePipesUnit)
+{
+    const Pipe pipe;
+    DiagnosticLog log(pipe.writer());
+    for (int i = 0; i < 5000; ++i)
+        log.line(QString(100, u'x'));
+
+    const QByteArrayList lines = readNow(pipe.reader()).split('\n');
+    EXPECT_GT(lines.size(), 100);
+    EXPECT_TRUE(lines.last().isEmpty());
+    for (const QByteArray &line : lines.mid(0, lines.size() - 1))
+        ASSERT_EQ(line, "[glimmet] " + QByteArray(100, 'x'));
+}
+
+TEST(DiagnosticLog, endsALineThatAPipeTookOnlyInPartBeforeTheNext)
+{
+    const Pipe pipe;
+    DiagnosticLog log(pipe.writer());
+    log.line(QString(1'000'000, u'x'));
+    const QByteArray part = readNow(pipe.reader());
+    ASSERT_FALSE(part.contains('\n'));
+
+    log.line(u"next"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "\n[glimmet] next\n");
+    log.line(u"another"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] another\n");
+}
+
+TEST(DiagnosticLog, outlivesTheReaderOfItsPipe)
+{
+    Pipe pipe;
+    DiagnosticLog log(pipe.writer());
+    pipe.closeReader();
+
+    log.line(u"a"_s);
+    log.line(u"b"_s);
+}
+
+TEST(DiagnosticLog, startsOnAPipeWithoutAReader)
+{
+    Pipe pipe;
+    pipe.closeReader();
+
+    DiagnosticLog(pipe.writer()).line(u"a"_s);
+}
+
+TEST(DiagnosticLog, bearsAFullDevice)
+{
+    const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
+    ASSERT_GE(full, 0);
+    DiagnosticLog log(full);
+    log.line(u"a"_s);
+    log.line(u"b"_s);
+    close(full);
+}
+
+TEST(DiagnosticLog, writesNothingIntoWhatIsOpenedLaterUnderAClosedNumber)
+{
+    const TestFolder folder;
+    const QByteArray path = QFile::encodeName(folder.file());
+    const int number = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    close(number);
+    DiagnosticLog log(number);
+    const int reused = open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_EQ(reused, number);
+
+    log.line(u"a"_s);
+    close(reused);
+
+    EXPECT_EQ(contentOf(folder.file()), "");
+}
+
+TEST(DiagnosticLog, writesIntoASocketWithoutWaitingForIt)
+{
+    int ends[2]{};
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
+    DiagnosticLog log(ends[1]);
+    log.line(u"a"_s);
+    EXPECT_EQ(readNow(ends[0]), "[glimmet] a\n");
+
+    for (int i = 0; i < 10'000; ++i)
+        log.line(QString(100, u'x'));
+    EXPECT_FALSE(isNonBlocking(ends[1]));
+    close(ends[0]);
+    log.line(u"b"_s);
+    close(ends[1]);
+}
+
+TEST(DiagnosticLog, appendsToARegularFileBetweenTheLinesOfOthers)
+{
+    const TestFolder folder;
+    const QByteArray path = QFile::encodeName(folder.file());
+    const int mine = open(path.constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    const int others = open(path.constData(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    DiagnosticLog log(mine);
+
+    log.line(u"a"_s);
+    ASSERT_EQ(write(others, "other\n", 6), 6);
+    log.line(u"b"_s);
+
+    EXPECT_EQ(contentOf(folder.file()), "[glimmet] a\nother\n[glimmet] b\n");
+    close(mine);
+    close(others);
+}
+
+TEST(DiagnosticLog, continuesARedirectedFileWhereItIsShared)
+{
+    const TestFolder folder;
+    const int shared =
+        open(QFile::encodeName(folder.file()).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    DiagnosticLog log(shared);
+
+    ASSERT_EQ(write(shared, "before\n", 7), 7);
+    log.line(u"a"_s);
+    ASSERT_EQ(write(shared, "after\n", 6), 6);
+
+    EXPECT_EQ(contentOf(folder.file()), "before\n[glimmet] a\nafter\n");
+    close(shared);
+}
+
+TEST(DiagnosticLog, keepsTheLinesOfManyThreadsWhole)
+{
+    const TestFolder folder;
+    const QByteArray path = QFile::encodeName(folder.file());
+    const int file = open(path.constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    DiagnosticLog log(file);
+    {
+        std::vector<std::jthread> threads;
+        for (int thread = 0; thread < 4; ++thread) {
+            threads.emplace_back([&log] {
+                for (int i = 0; i < 250; ++i)
+                    log.line(QString(200, u'x'));
+            });
+        }
+    }
+    close(file);
+
+    const QByteArray line = "[glimmet] " + QByteArray(200, 'x') + '\n';
+    EXPECT_EQ(contentOf(folder.file()), line.repeated(1000));
+}
+
+} // namespace
+} // namespace glimmet
