@@ -1,0 +1,87 @@
+#include "core/Deadline.h"
+#include "platform/Clock.h"
+#include "platform/ClockText.h"
+#include "platform/CurrencyText.h"
+
+#include <QDateTime>
+#include <QLocale>
+
+#include <benchmark/benchmark.h>
+#include <unicode/numfmt.h>
+#include <unicode/smpdtfmt.h>
+
+/// What a tick costs, beside the other ways to make the same text.
+namespace glimmet {
+namespace {
+
+void clockTextByPattern(benchmark::State &state)
+{
+    const SystemClock clock;
+    const SystemRegion region;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(clockText(u"HH:mm:ss", clock.now(), region));
+}
+BENCHMARK(clockTextByPattern);
+
+void clockTextByAKeptFormatter(benchmark::State &state)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::SimpleDateFormat format(icu::UnicodeString(u"HH:mm:ss"), icu::Locale("en_US"), status);
+    const SystemClock clock;
+    for (auto _ : state) {
+        icu::UnicodeString text;
+        format.format(clock.now().unixMilliseconds(), text);
+        benchmark::DoNotOptimize(text);
+    }
+}
+BENCHMARK(clockTextByAKeptFormatter);
+
+void clockTextByQLocale(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QLocale().toString(QDateTime::currentDateTime(), u"HH:mm:ss"));
+}
+BENCHMARK(clockTextByQLocale);
+
+void currencyTextByNumberFormatter(benchmark::State &state)
+{
+    const QString currency = QStringLiteral("USD");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(currencyText(12345678.9, currency, 2));
+}
+BENCHMARK(currencyTextByNumberFormatter);
+
+void currencyTextByNumberFormat(benchmark::State &state)
+{
+    for (auto _ : state) {
+        UErrorCode status = U_ZERO_ERROR;
+        const std::unique_ptr<icu::NumberFormat> format(
+            icu::NumberFormat::createCurrencyInstance(icu::Locale("en_US"), status));
+        icu::UnicodeString text;
+        format->format(12345678.9, text);
+        benchmark::DoNotOptimize(text);
+    }
+}
+BENCHMARK(currencyTextByNumberFormat);
+
+void currencyTextByQLocale(benchmark::State &state)
+{
+    const QLocale locale(QLocale::English, QLocale::UnitedStates);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(locale.toCurrencyString(12345678.9, QStringLiteral("$"), 2));
+}
+BENCHMARK(currencyTextByQLocale);
+
+void deadlinesRead(benchmark::State &state)
+{
+    QList<Deadline> deadlines;
+    for (int i = 0; i < state.range(0); ++i)
+        deadlines.append({QUuid::createUuid(), QStringLiteral("Math Exam"), Instant {7.8e8 + i * 0.1}});
+    const QByteArray json = *deadlinesToJson(deadlines);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(deadlinesFromJson(json));
+}
+BENCHMARK(deadlinesRead)->Arg(10)->Arg(1000);
+
+} // namespace
+} // namespace glimmet
