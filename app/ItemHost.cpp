@@ -24,7 +24,9 @@ const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
-constexpr auto unreadPatience = 3s;
+/// Now and then a host takes a registration and never shows the item. The same name again does not help it,
+/// nor a further name of the same connection; a new participant of the bus does.
+constexpr auto unseenPatience = 3s;
 constexpr int mostRegistrations = 4;
 /// Hosts gather changes for up to 60 ms: a shorter absence might go unnoticed and leave their menu open.
 constexpr auto menuClosingTime = 80ms;
@@ -45,13 +47,14 @@ ItemHost::ItemHost(SessionBus &bus, QObject *parent)
     , m_item(std::make_unique<StatusNotifierItem>())
     , m_menu(std::make_unique<NotifierMenu>())
 {
-    m_unreadTimer.setSingleShot(true);
-    m_unreadTimer.setInterval(unreadPatience);
+    m_unseenTimer.setSingleShot(true);
+    m_unseenTimer.setInterval(unseenPatience);
     m_menuTimer.setSingleShot(true);
     m_menuTimer.setInterval(menuClosingTime);
-    connect(&m_unreadTimer, &QTimer::timeout, this, &ItemHost::registerUnderNewName);
+    connect(&m_unseenTimer, &QTimer::timeout, this, &ItemHost::startOver);
     connect(&m_menuTimer, &QTimer::timeout, this, &ItemHost::handleMenuClosed);
-    connect(m_item.get(), &StatusNotifierItem::wasRead, &m_unreadTimer, &QTimer::stop);
+    connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
+    connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
     connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
     connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::closeMenu);
     connect(m_menu.get(), &NotifierMenu::openChosen, this, &ItemHost::openChosen);
@@ -99,14 +102,13 @@ void ItemHost::handleLost()
 void ItemHost::handleWatcher()
 {
     choosePresentation();
-    m_registrations = 0;
     registerItem();
     askForHost();
 }
 
 void ItemHost::handleWatcherGone()
 {
-    m_unreadTimer.stop();
+    m_unseenTimer.stop();
     setAvailable(false);
 }
 
@@ -115,6 +117,7 @@ void ItemHost::choosePresentation()
     using enum StatusNotifierItem::Presentation;
     const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
     const bool isMate = qgetenv("XDG_CURRENT_DESKTOP").toUpper().contains("MATE");
+    m_showsMenu = isGnome;
     m_item->setPresentation(isGnome ? Menu : isMate ? Label : Icon);
 }
 
@@ -129,14 +132,21 @@ void ItemHost::registerItem()
         m_bus.connection().registerService(name);
     m_bus.connection().send(
         watcherCall(watcherService, QStringLiteral("RegisterStatusNotifierItem"), { name }));
-    m_unreadTimer.start();
+    m_unseenTimer.start();
 }
 
-void ItemHost::registerUnderNewName()
+void ItemHost::handleRead(bool isOnlyTheBeginning)
 {
-    // Now and then a host answers a registration and then forgets it; the same name again does not help it.
-    if (m_registrations < mostRegistrations)
-        registerItem();
+    if (isOnlyTheBeginning)
+        return;
+    m_unseenTimer.stop();
+    m_registrations = 0;
+}
+
+void ItemHost::startOver()
+{
+    if (m_available && m_registrations < mostRegistrations)
+        m_bus.reopen();
 }
 
 void ItemHost::askForHost()
@@ -161,16 +171,22 @@ void ItemHost::setAvailable(bool available)
 
 void ItemHost::handleClick(QPoint position)
 {
+    noteAnchor(position);
+    emit clicked();
+}
+
+void ItemHost::noteAnchor(QPoint position)
+{
     // Hosts mean the pointer, the icon's corner or a place inside themselves by their position: the pointer
     // is where the user has just clicked. Only under Wayland it is not known while it is over the desktop's
     // own bar.
     const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     m_anchor = isWayland ? position : X11::pointerPosition().value_or(position);
-    emit clicked();
 }
 
 void ItemHost::closeMenu()
 {
+    noteAnchor(m_anchor.value_or(QPoint()));
     m_item->setActive(false);
     m_menuTimer.start();
 }
@@ -178,7 +194,7 @@ void ItemHost::closeMenu()
 void ItemHost::handleMenuClosed()
 {
     m_item->setActive(true);
-    handleClick(m_anchor.value_or(QPoint()));
+    emit clicked();
 }
 
 } // namespace glimmet

@@ -45,10 +45,12 @@ private:
     void handleWatcher();
     void handleWatcherGone();
     void registerItem();
-    void registerUnderNewName();
+    void handleRead(bool isOnlyTheBeginning);
+    void startOver();
     void setAvailable(bool available);
     void choosePresentation();
     void handleClick(QPoint position);
+    void noteAnchor(QPoint position);
     void closeMenu();
     void handleMenuClosed();
 
@@ -56,9 +58,10 @@ private:
     std::unique_ptr<StatusNotifierItem> m_item;
     std::unique_ptr<NotifierMenu> m_menu;
     std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
-    QTimer m_unreadTimer;
+    QTimer m_unseenTimer;
     QTimer m_menuTimer;
-    int m_registrations = 0;
+    int m_registrations = 0; ///< since the item was last seen
+    bool m_showsMenu = false;
     bool m_available = false;
     std::optional<QPoint> m_anchor;
 };

@@ -171,6 +171,8 @@ bool NotifierMenu::handleMessage(const QDBusMessage &message, const QDBusConnect
     if (!answer)
         return false;
     connection.send(message.createReply(*answer));
+    if (message.member() == u"GetLayout")
+        emit wasRead();
     if (message.member() == u"Event")
         handleEvent(message.arguments().value(0).toInt(), message.arguments().value(1).toString());
     return true;

@@ -23,6 +23,8 @@ public:
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 signals:
+    /// The host built its menu, which it does only for an item that it shows.
+    void wasRead();
     /// The host opened the menu.
     void opened();
     void closed();

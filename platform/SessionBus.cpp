@@ -48,6 +48,12 @@ void SessionBus::open()
     tryToConnect();
 }
 
+void SessionBus::reopen()
+{
+    handleDisconnected();
+    tryToConnect();
+}
+
 QString SessionBus::ownerOf(const QString &name) const
 {
     if (!isConnected())

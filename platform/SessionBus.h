@@ -17,6 +17,8 @@ public:
 
     /// Connects, or goes on trying. `connected` tells of the success, also of one at once.
     void open();
+    /// Leaves the bus and comes back as a new participant.
+    void reopen();
     QDBusConnection connection() const { return m_connection; }
     bool isConnected() const { return m_connection.isConnected(); }
 
