@@ -23,8 +23,8 @@ public:
     virtual void setColorScheme(ColorScheme scheme) = 0;
 };
 
-/// Makes panels. It comes as a module of its own that is loaded on the first opening, so that a program that only
-/// shows its text never carries the QML engine.
+/// Makes panels. It comes as a module of its own that is loaded on the first opening, so that a program that
+/// only shows its text never carries the QML engine.
 class PanelModule {
 public:
     virtual ~PanelModule() = default;

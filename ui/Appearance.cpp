@@ -1,0 +1,33 @@
+#include "ui/Appearance.h"
+
+#include <QFontDatabase>
+#include <QQmlEngine>
+
+namespace glimmet {
+
+Appearance::Appearance(QQmlEngine *engine)
+    : QObject(engine)
+{
+}
+
+Appearance *Appearance::create(QQmlEngine *engine, QJSEngine *)
+{
+    auto *appearance = engine->findChild<Appearance *>(QString(), Qt::FindDirectChildrenOnly);
+    if (appearance == nullptr)
+        appearance = new Appearance(engine);
+    QJSEngine::setObjectOwnership(appearance, QJSEngine::CppOwnership);
+    return appearance;
+}
+
+void Appearance::setScheme(ColorScheme scheme)
+{
+    m_palette = palette(scheme);
+    emit changed();
+}
+
+QString Appearance::monospacedFamily() const
+{
+    return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+}
+
+} // namespace glimmet

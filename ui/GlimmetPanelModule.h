@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ui/PanelModule.h"
+
+#include <QObject>
+
+namespace glimmet {
+
+/// What the program finds when it loads this library.
+class GlimmetPanelModule final : public QObject, public PanelModule {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID GLIMMET_PANEL_MODULE_IID)
+    Q_INTERFACES(glimmet::PanelModule)
+
+public:
+    std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) override;
+};
+
+} // namespace glimmet

@@ -1,0 +1,52 @@
+#include "ui/ModeFaces.h"
+
+namespace glimmet {
+
+QList<int> ModeFaces::all()
+{
+    QList<int> modes;
+    for (const auto &[mode, text] : rawValues<TickerMode>)
+        modes.append(static_cast<int>(mode));
+    return modes;
+}
+
+QString ModeFaces::label(int mode)
+{
+    return rawValue(static_cast<TickerMode>(mode));
+}
+
+QString ModeFaces::symbol(int mode)
+{
+    switch (static_cast<TickerMode>(mode)) {
+    case TickerMode::Clock:
+        return QStringLiteral("clock");
+    case TickerMode::Quote:
+        return QStringLiteral("text.bubble");
+    case TickerMode::Custom:
+        return QStringLiteral("pencil");
+    case TickerMode::Revenue:
+        return QStringLiteral("dollarsign.circle");
+    case TickerMode::Crypto:
+        return QStringLiteral("chart.line.uptrend.xyaxis");
+    case TickerMode::Deadline:
+        return QStringLiteral("timer");
+    }
+    return {};
+}
+
+bool ModeFaces::hasEditor(int mode)
+{
+    switch (static_cast<TickerMode>(mode)) {
+    case TickerMode::Clock:
+    case TickerMode::Quote:
+    case TickerMode::Custom:
+        return true;
+    case TickerMode::Revenue:
+    case TickerMode::Crypto:
+    case TickerMode::Deadline:
+        return false;
+    }
+    return false;
+}
+
+} // namespace glimmet

@@ -1,0 +1,12 @@
+#include "ui/Palette.h"
+
+namespace glimmet {
+
+Palette palette(ColorScheme scheme)
+{
+    if (scheme == ColorScheme::Dark)
+        return { QColor(0x1F, 0x1A, 0x17), QColor(0xF5, 0xEC, 0xE1), QColor(0xF2, 0x96, 0x5A) };
+    return { QColor(0xFB, 0xF7, 0xF1), QColor(0x2D, 0x23, 0x1D), QColor(0xB8, 0x47, 0x1C) };
+}
+
+} // namespace glimmet

@@ -1,0 +1,67 @@
+#include "ui/PanelWindow.h"
+
+#include "core/TickerViewModel.h"
+#include "ui/Appearance.h"
+#include "ui/Geometry.h"
+
+#include <QCoreApplication>
+#include <QQmlEngine>
+
+namespace glimmet {
+
+namespace {
+
+constexpr QSize panelSize(340, 540);
+constexpr int cornerRadius = 14;
+
+} // namespace
+
+PanelWindow::PanelWindow(TickerViewModel &ticker, const PanelModule::Options &options)
+    : m_isTranslucent(options.isTranslucent)
+    , m_host(QCoreApplication::applicationVersion())
+    , m_appearance(*new Appearance(m_view.engine()))
+{
+    dress();
+    connectHost();
+    setColorScheme(options.scheme);
+    m_view.setInitialProperties({
+        { QStringLiteral("ticker"), QVariant::fromValue(&ticker) },
+        { QStringLiteral("host"), QVariant::fromValue(&m_host) },
+    });
+    m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/SettingsPanel.qml")));
+    m_view.resize(panelSize);
+}
+
+void PanelWindow::dress()
+{
+    m_view.setTitle(QStringLiteral("glimmet"));
+    m_view.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    m_view.setResizeMode(QQuickView::SizeRootObjectToView);
+    if (m_isTranslucent)
+        return;
+    QObject::connect(&m_view, &QWindow::widthChanged, &m_view, [this] { maskCorners(); });
+    QObject::connect(&m_view, &QWindow::heightChanged, &m_view, [this] { maskCorners(); });
+}
+
+void PanelWindow::connectHost()
+{
+    // Queued, since the owner may destroy the panel as soon as its window goes, and QML is still running
+    // then.
+    QObject::connect(
+        &m_host, &PanelHost::closeRequested, &m_view, [this] { m_view.close(); }, Qt::QueuedConnection);
+    QObject::connect(
+        &m_host, &PanelHost::quitRequested, &m_view, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+}
+
+void PanelWindow::setColorScheme(ColorScheme scheme)
+{
+    m_appearance.setScheme(scheme);
+    m_view.setColor(m_isTranslucent ? QColor(Qt::transparent) : palette(scheme).background);
+}
+
+void PanelWindow::maskCorners()
+{
+    m_view.setMask(Geometry::roundedRegion(m_view.size(), cornerRadius));
+}
+
+} // namespace glimmet

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/PanelHost.h"
+#include "ui/PanelModule.h"
+
+#include <QQuickView>
+
+namespace glimmet {
+
+class Appearance;
+
+/// The panel in its window. It carries an engine of its own, so that closing it gives everything back.
+class PanelWindow final : public Panel {
+public:
+    PanelWindow(TickerViewModel &ticker, const PanelModule::Options &options);
+
+    QWindow &window() override { return m_view; }
+    void setColorScheme(ColorScheme scheme) override;
+
+private:
+    void dress();
+    void connectHost();
+    void maskCorners();
+
+    const bool m_isTranslucent;
+    PanelHost m_host;
+    QQuickView m_view;
+    Appearance &m_appearance; ///< the engine's
+};
+
+} // namespace glimmet

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+
+namespace glimmet {
+
+/// A filled rounded rectangle with a border painted over the fill, inside its edge. Unlike the toolkit's
+/// rectangle it keeps widths such as 1.5 and lets a see-through border show the fill under it.
+class RoundedBox : public QQuickPaintedItem {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY changed)
+    Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor NOTIFY changed)
+    Q_PROPERTY(qreal borderWidth READ borderWidth WRITE setBorderWidth NOTIFY changed)
+    Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY changed)
+
+public:
+    explicit RoundedBox(QQuickItem *parent = nullptr);
+
+    QColor color() const { return m_color; }
+    void setColor(const QColor &color);
+    QColor borderColor() const { return m_borderColor; }
+    void setBorderColor(const QColor &color);
+    qreal borderWidth() const { return m_borderWidth; }
+    void setBorderWidth(qreal width);
+    qreal radius() const { return m_radius; }
+    void setRadius(qreal radius);
+
+    void paint(QPainter *painter) override;
+
+signals:
+    void changed();
+
+private:
+    template <typename Value> void repaintWith(Value &member, const Value &value);
+
+    QColor m_color = Qt::transparent;
+    QColor m_borderColor = Qt::transparent;
+    qreal m_borderWidth = 0;
+    qreal m_radius = 0;
+};
+
+} // namespace glimmet

@@ -1,0 +1,61 @@
+#include "ui/SymbolImage.h"
+
+#include <QPainter>
+
+namespace glimmet {
+
+namespace {
+
+QString symbolFile(const QString &name)
+{
+    return QStringLiteral(":/qt-project.org/imports/Glimmet/symbols/%1.svg").arg(name);
+}
+
+} // namespace
+
+SymbolImage::SymbolImage(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+    setAntialiasing(true);
+}
+
+void SymbolImage::setName(const QString &name)
+{
+    if (m_name == name)
+        return;
+    m_name = name;
+    if (!name.isEmpty())
+        m_drawing.load(symbolFile(name));
+    emit nameChanged();
+    update();
+}
+
+void SymbolImage::setColor(const QColor &color)
+{
+    if (m_color == color)
+        return;
+    m_color = color;
+    emit colorChanged();
+    update();
+}
+
+void SymbolImage::setSize(qreal size)
+{
+    if (qFuzzyCompare(m_size, size))
+        return;
+    m_size = size;
+    setImplicitSize(size, size);
+    emit sizeChanged();
+}
+
+void SymbolImage::paint(QPainter *painter)
+{
+    if (m_name.isEmpty())
+        return;
+    m_drawing.render(painter, boundingRect());
+    // The drawings are black; what they cover takes the colour, with its opacity.
+    painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter->fillRect(boundingRect(), m_color);
+}
+
+} // namespace glimmet

@@ -1,0 +1,20 @@
+#include "ui/Wording.h"
+
+namespace glimmet {
+
+QString Wording::version(const QString &appVersion)
+{
+    return u'v' + appVersion + QStringLiteral(" ·");
+}
+
+QString Wording::usingDefaults(qsizetype count)
+{
+    return QStringLiteral("Using defaults (%1)").arg(count);
+}
+
+QString Wording::removing(const QString &item)
+{
+    return QStringLiteral("Remove ") + item;
+}
+
+} // namespace glimmet

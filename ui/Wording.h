@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace glimmet {
+
+/// The panel's texts that are put together from values.
+class Wording : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    /// "v1.2 ·"; an unknown version leaves its place empty.
+    Q_INVOKABLE static QString version(const QString &appVersion);
+    /// Says that the default quotes rotate, and how many there are.
+    Q_INVOKABLE static QString usingDefaults(qsizetype count);
+    /// What a screen reader says for the button that removes `item`.
+    Q_INVOKABLE static QString removing(const QString &item);
+};
+
+} // namespace glimmet

@@ -1,0 +1,49 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glimmet
+
+// A line of text to edit, in a border that takes the accent while it has the focus.
+T.TextField {
+    id: field
+
+    property real cornerRadius: Theme.rowRadius
+
+    implicitWidth: 120
+    implicitHeight: Math.ceil(contentHeight) + topPadding + bottomPadding
+    color: Theme.ink
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.background
+    font.family: Theme.family
+    font.pixelSize: Theme.fieldSize
+    verticalAlignment: TextInput.AlignVCenter
+
+    Accessible.role: Accessible.EditableText
+    Accessible.name: placeholderText
+
+    background: RoundedBox {
+        color: Theme.fieldFill
+        borderColor: field.activeFocus ? Theme.accent : Theme.fieldBorder
+        borderWidth: Theme.fieldBorderWidth
+        radius: field.cornerRadius
+
+        Behavior on borderColor {
+            ColorAnimation {
+                duration: Theme.borderDuration
+                easing.type: Theme.easeInOut
+            }
+        }
+    }
+
+    InkText {
+        x: field.leftPadding
+        width: field.width - field.leftPadding - field.rightPadding
+        height: field.height
+        verticalAlignment: Text.AlignVCenter
+        text: field.placeholderText
+        font: field.font
+        color: Theme.helpText
+        elide: Text.ElideRight
+        visible: field.length === 0 && field.preeditText.length === 0
+        Accessible.ignored: true
+    }
+}

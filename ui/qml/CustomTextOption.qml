@@ -1,0 +1,28 @@
+import QtQuick
+import Glimmet
+
+Column {
+    id: root
+
+    required property TickerViewModel ticker
+
+    spacing: Theme.rowSpacing
+
+    BorderedField {
+        width: root.width
+        leftPadding: 12
+        rightPadding: 12
+        topPadding: 10
+        bottomPadding: 10
+        cornerRadius: 9
+        font.pixelSize: 14
+        placeholderText: "Type your text…"
+        text: root.ticker.customText
+        onTextEdited: root.ticker.customText = text
+    }
+    InkText {
+        text: "Updates live as you type."
+        color: Theme.labelText
+        font.pixelSize: Theme.smallSize
+    }
+}

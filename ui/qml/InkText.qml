@@ -1,0 +1,11 @@
+import QtQuick
+import Glimmet
+
+// A text of the panel. What it shows is never markup: the user's words may hold angle brackets.
+Text {
+    color: Theme.ink
+    font.family: Theme.family
+    textFormat: Text.PlainText
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+}

@@ -1,0 +1,51 @@
+import QtQuick
+import Glimmet
+
+// The menu bar's text as large as it fits.
+Rectangle {
+    id: root
+
+    required property string text
+
+    implicitHeight: Math.ceil(preview.implicitHeight) + 2 * 14
+    color: Theme.fieldFill
+
+    InkText {
+        id: preview
+
+        readonly property real room: badge.x - 10 - x
+
+        x: Theme.pageMargin
+        anchors.verticalCenter: parent.verticalCenter
+        width: room / scale
+        scale: Geometry.fittingScale(implicitWidth, room)
+        transformOrigin: Item.Left
+        text: root.text
+        font.pixelSize: 26
+        font.weight: Theme.medium
+        maximumLineCount: 1
+        elide: Text.ElideRight
+    }
+    Rectangle {
+        id: badge
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.pageMargin
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.ceil(live.implicitWidth) + 2 * 6
+        height: Math.ceil(live.implicitHeight) + 2 * 3
+        radius: height / 2
+        color: Theme.badgeFill
+
+        InkText {
+            id: live
+            anchors.centerIn: parent
+            // The spacing after the last letter would push the word off the middle.
+            anchors.horizontalCenterOffset: font.letterSpacing / 2
+            text: "LIVE"
+            color: Theme.accent
+            font.pixelSize: Theme.captionSize
+            font.weight: Theme.bold
+            font.letterSpacing: 2
+        }
+    }
+}

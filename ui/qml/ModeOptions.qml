@@ -1,0 +1,46 @@
+import QtQuick
+import Glimmet
+
+Column {
+    id: root
+
+    required property TickerViewModel ticker
+
+    // The linter does not follow the alias by which the ticker names its enumeration.
+    readonly property int mode: ticker.mode // qmllint disable type
+    readonly property bool hasEditor: ModeFaces.hasEditor(mode)
+
+    leftPadding: Theme.pageMargin
+    rightPadding: Theme.pageMargin
+    bottomPadding: 16
+    spacing: Theme.sectionSpacing
+    visible: hasEditor
+
+    SectionLabel {
+        text: "OPTIONS"
+    }
+    Item {
+        id: editors
+        width: root.width - root.leftPadding - root.rightPadding
+        height: childrenRect.height
+
+        EditorSlot {
+            width: editors.width
+            shown: root.mode === TickerMode.Clock
+            ticker: root.ticker
+            editor: "ClockOptions.qml"
+        }
+        EditorSlot {
+            width: editors.width
+            shown: root.mode === TickerMode.Quote
+            ticker: root.ticker
+            editor: "QuoteOptions.qml"
+        }
+        EditorSlot {
+            width: editors.width
+            shown: root.mode === TickerMode.Custom
+            ticker: root.ticker
+            editor: "CustomTextOption.qml"
+        }
+    }
+}

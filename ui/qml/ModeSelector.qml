@@ -1,0 +1,42 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Glimmet
+
+Column {
+    id: root
+
+    required property TickerViewModel ticker
+
+    // The linter does not follow the alias by which the ticker names its enumeration.
+    readonly property int mode: ticker.mode // qmllint disable type
+
+    leftPadding: Theme.pageMargin
+    rightPadding: Theme.pageMargin
+    topPadding: 16
+    bottomPadding: 16
+    spacing: Theme.sectionSpacing
+
+    SectionLabel {
+        text: "DISPLAY MODE"
+    }
+    Grid {
+        id: grid
+        width: root.width - root.leftPadding - root.rightPadding
+        columns: 2
+        spacing: Theme.rowSpacing
+
+        Repeater {
+            model: ModeFaces.all
+
+            ModeCard {
+                required property int modelData
+
+                width: (grid.width - grid.spacing) / 2
+                label: ModeFaces.label(modelData)
+                symbol: ModeFaces.symbol(modelData)
+                selected: root.mode === modelData
+                onTapped: root.ticker.chooseMode(modelData)
+            }
+        }
+    }
+}

@@ -1,0 +1,60 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glimmet
+
+// A button of a text, a symbol or both, on a rounded fill.
+T.AbstractButton {
+    id: button
+
+    property string symbol
+    property real symbolSize: font.pixelSize
+    property color ink: Theme.ink
+    property color fill: Theme.buttonFill
+    property real cornerRadius: Theme.buttonRadius
+    property alias cursorShape: hover.cursorShape
+
+    implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
+    implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
+    focusPolicy: Qt.TabFocus
+    opacity: enabled ? (pressed ? Theme.pressedOpacity : 1) : Theme.disabledOpacity
+    font.family: Theme.family
+    font.pixelSize: Theme.buttonSize
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
+
+    background: Rectangle {
+        color: button.fill
+        radius: button.cornerRadius
+
+        FocusRing {
+            cornerRadius: button.cornerRadius
+            visible: button.visualFocus
+        }
+    }
+    contentItem: Row {
+        spacing: 4
+
+        SymbolImage {
+            anchors.verticalCenter: parent.verticalCenter
+            name: button.symbol
+            size: button.symbolSize
+            color: button.ink
+            visible: name.length > 0
+        }
+        InkText {
+            anchors.verticalCenter: parent.verticalCenter
+            text: button.text
+            font: button.font
+            color: button.ink
+            visible: text.length > 0
+            Accessible.ignored: true
+        }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+}

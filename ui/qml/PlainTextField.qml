@@ -1,0 +1,43 @@
+import QtQuick
+import Glimmet
+
+Column {
+    id: root
+
+    required property string caption
+    required property string placeholder
+    required property string text
+    property string help
+
+    signal edited(string text)
+
+    spacing: 5
+
+    InkText {
+        text: root.caption
+        color: Theme.softText
+        font.pixelSize: Theme.captionSize
+        font.weight: Theme.semibold
+        font.letterSpacing: 1.4
+    }
+    BorderedField {
+        width: root.width
+        leftPadding: 12
+        rightPadding: 12
+        topPadding: 9
+        bottomPadding: 9
+        font.family: Theme.monospacedFamily
+        placeholderText: root.placeholder
+        text: root.text
+        onTextEdited: root.edited(text)
+        Accessible.name: root.caption
+    }
+    InkText {
+        width: root.width
+        text: root.help
+        color: Theme.helpText
+        font.pixelSize: Theme.smallSize
+        wrapMode: Text.Wrap
+        visible: text.length > 0
+    }
+}

@@ -1,0 +1,57 @@
+import QtQuick
+import Glimmet
+
+Item {
+    id: root
+
+    required property TickerViewModel ticker
+
+    implicitHeight: button.height
+
+    InkText {
+        anchors.verticalCenter: parent.verticalCenter
+        text: "Auto-refreshes every 5 min"
+        color: Theme.helpText
+        font.pixelSize: Theme.smallSize
+        visible: !root.ticker.isFetchingRevenue
+    }
+    Row {
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 6
+        visible: root.ticker.isFetchingRevenue
+
+        SymbolImage {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "progress.indicator"
+            size: 16
+            scale: 0.6
+            color: Theme.ink
+
+            RotationAnimation on rotation {
+                running: root.ticker.isFetchingRevenue
+                loops: Animation.Infinite
+                from: 0
+                to: 360
+                duration: Theme.pulseDuration
+            }
+        }
+        InkText {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Fetching…"
+            color: Theme.busyText
+            font.pixelSize: Theme.buttonSize
+        }
+    }
+    PlainButton {
+        id: button
+        anchors.right: parent.right
+        leftPadding: 10
+        rightPadding: 10
+        topPadding: 5
+        bottomPadding: 5
+        text: "Refresh"
+        symbol: "arrow.clockwise"
+        enabled: !root.ticker.isFetchingRevenue
+        onClicked: root.ticker.fetchRevenue()
+    }
+}

@@ -1,0 +1,7 @@
+import QtQuick
+import Glimmet
+
+Rectangle {
+    implicitHeight: Theme.hairline
+    color: Theme.separator
+}

@@ -1,0 +1,65 @@
+pragma Singleton
+import QtQuick
+import Glimmet
+
+// One name for each size, colour and duration that recurs. Sizes are logical pixels, durations milliseconds.
+QtObject {
+    readonly property color background: Appearance.background
+    readonly property color ink: Appearance.ink
+    readonly property color accent: Appearance.accent
+    readonly property color knob: Appearance.knob
+    readonly property color clear: Qt.alpha(ink, 0)
+
+    readonly property color softText: Qt.alpha(ink, 0.4)
+    readonly property color labelText: Qt.alpha(ink, 0.38)
+    readonly property color helpText: Qt.alpha(ink, 0.35)
+    readonly property color faintText: Qt.alpha(ink, 0.3)
+    readonly property color faintestText: Qt.alpha(ink, 0.25)
+    readonly property color busyText: Qt.alpha(ink, 0.45)
+    readonly property color quietSymbol: Qt.alpha(ink, 0.2)
+    readonly property color cardSymbol: Qt.alpha(ink, 0.6)
+    readonly property color cardLabel: Qt.alpha(ink, 0.7)
+
+    readonly property color fieldFill: Qt.alpha(ink, 0.04)
+    readonly property color rowFill: Qt.alpha(ink, 0.05)
+    readonly property color buttonFill: Qt.alpha(ink, 0.07)
+    readonly property color cardBorder: Qt.alpha(ink, 0.1)
+    readonly property color fieldBorder: Qt.alpha(ink, 0.12)
+    readonly property color separator: Qt.alpha(ink, 0.08)
+    readonly property color divider: Qt.alpha(ink, 0.1)
+    readonly property color switchedOff: Qt.alpha(ink, 0.18)
+    readonly property color badgeFill: Qt.alpha(accent, 0.18)
+
+    readonly property string family: "Inter"
+    readonly property string monospacedFamily: Appearance.monospacedFamily
+    readonly property int regular: 400
+    readonly property int medium: 500
+    readonly property int semibold: 600
+    readonly property int bold: 700
+
+    readonly property int captionSize: 9
+    readonly property int smallSize: 10
+    readonly property int buttonSize: 11
+    readonly property int fieldSize: 12
+    readonly property int rowSize: 13
+    readonly property int symbolSize: 14
+
+    readonly property int panelRadius: 14
+    readonly property int cardRadius: 10
+    readonly property int rowRadius: 8
+    readonly property int buttonRadius: 7
+    readonly property int pageMargin: 20
+    readonly property int sectionSpacing: 10
+    readonly property int rowSpacing: 6
+    readonly property int hairline: 1
+    readonly property real fieldBorderWidth: 1.5
+    readonly property real focusRingWidth: 2
+    readonly property real pressedOpacity: 0.6
+    readonly property real disabledOpacity: 0.5
+
+    readonly property int modeDuration: 180
+    readonly property int editorDuration: 200
+    readonly property int borderDuration: 150
+    readonly property int pulseDuration: 900
+    readonly property int easeInOut: Easing.InOutQuad
+}
