@@ -36,9 +36,9 @@ bool isCanonicalUuid(const QString &text)
 QJsonObject toJson(const Deadline &deadline)
 {
     return {
-        {QStringLiteral("id"), deadline.id.toString(QUuid::WithoutBraces).toUpper()},
-        {QStringLiteral("title"), deadline.title},
-        {QStringLiteral("date"), deadline.date.secondsSince2001},
+        { QStringLiteral("id"), deadline.id.toString(QUuid::WithoutBraces).toUpper() },
+        { QStringLiteral("title"), deadline.title },
+        { QStringLiteral("date"), deadline.date.secondsSince2001 },
     };
 }
 
@@ -50,7 +50,7 @@ std::optional<Deadline> fromJson(const QJsonValue &value)
     const QJsonValue date = object.value(u"date");
     if (!isCanonicalUuid(id.toString()) || !title.isString() || !date.isDouble())
         return std::nullopt;
-    return Deadline {QUuid(id.toString()), title.toString(), Instant {date.toDouble()}};
+    return Deadline{ QUuid(id.toString()), title.toString(), Instant{ date.toDouble() } };
 }
 
 } // namespace
@@ -85,7 +85,7 @@ std::optional<QList<Deadline>> deadlinesFromJson(const QByteArray &json)
     if (!document.isArray())
         return std::nullopt;
     QList<Deadline> deadlines;
-    for (const QJsonValue &value : document.array()) {
+    for (const QJsonValue value : document.array()) {
         const auto deadline = fromJson(value);
         if (!deadline)
             return std::nullopt;

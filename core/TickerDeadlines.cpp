@@ -56,7 +56,7 @@ void TickerViewModel::setDeadlines(const QList<Deadline> &deadlines)
 
 void TickerViewModel::addDeadline(const Deadline &deadline)
 {
-    setDeadlines(m_deadlines + QList<Deadline> {deadline});
+    setDeadlines(m_deadlines + QList<Deadline>{ deadline });
     setDeadlines(deadlinesByDate(m_deadlines));
 }
 

@@ -19,12 +19,12 @@ using TickerModes::TickerMode;
 
 template <>
 inline constexpr std::array rawValues<TickerMode> = {
-    std::pair {TickerMode::Clock, QStringView(u"Clock")},
-    std::pair {TickerMode::Quote, QStringView(u"Quote")},
-    std::pair {TickerMode::Custom, QStringView(u"Custom")},
-    std::pair {TickerMode::Revenue, QStringView(u"Revenue")},
-    std::pair {TickerMode::Crypto, QStringView(u"Crypto")},
-    std::pair {TickerMode::Deadline, QStringView(u"Deadline")},
+    std::pair{ TickerMode::Clock, QStringView(u"Clock") },
+    std::pair{ TickerMode::Quote, QStringView(u"Quote") },
+    std::pair{ TickerMode::Custom, QStringView(u"Custom") },
+    std::pair{ TickerMode::Revenue, QStringView(u"Revenue") },
+    std::pair{ TickerMode::Crypto, QStringView(u"Crypto") },
+    std::pair{ TickerMode::Deadline, QStringView(u"Deadline") },
 };
 
 } // namespace glimmet

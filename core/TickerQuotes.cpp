@@ -51,7 +51,7 @@ void TickerViewModel::addQuote(const QString &text)
     const QString quote = trimmedBlanks(text);
     if (quote.isEmpty() || m_customQuotes.contains(quote))
         return;
-    setCustomQuotes(m_customQuotes + QStringList {quote});
+    setCustomQuotes(m_customQuotes + QStringList{ quote });
 }
 
 void TickerViewModel::removeQuote(const QString &text)

@@ -17,12 +17,12 @@ namespace glimmet {
 
 class RepeatingTimer;
 
-/// The one state object of the program: the display mode, every mode's options, and the line of text that the menu
-/// bar shows. Main thread only.
+/// The one state object of the program: the display mode, every mode's options, and the line of text that the
+/// menu bar shows. Main thread only.
 ///
-/// Each published property has a change signal that fires when its value changes. What an assignment causes (a list
-/// is saved, a rotation reset, a fetch started) happens on every assignment, also of an equal value: an assignment
-/// is a request, and what the request means may have changed elsewhere (the file, the server).
+/// Each published property has a change signal that fires when its value changes. What an assignment causes
+/// (a list is saved, a rotation reset, a fetch started) happens on every assignment, also of an equal value:
+/// an assignment is a request, and what the request means may have changed elsewhere (the file, the server).
 ///
 /// The engine runs from construction to destruction: a tick every second moves the rotations on and rebuilds
 /// `currentDisplay`, which is written nowhere else, so that a change shows within one second.
@@ -34,24 +34,27 @@ class TickerViewModel : public QObject {
     Q_PROPERTY(bool use24Hour READ use24Hour WRITE setUse24Hour NOTIFY use24HourChanged)
     Q_PROPERTY(glimmet::RevenueProvider revenueProvider READ revenueProvider WRITE setRevenueProvider NOTIFY
             revenueProviderChanged)
+    Q_PROPERTY(glimmet::RevenueMetric revenueMetric READ revenueMetric WRITE setRevenueMetric NOTIFY
+            revenueMetricChanged)
     Q_PROPERTY(
-        glimmet::RevenueMetric revenueMetric READ revenueMetric WRITE setRevenueMetric NOTIFY revenueMetricChanged)
-    Q_PROPERTY(glimmet::RevenueMode revenueMode READ revenueMode WRITE setRevenueMode NOTIFY revenueModeChanged)
+        glimmet::RevenueMode revenueMode READ revenueMode WRITE setRevenueMode NOTIFY revenueModeChanged)
     Q_PROPERTY(QString polarAPIKey READ polarAPIKey WRITE setPolarAPIKey NOTIFY polarAPIKeyChanged)
-    Q_PROPERTY(
-        QString revenueCatAPIKey READ revenueCatAPIKey WRITE setRevenueCatAPIKey NOTIFY revenueCatAPIKeyChanged)
+    Q_PROPERTY(QString revenueCatAPIKey READ revenueCatAPIKey WRITE setRevenueCatAPIKey NOTIFY
+            revenueCatAPIKeyChanged)
     Q_PROPERTY(QString revenueCatProjectID READ revenueCatProjectID WRITE setRevenueCatProjectID NOTIFY
             revenueCatProjectIDChanged)
     Q_PROPERTY(QString dodoAPIKey READ dodoAPIKey WRITE setDodoAPIKey NOTIFY dodoAPIKeyChanged)
     Q_PROPERTY(QString dodoCurrency READ dodoCurrency WRITE setDodoCurrency NOTIFY dodoCurrencyChanged)
     Q_PROPERTY(QString stripeAPIKey READ stripeAPIKey WRITE setStripeAPIKey NOTIFY stripeAPIKeyChanged)
-    Q_PROPERTY(QString stripeCurrency READ stripeCurrency WRITE setStripeCurrency NOTIFY stripeCurrencyChanged)
+    Q_PROPERTY(
+        QString stripeCurrency READ stripeCurrency WRITE setStripeCurrency NOTIFY stripeCurrencyChanged)
     Q_PROPERTY(QString lemonSqueezyAPIKey READ lemonSqueezyAPIKey WRITE setLemonSqueezyAPIKey NOTIFY
             lemonSqueezyAPIKeyChanged)
     Q_PROPERTY(QString revenueLabel READ revenueLabel NOTIFY revenueLabelChanged)
     Q_PROPERTY(bool isFetchingRevenue READ isFetchingRevenue NOTIFY isFetchingRevenueChanged)
     Q_PROPERTY(QString lastFetchError READ lastFetchErrorText NOTIFY lastFetchErrorChanged)
-    Q_PROPERTY(QStringList cryptoSymbols READ cryptoSymbols WRITE setCryptoSymbols NOTIFY cryptoSymbolsChanged)
+    Q_PROPERTY(
+        QStringList cryptoSymbols READ cryptoSymbols WRITE setCryptoSymbols NOTIFY cryptoSymbolsChanged)
     Q_PROPERTY(qint64 cryptoRotateInterval READ cryptoRotateInterval WRITE setCryptoRotateInterval NOTIFY
             cryptoRotateIntervalChanged)
     Q_PROPERTY(QHash<QString, glimmet::CryptoPrice> cryptoPrices READ cryptoPrices NOTIFY cryptoPricesChanged)
@@ -76,10 +79,12 @@ public:
 
     TickerMode mode() const { return m_mode; }
     void setMode(TickerMode mode);
-    /// What a tap on a mode card does: sets the mode, also the one that is set, and asks anew for what it shows.
+    /// What a tap on a mode card does: sets the mode, also the one that is set, and asks anew for what it
+    /// shows.
     Q_INVOKABLE void chooseMode(glimmet::TickerMode mode);
 
-    /// The line for the menu bar, as the mode has it. It may hold line breaks; a host cleans what it cannot show.
+    /// The line for the menu bar, as the mode has it. It may hold line breaks; a host cleans what it cannot
+    /// show.
     QString currentDisplay() const { return m_currentDisplay; }
 
     QString customText() const { return m_customText; }
@@ -192,7 +197,7 @@ private:
         if (member == value)
             return;
         member = value;
-        emit (this->*changed)();
+        emit(this->*changed)();
     }
     void tick();
     QString buildText() const;
@@ -237,7 +242,7 @@ private:
     QString m_revenueLabel = QStringLiteral("–");
     bool m_isFetchingRevenue = false;
     std::optional<QString> m_lastFetchError;
-    QStringList m_cryptoSymbols {QStringLiteral("BTC-USD"), QStringLiteral("ETH-USD")};
+    QStringList m_cryptoSymbols{ QStringLiteral("BTC-USD"), QStringLiteral("ETH-USD") };
     qint64 m_cryptoRotateInterval = 10;
     QHash<QString, CryptoPrice> m_cryptoPrices;
     qint64 m_currentCryptoIndex = 0;

@@ -20,7 +20,8 @@ inline qint64 checkedSum(qint64 a, qint64 b)
 /// `value` without its fraction; a value that is not finite or does not fit 64 bits ends the process.
 inline qint64 checkedTruncation(double value)
 {
-    // 2^63 is the first double above the range; its negative is the lowest value in it. NaN fails both comparisons.
+    // 2^63 is the first double above the range; its negative is the lowest value in it. NaN fails both
+    // comparisons.
     constexpr double limit = 9223372036854775808.0;
     if (!(value >= -limit && value < limit))
         fatal("a number is too large for an integer");

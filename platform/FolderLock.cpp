@@ -11,8 +11,9 @@
 namespace glimmet {
 namespace {
 
-constexpr int attempts = 100;
-constexpr unsigned long pauseMilliseconds = 10;
+// Short pauses: a program that writes without end frees the lock for moments only.
+constexpr int attempts = 1000;
+constexpr unsigned long pauseMilliseconds = 1;
 
 bool lockWithin(int descriptor)
 {

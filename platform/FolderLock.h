@@ -4,8 +4,8 @@
 
 namespace glimmet {
 
-/// Keeps other programs that take the same lock out of a folder while it lives. It is a lock on the folder itself
-/// (flock(2)), so nothing is left behind, also by a kill.
+/// Keeps other programs that take the same lock out of a folder while it lives. It is a lock on the folder
+/// itself (flock(2)), so nothing is left behind, also by a kill.
 class FolderLock {
 public:
     /// Waits up to a second for the lock.

@@ -6,8 +6,8 @@
 
 namespace glimmet {
 
-/// A moment, as seconds with fraction since 2001-01-01 00:00:00 UTC. The double is kept to the last bit, so that a
-/// stored moment reads back as the very same one.
+/// A moment, as seconds with fraction since 2001-01-01 00:00:00 UTC. The double is kept to the last bit, so
+/// that a stored moment reads back as the very same one.
 struct Instant {
     double secondsSince2001 = 0;
 
@@ -16,7 +16,7 @@ struct Instant {
 
     static constexpr Instant fromUnixSeconds(double seconds)
     {
-        return {seconds - static_cast<double>(unixEpochOffset)};
+        return { seconds - static_cast<double>(unixEpochOffset) };
     }
     /// Milliseconds since 1970-01-01 00:00:00 UTC.
     constexpr double unixMilliseconds() const
@@ -24,8 +24,10 @@ struct Instant {
         return (secondsSince2001 + static_cast<double>(unixEpochOffset)) * 1000.0;
     }
     /// This moment moved by `seconds`.
-    constexpr Instant advanced(double seconds) const { return {secondsSince2001 + seconds}; }
+    constexpr Instant advanced(double seconds) const { return { secondsSince2001 + seconds }; }
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 takes the zero inside a defaulted <=> for a
+    // pointer.
     friend constexpr auto operator<=>(Instant, Instant) = default;
 };
 

@@ -46,7 +46,7 @@ FileContent readFile(const QString &path)
 QStringList stringsOf(const QJsonArray &array)
 {
     QStringList list;
-    for (const QJsonValue &element : array)
+    for (const QJsonValue element : array)
         list.append(element.toString());
     return list;
 }

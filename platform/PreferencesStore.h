@@ -13,7 +13,8 @@ class PreferencesStore {
 public:
     virtual ~PreferencesStore() = default;
 
-    /// The list of texts under `key`. An empty list is a value; a list that holds anything but texts is absent.
+    /// The list of texts under `key`. An empty list is a value; a list that holds anything but texts is
+    /// absent.
     virtual std::optional<QStringList> stringList(const QString &key) const = 0;
     /// The bytes under `key`.
     virtual std::optional<QByteArray> data(const QString &key) const = 0;

@@ -8,8 +8,8 @@
 
 namespace glimmet {
 
-/// The cases of an enumeration with their text raw values, in display order. Each enumeration specialises this
-/// beside its declaration with an array of (case, raw value) pairs.
+/// The cases of an enumeration with their text raw values, in display order. Each enumeration specialises
+/// this beside its declaration with an array of (case, raw value) pairs.
 template <typename Enum> inline constexpr auto rawValues = nullptr;
 
 /// The text that stands for a case in lists and chips.

@@ -16,8 +16,8 @@ public:
 class Timers {
 public:
     virtual ~Timers() = default;
-    /// Calls `fired` on the main thread every `interval`, the first time one interval from now, until the returned
-    /// timer is destroyed. `fired` may destroy the timer.
+    /// Calls `fired` on the main thread every `interval`, the first time one interval from now, until the
+    /// returned timer is destroyed. `fired` may destroy the timer.
     virtual std::unique_ptr<RepeatingTimer> repeating(
         std::chrono::milliseconds interval, std::function<void()> fired) = 0;
 };

@@ -20,7 +20,7 @@ QByteArray icuLocaleName(const QByteArray &posixName)
 {
     const QByteArray name =
         posixName.left(posixName.indexOf('.') < 0 ? posixName.size() : posixName.indexOf('.'));
-    const QByteArray language = name.left(name.indexOf('@') < 0 ? name.size() : name.indexOf('@'));
+    QByteArray language = name.left(name.indexOf('@') < 0 ? name.size() : name.indexOf('@'));
     if (language.isEmpty() || language == "C" || language == "POSIX")
         return "en_US_POSIX";
     // The two scripts that POSIX names by a modifier; the others ("@euro") say nothing about a clock.

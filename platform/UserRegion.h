@@ -6,8 +6,8 @@
 
 namespace glimmet {
 
-/// Where the user is: the locale for dates and times and the time zone, both asked afresh at every call, since
-/// either may change while the program runs. Main thread.
+/// Where the user is: the locale for dates and times and the time zone, both asked afresh at every call,
+/// since either may change while the program runs. Main thread.
 class UserRegion {
 public:
     virtual ~UserRegion() = default;

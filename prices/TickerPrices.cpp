@@ -64,7 +64,8 @@ void TickerViewModel::setCurrentCryptoIndex(qint64 index)
 
 void TickerViewModel::loadCryptoSymbols()
 {
-    setCryptoSymbols(m_world.preferences.stringList(PreferencesKeys::cryptoSymbols).value_or(m_cryptoSymbols));
+    setCryptoSymbols(
+        m_world.preferences.stringList(PreferencesKeys::cryptoSymbols).value_or(m_cryptoSymbols));
 }
 
 void TickerViewModel::fetchAllCryptoPrices()

@@ -36,27 +36,27 @@ using RevenueProviders::RevenueProvider;
 
 template <>
 inline constexpr std::array rawValues<RevenueProvider> = {
-    std::pair {RevenueProvider::Polar, QStringView(u"Polar")},
-    std::pair {RevenueProvider::RevenueCat, QStringView(u"RevenueCat")},
-    std::pair {RevenueProvider::Dodo, QStringView(u"Dodo")},
-    std::pair {RevenueProvider::Stripe, QStringView(u"Stripe")},
-    std::pair {RevenueProvider::LemonSqueezy, QStringView(u"Lemon Squeezy")},
+    std::pair{ RevenueProvider::Polar, QStringView(u"Polar") },
+    std::pair{ RevenueProvider::RevenueCat, QStringView(u"RevenueCat") },
+    std::pair{ RevenueProvider::Dodo, QStringView(u"Dodo") },
+    std::pair{ RevenueProvider::Stripe, QStringView(u"Stripe") },
+    std::pair{ RevenueProvider::LemonSqueezy, QStringView(u"Lemon Squeezy") },
 };
 
 template <>
 inline constexpr std::array rawValues<RevenueMode> = {
-    std::pair {RevenueMode::Today, QStringView(u"Today")},
-    std::pair {RevenueMode::Week, QStringView(u"Week")},
-    std::pair {RevenueMode::Month, QStringView(u"Month")},
-    std::pair {RevenueMode::AllTime, QStringView(u"All Time")},
+    std::pair{ RevenueMode::Today, QStringView(u"Today") },
+    std::pair{ RevenueMode::Week, QStringView(u"Week") },
+    std::pair{ RevenueMode::Month, QStringView(u"Month") },
+    std::pair{ RevenueMode::AllTime, QStringView(u"All Time") },
 };
 
 template <>
 inline constexpr std::array rawValues<RevenueMetric> = {
-    std::pair {RevenueMetric::Revenue, QStringView(u"revenue")},
-    std::pair {RevenueMetric::Orders, QStringView(u"orders")},
-    std::pair {RevenueMetric::Avg, QStringView(u"avg")},
-    std::pair {RevenueMetric::Top, QStringView(u"top")},
+    std::pair{ RevenueMetric::Revenue, QStringView(u"revenue") },
+    std::pair{ RevenueMetric::Orders, QStringView(u"orders") },
+    std::pair{ RevenueMetric::Avg, QStringView(u"avg") },
+    std::pair{ RevenueMetric::Top, QStringView(u"top") },
 };
 
 } // namespace glimmet

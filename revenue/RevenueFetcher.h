@@ -17,8 +17,8 @@ struct RevenueQuery {
 class RevenueFetcher {
 public:
     virtual ~RevenueFetcher() = default;
-    /// Ends with exactly one call of `completion` on the main thread: the figure made by `format`, or an error text
-    /// that begins with "⚠ ".
+    /// Ends with exactly one call of `completion` on the main thread: the figure made by `format`, or an
+    /// error text that begins with "⚠ ".
     virtual void fetch(const RevenueQuery &query, std::function<void(QString)> completion) = 0;
 };
 

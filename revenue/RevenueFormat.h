@@ -11,8 +11,8 @@ struct RevenueTotals {
     qint64 max = 0; ///< largest single amount, cents
 };
 
-/// The menu-bar text of one figure. `currency` is an ISO 4217 code, used as given. Never fails: a code that the
-/// formatter rejects reads "$0.00".
+/// The menu-bar text of one figure. `currency` is an ISO 4217 code, used as given. Never fails: a code that
+/// the formatter rejects reads "$0.00".
 QString format(RevenueMetric metric, const RevenueTotals &totals, const QString &currency);
 
 } // namespace glimmet

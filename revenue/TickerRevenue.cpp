@@ -15,8 +15,8 @@ void TickerViewModel::fetchRevenue()
         return;
     publish(m_isFetchingRevenue, true, &TickerViewModel::isFetchingRevenueChanged);
     publish(m_lastFetchError, std::optional<QString>(), &TickerViewModel::lastFetchErrorChanged);
-    m_world.revenue->fetch(
-        {m_revenueProvider, m_revenueMode, m_revenueMetric}, [ticker = QPointer(this)](const QString &text) {
+    m_world.revenue->fetch({ m_revenueProvider, m_revenueMode, m_revenueMetric },
+        [ticker = QPointer(this)](const QString &text) {
             if (ticker)
                 ticker->handleRevenueResult(text);
         });
