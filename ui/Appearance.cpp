@@ -21,7 +21,7 @@ Appearance *Appearance::create(QQmlEngine *engine, QJSEngine *)
 
 void Appearance::setScheme(ColorScheme scheme)
 {
-    m_palette = palette(scheme);
+    m_colors = panelColors(scheme);
     emit changed();
 }
 

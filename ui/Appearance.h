@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Palette.h"
+#include "ui/PanelColors.h"
 
 #include <QObject>
 #include <QString>
@@ -30,11 +30,11 @@ public:
 
     void setScheme(ColorScheme scheme);
 
-    QColor background() const { return m_palette.background; }
-    QColor ink() const { return m_palette.ink; }
-    QColor accent() const { return m_palette.accent; }
+    QColor background() const { return m_colors.background; }
+    QColor ink() const { return m_colors.ink; }
+    QColor accent() const { return m_colors.accent; }
     /// The moving part of a switch, the same light one day and night.
-    QColor knob() const { return palette(ColorScheme::Light).background; }
+    QColor knob() const { return panelColors(ColorScheme::Light).background; }
     /// The desktop's own font for codes and keys.
     QString monospacedFamily() const;
 
@@ -42,7 +42,7 @@ signals:
     void changed();
 
 private:
-    Palette m_palette = palette(ColorScheme::Light);
+    PanelColors m_colors = panelColors(ColorScheme::Light);
 };
 
 } // namespace glimmet

@@ -56,7 +56,7 @@ void PanelWindow::connectHost()
 void PanelWindow::setColorScheme(ColorScheme scheme)
 {
     m_appearance.setScheme(scheme);
-    m_view.setColor(m_isTranslucent ? QColor(Qt::transparent) : palette(scheme).background);
+    m_view.setColor(m_isTranslucent ? QColor(Qt::transparent) : panelColors(scheme).background);
 }
 
 void PanelWindow::maskCorners()

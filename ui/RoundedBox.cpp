@@ -39,9 +39,14 @@ void RoundedBox::setRadius(qreal radius)
     repaintWith(m_radius, radius);
 }
 
+void RoundedBox::setMargin(qreal margin)
+{
+    repaintWith(m_margin, margin);
+}
+
 void RoundedBox::paint(QPainter *painter)
 {
-    const QRectF bounds = boundingRect();
+    const QRectF bounds = boundingRect().marginsRemoved({ m_margin, m_margin, m_margin, m_margin });
     painter->setPen(Qt::NoPen);
     painter->setBrush(m_color);
     painter->drawRoundedRect(bounds, m_radius, m_radius);

@@ -14,6 +14,8 @@ class RoundedBox : public QQuickPaintedItem {
     Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor NOTIFY changed)
     Q_PROPERTY(qreal borderWidth READ borderWidth WRITE setBorderWidth NOTIFY changed)
     Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY changed)
+    /// Empty room around the rectangle, inside the item.
+    Q_PROPERTY(qreal margin READ margin WRITE setMargin NOTIFY changed)
 
 public:
     explicit RoundedBox(QQuickItem *parent = nullptr);
@@ -26,6 +28,8 @@ public:
     void setBorderWidth(qreal width);
     qreal radius() const { return m_radius; }
     void setRadius(qreal radius);
+    qreal margin() const { return m_margin; }
+    void setMargin(qreal margin);
 
     void paint(QPainter *painter) override;
 
@@ -39,6 +43,7 @@ private:
     QColor m_borderColor = Qt::transparent;
     qreal m_borderWidth = 0;
     qreal m_radius = 0;
+    qreal m_margin = 0;
 };
 
 } // namespace glimmet

@@ -48,11 +48,26 @@ void SymbolImage::setSize(qreal size)
     emit sizeChanged();
 }
 
+void SymbolImage::setTurn(qreal degrees)
+{
+    if (qFuzzyCompare(1 + m_turn, 1 + degrees))
+        return;
+    m_turn = degrees;
+    emit turnChanged();
+    update();
+}
+
 void SymbolImage::paint(QPainter *painter)
 {
     if (m_name.isEmpty())
         return;
+    const QPointF center = boundingRect().center();
+    painter->save();
+    painter->translate(center);
+    painter->rotate(m_turn);
+    painter->translate(-center);
     m_drawing.render(painter, boundingRect());
+    painter->restore();
     // The drawings are black; what they cover takes the colour, with its opacity.
     painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter->fillRect(boundingRect(), m_color);

@@ -15,6 +15,8 @@ class SymbolImage : public QQuickPaintedItem {
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
     /// The edge of the square that the symbol fills.
     Q_PROPERTY(qreal size READ size WRITE setSize NOTIFY sizeChanged)
+    /// Degrees clockwise by which the drawing is turned; unlike a turned item it keeps its soft edges.
+    Q_PROPERTY(qreal turn READ turn WRITE setTurn NOTIFY turnChanged)
 
 public:
     explicit SymbolImage(QQuickItem *parent = nullptr);
@@ -25,6 +27,8 @@ public:
     void setColor(const QColor &color);
     qreal size() const { return m_size; }
     void setSize(qreal size);
+    qreal turn() const { return m_turn; }
+    void setTurn(qreal degrees);
 
     void paint(QPainter *painter) override;
 
@@ -32,11 +36,13 @@ signals:
     void nameChanged();
     void colorChanged();
     void sizeChanged();
+    void turnChanged();
 
 private:
     QString m_name;
     QColor m_color = Qt::black;
     qreal m_size = 0;
+    qreal m_turn = 0;
     QSvgRenderer m_drawing;
 };
 

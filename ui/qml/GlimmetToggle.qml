@@ -17,7 +17,7 @@ T.Switch {
 
     text: label
     checked: on
-    implicitHeight: Math.ceil(Math.max(implicitContentHeight, implicitIndicatorHeight)) + topPadding + bottomPadding
+    implicitHeight: Math.ceil(Math.max(implicitContentHeight, Theme.switchRoom)) + topPadding + bottomPadding
     leftPadding: 12
     rightPadding: 12
     topPadding: 9
@@ -29,7 +29,7 @@ T.Switch {
     Keys.onReturnPressed: root.press()
     Keys.onEnterPressed: root.press()
 
-    background: Rectangle {
+    background: RoundedBox {
         color: Theme.rowFill
         radius: Theme.rowRadius
 
@@ -46,14 +46,12 @@ T.Switch {
         elide: Text.ElideRight
         Accessible.ignored: true
     }
-    indicator: Rectangle {
+    indicator: RoundedBox {
         x: root.width - width - root.rightPadding
         y: (root.height - height) / 2
-        implicitWidth: 38
-        implicitHeight: 22
+        implicitWidth: Theme.switchWidth
+        implicitHeight: Theme.switchHeight
         radius: height / 2
-        scale: 0.8
-        transformOrigin: Item.Right
         color: root.checked ? Theme.accent : Theme.switchedOff
 
         Behavior on color {
@@ -63,12 +61,12 @@ T.Switch {
             }
         }
 
-        Rectangle {
-            x: 2 + root.visualPosition * (parent.width - width - 4)
+        RoundedBox {
+            x: y + root.visualPosition * (parent.width - width - 2 * y)
             y: 2
-            width: 18
-            height: 18
-            radius: 9
+            width: height
+            height: parent.height - 2 * y
+            radius: height / 2
             color: Theme.knob
 
             Behavior on x {

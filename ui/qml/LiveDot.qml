@@ -2,18 +2,16 @@ import QtQuick
 import Glimmet
 
 // Breathes to say that the text is alive.
-Rectangle {
+Item {
     id: dot
 
     required property bool running
 
     property real breath
+    readonly property real growth: 1 + 0.35 * breath
 
     implicitWidth: 8
     implicitHeight: 8
-    radius: 4
-    color: Theme.accent
-    scale: 1 + 0.35 * breath
     opacity: 1 - 0.4 * breath
 
     SequentialAnimation on breath {
@@ -30,5 +28,15 @@ Rectangle {
             duration: Theme.pulseDuration
             easing.type: Theme.easeInOut
         }
+    }
+
+    // Painted anew as it grows: the painter scales pictures without smoothing them.
+    RoundedBox {
+        anchors.centerIn: parent
+        width: 12
+        height: width
+        margin: (width - dot.width * dot.growth) / 2
+        radius: dot.width
+        color: Theme.accent
     }
 }

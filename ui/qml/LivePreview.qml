@@ -26,7 +26,7 @@ Rectangle {
         maximumLineCount: 1
         elide: Text.ElideRight
     }
-    Rectangle {
+    RoundedBox {
         id: badge
         anchors.right: parent.right
         anchors.rightMargin: Theme.pageMargin

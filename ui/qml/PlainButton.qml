@@ -25,7 +25,7 @@ T.AbstractButton {
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 
-    background: Rectangle {
+    background: RoundedBox {
         color: button.fill
         radius: button.cornerRadius
 

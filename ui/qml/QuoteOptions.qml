@@ -15,6 +15,21 @@ Column {
         newQuote.focus = false;
     }
 
+    function remove(row: QuoteRow, index: int) {
+        const hadKeyboard = row.hasKeyboard;
+        ticker.removeQuote(row.quote);
+        if (hadKeyboard)
+            keepKeyboardNear(index);
+    }
+
+    // The rows are new ones; without this the keyboard would start again from the panel's top.
+    function keepKeyboardNear(index: int) {
+        if (hasQuotes)
+            (rows.itemAt(Math.min(index, rows.count - 1)) as QuoteRow).takeKeyboard();
+        else
+            newQuote.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     spacing: 12
 
     SectionLabel {
@@ -89,14 +104,18 @@ Column {
         visible: root.hasQuotes
 
         Repeater {
+            id: rows
             model: root.ticker.customQuotes
 
             QuoteRow {
+                id: row
+
+                required property int index
                 required property string modelData
 
                 width: root.width
                 quote: modelData
-                onRemoved: root.ticker.removeQuote(modelData)
+                onRemoved: root.remove(row, index)
             }
         }
     }

@@ -1,12 +1,18 @@
 import QtQuick
 import Glimmet
 
-Rectangle {
+RoundedBox {
     id: root
 
     required property string quote
 
+    readonly property bool hasKeyboard: removeButton.visualFocus
+
     signal removed
+
+    function takeKeyboard() {
+        removeButton.forceActiveFocus(Qt.TabFocusReason);
+    }
 
     implicitHeight: Math.ceil(Math.max(label.implicitHeight, Theme.symbolSize)) + 2 * 7
     radius: Theme.rowRadius

@@ -20,19 +20,23 @@ Item {
         spacing: 6
         visible: root.ticker.isFetchingRevenue
 
-        SymbolImage {
+        Item {
             anchors.verticalCenter: parent.verticalCenter
-            name: "progress.indicator"
-            size: 16
-            scale: 0.6
-            color: Theme.ink
+            width: 16
+            height: 16
 
-            RotationAnimation on rotation {
-                running: root.ticker.isFetchingRevenue
-                loops: Animation.Infinite
-                from: 0
-                to: 360
-                duration: Theme.pulseDuration
+            SymbolImage {
+                anchors.centerIn: parent
+                name: "progress.indicator"
+                size: Math.round(0.6 * parent.width)
+                color: Theme.ink
+
+                NumberAnimation on turn {
+                    running: root.ticker.isFetchingRevenue
+                    loops: Animation.Infinite
+                    to: 360
+                    duration: Theme.pulseDuration
+                }
             }
         }
         InkText {

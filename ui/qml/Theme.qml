@@ -44,6 +44,11 @@ QtObject {
     readonly property int rowSize: 13
     readonly property int symbolSize: 14
 
+    // A switch of 40 by 22.5 at a scale of 0.8, drawn in its final size to be sharp.
+    readonly property real switchWidth: 0.8 * 40
+    readonly property real switchHeight: 0.8 * 22.5
+    readonly property int switchRoom: 22
+
     readonly property int panelRadius: 14
     readonly property int cardRadius: 10
     readonly property int rowRadius: 8
