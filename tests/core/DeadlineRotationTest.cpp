@@ -77,7 +77,7 @@ TEST_F(DeadlineRotation, countsNoTicksOfOtherModesAndKeepsItsCountOverThem)
     setThree();
     tick(7);
     ticker.setMode(TickerMode::Clock);
-    tick(100);
+    tick(90);
     ticker.setMode(TickerMode::Deadline);
     tick();
 
