@@ -26,8 +26,8 @@ struct Instant {
     /// This moment moved by `seconds`.
     constexpr Instant advanced(double seconds) const { return { secondsSince2001 + seconds }; }
 
-    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 takes the zero inside a defaulted <=> for a
-    // pointer.
+    // clang-tidy 14 takes the zero inside a defaulted <=> for a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend constexpr auto operator<=>(Instant, Instant) = default;
 };
 
