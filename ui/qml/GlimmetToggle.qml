@@ -26,6 +26,8 @@ T.Switch {
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
+    Accessible.onPressAction: root.press()
+    Accessible.onToggleAction: root.press()
     Keys.onReturnPressed: root.press()
     Keys.onEnterPressed: root.press()
 

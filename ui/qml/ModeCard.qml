@@ -25,6 +25,8 @@ T.RadioButton {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: label
+    Accessible.onPressAction: card.tapped()
+    Accessible.onToggleAction: card.tapped()
     Keys.onReturnPressed: card.tapped()
     Keys.onEnterPressed: card.tapped()
 

@@ -22,6 +22,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.onPressAction: button.clicked()
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 

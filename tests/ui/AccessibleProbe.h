@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QObject>
+#include <QQuickItem>
+
+namespace glimmet {
+
+/// Sees and uses a control as a screen reader does.
+class AccessibleProbe : public QObject {
+    Q_OBJECT
+
+public:
+    /// Lines such as "Button Quit", one for each thing that is told of in `root`, in order. What is checked
+    /// ends in " [x]", what is not in " [ ]".
+    Q_INVOKABLE static QStringList told(QQuickItem *root);
+    /// Presses, or toggles, what is called `name` in `root`; false where nothing offers it.
+    Q_INVOKABLE static bool press(QQuickItem *root, const QString &name);
+    Q_INVOKABLE static bool toggle(QQuickItem *root, const QString &name);
+};
+
+} // namespace glimmet

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/TickerViewModel.h"
+#include "tests/support/TestWorld.h"
+#include "ui/PanelHost.h"
+
+#include <QObject>
+
+namespace glimmet {
+
+/// A real ticker in a world that a QML test holds in its hand.
+class TickerFixture : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(glimmet::TickerViewModel *ticker READ ticker CONSTANT)
+    Q_PROPERTY(glimmet::PanelHost *host READ host CONSTANT)
+    Q_PROPERTY(glimmet::PanelHost *unversionedHost READ unversionedHost CONSTANT)
+
+public:
+    TickerViewModel *ticker() { return &m_ticker; }
+    PanelHost *host() { return &m_host; }
+    PanelHost *unversionedHost() { return &m_unversionedHost; }
+
+    /// Lets `seconds` pass.
+    Q_INVOKABLE void advance(int seconds);
+    /// The quotes as they are stored; an absent list reads as ["absent"].
+    Q_INVOKABLE QStringList storedQuotes() const;
+    /// How often the quotes were stored.
+    Q_INVOKABLE int quoteSaves() const;
+    Q_INVOKABLE int revenueFetches() const;
+    /// Answers the last fetch.
+    Q_INVOKABLE void finishFetch(const QString &text);
+    Q_INVOKABLE int priceFetches() const;
+
+private:
+    TestWorld m_world;
+    TickerViewModel m_ticker{ m_world.forTicker() };
+    PanelHost m_host{ QStringLiteral("1.2") };
+    PanelHost m_unversionedHost{ QString() };
+};
+
+} // namespace glimmet

@@ -1,0 +1,33 @@
+#include "ui/Wording.h"
+#include "tests/support/Printing.h"
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+
+TEST(Wording, versionIsAnnouncedWithAVAndADot)
+{
+    EXPECT_EQ(Wording::version(QStringLiteral("1.2")), QStringLiteral("v1.2 ·"));
+}
+
+TEST(Wording, anUnknownVersionLeavesTheVAndTheDot)
+{
+    EXPECT_EQ(Wording::version(QString()), QStringLiteral("v ·"));
+}
+
+TEST(Wording, defaultsAreCounted)
+{
+    EXPECT_EQ(Wording::usingDefaults(10), QStringLiteral("Using defaults (10)"));
+}
+
+TEST(Wording, removingNamesWhatGoes)
+{
+    EXPECT_EQ(Wording::removing(QStringLiteral("stay curious ✦")), QStringLiteral("Remove stay curious ✦"));
+}
+
+TEST(Wording, aPercentSignInAQuoteStaysAsItIs)
+{
+    EXPECT_EQ(Wording::removing(QStringLiteral("100 %1 yours")), QStringLiteral("Remove 100 %1 yours"));
+}
+
+} // namespace glimmet

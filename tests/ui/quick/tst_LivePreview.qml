@@ -1,0 +1,88 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    name: "LivePreview"
+
+    LivePreview {
+        id: preview
+        width: 340
+        text: ""
+    }
+
+    function init() {
+        preview.text = "09:05:07";
+    }
+
+    function badge(): Item {
+        return textOf(preview, "LIVE").parent;
+    }
+
+    function test_showsTheTextLarge() {
+        const text = textOf(preview, "09:05:07");
+
+        compareFont(text, 26, 500);
+        compareInk(text.color, 1);
+        compare(text.scale, 1);
+        compare(text.x, 20);
+    }
+
+    function test_isPaddedOnAFaintGround() {
+        const text = textOf(preview, "09:05:07");
+
+        compareInk(preview.color, 0.04);
+        compare(preview.height, Math.ceil(text.implicitHeight) + 28);
+        compare(areaOf(badge(), preview).right, 320);
+    }
+
+    function test_theBadgeIsAnAccentCapsule() {
+        const live = textOf(preview, "LIVE");
+
+        compareFont(live, 9, 700);
+        compare(live.font.letterSpacing, 2);
+        compareAccent(live.color, 1);
+        compareAccent(badge().color, 0.18);
+        compare(badge().width, Math.ceil(live.implicitWidth) + 12);
+        compare(badge().height, Math.ceil(live.implicitHeight) + 6);
+        compare(badge().radius, badge().height / 2);
+    }
+
+    function test_aLongTextShrinksUntilItFits() {
+        preview.text = "a text that needs some more room";
+
+        const text = textOf(preview, preview.text);
+        verify(text.scale < 1);
+        verify(text.scale > 0.4);
+        verify(!text.truncated);
+        fuzzyCompare(text.implicitWidth * text.scale, text.room, 0.5);
+    }
+
+    function test_aVeryLongTextShrinksToFortyPercentAndIsThenCut() {
+        preview.text = "a text that is much too long for the panel and does not fit into it however small it is";
+
+        const text = textOf(preview, preview.text);
+        compare(text.scale, 0.4);
+        verify(text.truncated);
+        fuzzyCompare(areaOf(text, preview).right, badge().x - 10, 0.5);
+        compare(text.lineCount, 1);
+    }
+
+    function test_theRowKeepsItsHeightWhenTheTextShrinks() {
+        const height = preview.height;
+
+        preview.text = "a text that is much too long for the panel and does not fit into it however small it is";
+
+        compare(preview.height, height);
+    }
+
+    function test_angleBracketsAreNoMarkup() {
+        preview.text = "<b>deep work</b> > busy work";
+
+        compare(textOf(preview, preview.text).textFormat, Text.PlainText);
+    }
+
+    function test_isToldAsText() {
+        verify(reader.told(preview).includes("StaticText 09:05:07"));
+        verify(reader.told(preview).includes("StaticText LIVE"));
+    }
+}

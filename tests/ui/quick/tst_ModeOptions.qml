@@ -1,0 +1,111 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "ModeOptions"
+
+    Component {
+        id: blocks
+
+        ModeOptions {
+            width: 340
+            ticker: testCase.world.ticker
+        }
+    }
+
+    property ModeOptions options: null
+
+    function init() {
+        makeWorld();
+        options = make(blocks);
+    }
+
+    function editors(type): var {
+        return all(options, type);
+    }
+
+    function slot(index: int): Item {
+        return all(options, EditorSlot)[index];
+    }
+
+    function test_isPaddedBelowItsLabel() {
+        const label = areaOf(textOf(options, "OPTIONS"), options);
+        const editor = areaOf(editors(ClockOptions)[0], options);
+
+        compare(label.x, 20);
+        compare(label.y, 0);
+        compare(editor.y - label.bottom, 10);
+        compare(editor.x, 20);
+        compare(editor.width, 300);
+        compare(options.height - editor.bottom, 16);
+    }
+
+    function test_showsTheEditorOfTheMode_data() {
+        return [
+            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0]},
+            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0]},
+            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1]}
+        ];
+    }
+
+    function test_showsTheEditorOfTheMode(row) {
+        world.ticker.mode = row.mode;
+
+        tryVerify(() => editors(ClockOptions).length === row.expected[0]
+            && editors(QuoteOptions).length === row.expected[1]
+            && editors(CustomTextOption).length === row.expected[2]);
+        verify(options.visible);
+    }
+
+    function test_isHiddenWhereThereIsNothingToEdit_data() {
+        return [
+            {tag: "revenue", mode: TickerMode.Revenue},
+            {tag: "crypto", mode: TickerMode.Crypto},
+            {tag: "deadline", mode: TickerMode.Deadline}
+        ];
+    }
+
+    function test_isHiddenWhereThereIsNothingToEdit(row) {
+        world.ticker.mode = row.mode;
+
+        verify(!options.visible);
+        compare(textOf(options, "OPTIONS"), null);
+    }
+
+    function test_theFirstEditorIsThereAtOnce() {
+        compare(slot(0).presence, 1);
+        compare(slot(0).y, 0);
+    }
+
+    function test_aNewEditorComesInFromTheTopEdge() {
+        world.ticker.mode = TickerMode.Custom;
+
+        const entering = slot(2);
+        verify(entering.opacity < 1);
+        verify(entering.y < 0);
+        tryCompare(entering, "opacity", 1);
+        compare(entering.y, 0);
+    }
+
+    function test_theOldEditorFadesAndTakesNoMoreClicks() {
+        world.ticker.mode = TickerMode.Custom;
+
+        verify(!slot(0).enabled);
+        tryCompare(slot(0), "opacity", 0);
+        tryVerify(() => editors(ClockOptions).length === 0);
+    }
+
+    function test_aTypedQuoteIsForgottenWhenItsEditorGoes() {
+        world.ticker.mode = TickerMode.Quote;
+        tryVerify(() => editors(QuoteOptions).length === 1);
+        all(editors(QuoteOptions)[0], BorderedField)[0].text = "half a quo";
+        world.ticker.mode = TickerMode.Clock;
+        tryVerify(() => editors(QuoteOptions).length === 0);
+
+        world.ticker.mode = TickerMode.Quote;
+
+        tryVerify(() => editors(QuoteOptions).length === 1);
+        compare(all(editors(QuoteOptions)[0], BorderedField)[0].text, "");
+    }
+}

@@ -1,0 +1,131 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "ModeSelector"
+
+    Component {
+        id: selectors
+
+        ModeSelector {
+            width: 340
+            ticker: testCase.world.ticker
+        }
+    }
+
+    property ModeSelector selector: null
+
+    function init() {
+        makeWorld();
+        selector = make(selectors);
+    }
+
+    function cards(): var {
+        return all(selector, ModeCard);
+    }
+
+    function selected(): var {
+        return cards().filter(card => card.selected).map(card => card.label);
+    }
+
+    function test_holdsACardForEachModeInOrder() {
+        compare(cards().map(card => card.label), ["Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline"]);
+        compare(cards().map(card => card.symbol), ["clock", "text.bubble", "pencil", "dollarsign.circle",
+            "chart.line.uptrend.xyaxis", "timer"]);
+    }
+
+    function test_standsInTwoColumns() {
+        const areas = cards().map(card => areaOf(card, selector));
+
+        compare(areas.map(area => area.x), [20, 173, 20, 173, 20, 173]);
+        compare(areas.map(area => area.width), [147, 147, 147, 147, 147, 147]);
+        compare(areas[1].y, areas[0].y);
+        compare(areas[2].y - areas[0].bottom, 6);
+    }
+
+    function test_isPaddedBelowItsLabel() {
+        const label = areaOf(textOf(selector, "DISPLAY MODE"), selector);
+
+        compare(label.x, 20);
+        compare(label.y, 16);
+        compare(areaOf(cards()[0], selector).y - label.bottom, 10);
+        compare(selector.height - areaOf(cards()[5], selector).bottom, 16);
+    }
+
+    function test_theCardOfTheModeIsSelected() {
+        compare(selected(), ["Clock"]);
+
+        world.ticker.mode = TickerMode.Deadline;
+
+        compare(selected(), ["Deadline"]);
+    }
+
+    function test_aTapSetsTheMode() {
+        mouseClick(cards()[1]);
+
+        compare(world.ticker.mode, TickerMode.Quote);
+        compare(selected(), ["Quote"]);
+        verify(cards().every(card => card.checked === card.selected));
+    }
+
+    function test_theRevenueCardFetchesTheRevenue() {
+        const before = world.revenueFetches();
+
+        mouseClick(cards()[3]);
+        compare(world.revenueFetches(), before + 1);
+        mouseClick(cards()[3]);
+        compare(world.revenueFetches(), before + 2);
+        compare(selected(), ["Revenue"]);
+    }
+
+    function test_theCryptoCardFetchesThePriceOfEverySymbol() {
+        const before = world.priceFetches();
+
+        mouseClick(cards()[4]);
+        compare(world.priceFetches(), before + 2);
+        mouseClick(cards()[4]);
+        compare(world.priceFetches(), before + 4);
+        compare(selected(), ["Crypto"]);
+    }
+
+    function test_theOtherCardsFetchNothing() {
+        const revenue = world.revenueFetches();
+        const prices = world.priceFetches();
+
+        for (const index of [0, 1, 2, 5])
+            mouseClick(cards()[index]);
+
+        compare(world.revenueFetches(), revenue);
+        compare(world.priceFetches(), prices);
+    }
+
+    function test_theMenuBarFollowsWithinASecond() {
+        mouseClick(cards()[2]);
+        world.advance(1);
+
+        compare(world.ticker.currentDisplay, "hello world ✦");
+    }
+
+    function test_tabVisitsTheCardsInOrder() {
+        const visited = [];
+        cards()[0].forceActiveFocus(Qt.TabFocusReason);
+        for (let i = 0; i < 6; ++i) {
+            visited.push(cards().find(card => card.visualFocus).label);
+            tab();
+        }
+
+        compare(visited, ["Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline"]);
+    }
+
+    function test_aScreenReaderChoosesAModeOnce() {
+        const before = world.revenueFetches();
+
+        verify(reader.press(selector, "Revenue"));
+
+        compare(world.ticker.mode, TickerMode.Revenue);
+        compare(world.revenueFetches(), before + 1);
+        verify(reader.told(selector).includes("RadioButton Revenue [x]"));
+        verify(reader.told(selector).includes("RadioButton Clock [ ]"));
+    }
+}

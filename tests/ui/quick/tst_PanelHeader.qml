@@ -1,0 +1,68 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    name: "PanelHeader"
+
+    PanelHeader {
+        id: header
+        width: 340
+    }
+
+    function dot(): Item {
+        return all(header, LiveDot)[0];
+    }
+
+    function test_showsTheName() {
+        const title = textOf(header, "glimmet");
+
+        compareFont(title, 20, 600);
+        compareInk(title.color, 1);
+    }
+
+    function test_saysWhatItIs() {
+        const subtitle = textOf(header, "menu bar utility");
+
+        compareFont(subtitle, 11, 400);
+        compareInk(subtitle.color, 0.4);
+        verify(subtitle.mapToItem(header, 0, 0).y >= textOf(header, "glimmet").height);
+    }
+
+    function test_isPadded() {
+        const title = areaOf(textOf(header, "glimmet"), header);
+        const subtitle = areaOf(textOf(header, "menu bar utility"), header);
+
+        compare(title.x, 20);
+        compare(title.y, 18);
+        compare(header.height - subtitle.bottom, 14);
+    }
+
+    function test_theDotIsASmallAccentCircle() {
+        compare(dot().width, 8);
+        compare(dot().height, 8);
+        verify(dot().x > areaOf(textOf(header, "menu bar utility"), header).right);
+        const circle = all(dot(), RoundedBox)[0];
+        compareAccent(circle.color, 1);
+        verify(circle.radius >= 4);
+    }
+
+    function test_theDotPulses() {
+        tryVerify(() => dot().growth > 1.34);
+        fuzzyCompare(dot().opacity, 0.6, 0.02);
+        tryVerify(() => dot().growth < 1.01);
+        fuzzyCompare(dot().opacity, 1, 0.02);
+    }
+
+    function test_thePulseStaysBetweenItsEnds() {
+        for (let i = 0; i < 20; ++i) {
+            const growth = dot().growth;
+            verify(growth >= 1 && growth <= 1.35);
+            fuzzyCompare(dot().opacity, 1 - 0.4 * (growth - 1) / 0.35, 0.001);
+            tryVerify(() => dot().growth !== growth);
+        }
+    }
+
+    function test_hasNoButtonsYet() {
+        compare(all(header, PlainButton).length, 0);
+    }
+}

@@ -1,0 +1,172 @@
+import QtQuick
+import QtTest
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "SettingsPanel"
+
+    Component {
+        id: panels
+
+        SettingsPanel {
+            width: implicitWidth
+            height: implicitHeight
+            ticker: testCase.world.ticker
+            host: testCase.world.host
+        }
+    }
+    SignalSpy {
+        id: closings
+        signalName: "closeRequested"
+    }
+
+    property SettingsPanel panel: null
+
+    function init() {
+        makeWorld();
+        panel = make(panels);
+        closings.target = world.host;
+        closings.clear();
+    }
+
+    function only(type): Item {
+        const found = all(panel, type);
+        compare(found.length, 1);
+        return found[0];
+    }
+
+    function test_hasItsMeasures() {
+        compare(panel.width, 340);
+        compare(panel.height, 540);
+        compare(panel.radius, 14);
+        verify(isColor(panel.color, Appearance.background));
+    }
+
+    function test_itsPiecesStandBelowEachOtherWithoutGaps() {
+        const areas = [PanelHeader, Separator, ScrollArea, PanelFooter].map(type => areaOf(only(type), panel));
+
+        compare(areas[0].y, 0);
+        compare(areas[1].y, areas[0].bottom);
+        compare(areas[2].y, areas[1].bottom);
+        compare(areas[3].y, areas[2].bottom);
+        compare(areas[3].bottom, 540);
+        verify(areas.every(area => area.width === 340));
+    }
+
+    function test_theMiddleHoldsPreviewSelectorAndOptions() {
+        const middle = only(ScrollArea).contentItem;
+        const areas = [LivePreview, ModeSelector, ModeOptions].map(type => areaOf(only(type), middle));
+
+        compare(areas[0].y, 0);
+        compare(areas[1].y, areas[0].bottom);
+        compare(areas[2].y, areas[1].bottom);
+        compare(only(ScrollArea).contentHeight, areas[2].bottom);
+    }
+
+    function test_thePreviewFollowsTheMenuBar() {
+        verify(textOf(only(LivePreview), "09:05:07") !== null);
+
+        world.advance(1);
+
+        verify(textOf(only(LivePreview), "09:05:08") !== null);
+    }
+
+    function test_theMiddleShrinksWhereThereIsLessRoom() {
+        const headerHeight = only(PanelHeader).height;
+        const footerHeight = only(PanelFooter).height;
+
+        panel.height = 360;
+
+        compare(only(PanelHeader).height, headerHeight);
+        compare(only(PanelFooter).height, footerHeight);
+        compare(areaOf(only(PanelFooter), panel).bottom, 360);
+        verify(only(ScrollArea).contentHeight > only(ScrollArea).height);
+    }
+
+    function test_theWheelScrollsTheMiddle() {
+        panel.height = 360;
+
+        mouseWheel(only(ScrollArea), 170, 100, 0, -240);
+
+        tryVerify(() => only(ScrollArea).contentY > 0);
+    }
+
+    function test_scrollsNoFurtherThanItsEnds() {
+        panel.height = 360;
+        const middle = only(ScrollArea);
+
+        tryVerify(() => {
+            mouseWheel(middle, 170, 100, 0, -240);
+            return middle.contentY >= middle.contentHeight - middle.height;
+        });
+
+        tryCompare(middle, "moving", false);
+        compare(middle.contentY, middle.contentHeight - middle.height);
+    }
+
+    function test_tabVisitsEverythingInOrderOfSight() {
+        const visited = [];
+        tab();
+        while (!visited.includes(testCase.Window.activeFocusItem) && visited.length < 20) {
+            visited.push(testCase.Window.activeFocusItem);
+            tab();
+        }
+
+        compare(visited.map(item => item.text),
+            ["Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline", "Show seconds", "24-hour format", "Quit"]);
+    }
+
+    function test_whatGetsTheKeyboardScrollsIntoView() {
+        panel.height = 360;
+        const middle = only(ScrollArea);
+        tab(8);
+
+        const focused = testCase.Window.activeFocusItem;
+        compare(focused.text, "24-hour format");
+        verify(middle.contentY > 0);
+        const area = areaOf(focused, middle);
+        verify(area.top >= 0 && area.bottom <= middle.height);
+        tab(2);
+        compare(testCase.Window.activeFocusItem.text, "Clock");
+        const first = areaOf(testCase.Window.activeFocusItem, middle);
+        verify(first.top >= 0 && first.bottom <= middle.height);
+    }
+
+    function test_escapeAsksToClose() {
+        keyClick(Qt.Key_Escape);
+
+        compare(closings.count, 1);
+    }
+
+    function test_escapeAsksToCloseWhileAQuoteIsTyped() {
+        world.ticker.mode = TickerMode.Quote;
+        tryVerify(() => all(panel, BorderedField).length === 1);
+        mouseClick(only(BorderedField));
+        keyClick(Qt.Key_A);
+
+        keyClick(Qt.Key_Escape);
+
+        compare(closings.count, 1);
+        compare(world.ticker.customQuotes, []);
+    }
+
+    function test_theModeIsChangedWithTheKeyboardAlone() {
+        tab(2);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => all(panel, QuoteOptions).length === 1 && all(panel, ClockOptions).length === 0);
+        tab(5);
+
+        verify(only(BorderedField).activeFocus);
+        keyClick(Qt.Key_A);
+        keyClick(Qt.Key_Return);
+
+        compare(world.ticker.customQuotes, ["a"]);
+    }
+
+    function test_showsNoScrollIndicators() {
+        panel.height = 360;
+
+        compare(only(ScrollArea).children.length, 1);
+    }
+}

@@ -1,0 +1,35 @@
+#include "tests/ui/AccessibleProbe.h"
+#include "tests/ui/TickerFixture.h"
+
+#include <QAccessible>
+#include <QQuickWindow>
+#include <QtQml/qqml.h>
+#include <QtQuickTest/quicktest.h>
+
+namespace glimmet {
+
+/// Prepares the runs as the program prepares its panel: painted in software. Each test makes its own world.
+class QuickTestSetup : public QObject {
+    Q_OBJECT
+
+public slots:
+    void applicationAvailable()
+    {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        QAccessible::setActive(true);
+        qmlRegisterType<TickerFixture>("GlimmetTests", 1, 0, "TickerFixture");
+        qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");
+    }
+};
+
+} // namespace glimmet
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QTEST_SET_MAIN_SOURCE_PATH
+    glimmet::QuickTestSetup setup;
+    return quick_test_main_with_setup(argc, argv, "glimmet", QUICK_TEST_SOURCE_DIR, &setup);
+}
+
+#include "quick_main.moc"
