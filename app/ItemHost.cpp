@@ -1,7 +1,7 @@
 #include "app/ItemHost.h"
 
-#include "app/ProgramName.h"
 #include "platform/NotifierMenu.h"
+#include "platform/ProgramName.h"
 #include "platform/SessionBus.h"
 #include "platform/StatusNotifierItem.h"
 #include "platform/X11.h"

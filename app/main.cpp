@@ -1,14 +1,15 @@
-#include "app/Instance.h"
 #include "app/MenuBar.h"
 #include "app/PanelController.h"
 #include "core/TickerViewModel.h"
 #include "platform/Clock.h"
 #include "platform/ColorSchemeWatch.h"
 #include "platform/DiagnosticLog.h"
+#include "platform/Instance.h"
 #include "platform/JsonPreferencesStore.h"
 #include "platform/QuitSignals.h"
 #include "platform/RepeatingTimer.h"
 #include "platform/SessionBus.h"
+#include "platform/StandardStreams.h"
 #include "platform/UserRegion.h"
 
 #include <QGuiApplication>
@@ -32,6 +33,7 @@ bool chooseX11()
 
 int main(int argc, char *argv[])
 {
+    openClosedStandardStreams();
     DiagnosticLog log;
     if (!chooseX11()) {
         std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);

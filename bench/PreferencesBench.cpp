@@ -6,7 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
-/// What an assignment costs, beside the platform's own settings class. Only the first of them survives a full disk.
+/// What an assignment costs, beside the platform's own settings class. Only the first of them survives a full
+/// disk.
 namespace glimmet {
 namespace {
 

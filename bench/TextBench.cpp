@@ -76,7 +76,7 @@ void deadlinesRead(benchmark::State &state)
 {
     QList<Deadline> deadlines;
     for (int i = 0; i < state.range(0); ++i)
-        deadlines.append({QUuid::createUuid(), QStringLiteral("Math Exam"), Instant {7.8e8 + i * 0.1}});
+        deadlines.append({ QUuid::createUuid(), QStringLiteral("Math Exam"), Instant{ 7.8e8 + i * 0.1 } });
     const QByteArray json = *deadlinesToJson(deadlines);
     for (auto _ : state)
         benchmark::DoNotOptimize(deadlinesFromJson(json));

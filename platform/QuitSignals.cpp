@@ -1,6 +1,7 @@
 #include "platform/QuitSignals.h"
 
 #include <csignal>
+#include <initializer_list>
 #include <sys/eventfd.h>
 #include <unistd.h>
 

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 /// itself the D-Bus library would launch a bus of its own, which nobody else is on.
 QString busAddress()
 {
-    const QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!named.isEmpty())
         return named;
     const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");

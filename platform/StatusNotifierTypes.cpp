@@ -59,7 +59,7 @@ void registerNotifierTypes()
 
 NotifierPixmap emptyPixmap(int size)
 {
-    return { size, size, QByteArray(size * size * 4, '\0') };
+    return { size, size, QByteArray(qsizetype(size) * size * 4, '\0') };
 }
 
 NotifierPixmap markPixmap(int size)

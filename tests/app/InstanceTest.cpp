@@ -1,4 +1,4 @@
-#include "app/Instance.h"
+#include "platform/Instance.h"
 #include "platform/SessionBus.h"
 #include "tests/app/PrivateBus.h"
 

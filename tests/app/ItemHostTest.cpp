@@ -1,5 +1,5 @@
 #include "app/ItemHost.h"
-#include "app/ProgramName.h"
+#include "platform/ProgramName.h"
 #include "platform/SessionBus.h"
 #include "tests/app/PrivateBus.h"
 

@@ -1,6 +1,6 @@
-#include "app/Instance.h"
+#include "platform/Instance.h"
 
-#include "app/ProgramName.h"
+#include "platform/ProgramName.h"
 #include "platform/SessionBus.h"
 
 #include <QDBusMessage>

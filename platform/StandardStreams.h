@@ -1,0 +1,10 @@
+#pragma once
+
+namespace glimmet {
+
+/// Gives closed standard streams an end that takes everything and gives nothing. Without it the next file or
+/// socket that is opened would get their number, and with it whatever a library writes there. Call before
+/// anything else.
+void openClosedStandardStreams();
+
+} // namespace glimmet
