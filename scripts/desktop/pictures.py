@@ -66,5 +66,5 @@ def start(desktop, binary, scale=1):
     """Starts glimmet for its pictures and returns it once its text is in the menu bar."""
     environment = {"QT_SCALE_FACTOR": str(scale)} if scale != 1 else {}
     glimmet = Glimmet(desktop, binary, environment).wait_until_running()
-    glimmet.wait_for_menu_bar()
+    glimmet.wait_until_clickable()
     return glimmet

@@ -39,12 +39,16 @@ def wait_for(condition, seconds, what):
 
 
 def watch_for(seconds, look=lambda: None):
-    """Lets the desktop run for a span that is itself what is measured, and calls `look` all the while."""
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
+    """Lets the desktop run for a span that is itself what is measured, and calls `look` all the while.
+
+    Returns how many seconds that took, since the last look may have gone on beyond the end."""
+    start = time.monotonic()
+    while time.monotonic() < start + seconds:
         dispatch_events()
         look()
         time.sleep(0.01)
+    dispatch_events()
+    return time.monotonic() - start
 
 
 def _die_with_parent():

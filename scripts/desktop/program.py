@@ -5,11 +5,12 @@ import time
 from gi.repository import GLib
 
 from desktop.accessibility import find_when_there
-from desktop.processes import wait_for
+from desktop.processes import DesktopError, wait_for
 
 NAME = "me.kerno.glimmet"
 ITEM = "/StatusNotifierItem"
 ITEM_INTERFACE = "org.kde.StatusNotifierItem"
+MENU_ENTRY = "Open glimmet"
 PANEL = "glimmet"
 STRIP = "glimmet strip"
 
@@ -40,22 +41,26 @@ class Glimmet:
         return self
 
     def is_on_the_bus(self):
-        try:
-            return self.process.poll() is None and bool(self.label)
-        except GLib.Error:
-            return False  # Neither name nor item yet, or the name alone.
+        return self.process.poll() is None and bool(self.label)
 
     @property
     def label(self):
-        return self.desktop.bus.get(NAME, ITEM, ITEM_INTERFACE, "XAyatanaLabel")
+        """The item's text, empty while the item is not on the bus."""
+        try:
+            return self.desktop.bus.get(NAME, ITEM, ITEM_INTERFACE, "XAyatanaLabel")
+        except GLib.Error:
+            return ""
 
     def wait_for_label(self, wanted, seconds=5):
         """Returns the first label, now or later, for which `wanted(label)` holds."""
         def label_if_wanted():
             label = self.label
-            return label if wanted(label) else None
+            return label if label and wanted(label) else None
 
-        return wait_for(label_if_wanted, seconds, f"another label than “{self.label}”")
+        try:
+            return wait_for(label_if_wanted, seconds, "the awaited label")
+        except DesktopError as error:
+            raise DesktopError(f"{error}; it is “{self.label}”") from None
 
     def wait_for_strip(self, seconds=15):
         return self.desktop.screen.wait_for_window(STRIP, seconds)
@@ -64,17 +69,36 @@ class Glimmet:
         """Where the text is in the menu bar: the strip, or the item in the shell's top bar. None while it is not."""
         if self.desktop.kind == "strip":
             return self.desktop.screen.area_of(STRIP)
-        screen = self.desktop.screen.area
+        return next((item.area for item in self._items() if self._shows_label(item)), None)
+
+    def _items(self):
+        """The items in the shell's top bar that bear the program's name, also one that is about to go."""
         shell = self.desktop.tree.program("gnome-shell")
-        items = (node for node in shell.walk() if node.is_called("glimmet", ("menu",)))
-        return next((item.area for item in items if screen.contains(item.area)), None)
+        return [node for node in shell.walk() if node.is_called("glimmet", ("menu",))]
+
+    def _shows_label(self, item):
+        label = self.label
+        return label and self.desktop.screen.area.contains(item.area) and item.find(label, "label") is not None
+
+    def wait_until_off_the_shell(self, seconds=10):
+        """Returns once the shell has taken the item of an ended program away."""
+        wait_for(lambda: not self._items() and not self._has_menu(), seconds, "the item to go from the top bar")
 
     def wait_for_menu_bar(self, seconds=15):
         return wait_for(self.menu_bar_area, seconds, "the text in the menu bar")
 
+    def wait_until_clickable(self, seconds=20):
+        """Returns where the text is once a click on it arrives: the shell shows an item before it has its menu."""
+        if self.desktop.kind == "gnome":
+            wait_for(self._has_menu, seconds, "the shell to read the item's menu")
+        return self.wait_for_menu_bar(seconds)
+
+    def _has_menu(self):
+        return self.desktop.tree.program("gnome-shell").find(MENU_ENTRY, "label") is not None
+
     def click_point(self):
         """A point on the text. The strip's text stands at its right end."""
-        area = self.wait_for_menu_bar()
+        area = self.wait_until_clickable()
         return area.middle if self.desktop.kind == "gnome" else (area.right - 30, area.middle[1])
 
     def open_panel(self):

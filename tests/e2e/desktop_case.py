@@ -57,6 +57,9 @@ class DesktopCase(unittest.TestCase):
     def _end(self):
         self.glimmet.stop()
         self.said = self.glimmet.output()
+        if self.kind == "gnome":
+            # The shell is slow to let go of an item, and slow to take one that comes meanwhile.
+            self.glimmet.wait_until_off_the_shell()
 
     def elsewhere(self):
         """Puts the pointer where nothing of glimmet is."""

@@ -58,27 +58,33 @@ class LowScreen(DesktopCase):
 
 
 class CornersCase(DesktopCase):
-    backdrop = "3465a4"
+    BACKDROP = "3465a4"
 
-    def corners(self):
-        """The colours of the open panel's two lower corners."""
-        self.desktop.run("display", "-window", "root", "-size", "1280x800", f"xc:#{self.backdrop}")
+    def colors(self, areas):
+        return [self.screen.pixels(area).hex() for area in areas]
+
+    def assert_corners_show_what_is_behind(self):
+        self.desktop.run("xsetroot", "-solid", f"#{self.BACKDROP}")
         self.launch().wait_for_strip()
         panel = self.glimmet.open_panel()
-        lower = (Area(x, panel.bottom - 1, 1, 1) for x in (panel.x, panel.right - 1))
-        return [self.screen.pixels(corner).hex() for corner in lower]
+        corners = [Area(x, panel.bottom - 1, 1, 1) for x in (panel.x, panel.right - 1)]
+        shown = self.colors(corners)
+        self.glimmet.close_panel()
+
+        self.assertEqual(shown, self.colors(corners))
+        self.assertNotIn("000000", shown)
 
 
 class Corners(CornersCase):
     def test_show_what_is_behind_without_a_compositor(self):
-        self.assertEqual(self.corners(), [self.backdrop, self.backdrop])
+        self.assert_corners_show_what_is_behind()
 
 
 class CompositedCorners(CornersCase):
     compositor = True
 
     def test_show_what_is_behind_with_a_compositor(self):
-        self.assertEqual(self.corners(), [self.backdrop, self.backdrop])
+        self.assert_corners_show_what_is_behind()
 
 
 if __name__ == "__main__":
