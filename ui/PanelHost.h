@@ -4,6 +4,8 @@
 #include <QString>
 #include <QtQml/qqmlregistration.h>
 
+#include <utility>
+
 namespace glimmet {
 
 /// What the panel knows and asks of the program around it.
@@ -14,9 +16,9 @@ class PanelHost : public QObject {
     Q_PROPERTY(QString version READ version CONSTANT)
 
 public:
-    explicit PanelHost(const QString &version, QObject *parent = nullptr)
+    explicit PanelHost(QString version, QObject *parent = nullptr)
         : QObject(parent)
-        , m_version(version)
+        , m_version(std::move(version))
     {
     }
 
