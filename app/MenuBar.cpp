@@ -1,6 +1,6 @@
 #include "app/MenuBar.h"
 
-#include "app/HostText.h"
+#include "core/HostText.h"
 
 #include <chrono>
 

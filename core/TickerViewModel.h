@@ -28,16 +28,16 @@ class RepeatingTimer;
 /// `currentDisplay`, which is written nowhere else, so that a change shows within one second.
 class TickerViewModel : public QObject {
     Q_OBJECT
-    Q_PROPERTY(glimmet::TickerMode mode READ mode WRITE setMode NOTIFY modeChanged)
+    Q_PROPERTY(glimmet::TickerModes::TickerMode mode READ mode WRITE setMode NOTIFY modeChanged)
     Q_PROPERTY(QString customText READ customText WRITE setCustomText NOTIFY customTextChanged)
     Q_PROPERTY(bool showSeconds READ showSeconds WRITE setShowSeconds NOTIFY showSecondsChanged)
     Q_PROPERTY(bool use24Hour READ use24Hour WRITE setUse24Hour NOTIFY use24HourChanged)
-    Q_PROPERTY(glimmet::RevenueProvider revenueProvider READ revenueProvider WRITE setRevenueProvider NOTIFY
-            revenueProviderChanged)
-    Q_PROPERTY(glimmet::RevenueMetric revenueMetric READ revenueMetric WRITE setRevenueMetric NOTIFY
-            revenueMetricChanged)
-    Q_PROPERTY(
-        glimmet::RevenueMode revenueMode READ revenueMode WRITE setRevenueMode NOTIFY revenueModeChanged)
+    Q_PROPERTY(glimmet::RevenueProviders::RevenueProvider revenueProvider READ revenueProvider WRITE
+            setRevenueProvider NOTIFY revenueProviderChanged)
+    Q_PROPERTY(glimmet::RevenueMetrics::RevenueMetric revenueMetric READ revenueMetric WRITE setRevenueMetric
+            NOTIFY revenueMetricChanged)
+    Q_PROPERTY(glimmet::RevenueModes::RevenueMode revenueMode READ revenueMode WRITE setRevenueMode NOTIFY
+            revenueModeChanged)
     Q_PROPERTY(QString polarAPIKey READ polarAPIKey WRITE setPolarAPIKey NOTIFY polarAPIKeyChanged)
     Q_PROPERTY(QString revenueCatAPIKey READ revenueCatAPIKey WRITE setRevenueCatAPIKey NOTIFY
             revenueCatAPIKeyChanged)
@@ -81,7 +81,7 @@ public:
     void setMode(TickerMode mode);
     /// What a tap on a mode card does: sets the mode, also the one that is set, and asks anew for what it
     /// shows.
-    Q_INVOKABLE void chooseMode(glimmet::TickerMode mode);
+    Q_INVOKABLE void chooseMode(glimmet::TickerModes::TickerMode mode);
 
     /// The line for the menu bar, as the mode has it. It may hold line breaks; a host cleans what it cannot
     /// show.

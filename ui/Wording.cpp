@@ -1,6 +1,13 @@
 #include "ui/Wording.h"
 
+#include "core/HostText.h"
+
 namespace glimmet {
+
+QString Wording::oneLine(const QString &text)
+{
+    return hostText(text);
+}
 
 QString Wording::version(const QString &appVersion)
 {

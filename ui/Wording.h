@@ -13,6 +13,8 @@ class Wording : public QObject {
     QML_SINGLETON
 
 public:
+    /// The menu-bar text as it stands on one line.
+    Q_INVOKABLE static QString oneLine(const QString &text);
     /// "v1.2 ·"; an unknown version leaves its place empty.
     Q_INVOKABLE static QString version(const QString &appVersion);
     /// Says that the default quotes rotate, and how many there are.

@@ -7,8 +7,7 @@ Column {
 
     required property TickerViewModel ticker
 
-    // The linter does not follow the alias by which the ticker names its enumeration.
-    readonly property int mode: ticker.mode // qmllint disable type
+    readonly property int mode: ticker.mode
 
     leftPadding: Theme.pageMargin
     rightPadding: Theme.pageMargin

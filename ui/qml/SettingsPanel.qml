@@ -37,7 +37,7 @@ Rectangle {
 
             LivePreview {
                 width: root.width
-                text: root.ticker.currentDisplay
+                text: Wording.oneLine(root.ticker.currentDisplay)
             }
             ModeSelector {
                 width: root.width

@@ -72,6 +72,14 @@ PanelTestCase {
         verify(textOf(only(LivePreview), "09:05:08") !== null);
     }
 
+    function test_thePreviewShowsABrokenTextOnOneLine() {
+        world.ticker.mode = TickerMode.Custom;
+        world.ticker.customText = "one\ntwo";
+        world.advance(1);
+
+        verify(textOf(only(LivePreview), "one two") !== null);
+    }
+
     function test_theMiddleShrinksWhereThereIsLessRoom() {
         const headerHeight = only(PanelHeader).height;
         const footerHeight = only(PanelFooter).height;

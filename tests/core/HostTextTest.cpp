@@ -1,4 +1,4 @@
-#include "app/HostText.h"
+#include "core/HostText.h"
 
 #include <gtest/gtest.h>
 
