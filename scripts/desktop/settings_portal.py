@@ -45,11 +45,11 @@ class SettingsPortal:
     def _Read(self, namespace, key, _arguments, invocation):
         value = self._value(namespace, key, invocation)
         # The older call wraps its answer in a second variant, and clients rely on it.
-        return value and GLib.Variant("(v)", (GLib.Variant("v", value),))
+        return GLib.Variant("(v)", (GLib.Variant("v", value),)) if value is not None else None
 
     def _ReadOne(self, namespace, key, _arguments, invocation):
         value = self._value(namespace, key, invocation)
-        return value and GLib.Variant("(v)", (value,))
+        return GLib.Variant("(v)", (value,)) if value is not None else None
 
     def _ReadAll(self, namespaces, *_):
         groups = {}

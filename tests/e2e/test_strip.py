@@ -4,8 +4,9 @@ import re
 import time
 import unittest
 
-from desktop.processes import watch_for
+from desktop.processes import wait_for, watch_for
 from desktop.program import PANEL, STRIP
+from desktop.screen import Area
 from desktop_case import DesktopCase
 
 ROUNDS = 10
@@ -38,6 +39,19 @@ class Strip(DesktopCase):
         seconds = watch_for(4, lambda: pictures.add(self.screen.pixels(self.strip)))
 
         self.assertAlmostEqual(len(pictures), seconds, delta=1.5)
+
+    def brightness(self):
+        """Of the strip's left end, where no text is, from 0 to 255."""
+        return max(self.screen.pixels(Area(0, self.strip.y, 20, self.strip.height)))
+
+    def test_follows_the_desktop_from_light_to_dark_and_back(self):
+        self.addCleanup(self.desktop.prefer, "light")
+        self.desktop.prefer("dark")
+        wait_for(lambda: self.brightness() < 128, 5, "a dark strip")
+
+        self.desktop.prefer("light")
+
+        wait_for(lambda: self.brightness() > 128, 5, "a light strip")
 
     def test_opens_and_closes_the_panel_by_single_clicks(self):
         for _ in range(ROUNDS):
