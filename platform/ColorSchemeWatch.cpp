@@ -1,8 +1,8 @@
 #include "platform/ColorSchemeWatch.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -74,8 +74,9 @@ ColorScheme ColorSchemeWatch::scheme() const
 void ColorSchemeWatch::follow(const QDBusConnection &bus)
 {
     m_bus = bus;
+    // The whole message: a slot with a QDBusVariant connects only where that type was used before (Qt 6.4).
     m_bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
-        SLOT(handlePortalSetting(QString, QString, QDBusVariant)));
+        SLOT(handlePortalSetting(QDBusMessage)));
     // The settings daemon tells of each change of GNOME's settings; which one it was is not worth telling
     // apart.
     m_bus.connect(QString(), QString(), QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"),
@@ -100,13 +101,13 @@ void ColorSchemeWatch::readPortal()
     });
 }
 
-void ColorSchemeWatch::handlePortalSetting(
-    const QString &space, const QString &key, const QDBusVariant &value)
+void ColorSchemeWatch::handlePortalSetting(const QDBusMessage &change)
 {
-    if (space != appearance || key != colorSchemeKey)
+    const QVariantList arguments = change.arguments();
+    if (arguments.value(0) != appearance || arguments.value(1) != colorSchemeKey)
         return;
     m_hasPortal = true;
-    setPreference(schemeOf(value.variant()));
+    setPreference(schemeOf(arguments.value(2)));
 }
 
 void ColorSchemeWatch::readDesktopSetting()

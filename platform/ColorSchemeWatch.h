@@ -3,7 +3,7 @@
 #include "platform/ColorScheme.h"
 
 #include <QDBusConnection>
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 
 #include <memory>
@@ -35,7 +35,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private slots:
-    void handlePortalSetting(const QString &space, const QString &key, const QDBusVariant &value);
+    void handlePortalSetting(const QDBusMessage &change);
     void readDesktopSetting();
 
 private:
