@@ -92,12 +92,12 @@ class Hosts(DesktopCase):
     def test_survives_a_session_bus_that_is_lost_in_the_midst_of_its_start(self):
         for _ in range(20):
             self.launch()
-            self.desktop.stop_session_bus()
+            self.lose_the_session_bus()
             # Long enough for calls under way to be answered by the loss.
             watch_for(0.5)
             self.assertIsNone(self.glimmet.process.poll())
             self.glimmet.stop()
-            self.desktop.start_session_bus()
+            self.restore_the_session_bus()
 
     def test_registers_again_when_the_session_bus_is_back(self):
         self.launch()
