@@ -96,6 +96,7 @@ void ItemHost::handleConnected()
 void ItemHost::handleLost()
 {
     m_watcherWatch.reset();
+    m_item->takeOff();
     handleWatcherGone();
 }
 
@@ -129,7 +130,7 @@ void ItemHost::registerItem()
                                                     .arg(m_registrations);
     ++m_registrations;
     if (name != programName)
-        m_bus.connection().registerService(name);
+        m_bus.claim(name);
     m_bus.connection().send(
         watcherCall(watcherService, QStringLiteral("RegisterStatusNotifierItem"), { name }));
     m_unseenTimer.start();

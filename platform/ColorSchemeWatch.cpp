@@ -54,7 +54,6 @@ bool hasGnomeSettings()
 
 ColorSchemeWatch::ColorSchemeWatch(QObject *parent)
     : QObject(parent)
-    , m_bus(QString())
 {
     qGuiApp->installEventFilter(this);
 }
@@ -71,25 +70,26 @@ ColorScheme ColorSchemeWatch::scheme() const
         : ColorScheme::Light;
 }
 
-void ColorSchemeWatch::follow(const QDBusConnection &bus)
+void ColorSchemeWatch::follow(QDBusConnection bus)
 {
-    m_bus = bus;
     // The whole message: a slot with a QDBusVariant connects only where that type was used before (Qt 6.4).
-    m_bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
+    // From anybody: to follow one well-known name, Qt asks for its owner and aborts if the bus is lost
+    // meanwhile.
+    bus.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
         SLOT(handlePortalSetting(QDBusMessage)));
     // The settings daemon tells of each change of GNOME's settings; which one it was is not worth telling
     // apart.
-    m_bus.connect(QString(), QString(), QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"),
-        this, SLOT(readDesktopSetting()));
-    readPortal();
+    bus.connect(QString(), QString(), QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"), this,
+        SLOT(readDesktopSetting()));
+    readPortal(bus);
 }
 
-void ColorSchemeWatch::readPortal()
+void ColorSchemeWatch::readPortal(const QDBusConnection &bus)
 {
     QDBusMessage read =
         QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
     read << appearance << colorSchemeKey;
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(read), this);
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *finished) {
         const QDBusPendingReply<QDBusVariant> reply = *finished;
         finished->deleteLater();

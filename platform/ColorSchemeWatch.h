@@ -26,7 +26,7 @@ public:
 
     ColorScheme scheme() const;
     /// Begins to follow the setting on `bus`; again after each new connection.
-    void follow(const QDBusConnection &bus);
+    void follow(QDBusConnection bus);
 
 signals:
     void changed();
@@ -39,11 +39,10 @@ private slots:
     void readDesktopSetting();
 
 private:
-    void readPortal();
+    void readPortal(const QDBusConnection &bus);
     void finishReading();
     void setPreference(std::optional<ColorScheme> preference);
 
-    QDBusConnection m_bus;
     std::optional<ColorScheme> m_preference;
     bool m_hasPortal = false;
     std::unique_ptr<QProcess> m_reader;

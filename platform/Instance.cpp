@@ -39,7 +39,7 @@ void Instance::claimName()
 {
     QDBusConnection connection = m_bus.connection();
     connection.registerVirtualObject(objectPath, this);
-    m_ownsName = connection.registerService(programName);
+    m_ownsName = m_bus.claim(programName);
 }
 
 QString Instance::introspect(const QString &) const

@@ -50,8 +50,19 @@ void SessionBus::open()
 
 void SessionBus::reopen()
 {
+    // The connection itself closes only after the last copy of it is gone, too late for its successor.
+    for (const QString &name : qAsConst(m_names))
+        m_connection.unregisterService(name);
     handleDisconnected();
     tryToConnect();
+}
+
+bool SessionBus::claim(const QString &name)
+{
+    if (!isConnected() || !m_connection.registerService(name))
+        return false;
+    m_names.append(name);
+    return true;
 }
 
 QString SessionBus::ownerOf(const QString &name) const
@@ -82,6 +93,8 @@ void SessionBus::tryToConnect()
 void SessionBus::handleDisconnected()
 {
     QDBusConnection::disconnectFromBus(m_connection.name());
+    m_connection = QDBusConnection(QString());
+    m_names.clear();
     m_retryTimer.start();
     emit lost();
 }

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 namespace glimmet {
@@ -17,8 +18,10 @@ public:
 
     /// Connects, or goes on trying. `connected` tells of the success, also of one at once.
     void open();
-    /// Leaves the bus and comes back as a new participant.
+    /// Leaves the bus and comes back as a new participant, without the names that were claimed.
     void reopen();
+    /// Takes a well-known name. False where another program has it, or without a bus.
+    bool claim(const QString &name);
     QDBusConnection connection() const { return m_connection; }
     bool isConnected() const { return m_connection.isConnected(); }
 
@@ -37,6 +40,7 @@ private:
 
     QDBusConnection m_connection;
     int m_connectionCount = 0;
+    QStringList m_names;
     QTimer m_retryTimer;
 };
 

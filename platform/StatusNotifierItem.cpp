@@ -63,6 +63,11 @@ bool StatusNotifierItem::putOn(const QDBusConnection &connection)
     return m_connection.registerVirtualObject(path, this);
 }
 
+void StatusNotifierItem::takeOff()
+{
+    m_connection = QDBusConnection(QString());
+}
+
 void StatusNotifierItem::setLabel(const QString &label)
 {
     if (label == m_label)

@@ -30,6 +30,8 @@ public:
 
     /// Puts the item on `connection`, where it stays as long as that lives. False where its place is taken.
     bool putOn(const QDBusConnection &connection);
+    /// Lets go of a connection that is lost.
+    void takeOff();
 
     /// The text beside the icon, sent to hosts only when it changes.
     void setLabel(const QString &label);

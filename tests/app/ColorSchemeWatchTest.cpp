@@ -15,6 +15,9 @@ namespace {
 const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 
+const QString appearance = QStringLiteral("org.freedesktop.appearance");
+const QString colorScheme = QStringLiteral("color-scheme");
+
 /// The desktop's settings portal.
 class Portal final : public QDBusVirtualObject {
 public:
@@ -36,6 +39,8 @@ public:
     }
     void change(const QString &space, const QString &key, const QVariant &value)
     {
+        if (space == appearance && key == colorScheme)
+            m_scheme = value.toUInt();
         QDBusMessage signal =
             QDBusMessage::createSignal(portalPath, settingsInterface, QStringLiteral("SettingChanged"));
         signal << space << key << QVariant::fromValue(QDBusVariant(value));
@@ -64,9 +69,6 @@ protected:
     QDBusConnection own;
     QDBusConnection desktop;
 };
-
-const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString colorScheme = QStringLiteral("color-scheme");
 
 TEST_F(ColorSchemeWatchTest, takesThePortalsWordAtTheStart)
 {

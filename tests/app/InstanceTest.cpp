@@ -61,5 +61,19 @@ TEST(Instance, takesItsNameAgainWhenTheBusIsBack)
     EXPECT_EQ(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
 }
 
+TEST(Instance, keepsItsNameWhenTheProgramComesBackAsANewParticipant)
+{
+    const PrivateBus daemon;
+    SessionBus bus;
+    bus.open();
+    const Instance instance(bus);
+    const QDBusConnection heldElsewhere = bus.connection();
+
+    bus.reopen();
+
+    EXPECT_NE(bus.connection().baseService(), heldElsewhere.baseService());
+    EXPECT_EQ(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
+}
+
 } // namespace
 } // namespace glimmet

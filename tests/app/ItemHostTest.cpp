@@ -65,7 +65,7 @@ protected:
         : desktop(daemon.peer(QStringLiteral("desktop")))
     {
         bus.open();
-        bus.connection().registerService(programName);
+        bus.claim(programName);
     }
     ~ItemHostTest() override { QDBusConnection::disconnectFromBus(QStringLiteral("desktop")); }
 

@@ -18,7 +18,11 @@ Column {
         font.pixelSize: 14
         placeholderText: "Type your text…"
         text: root.ticker.customText
-        onTextEdited: root.ticker.customText = text
+        // Not only what is typed: an assistive program sets the text without editing it.
+        onTextChanged: {
+            if (text !== root.ticker.customText)
+                root.ticker.customText = text;
+        }
     }
     InkText {
         text: "Updates live as you type."
