@@ -48,11 +48,15 @@ class DesktopCase(unittest.TestCase):
     def stored(self):
         return json.loads(self.preferences.read_text())
 
-    def launch(self, environment=None, **options):
+    def begin(self, environment=None, **options):
         """Starts the program for this test, which also ends it."""
         self.glimmet = Glimmet(self.desktop, BINARY, environment, **options)
         self.addCleanup(self._end)
-        return self.glimmet.wait_until_running()
+        return self.glimmet
+
+    def launch(self, environment=None, **options):
+        """The same, and reads its item once that is there."""
+        return self.begin(environment, **options).wait_until_running()
 
     def _end(self):
         self.glimmet.stop()

@@ -3,7 +3,7 @@
 import unittest
 
 from desktop.processes import wait_for, watch_for
-from desktop.program import ITEM, STRIP
+from desktop.program import ITEM, NAME, STRIP
 from desktop_case import DesktopCase
 from watcher import Watcher
 
@@ -28,6 +28,16 @@ class Hosts(DesktopCase):
         self.launch()
 
         self.assert_registered()
+
+    def test_keeps_its_name_where_a_host_forgets_the_item(self):
+        self.start_watcher()
+        self.begin()
+
+        # This host never reads what registered, as one that has lost it on the way.
+        wait_for(lambda: len(self.watcher.items()) > 3, 20, "three more registrations")
+
+        self.glimmet.wait_until_running(5)
+        self.assertEqual(self.desktop.bus.process_of(NAME), self.glimmet.process.pid)
 
     def test_shows_no_strip_beside_a_host(self):
         self.start_watcher()
