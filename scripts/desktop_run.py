@@ -25,13 +25,17 @@ def take_pictures(glimmet):
 
 def print_labels(glimmet):
     """Prints each new text until glimmet ends; returns its exit status."""
-    printed = len(glimmet.labels)
-    print(glimmet.label, flush=True)
+    seen = len(glimmet.labels)
+    shown = glimmet.label
+    print(shown, flush=True)
     while glimmet.process.poll() is None:
         watch_for(0.05)
-        for _, label in glimmet.labels[printed:]:
-            print(label, flush=True)
-        printed = len(glimmet.labels)
+        for _, label in glimmet.labels[seen:]:
+            # A signal that was under way while the first text was read tells that same text again.
+            if label != shown:
+                print(label, flush=True)
+            shown = label
+        seen = len(glimmet.labels)
     print(glimmet.output(), end="", file=sys.stderr)
     return glimmet.process.returncode
 
