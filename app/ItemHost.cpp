@@ -30,6 +30,8 @@ constexpr auto unseenPatience = 3s;
 constexpr int mostRegistrations = 4;
 /// Hosts gather changes for up to 60 ms: a shorter absence might go unnoticed and leave their menu open.
 constexpr auto menuClosingTime = 80ms;
+/// Between a press, which opens the menu, and its release, which activates.
+constexpr std::chrono::milliseconds sameClickTime = 1s;
 
 QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
 {
@@ -56,6 +58,7 @@ ItemHost::ItemHost(SessionBus &bus, QObject *parent)
     connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
     connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
     connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
+    connect(m_item.get(), &StatusNotifierItem::activatedBesideMenu, this, &ItemHost::handleEarlyClick);
     connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::closeMenu);
     connect(m_menu.get(), &NotifierMenu::openChosen, this, &ItemHost::openChosen);
     connect(m_menu.get(), &NotifierMenu::quitChosen, this, &ItemHost::quitChosen);
@@ -185,8 +188,17 @@ void ItemHost::noteAnchor(QPoint position)
     m_anchor = isWayland ? position : X11::pointerPosition().value_or(position);
 }
 
+void ItemHost::handleEarlyClick(QPoint position)
+{
+    // The host opens a menu once it has read it. A click before that comes by Activate alone; later on the
+    // same click comes by both.
+    if (!m_sinceMenu.isValid() || m_sinceMenu.hasExpired(sameClickTime.count()))
+        handleClick(position);
+}
+
 void ItemHost::closeMenu()
 {
+    m_sinceMenu.start();
     noteAnchor(m_anchor.value_or(QPoint()));
     m_item->setActive(false);
     m_menuTimer.start();

@@ -2,6 +2,7 @@
 
 #include "app/MenuBarHost.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 
 #include <memory>
@@ -51,6 +52,7 @@ private:
     void choosePresentation();
     void handleClick(QPoint position);
     void noteAnchor(QPoint position);
+    void handleEarlyClick(QPoint position);
     void closeMenu();
     void handleMenuClosed();
 
@@ -60,6 +62,7 @@ private:
     std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
     QTimer m_unseenTimer;
     QTimer m_menuTimer;
+    QElapsedTimer m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
     bool m_showsMenu = false;
     bool m_available = false;

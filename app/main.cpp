@@ -34,6 +34,9 @@ bool chooseX11()
 int main(int argc, char *argv[])
 {
     openClosedStandardStreams();
+    // Qt's accessibility asks the bus for names in a way at which the D-Bus library ends the process if the
+    // bus has just gone; as a warning it does no harm.
+    qputenv("DBUS_FATAL_WARNINGS", "0");
     DiagnosticLog log;
     if (!chooseX11()) {
         std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);

@@ -120,9 +120,11 @@ bool StatusNotifierItem::handleCall(const QDBusMessage &message)
     const QString member = message.member();
     if (member == u"Scroll" || member == u"ProvideXdgActivationToken")
         return true;
-    // The menu reports the click already; an answer here would make the host wait for double clicks.
-    if (member == u"Activate" && m_presentation == Presentation::Menu)
+    // The menu reports the click; that Activate succeeds here would make the host wait for double clicks.
+    if (member == u"Activate" && m_presentation == Presentation::Menu) {
+        emit activatedBesideMenu(positionOf(message));
         return false;
+    }
     if (member != u"Activate" && member != u"SecondaryActivate" && member != u"XAyatanaSecondaryActivate"
         && member != u"ContextMenu")
         return false;

@@ -45,6 +45,8 @@ public:
 signals:
     /// The item was clicked with any button; hosts mean different places by the position, or none.
     void activated(QPoint position);
+    /// The item was activated by a host that shows its menu.
+    void activatedBesideMenu(QPoint position);
     /// A host looked at the item.
     void wasRead();
 

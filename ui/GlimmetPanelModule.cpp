@@ -4,11 +4,15 @@
 
 namespace glimmet {
 
-std::unique_ptr<Panel> GlimmetPanelModule::makePanel(TickerViewModel &ticker, const Options &options)
+GlimmetPanelModule::GlimmetPanelModule()
 {
     // Painted on the processor: the panel is small, and the graphics libraries would cost more memory than
-    // all of it.
+    // all of it. It must be said before the first window.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+std::unique_ptr<Panel> GlimmetPanelModule::makePanel(TickerViewModel &ticker, const Options &options)
+{
     return std::make_unique<PanelWindow>(ticker, options);
 }
 

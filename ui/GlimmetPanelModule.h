@@ -13,6 +13,8 @@ class GlimmetPanelModule final : public QObject, public PanelModule {
     Q_INTERFACES(glimmet::PanelModule)
 
 public:
+    GlimmetPanelModule();
+
     std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) override;
 };
 

@@ -5,6 +5,7 @@
 
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -144,6 +145,66 @@ TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)
 
     EXPECT_TRUE(waitFor([&] { return host.isAvailable() && another.registered.size() == 1; }));
     QDBusConnection::disconnectFromBus(QStringLiteral("another"));
+}
+
+/// A GNOME Shell: the watcher's owner is the shell.
+class ShellHostTest : public ItemHostTest {
+protected:
+    ShellHostTest()
+        : watcher(desktop)
+    {
+        desktop.registerService(QStringLiteral("org.gnome.Shell"));
+        host = std::make_unique<ItemHost>(bus);
+        waitFor([this] { return host->isAvailable(); });
+    }
+    ~ShellHostTest() override { desktop.unregisterService(QStringLiteral("org.gnome.Shell")); }
+
+    void openMenu()
+    {
+        call(desktop, QStringLiteral("/StatusNotifierItem/Menu"), QStringLiteral("com.canonical.dbusmenu"),
+            QStringLiteral("Event"),
+            { 0, QStringLiteral("opened"), QVariant::fromValue(QDBusVariant(0)), 0U });
+    }
+    QDBusMessage activate()
+    {
+        return call(desktop, QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.kde.StatusNotifierItem"), QStringLiteral("Activate"), { 1, 2 });
+    }
+
+    Watcher watcher;
+    std::unique_ptr<ItemHost> host;
+};
+
+TEST_F(ShellHostTest, takesItsOpenedMenuForTheClick)
+{
+    QSignalSpy clicked(host.get(), &ItemHost::clicked);
+
+    openMenu();
+
+    EXPECT_TRUE(waitFor([&] { return clicked.count() == 1; }));
+}
+
+TEST_F(ShellHostTest, takesAnActivationForTheClickWhileNoMenuOpens)
+{
+    QSignalSpy clicked(host.get(), &ItemHost::clicked);
+
+    const QDBusMessage answer = activate();
+
+    EXPECT_EQ(answer.errorName(), QStringLiteral("org.freedesktop.DBus.Error.UnknownMethod"));
+    EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST_F(ShellHostTest, countsAMenuAndAnActivationOfOneClickOnce)
+{
+    QSignalSpy clicked(host.get(), &ItemHost::clicked);
+
+    openMenu();
+    activate();
+
+    ASSERT_TRUE(waitFor([&] { return clicked.count() > 0; }));
+    openMenu();
+    ASSERT_TRUE(waitFor([&] { return clicked.count() > 1; }));
+    EXPECT_EQ(clicked.count(), 2);
 }
 
 } // namespace

@@ -128,6 +128,7 @@ TEST_F(StatusNotifierItemTest, tellsOfAClickWithAnyButton)
 TEST_F(StatusNotifierItemTest, leavesClicksToTheMenuForAHostThatShowsMenus)
 {
     QSignalSpy activated(&item, &StatusNotifierItem::activated);
+    QSignalSpy beside(&item, &StatusNotifierItem::activatedBesideMenu);
     EXPECT_TRUE(introspection().contains(QStringLiteral("\"Activate\"")));
 
     item.setPresentation(Menu);
@@ -135,6 +136,7 @@ TEST_F(StatusNotifierItemTest, leavesClicksToTheMenuForAHostThatShowsMenus)
     EXPECT_EQ(click(QStringLiteral("Activate")).errorName(),
         QStringLiteral("org.freedesktop.DBus.Error.UnknownMethod"));
     EXPECT_EQ(activated.count(), 0);
+    EXPECT_EQ(beside.count(), 1);
     EXPECT_FALSE(introspection().contains(QStringLiteral("\"Activate\"")));
     EXPECT_EQ(property(QStringLiteral("Menu")).value<QDBusObjectPath>().path(),
         QStringLiteral("/StatusNotifierItem/Menu"));
