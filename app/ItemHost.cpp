@@ -86,7 +86,14 @@ void ItemHost::handleConnected()
     m_item->putOn(connection);
     m_menu->putOn(connection);
     m_watcherWatch = std::make_unique<QDBusServiceWatcher>(watcherService, connection);
-    connect(m_watcherWatch.get(), &QDBusServiceWatcher::serviceRegistered, this, &ItemHost::handleWatcher);
+    // Also from one owner straight to another, when a panel replaces a running one.
+    connect(m_watcherWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString &, const QString &, const QString &owner) {
+            if (owner.isEmpty())
+                handleWatcherGone();
+            else
+                handleWatcher();
+        });
     connect(
         m_watcherWatch.get(), &QDBusServiceWatcher::serviceUnregistered, this, &ItemHost::handleWatcherGone);
     for (const char *signal : { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
@@ -105,6 +112,8 @@ void ItemHost::handleLost()
 
 void ItemHost::handleWatcher()
 {
+    if (!m_isStartingOver)
+        m_registrations = 0;
     choosePresentation();
     registerItem();
     askForHost();
@@ -127,12 +136,14 @@ void ItemHost::choosePresentation()
 
 void ItemHost::registerItem()
 {
-    const QString name = m_registrations == 0 ? programName
-                                              : QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
-                                                    .arg(QCoreApplication::applicationPid())
-                                                    .arg(m_registrations);
+    const bool isProgramName = m_registrations == 0 && m_bus.owns(programName);
+    const QString name = isProgramName ? programName
+                                       : QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
+                                             .arg(QCoreApplication::applicationPid())
+                                             .arg(m_registrations);
     ++m_registrations;
-    if (name != programName)
+    m_isAnnounced = false;
+    if (!isProgramName)
         m_bus.claim(name);
     m_bus.connection().send(
         watcherCall(watcherService, QStringLiteral("RegisterStatusNotifierItem"), { name }));
@@ -141,16 +152,29 @@ void ItemHost::registerItem()
 
 void ItemHost::handleRead(bool isOnlyTheBeginning)
 {
+    // Some hosts take the text from the signal only.
+    if (!m_isAnnounced)
+        m_item->announceLabel();
+    m_isAnnounced = true;
     if (isOnlyTheBeginning)
         return;
     m_unseenTimer.stop();
     m_registrations = 0;
+    if (!m_available)
+        askForHost();
 }
 
 void ItemHost::startOver()
 {
-    if (m_available && m_registrations < mostRegistrations)
-        m_bus.reopen();
+    if (!m_available)
+        return;
+    if (m_registrations >= mostRegistrations) {
+        setAvailable(false); // The strip is better than no text at all.
+        return;
+    }
+    m_isStartingOver = true;
+    m_bus.reopen();
+    m_isStartingOver = false;
 }
 
 void ItemHost::askForHost()
@@ -170,6 +194,8 @@ void ItemHost::setAvailable(bool available)
     if (available == m_available)
         return;
     m_available = available;
+    if (available && m_registrations > 0)
+        m_unseenTimer.start();
     emit availabilityChanged();
 }
 

@@ -65,6 +65,8 @@ private:
     QElapsedTimer m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
     bool m_showsMenu = false;
+    bool m_isAnnounced = false;
+    bool m_isStartingOver = false;
     bool m_available = false;
     std::optional<QPoint> m_anchor;
 };

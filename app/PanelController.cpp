@@ -66,7 +66,9 @@ void PanelController::open(std::optional<QPoint> anchor)
         return;
     if (!isOpen()) {
         m_panel = panels->makePanel(m_ticker, { m_scheme, X11::isCompositing() });
-        place(m_panel->window(), anchor);
+        m_anchor = anchor;
+        m_naturalSize = m_panel->window().size();
+        place();
         watch(m_panel->window());
         m_panel->window().show();
         m_sinceOpening.start();
@@ -94,12 +96,13 @@ PanelModule *PanelController::module()
     return panels;
 }
 
-void PanelController::place(QWindow &window, std::optional<QPoint> anchor)
+void PanelController::place()
 {
-    const ScreenSpace screen = screenFor(anchor);
+    QWindow &window = m_panel->window();
+    const ScreenSpace screen = screenFor(m_anchor);
     const QPoint corner = screen.available.topRight();
-    const QPoint item = anchor ? screen.toLogical(*anchor) : corner;
-    window.setGeometry(panelGeometry(window.size(), item, screen));
+    const QPoint item = m_anchor ? screen.toLogical(*m_anchor) : corner;
+    window.setGeometry(panelGeometry(m_naturalSize, item, screen));
     window.create();
     X11::makeDropDown(window);
 }
@@ -109,6 +112,8 @@ void PanelController::watch(QWindow &window)
     m_forgetTimer.stop();
     m_presses = std::make_unique<PressWatch>();
     connect(m_presses.get(), &PressWatch::pressed, this, &PanelController::handlePress);
+    for (const auto change : { &QScreen::geometryChanged, &QScreen::availableGeometryChanged })
+        connect(window.screen(), change, &window, [this] { place(); });
     // Queued: the panel closes itself from inside its own event, and must not be destroyed there.
     connect(
         &window, &QWindow::visibleChanged, this,

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPluginLoader>
 #include <QPoint>
+#include <QSize>
 #include <QTimer>
 
 #include <memory>
@@ -48,7 +49,7 @@ private:
     enum class Cause { Request, OutsideClick };
 
     PanelModule *module();
-    void place(QWindow &window, std::optional<QPoint> anchor);
+    void place();
     void watch(QWindow &window);
     void handlePress(QPoint position);
     void handleFocus(const QWindow *focused);
@@ -61,6 +62,8 @@ private:
     QPluginLoader m_loader;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<PressWatch> m_presses;
+    std::optional<QPoint> m_anchor;
+    QSize m_naturalSize;
     QTimer m_forgetTimer;
     QElapsedTimer m_sinceOpening;
     QElapsedTimer m_sinceOutsideClick;

@@ -7,6 +7,7 @@ namespace glimmet {
 namespace {
 
 constexpr int gap = 4; // between the panel and what is around it
+constexpr int highestBar = 64;
 
 int scaled(int distance, double factor)
 {
@@ -49,10 +50,23 @@ const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native)
     return screens.first();
 }
 
+bool hasScreenAbove(const ScreenSpace &screen, const QList<ScreenSpace> &screens)
+{
+    const QRect own = screen.nativeGeometry();
+    return std::any_of(screens.begin(), screens.end(), [&own](const ScreenSpace &other) {
+        const QRect native = other.nativeGeometry();
+        return native.bottom() < own.top() && native.left() <= own.right() && native.right() >= own.left();
+    });
+}
+
 QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen)
 {
-    const QRect space = screen.available;
+    QRect space = screen.available;
     const bool isTopItem = anchor.y() < screen.geometry.center().y();
+    // With several screens nobody tells how much of each its bars take; an item near the edge tells of its
+    // own bar.
+    if (isTopItem && anchor.y() - screen.geometry.top() <= highestBar)
+        space.setTop(std::max(space.top(), anchor.y()));
     const QSize fitting = size.boundedTo(space.size() - QSize(2 * gap, 2 * gap));
     const int rightmost = space.left() + space.width() - gap - fitting.width();
     const int lowest = space.top() + space.height() - gap - fitting.height();

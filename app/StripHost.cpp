@@ -132,7 +132,9 @@ void StripHost::place()
     m_window->setGeometry(QRect(
         space.geometry.left(), space.geometry.top() + m_barHeight, space.geometry.width(), stripHeight));
     m_window->create();
-    X11::makeTopBar(*m_window, space.toNative(m_window->geometry()));
+    const X11::Reserve reserve =
+        hasScreenAbove(space, allScreens()) ? X11::Reserve::Nothing : X11::Reserve::Space;
+    X11::makeTopBar(*m_window, space.toNative(m_window->geometry()), reserve);
 }
 
 } // namespace glimmet

@@ -12,6 +12,7 @@
 #include "platform/StandardStreams.h"
 #include "platform/UserRegion.h"
 
+#include <QFont>
 #include <QGuiApplication>
 
 #include <cstdio>
@@ -47,12 +48,17 @@ int main(int argc, char *argv[])
     QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("me.kerno.glimmet"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    // Else a sign that exists both as text and as emoji is drawn as text.
+    QFont::insertSubstitution(QStringLiteral("Inter"), QStringLiteral("Noto Color Emoji"));
 
     SessionBus bus;
     bus.open();
     Instance instance(bus);
-    if (instance.handOver())
-        return 0;
+    const Instance::Launch launch = instance.handOver();
+    if (launch == Instance::Launch::Refused)
+        std::fputs("glimmet runs already, but does not answer\n", stderr);
+    if (launch != Instance::Launch::First)
+        return launch == Instance::Launch::HandedOver ? 0 : 1;
 
     const SystemClock clock;
     const SystemRegion region;

@@ -24,15 +24,18 @@ Instance::Instance(SessionBus &bus, QObject *parent)
         claimName();
 }
 
-bool Instance::handOver()
+Instance::Launch Instance::handOver()
 {
     if (m_ownsName || !m_bus.isConnected())
-        return false;
+        return Launch::First;
     QDBusMessage activate = QDBusMessage::createMethodCall(
         programName, objectPath, applicationInterface, QStringLiteral("Activate"));
     activate << QVariantMap();
     const QDBusMessage reply = m_bus.connection().call(activate, QDBus::Block, handOverPatience);
-    return reply.type() == QDBusMessage::ReplyMessage;
+    if (reply.type() == QDBusMessage::ReplyMessage)
+        return Launch::HandedOver;
+    // The other one may have ended in the meantime.
+    return m_bus.ownerOf(programName).isEmpty() ? Launch::First : Launch::Refused;
 }
 
 void Instance::claimName()

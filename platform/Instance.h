@@ -17,8 +17,13 @@ class Instance final : public QDBusVirtualObject {
 public:
     explicit Instance(SessionBus &bus, QObject *parent = nullptr);
 
-    /// True where another program has the name; it was asked to open its panel.
-    bool handOver();
+    enum class Launch {
+        First, ///< this program shall run
+        HandedOver, ///< another one runs and opens its panel
+        Refused, ///< another one runs and does not answer
+    };
+    /// Asks the program that has the name, if it is another one, to open its panel.
+    Launch handOver();
 
     QString introspect(const QString &objectPath) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;

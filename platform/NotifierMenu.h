@@ -27,7 +27,6 @@ signals:
     void wasRead();
     /// The host opened the menu.
     void opened();
-    void closed();
     void openChosen();
     void quitChosen();
 

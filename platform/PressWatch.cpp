@@ -60,14 +60,20 @@ PressWatch::~PressWatch()
 
 void PressWatch::readEvents()
 {
+    // Asking for the pointer may bring in further events, of which the socket then no longer tells.
+    while (takePresses())
+        emit pressed(pointerPosition());
+    if (xcb_connection_has_error(m_connection) != 0)
+        m_notifier->setEnabled(false);
+}
+
+bool PressWatch::takePresses()
+{
     using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
     bool wasPressed = false;
     while (const Event event{ xcb_poll_for_event(m_connection), &std::free })
         wasPressed = wasPressed || (isRawPress(event.get()) && !isWheel(event.get()));
-    if (xcb_connection_has_error(m_connection) != 0)
-        m_notifier->setEnabled(false);
-    else if (wasPressed)
-        emit pressed(pointerPosition());
+    return wasPressed;
 }
 
 QPoint PressWatch::pointerPosition() const

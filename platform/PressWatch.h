@@ -26,6 +26,7 @@ signals:
 
 private:
     void readEvents();
+    bool takePresses();
     QPoint pointerPosition() const;
 
     xcb_connection_t *m_connection;

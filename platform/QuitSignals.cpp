@@ -23,6 +23,15 @@ int madeWakeUpDescriptor()
     return wakeUpDescriptor;
 }
 
+/// A signal that whoever started the program had it ignore (nohup) stays ignored.
+void replaceUnlessIgnored(int signal, const struct sigaction &action)
+{
+    struct sigaction before {};
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler != SIG_IGN)
+        sigaction(signal, &action, nullptr);
+}
+
 } // namespace
 
 QuitSignals::QuitSignals(QObject *parent)
@@ -33,7 +42,7 @@ QuitSignals::QuitSignals(QObject *parent)
     action.sa_handler = wakeUp;
     action.sa_flags = SA_RESTART;
     for (const int signal : { SIGINT, SIGTERM, SIGHUP })
-        sigaction(signal, &action, nullptr);
+        replaceUnlessIgnored(signal, action);
     connect(&m_notifier, &QSocketNotifier::activated, this, [this] {
         m_notifier.setEnabled(false);
         emit received();

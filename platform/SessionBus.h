@@ -22,6 +22,7 @@ public:
     void reopen();
     /// Takes a well-known name. False where another program has it, or without a bus.
     bool claim(const QString &name);
+    bool owns(const QString &name) const { return m_names.contains(name); }
     QDBusConnection connection() const { return m_connection; }
     bool isConnected() const { return m_connection.isConnected(); }
 

@@ -73,9 +73,14 @@ void StatusNotifierItem::setLabel(const QString &label)
     if (label == m_label)
         return;
     m_label = label;
-    emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
+    announceLabel();
     if (m_presentation == Presentation::Icon)
         emitChange(QStringLiteral("NewToolTip"));
+}
+
+void StatusNotifierItem::announceLabel()
+{
+    emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
 }
 
 void StatusNotifierItem::setPresentation(Presentation presentation)

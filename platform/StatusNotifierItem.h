@@ -35,6 +35,8 @@ public:
 
     /// The text beside the icon, sent to hosts only when it changes.
     void setLabel(const QString &label);
+    /// Sends the text once more, for a host that is new.
+    void announceLabel();
     void setPresentation(Presentation presentation);
     /// A passive item is not shown.
     void setActive(bool active);

@@ -105,13 +105,13 @@ void askForActivation(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t 
 
 } // namespace
 
-void makeTopBar(const QWindow &window, const QRect &geometry)
+void makeTopBar(const QWindow &window, const QRect &geometry, Reserve reserve)
 {
     xcb_connection_t *x = connection();
     if (x == nullptr)
         return;
     const xcb_window_t id = idOf(window);
-    const auto reserved = static_cast<uint32_t>(geometry.bottom() + 1);
+    const auto reserved = static_cast<uint32_t>(reserve == Reserve::Space ? geometry.bottom() + 1 : 0);
     const auto left = static_cast<uint32_t>(geometry.left());
     const auto right = static_cast<uint32_t>(geometry.right());
     setProperty(

@@ -12,9 +12,13 @@
 /// thread.
 namespace glimmet::X11 {
 
-/// Shows the window as a bar at the upper edge of its screen: `window` (native pixels, on a root window of
-/// `rootSize`) reserves its space down from the edge. Call before it is shown.
-void makeTopBar(const QWindow &window, const QRect &geometry);
+/// Whether a bar keeps other windows off its place. Where another screen lies above it must not: reservations
+/// count from the upper edge of all screens together.
+enum class Reserve { Space, Nothing };
+
+/// Shows the window as a bar at the upper edge of its screen. `geometry`: the window's, in native pixels.
+/// Call before it is shown.
+void makeTopBar(const QWindow &window, const QRect &geometry, Reserve reserve);
 
 /// Keeps the window out of task bars and pagers, above others and without the window manager's animations.
 /// Call before it is shown.

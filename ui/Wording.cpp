@@ -6,7 +6,8 @@ namespace glimmet {
 
 QString Wording::oneLine(const QString &text)
 {
-    return hostText(text);
+    constexpr int lengthSeen = 1000;
+    return hostText(text.left(lengthSeen));
 }
 
 QString Wording::version(const QString &appVersion)

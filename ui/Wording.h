@@ -13,7 +13,8 @@ class Wording : public QObject {
     QML_SINGLETON
 
 public:
-    /// The menu-bar text as it stands on one line.
+    /// The menu-bar text as it stands on one line. Of a very long one only what can be seen: to lay out all
+    /// of it would hold up the panel.
     Q_INVOKABLE static QString oneLine(const QString &text);
     /// "v1.2 ·"; an unknown version leaves its place empty.
     Q_INVOKABLE static QString version(const QString &appVersion);

@@ -16,7 +16,7 @@ TEST(Instance, keepsItsNameAndHandsNothingOverWhenItIsTheFirst)
     bus.open();
     Instance instance(bus);
 
-    EXPECT_FALSE(instance.handOver());
+    EXPECT_EQ(instance.handOver(), Instance::Launch::First);
     EXPECT_EQ(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
 }
 
@@ -26,7 +26,7 @@ TEST(Instance, runsOnWithoutABus)
     bus.open();
     Instance instance(bus);
 
-    EXPECT_FALSE(instance.handOver());
+    EXPECT_EQ(instance.handOver(), Instance::Launch::First);
 }
 
 TEST(Instance, tellsThatItWasLaunchedAgain)

@@ -3,6 +3,7 @@
 #include "platform/SessionBus.h"
 #include "tests/app/PrivateBus.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QSignalSpy>
@@ -129,6 +130,33 @@ TEST_F(ItemHostTest, registersUnderANewNameWhereTheHostNeverLooksAtIt)
     EXPECT_NE(watcher.registered.at(1), programName);
     watcher.look();
     EXPECT_FALSE(QTest::qWaitFor([&] { return watcher.registered.size() > 2; }, 3500));
+}
+
+TEST_F(ItemHostTest, registersWithAWatcherThatReplacesTheRunningOneWithoutAGap)
+{
+    QDBusConnection next = daemon.peer(QStringLiteral("next"));
+    const Watcher watcher(desktop);
+    const ItemHost host(bus);
+    ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 1; }));
+    const Watcher replacement(next);
+    // The queued name passes over at once when its first owner lets go of it.
+    next.interface()->registerService(QStringLiteral("org.kde.StatusNotifierWatcher"),
+        QDBusConnectionInterface::QueueService, QDBusConnectionInterface::DontAllowReplacement);
+
+    desktop.unregisterService(QStringLiteral("org.kde.StatusNotifierWatcher"));
+
+    EXPECT_TRUE(waitFor([&] { return replacement.registered.size() == 1; }));
+    QDBusConnection::disconnectFromBus(QStringLiteral("next"));
+}
+
+TEST_F(ItemHostTest, makesRoomForTheStripWhereTheHostNeverShowsIt)
+{
+    const Watcher watcher(desktop);
+    const ItemHost host(bus);
+    ASSERT_TRUE(waitFor([&] { return host.isAvailable(); }));
+
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return watcher.registered.size() == 4 && !host.isAvailable(); }, 20'000));
 }
 
 TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)

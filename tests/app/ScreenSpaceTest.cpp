@@ -54,6 +54,27 @@ TEST(PanelGeometry, opensAboveAnItemAtTheLowerEdge)
     EXPECT_EQ(rect.bottom(), 760 - 4 - 1);
 }
 
+TEST(PanelGeometry, leavesTheItemsBarFreeWhereTheScreenDoesNotTellOfIt)
+{
+    const ScreenSpace untold{ { 0, 400, 1280, 400 }, { 0, 400, 1280, 400 }, 1 };
+
+    const QRect rect = panelGeometry(panel, { 1200, 426 }, untold);
+
+    EXPECT_EQ(rect.top(), 430);
+    EXPECT_TRUE(untold.available.contains(rect));
+}
+
+TEST(ScreenSpace, knowsWhetherAnotherScreenLiesAbove)
+{
+    const ScreenSpace lower = screen({ 0, 400, 1280, 400 });
+    const ScreenSpace upper = screen({ 200, 0, 640, 400 });
+    const ScreenSpace beside = screen({ 1280, 0, 640, 400 });
+
+    EXPECT_TRUE(hasScreenAbove(lower, { lower, upper }));
+    EXPECT_FALSE(hasScreenAbove(upper, { lower, upper }));
+    EXPECT_FALSE(hasScreenAbove(lower, { lower, beside }));
+}
+
 TEST(ScreenSpace, turnsNativePositionsIntoLogicalOnesFromTheScreensOrigin)
 {
     const ScreenSpace right = screen({ 2560, 0, 1280, 800 }, 2);

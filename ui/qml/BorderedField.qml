@@ -9,6 +9,7 @@ T.TextField {
     property real cornerRadius: Theme.rowRadius
 
     implicitWidth: 120
+    maximumLength: 2147483647
     implicitHeight: Math.ceil(contentHeight) + topPadding + bottomPadding
     color: Theme.ink
     selectionColor: Theme.accent

@@ -23,6 +23,7 @@ Rectangle {
         text: root.text
         font.pixelSize: 26
         font.weight: Theme.medium
+        horizontalAlignment: Text.AlignLeft
         maximumLineCount: 1
         elide: Text.ElideRight
     }
