@@ -39,6 +39,25 @@ class Geometry(DesktopCase):
         self.assertLess(panel.height, 2 * SIZE[1])
 
 
+class ShrinkingScreen(DesktopCase):
+    # Timings that no monitor has to keep: the virtual screen takes any.
+    MODE = ("smaller", "40", "800", "840", "920", "1056", "480", "481", "484", "500")
+
+    def shrink(self):
+        self.screen.run("xrandr", "--newmode", *self.MODE)
+        self.screen.run("xrandr", "--addmode", "screen", self.MODE[0])
+        self.screen.run("xrandr", "--output", "screen", "--mode", self.MODE[0])
+        return Area(0, 0, 800, 480)
+
+    def test_an_open_panel_comes_along_when_its_screen_becomes_smaller(self):
+        self.launch().wait_for_strip()
+        self.glimmet.open_panel()
+
+        smaller = self.shrink()
+
+        wait_for(lambda: smaller.contains(self.screen.area_of("glimmet")), 5, "the panel on the smaller screen")
+
+
 class LowScreen(DesktopCase):
     size = (800, 480)
 
