@@ -116,8 +116,6 @@ std::optional<QVariantList> answerTo(const QDBusMessage &message)
         return QVariantList{ QVariant::fromValue(QList<int>()), QVariant::fromValue(QList<int>()) };
     if (member == u"Event")
         return QVariantList{};
-    if (member == u"EventGroup")
-        return QVariantList{ QVariant::fromValue(QList<int>()) };
     if (member == u"GetAll")
         return QVariantList{ menuProperties() };
     if (member == u"Get")
@@ -156,7 +154,6 @@ QString NotifierMenu::introspect(const QString &) const
     <method name="GetGroupProperties"><arg type="ai" direction="in"/><arg type="as" direction="in"/><arg type="a(ia{sv})" direction="out"/></method>
     <method name="GetProperty"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/></method>
     <method name="Event"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="in"/><arg type="u" direction="in"/></method>
-    <method name="EventGroup"><arg type="a(isvu)" direction="in"/><arg type="ai" direction="out"/></method>
     <method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
     <method name="AboutToShowGroup"><arg type="ai" direction="in"/><arg type="ai" direction="out"/><arg type="ai" direction="out"/></method>
     <signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
