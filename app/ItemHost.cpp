@@ -94,8 +94,6 @@ void ItemHost::handleConnected()
             else
                 handleWatcher();
         });
-    connect(
-        m_watcherWatch.get(), &QDBusServiceWatcher::serviceUnregistered, this, &ItemHost::handleWatcherGone);
     for (const char *signal : { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
         connection.connect(
             QString(), watcherPath, watcherService, QString::fromLatin1(signal), this, SLOT(askForHost()));

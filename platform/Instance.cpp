@@ -26,7 +26,7 @@ Instance::Instance(SessionBus &bus, QObject *parent)
 
 Instance::Launch Instance::handOver()
 {
-    if (m_ownsName || !m_bus.isConnected())
+    if (m_bus.owns(programName) || !m_bus.isConnected())
         return Launch::First;
     QDBusMessage activate = QDBusMessage::createMethodCall(
         programName, objectPath, applicationInterface, QStringLiteral("Activate"));
@@ -42,7 +42,7 @@ void Instance::claimName()
 {
     QDBusConnection connection = m_bus.connection();
     connection.registerVirtualObject(objectPath, this);
-    m_ownsName = m_bus.claim(programName);
+    m_bus.claim(programName);
 }
 
 QString Instance::introspect(const QString &) const

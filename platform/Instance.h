@@ -36,7 +36,6 @@ private:
     void claimName();
 
     SessionBus &m_bus;
-    bool m_ownsName = false;
 };
 
 } // namespace glimmet
