@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <utility>
+#include <variant>
+
+namespace glimmet {
+
+/// What to ask a server for: always a GET, always over https.
+struct HttpRequest {
+    QByteArray address; ///< absolute, percent-encoded
+    QList<std::pair<QByteArray, QByteArray>> headers; ///< names and values as they are sent
+};
+
+/// A complete answer, whatever its status says.
+struct HttpAnswer {
+    int status = 0;
+    QByteArray body; ///< unpacked
+
+    friend bool operator==(const HttpAnswer &, const HttpAnswer &) = default;
+};
+
+/// Why there is no complete answer.
+enum class TransportFailure {
+    InvalidAddress, ///< nothing was sent
+    InvalidHeader, ///< nothing was sent
+    TimedOut,
+    ServerNotFound,
+    CannotConnect,
+    ConnectionLost, ///< also a body that is too long
+    NotSecure, ///< no common way to encrypt
+    ServerNotTrusted,
+    ProxyFailed,
+    Failed,
+};
+
+using HttpResult = std::variant<HttpAnswer, TransportFailure>;
+
+/// The failure in the user's words: short, without addresses, such as "the request timed out".
+QString describe(TransportFailure failure);
+
+/// Whether `address` may go out as it is: https with a host, no user name, valid by RFC 3986 read strictly,
+/// and of visible ASCII characters only.
+bool isSendableAddress(const QByteArray &address);
+/// Whether every header is one line: a token as its name and no line break or NUL in its value.
+bool areSendableHeaders(const QList<std::pair<QByteArray, QByteArray>> &headers);
+
+} // namespace glimmet
