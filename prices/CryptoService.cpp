@@ -1,0 +1,33 @@
+#include "prices/CryptoService.h"
+
+#include "platform/DiagnosticLog.h"
+#include "platform/HttpClient.h"
+#include "prices/PriceChart.h"
+
+namespace glimmet {
+
+CryptoService::CryptoService(HttpClient &http, DiagnosticLog &log, QByteArray endpoint, QObject *parent)
+    : QObject(parent)
+    , m_http(http)
+    , m_log(log)
+    , m_endpoint(std::move(endpoint))
+{
+}
+
+void CryptoService::fetchPrice(const QString &symbol, Completion completion)
+{
+    const auto address = PriceChart::address(m_endpoint, symbol);
+    const auto parse = [symbol, &log = m_log](const HttpResult &result) -> std::optional<CryptoPrice> {
+        // The status says nothing that the body does not: an error's body holds no price.
+        const auto *answer = std::get_if<HttpAnswer>(&result);
+        const auto price = answer ? PriceChart::parse(answer->body, symbol) : std::nullopt;
+        if (price)
+            log.line(PriceChart::logLine(*price));
+        return price;
+    };
+    // Without an address the client refuses the request: every failure takes the same way back.
+    m_http.get({ address.value_or(QByteArray()), { { "User-Agent", "Mozilla/5.0" } } }, this, parse,
+        std::move(completion));
+}
+
+} // namespace glimmet

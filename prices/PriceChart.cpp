@@ -1,0 +1,95 @@
+#include "prices/PriceChart.h"
+
+#include "platform/Json.h"
+#include "platform/Text.h"
+
+#include <QLocale>
+#include <QSet>
+#include <QUrl>
+
+namespace glimmet::PriceChart {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The crypto-currencies that people type bare.
+bool isKnownCrypto(const QString &symbol)
+{
+    static const QSet<QString> knownCrypto{ u"BTC"_s, u"ETH"_s, u"SOL"_s, u"BNB"_s, u"XRP"_s, u"DOGE"_s,
+        u"ADA"_s, u"AVAX"_s, u"DOT"_s, u"LINK"_s, u"UNI"_s, u"MATIC"_s, u"SHIB"_s, u"LTC"_s, u"BCH"_s,
+        u"ATOM"_s, u"TRX"_s, u"ETC"_s };
+    return knownCrypto.contains(symbol);
+}
+
+/// A dot segment (RFC 3986, 3.3) means another folder, also when its dots are percent-encoded.
+bool isDotSegment(const QString &step)
+{
+    return step == u"."_s || step == u".."_s;
+}
+
+QList<double> extractHistory(const JsonValue &chart)
+{
+    QList<double> history;
+    const auto quotes = chart["indicators"]["quote"].listOfObjects();
+    if (!quotes)
+        return history;
+    const auto closes = quotes->first()["close"].list();
+    if (!closes)
+        return history;
+    for (const JsonValue &close : *closes)
+        if (const auto price = close.number()) // An hour without trade has none.
+            history.append(*price);
+    return history;
+}
+
+double changeInPercent(double price, double previous)
+{
+    return previous > 0 ? (price - previous) / previous * 100 : 0;
+}
+
+/// The shortest decimal form that reads back as the same number, with at least one digit behind the point.
+QString plainDecimal(double value)
+{
+    const QString text = QString::number(value, 'f', QLocale::FloatingPointShortest);
+    return text.contains(u'.') ? text : text + ".0"_L1;
+}
+
+} // namespace
+
+QString normalize(const QString &symbol)
+{
+    const QString normalized = trimmedBlanks(symbol.toUpper());
+    return isKnownCrypto(normalized) ? normalized + "-USD"_L1 : normalized;
+}
+
+std::optional<QByteArray> address(const QByteArray &endpoint, const QString &symbol)
+{
+    const QString step = normalize(symbol);
+    if (!step.isValidUtf16() || isDotSegment(step))
+        return std::nullopt;
+    return endpoint + "/v8/finance/chart/" + QUrl::toPercentEncoding(step) + "?interval=1h&range=1d";
+}
+
+std::optional<CryptoPrice> parse(QByteArrayView body, const QString &originalSymbol)
+{
+    const auto document = JsonDocument::read(body);
+    if (!document)
+        return std::nullopt;
+    const auto results = document->root()["chart"]["result"].listOfObjects();
+    if (!results)
+        return std::nullopt;
+    const JsonValue chart = results->first();
+    const auto price = chart["meta"]["regularMarketPrice"].number();
+    if (!price)
+        return std::nullopt;
+    const double previous = chart["meta"]["chartPreviousClose"].number().value_or(*price);
+    return CryptoPrice{ originalSymbol, *price, changeInPercent(*price, previous), extractHistory(chart) };
+}
+
+QString logLine(const CryptoPrice &price)
+{
+    return price.id + ": $"_L1 + plainDecimal(price.price) + u' ' + QString::asprintf("%+.1f", price.change)
+        + "%  "_L1 + QString::number(price.history.size()) + "pts"_L1;
+}
+
+} // namespace glimmet::PriceChart
