@@ -116,6 +116,11 @@ public:
 
     QStringList cryptoSymbols() const { return m_cryptoSymbols; }
     void setCryptoSymbols(const QStringList &symbols);
+    /// Appends the symbols in `text`, which commas separate, in upper case and without the blanks around
+    /// them; what is empty or known is left out. Nothing happens where nothing is new.
+    Q_INVOKABLE void addCryptoSymbol(const QString &text);
+    /// Removes every entry that is equal to `symbol`; its price stays known.
+    Q_INVOKABLE void removeCryptoSymbol(const QString &symbol);
     /// Ticks that a price stays.
     qint64 cryptoRotateInterval() const { return m_cryptoRotateInterval; }
     void setCryptoRotateInterval(qint64 seconds);
@@ -219,6 +224,7 @@ private:
     QString cryptoDisplay() const;
     void loadCryptoSymbols();
     void fetchPrice(const QString &symbol);
+    void keepPrice(const CryptoPrice &price);
 
     void fetchRevenueInRevenueMode();
 

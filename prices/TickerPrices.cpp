@@ -3,6 +3,7 @@
 #include "platform/CheckedInteger.h"
 #include "platform/PreferencesStore.h"
 #include "platform/RepeatingTimer.h"
+#include "platform/Text.h"
 #include "prices/PriceSource.h"
 
 #include <QPointer>
@@ -52,6 +53,25 @@ void TickerViewModel::setCryptoSymbols(const QStringList &symbols)
         fetchAllCryptoPrices();
 }
 
+void TickerViewModel::addCryptoSymbol(const QString &text)
+{
+    QStringList symbols = m_cryptoSymbols;
+    for (const QString &piece : text.split(u',')) {
+        const QString symbol = trimmedBlanks(piece).toUpper();
+        if (!symbol.isEmpty() && !symbols.contains(symbol))
+            symbols.append(symbol);
+    }
+    if (symbols.size() > m_cryptoSymbols.size())
+        setCryptoSymbols(symbols);
+}
+
+void TickerViewModel::removeCryptoSymbol(const QString &symbol)
+{
+    QStringList symbols = m_cryptoSymbols;
+    symbols.removeAll(symbol);
+    setCryptoSymbols(symbols);
+}
+
 void TickerViewModel::setCryptoRotateInterval(qint64 seconds)
 {
     publish(m_cryptoRotateInterval, seconds, &TickerViewModel::cryptoRotateIntervalChanged);
@@ -81,12 +101,18 @@ void TickerViewModel::fetchPrice(const QString &symbol)
     if (m_world.prices == nullptr)
         return;
     m_world.prices->fetchPrice(symbol, [ticker = QPointer(this)](const std::optional<CryptoPrice> &price) {
-        if (!ticker || !price)
-            return;
-        QHash<QString, CryptoPrice> prices = ticker->m_cryptoPrices;
-        prices.insert(price->id, *price);
-        ticker->publish(ticker->m_cryptoPrices, prices, &TickerViewModel::cryptoPricesChanged);
+        if (ticker && price)
+            ticker->keepPrice(*price);
     });
+}
+
+void TickerViewModel::keepPrice(const CryptoPrice &price)
+{
+    const auto known = m_cryptoPrices.constFind(price.id);
+    if (known != m_cryptoPrices.constEnd() && *known == price)
+        return;
+    m_cryptoPrices.insert(price.id, price);
+    emit cryptoPricesChanged();
 }
 
 void TickerViewModel::startCryptoPriceTimer()
