@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/ColorSchemeWatch.h"
 #include "platform/DiagnosticLog.h"
+#include "platform/HttpClient.h"
 #include "platform/Instance.h"
 #include "platform/JsonPreferencesStore.h"
 #include "platform/QuitSignals.h"
@@ -11,6 +12,7 @@
 #include "platform/SessionBus.h"
 #include "platform/StandardStreams.h"
 #include "platform/UserRegion.h"
+#include "prices/CryptoService.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -64,7 +66,9 @@ int main(int argc, char *argv[])
     const SystemRegion region;
     EventLoopTimers timers;
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
-    TickerViewModel ticker({ clock, region, timers, preferences });
+    HttpClient http;
+    CryptoService prices(http, log, CryptoService::yahooFinance);
+    TickerViewModel ticker({ clock, region, timers, preferences, &prices });
     MenuBar menuBar(bus);
     PanelController panel(ticker);
     ColorSchemeWatch colors;
