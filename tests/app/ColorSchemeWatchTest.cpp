@@ -1,5 +1,5 @@
 #include "platform/ColorSchemeWatch.h"
-#include "tests/app/PrivateBus.h"
+#include "tests/support/PrivateBus.h"
 
 #include <QDBusVariant>
 #include <QDBusVirtualObject>

@@ -1,6 +1,6 @@
 #include "platform/Instance.h"
 #include "platform/SessionBus.h"
-#include "tests/app/PrivateBus.h"
+#include "tests/support/PrivateBus.h"
 
 #include <QSignalSpy>
 

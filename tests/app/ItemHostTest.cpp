@@ -1,7 +1,7 @@
 #include "app/ItemHost.h"
 #include "platform/ProgramName.h"
 #include "platform/SessionBus.h"
-#include "tests/app/PrivateBus.h"
+#include "tests/support/PrivateBus.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusVariant>

@@ -1,5 +1,5 @@
 #include "platform/NotifierMenu.h"
-#include "tests/app/PrivateBus.h"
+#include "tests/support/PrivateBus.h"
 
 #include <QDBusArgument>
 #include <QDBusVariant>

@@ -1,5 +1,5 @@
 #include "platform/SessionBus.h"
-#include "tests/app/PrivateBus.h"
+#include "tests/support/PrivateBus.h"
 
 #include <QSignalSpy>
 

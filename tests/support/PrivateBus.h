@@ -9,21 +9,27 @@
 
 namespace glimmet {
 
-/// A real session bus of the test's own, at one address for its whole life, also over a restart.
+/// A real session bus of the test's own, at one address for its whole life, also over a restart. It starts
+/// the services of the machine where they are asked for, or only those in a folder of the test's.
 class PrivateBus {
 public:
     PrivateBus();
+    explicit PrivateBus(const QString &servicesFolder);
     ~PrivateBus();
     Q_DISABLE_COPY_MOVE(PrivateBus)
 
     void start();
     void kill();
+    /// Has it take messages without an answer, until it goes on.
+    void halt() const;
+    void goOn() const;
     /// A further connection to it, as another program has one.
     QDBusConnection peer(const QString &name) const;
 
 private:
     QTemporaryDir m_folder;
     QString m_address;
+    QString m_configuration;
     QProcess m_daemon;
 };
 

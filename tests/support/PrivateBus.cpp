@@ -1,16 +1,46 @@
-#include "tests/app/PrivateBus.h"
+#include "tests/support/PrivateBus.h"
 
 #include <QDBusPendingCall>
 #include <QFile>
 #include <QTest>
 
+#include <csignal>
 #include <stdexcept>
 
 namespace glimmet {
+namespace {
+
+/// Everybody may do everything, and nothing is started but what is in the folder.
+const QString ownServicesOnly = QStringLiteral(R"xml(<busconfig>
+  <type>session</type>
+  <listen>%1</listen>
+  <servicedir>%2</servicedir>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+)xml");
+
+} // namespace
 
 PrivateBus::PrivateBus()
-    : m_address(QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus")))
+    : PrivateBus(QString())
 {
+}
+
+PrivateBus::PrivateBus(const QString &servicesFolder)
+    : m_address(QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus")))
+    , m_configuration(QStringLiteral("--session"))
+{
+    if (!servicesFolder.isEmpty()) {
+        QFile file(m_folder.filePath(QStringLiteral("bus.conf")));
+        if (!file.open(QIODevice::WriteOnly))
+            throw std::runtime_error("the test's bus could not be configured");
+        file.write(ownServicesOnly.arg(m_address, servicesFolder).toUtf8());
+        m_configuration = QStringLiteral("--config-file=") + file.fileName();
+    }
     qputenv("DBUS_SESSION_BUS_ADDRESS", m_address.toUtf8());
     start();
 }
@@ -24,7 +54,7 @@ PrivateBus::~PrivateBus()
 void PrivateBus::start()
 {
     m_daemon.start(QStringLiteral("dbus-daemon"),
-        { QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
+        { m_configuration, QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
             QStringLiteral("--address=") + m_address, QStringLiteral("--print-address=1") });
     if (!m_daemon.waitForReadyRead(10'000))
         throw std::runtime_error("the test's bus did not start");
@@ -35,6 +65,16 @@ void PrivateBus::kill()
     m_daemon.kill();
     m_daemon.waitForFinished();
     QFile::remove(m_folder.filePath(QStringLiteral("bus")));
+}
+
+void PrivateBus::halt() const
+{
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP);
+}
+
+void PrivateBus::goOn() const
+{
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGCONT);
 }
 
 QDBusConnection PrivateBus::peer(const QString &name) const
