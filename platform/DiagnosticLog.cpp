@@ -40,7 +40,7 @@ ssize_t writeAtOnce(int descriptor, const QByteArray &bytes)
     const ssize_t sent = send(descriptor, bytes.constData(), size, MSG_DONTWAIT | MSG_NOSIGNAL);
     if (sent >= 0 || errno != ENOTSOCK)
         return sent;
-    return write(descriptor, bytes.constData(), size);
+    return ::write(descriptor, bytes.constData(), size);
 }
 
 /// The same for a pipe or terminal that may block: one that is ready takes PIPE_BUF bytes without waiting.
@@ -52,7 +52,7 @@ ssize_t writeWhileReady(int descriptor, const QByteArray &bytes)
         if (poll(&ready, 1, 0) != 1 || (ready.revents & POLLOUT) == 0)
             break;
         const auto size = static_cast<size_t>(std::min<qsizetype>(bytes.size() - done, PIPE_BUF));
-        const ssize_t written = write(descriptor, bytes.constData() + done, size);
+        const ssize_t written = ::write(descriptor, bytes.constData() + done, size);
         if (written <= 0)
             break;
         done += written;
@@ -88,7 +88,16 @@ DiagnosticLog::~DiagnosticLog()
 void DiagnosticLog::line(const QString &message)
 {
     QByteArray bytes = "[glimmet] " + message.toUtf8();
-    bytes.replace('\n', ' ').replace('\r', ' ').append('\n');
+    write(bytes.replace('\n', ' ').replace('\r', ' ').append('\n'));
+}
+
+void DiagnosticLog::text(const QString &title, const QString &text)
+{
+    write("[glimmet] " + title.toUtf8() + '\n' + text.toUtf8() + '\n');
+}
+
+void DiagnosticLog::write(QByteArray bytes)
+{
     const QMutexLocker lock(&lineMutex);
     // A line that a full pipe took only in part is ended before the next one begins.
     if (m_isInsideLine)

@@ -15,8 +15,12 @@ public:
 
     /// Writes "[glimmet] " and `message`. Line breaks in it become blanks.
     void line(const QString &message);
+    /// Writes "[glimmet] " and `title` as a line, and below it `text` as it is, line breaks too.
+    void text(const QString &title, const QString &text);
 
 private:
+    void write(QByteArray bytes);
+
     int m_descriptor;
     bool m_isOwn = false;
     bool m_mayBlock = false;
