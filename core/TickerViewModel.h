@@ -4,7 +4,7 @@
 #include "core/TickerMode.h"
 #include "core/TickerWorld.h"
 #include "prices/CryptoPrice.h"
-#include "revenue/RevenueChoices.h"
+#include "revenue/RevenueFetcher.h"
 
 #include <QHash>
 #include <QObject>
@@ -226,6 +226,7 @@ private:
     void fetchPrice(const QString &symbol);
     void keepPrice(const CryptoPrice &price);
 
+    RevenueQuery revenueQuery() const;
     void fetchRevenueInRevenueMode();
 
     TickerWorld m_world;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ApiKey.h"
 #include "revenue/RevenueChoices.h"
 
 #include <functional>
@@ -8,18 +9,23 @@ namespace glimmet {
 
 /// What one fetch asks for.
 struct RevenueQuery {
-    RevenueProvider provider;
-    RevenueMode period;
-    RevenueMetric metric;
+    RevenueProvider provider = RevenueProvider::Polar;
+    RevenueMode period = RevenueMode::AllTime;
+    RevenueMetric metric = RevenueMetric::Revenue;
+    ApiKey apiKey; ///< as stored
+    QString projectID; ///< as stored; RevenueCat's alone
+    QString currency; ///< ISO 4217 in the letter case that the platform wants; Dodo's and Stripe's alone
 };
 
 /// Answers one request with one finished text. Main thread.
 class RevenueFetcher {
 public:
+    using Completion = std::function<void(const QString &text)>;
+
     virtual ~RevenueFetcher() = default;
-    /// Ends with exactly one call of `completion` on the main thread: the figure made by `format`, or an
-    /// error text that begins with "⚠ ".
-    virtual void fetch(const RevenueQuery &query, std::function<void(QString)> completion) = 0;
+    /// Ends with exactly one call of `completion` on the main thread: the figure made by `format`, an error
+    /// text that begins with "⚠ ", or the name of what is missing, such as "add api key".
+    virtual void fetch(const RevenueQuery &query, Completion completion) = 0;
 };
 
 } // namespace glimmet

@@ -5,11 +5,6 @@
 namespace glimmet {
 namespace {
 
-QString fmtCents(qint64 cents, const QString &currency)
-{
-    return currencyText(static_cast<double>(cents) / 100.0, currency, 2).value_or(QStringLiteral("$0.00"));
-}
-
 QString averageText(const RevenueTotals &totals, const QString &currency)
 {
     if (totals.orders < 1)
@@ -25,6 +20,11 @@ QString topText(const RevenueTotals &totals, const QString &currency)
 }
 
 } // namespace
+
+QString fmtCents(qint64 cents, const QString &currency)
+{
+    return currencyText(static_cast<double>(cents) / 100.0, currency, 2).value_or(QStringLiteral("$0.00"));
+}
 
 QString format(RevenueMetric metric, const RevenueTotals &totals, const QString &currency)
 {

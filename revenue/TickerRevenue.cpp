@@ -1,5 +1,6 @@
 #include "core/TickerViewModel.h"
 #include "platform/RepeatingTimer.h"
+#include "platform/Text.h"
 #include "revenue/RevenueFetcher.h"
 
 #include <QPointer>
@@ -9,17 +10,66 @@ namespace glimmet {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// What the user has still to enter, as the text that asks for it. Polar and RevenueCat say so themselves.
+QString missingInput(const RevenueQuery &query)
+{
+    const bool isPaged =
+        query.provider != RevenueProvider::Polar && query.provider != RevenueProvider::RevenueCat;
+    const bool hasCurrency =
+        query.provider == RevenueProvider::Dodo || query.provider == RevenueProvider::Stripe;
+    if (isPaged && query.apiKey.isBlank())
+        return QStringLiteral("add api key");
+    if (hasCurrency && query.currency.isEmpty())
+        return QStringLiteral("set currency");
+    return {};
+}
+
+} // namespace
+
+RevenueQuery TickerViewModel::revenueQuery() const
+{
+    RevenueQuery query;
+    query.provider = m_revenueProvider;
+    query.period = m_revenueMode;
+    query.metric = m_revenueMetric;
+    switch (m_revenueProvider) {
+    case RevenueProvider::Polar:
+        query.apiKey = ApiKey(m_polarAPIKey);
+        break;
+    case RevenueProvider::RevenueCat:
+        query.apiKey = ApiKey(m_revenueCatAPIKey);
+        query.projectID = m_revenueCatProjectID;
+        break;
+    case RevenueProvider::Dodo:
+        query.apiKey = ApiKey(m_dodoAPIKey);
+        query.currency = trimmedBlanks(m_dodoCurrency).toUpper();
+        break;
+    case RevenueProvider::Stripe:
+        query.apiKey = ApiKey(m_stripeAPIKey);
+        query.currency = trimmedBlanks(m_stripeCurrency).toUpper().toLower();
+        break;
+    case RevenueProvider::LemonSqueezy:
+        query.apiKey = ApiKey(m_lemonSqueezyAPIKey);
+        break;
+    }
+    return query;
+}
+
 void TickerViewModel::fetchRevenue()
 {
     if (m_world.revenue == nullptr)
         return;
     publish(m_isFetchingRevenue, true, &TickerViewModel::isFetchingRevenueChanged);
     publish(m_lastFetchError, std::optional<QString>(), &TickerViewModel::lastFetchErrorChanged);
-    m_world.revenue->fetch({ m_revenueProvider, m_revenueMode, m_revenueMetric },
-        [ticker = QPointer(this)](const QString &text) {
-            if (ticker)
-                ticker->handleRevenueResult(text);
-        });
+    const RevenueQuery query = revenueQuery();
+    if (const QString missing = missingInput(query); !missing.isEmpty())
+        return handleRevenueResult(missing);
+    m_world.revenue->fetch(query, [ticker = QPointer(this)](const QString &text) {
+        if (ticker)
+            ticker->handleRevenueResult(text);
+    });
 }
 
 void TickerViewModel::handleRevenueResult(const QString &text)

@@ -23,6 +23,7 @@ TEST_F(TickerRevenue, isFetchedAgainEveryFiveMinutes)
 TEST_F(TickerRevenue, isFetchedForTheChoicesOfTheMoment)
 {
     ticker.setRevenueProvider(RevenueProvider::Stripe);
+    ticker.setStripeAPIKey(u"sk_live_1"_s);
     ticker.setRevenueMode(RevenueMode::Week);
     ticker.setRevenueMetric(RevenueMetric::Top);
 

@@ -2,7 +2,7 @@
 
 namespace glimmet {
 
-void FakeRevenueFetcher::fetch(const RevenueQuery &query, std::function<void(QString)> completion)
+void FakeRevenueFetcher::fetch(const RevenueQuery &query, Completion completion)
 {
     m_requests.push_back({ query, std::move(completion) });
 }

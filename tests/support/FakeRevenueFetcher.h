@@ -11,7 +11,7 @@ namespace glimmet {
 /// A fetcher of figures that answers when the test says so, or never.
 class FakeRevenueFetcher final : public RevenueFetcher {
 public:
-    void fetch(const RevenueQuery &query, std::function<void(QString)> completion) override;
+    void fetch(const RevenueQuery &query, Completion completion) override;
 
     std::size_t count() const { return m_requests.size(); }
     const RevenueQuery &query(std::size_t request) const { return m_requests.at(request).query; }
@@ -21,7 +21,7 @@ public:
 private:
     struct Request {
         RevenueQuery query;
-        std::function<void(QString)> completion;
+        Completion completion;
     };
 
     std::vector<Request> m_requests;

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "revenue/RevenueAccumulator.h"
+#include "revenue/RevenueFetcher.h"
+#include "revenue/ServiceAnswer.h"
+#include "revenue/ServiceWorld.h"
+
+#include <QObject>
+
+namespace glimmet {
+
+class JsonValue;
+
+/// One page of a list of orders, newest first.
+struct RevenuePage {
+    std::vector<PagedOrder> orders; ///< those that count if their time does
+    std::optional<QString> nextCursor; ///< what asks for the next page; none: this is the last
+};
+
+/// A page, or the error text that ends the chain.
+using RevenuePageResult = std::variant<RevenuePage, QString>;
+
+/// What Stripe, Lemon Squeezy and Dodo have in common: a list of orders that is read page by page to its end,
+/// whatever the period, and folded into totals. Keeps nothing between fetches: every chain of pages carries
+/// its own accumulator, and chains that overlap know nothing of each other. Main thread.
+class PagedRevenueService : public QObject {
+    Q_OBJECT
+
+public:
+    /// Reads an answer that is a JSON object with at least one member; nothing where it is no page. Called on
+    /// the network's thread.
+    using PageParser = std::function<std::optional<RevenuePage>(const JsonValue &answer)>;
+
+    /// Computes one figure over the account's whole list. Ends with exactly one call of `completion`, never
+    /// within this call.
+    void fetch(const RevenueQuery &query, RevenueFetcher::Completion completion);
+
+protected:
+    PagedRevenueService(const ServiceWorld &world, AnswerRules rules, QObject *parent);
+
+    const ServiceWorld &world() const { return m_world; }
+
+    /// Where the page is that `cursor` asks for (none: the first).
+    virtual QByteArray pageAddress(const std::optional<QString> &cursor) const = 0;
+    virtual PageParser pageParser(const RevenueQuery &query, const std::optional<QString> &cursor) const = 0;
+    /// Says which times are in the period, for one page.
+    virtual std::function<bool(Instant)> periodTest(RevenueMode period) const;
+    virtual QByteArray acceptedType() const { return "application/json"; }
+    /// The line that tells of the finished totals.
+    virtual QString summary(const RevenueQuery &query, const RevenueAccumulator &totals) const = 0;
+    /// The currency that the figure is written in.
+    virtual QString displayedCurrency(const RevenueQuery &query) const = 0;
+
+private:
+    using PageCompletion = std::function<void(const RevenuePageResult &)>;
+
+    void fetchPage(
+        const RevenueQuery &query, const std::optional<QString> &cursor, PageCompletion completion);
+    void fetchAllPages(const RevenueQuery &query, const std::optional<QString> &cursor,
+        const RevenueAccumulator &accumulator, const RevenueFetcher::Completion &completion);
+    void finish(const RevenueQuery &query, const RevenueAccumulator &totals,
+        const RevenueFetcher::Completion &completion) const;
+
+    ServiceWorld m_world;
+    AnswerRules m_rules;
+};
+
+/// "Today/revenue": the choices of a fetch in its summary.
+QString choicesText(const RevenueQuery &query);
+
+} // namespace glimmet

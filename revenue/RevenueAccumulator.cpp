@@ -1,0 +1,25 @@
+#include "revenue/RevenueAccumulator.h"
+
+#include "platform/CheckedInteger.h"
+
+#include <algorithm>
+
+namespace glimmet {
+
+void RevenueAccumulator::add(qint64 cents)
+{
+    totalAmount = checkedSum(totalAmount, cents);
+    orderCount = checkedSum(orderCount, 1);
+    maxAmount = std::max(maxAmount, cents);
+}
+
+RevenueAccumulator fold(const std::vector<PagedOrder> &orders, RevenueAccumulator accumulator,
+    const std::function<bool(Instant)> &isInPeriod)
+{
+    for (const PagedOrder &order : orders)
+        if (!order.created || isInPeriod(*order.created))
+            accumulator.add(order.amount.truncated());
+    return accumulator;
+}
+
+} // namespace glimmet

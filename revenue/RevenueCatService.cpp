@@ -1,0 +1,105 @@
+#include "revenue/RevenueCatService.h"
+
+#include "platform/DiagnosticLog.h"
+#include "platform/HttpClient.h"
+#include "platform/Json.h"
+#include "platform/Text.h"
+#include "revenue/Amount.h"
+#include "revenue/RevenueFormat.h"
+
+#include <QStringList>
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const AnswerRules &answerRules()
+{
+    static const AnswerRules rules{ .service = u"RevenueCat"_s,
+        .body = u"response"_s,
+        .headLength = 600,
+        .forbidden = u"⚠ no permission"_s };
+    return rules;
+}
+
+RevenueCatService::Metrics loggedMetrics(const QByteArray &body, DiagnosticLog &log)
+{
+    const auto metrics = RevenueCatService::parse(body);
+    if (metrics)
+        log.line("RevenueCat metrics: "_L1 + RevenueCatService::printed(*metrics));
+    return metrics.value_or(RevenueCatService::Metrics());
+}
+
+} // namespace
+
+RevenueCatService::RevenueCatService(const ServiceWorld &world, QObject *parent)
+    : QObject(parent)
+    , m_world(world)
+{
+}
+
+void RevenueCatService::fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion)
+{
+    if (query.apiKey.isBlank())
+        return completion(u"add api key"_s);
+    if (trimmedBlanks(query.projectID).isEmpty())
+        return completion(u"add project id"_s);
+    const QByteArray address =
+        m_world.endpoint + "/v2/projects/" + query.projectID.toUtf8() + "/metrics/overview";
+    if (!isSendableAddress(address))
+        return completion(transportText(TransportFailure::InvalidAddress));
+    const auto read = [apiKey = query.apiKey, metric = query.metric, &log = m_world.log](
+                          const HttpResult &result) {
+        const auto body = checkedBody(result, answerRules(), apiKey, log);
+        if (const auto *error = std::get_if<QString>(&body))
+            return *error;
+        return format(metric, loggedMetrics(std::get<QByteArray>(body), log));
+    };
+    m_world.http.get(
+        authorizedRequest(address, query.apiKey, "application/json"), this, read, std::move(completion));
+}
+
+std::optional<RevenueCatService::Metrics> RevenueCatService::parse(const QByteArray &body)
+{
+    const auto document = JsonDocument::read(body);
+    const auto list = document ? document->root()["metrics"].listOfObjects() : std::nullopt;
+    if (!list)
+        return std::nullopt;
+    Metrics metrics;
+    for (const JsonValue &metric : *list)
+        if (const auto id = metric["id"].text())
+            metrics.insert(*id, Amount(metric["value"]).truncated());
+    return metrics;
+}
+
+QString RevenueCatService::printed(const Metrics &metrics)
+{
+    if (metrics.isEmpty())
+        return u"[:]"_s;
+    QStringList entries;
+    for (auto metric = metrics.begin(); metric != metrics.end(); ++metric)
+        entries.append(u'"' + metric.key() + "\": "_L1 + QString::number(metric.value()));
+    return u'[' + entries.join(", "_L1) + u']';
+}
+
+QString RevenueCatService::format(RevenueMetric metric, const Metrics &metrics)
+{
+    const qint64 revenue = metrics.value(u"revenue"_s);
+    const qint64 transactions = metrics.value(u"num_tx_last_28_days"_s);
+    switch (metric) {
+    case RevenueMetric::Revenue:
+        return glimmet::format(metric, { .revenue = revenue, .orders = 1 }, u"USD"_s);
+    case RevenueMetric::Orders:
+        return u"🛒 "_s + QString::number(transactions) + " tx"_L1;
+    case RevenueMetric::Avg:
+        if (transactions < 1)
+            return u"📐 no tx"_s;
+        return glimmet::format(metric, { .revenue = revenue, .orders = transactions }, u"USD"_s);
+    case RevenueMetric::Top:
+        return u"📊 MRR: "_s + fmtCents(metrics.value(u"mrr"_s), u"USD"_s);
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace glimmet

@@ -1,0 +1,73 @@
+#include "revenue/ServiceAnswer.h"
+
+#include "platform/DiagnosticLog.h"
+#include "platform/TextHead.h"
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A shorter key is no key of any of the services, and masking it would only garble the log.
+constexpr qsizetype shortestMasked = 8;
+
+std::optional<QString> statusText(int status, const AnswerRules &rules)
+{
+    if (status == 200)
+        return std::nullopt;
+    if (status == 401)
+        return u"⚠ invalid key"_s;
+    if (status == 403)
+        return rules.forbidden;
+    if (status == 422 && !rules.unprocessable.isEmpty())
+        return rules.unprocessable;
+    return u"⚠ http "_s + QString::number(status);
+}
+
+QByteArray masked(QByteArray body, const ApiKey &apiKey)
+{
+    if (apiKey.characters().size() < shortestMasked)
+        return body;
+    QByteArray key = apiKey.characters().toUtf8();
+    body.replace(key, "•••");
+    // The other form in which JSON may have it.
+    return body.replace(key.replace("/", "\\/"), "•••");
+}
+
+void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
+{
+    if (const auto head = textHead(masked(body, apiKey), rules.headLength))
+        log.text(rules.service + u' ' + rules.body + u':', *head);
+}
+
+} // namespace
+
+HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, const QByteArray &accept)
+{
+    return { address,
+        { { "Authorization", "Bearer " + apiKey.characters().toUtf8() }, { "Accept", accept } } };
+}
+
+QString transportText(TransportFailure failure)
+{
+    if (failure == TransportFailure::InvalidAddress)
+        return u"⚠ url error"_s;
+    return u"⚠ "_s + describe(failure);
+}
+
+std::variant<QByteArray, QString> checkedBody(
+    const HttpResult &result, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
+{
+    if (const auto *failure = std::get_if<TransportFailure>(&result))
+        return transportText(*failure);
+    const auto &answer = std::get<HttpAnswer>(result);
+    log.line(rules.service + " HTTP "_L1 + QString::number(answer.status));
+    if (const auto text = statusText(answer.status, rules))
+        return *text;
+    if (answer.body.isEmpty())
+        return rules.empty;
+    logHead(answer.body, rules, apiKey, log);
+    return answer.body;
+}
+
+} // namespace glimmet
