@@ -13,6 +13,7 @@
 #include "platform/StandardStreams.h"
 #include "platform/UserRegion.h"
 #include "prices/CryptoService.h"
+#include "revenue/RevenueServices.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -68,7 +69,8 @@ int main(int argc, char *argv[])
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);
-    TickerViewModel ticker({ clock, region, timers, preferences, &prices });
+    RevenueServices revenue(http, log, clock, region, RevenueEndpoints::live());
+    TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue });
     MenuBar menuBar(bus);
     PanelController panel(ticker);
     ColorSchemeWatch colors;
