@@ -1,5 +1,7 @@
 #include "platform/Json.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 
 namespace glimmet {
@@ -21,6 +23,38 @@ std::unique_ptr<simdjson::dom::parser> parserFor(size_t size)
     if (parser->capacity() < capacity && parser->allocate(capacity, mostLevels) != simdjson::SUCCESS)
         return nullptr;
     return parser;
+}
+
+simdjson::error_code parse(QByteArrayView text, simdjson::dom::parser &parser, simdjson::dom::element &root)
+{
+    return parser.parse(text.data(), static_cast<size_t>(text.size())).get(root);
+}
+
+size_t levels(const simdjson::dom::element &value)
+{
+    simdjson::dom::array array;
+    simdjson::dom::object object;
+    size_t below = 0;
+    if (value.get(array) == simdjson::SUCCESS)
+        for (const simdjson::dom::element element : array)
+            below = std::max(below, levels(element));
+    else if (value.get(object) == simdjson::SUCCESS)
+        for (const simdjson::dom::key_value_pair member : object)
+            below = std::max(below, levels(member.value));
+    else
+        return 0;
+    return below + 1;
+}
+
+/// Parses once more what was too deep. The parser does not count an innermost list or object that is empty,
+/// and it stops at its limit: only a higher one lets through every text with as many levels as there may be.
+simdjson::error_code parseDeepest(
+    QByteArrayView text, simdjson::dom::parser &parser, simdjson::dom::element &root)
+{
+    if (parser.allocate(parser.capacity(), mostLevels + 1) != simdjson::SUCCESS)
+        return simdjson::MEMALLOC;
+    const simdjson::error_code error = parse(text, parser, root);
+    return error == simdjson::SUCCESS && levels(root) > mostLevels ? simdjson::DEPTH_ERROR : error;
 }
 
 QByteArrayView withoutByteOrderMark(QByteArrayView bytes)
@@ -106,7 +140,9 @@ std::optional<QString> JsonValue::text() const
     std::string_view value;
     if (!m_element || m_element->get(value) != simdjson::SUCCESS)
         return std::nullopt;
-    return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
+    // QString::fromUtf8 would take a byte order mark away; within a text it is a character.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(QByteArrayView(value.data(), static_cast<qsizetype>(value.size())));
 }
 
 JsonDocument::JsonDocument(std::unique_ptr<simdjson::dom::parser> parser, const simdjson::dom::element &root)
@@ -117,17 +153,21 @@ JsonDocument::JsonDocument(std::unique_ptr<simdjson::dom::parser> parser, const 
 
 JsonDocument::~JsonDocument()
 {
-    if (m_parser && m_parser->capacity() <= longestKept)
+    if (m_parser && m_parser->capacity() <= longestKept && m_parser->max_depth() == mostLevels)
         keptParser = std::move(m_parser);
 }
 
 std::optional<JsonDocument> JsonDocument::read(QByteArrayView bytes)
 {
     const QByteArrayView text = withoutByteOrderMark(bytes);
-    const auto size = static_cast<size_t>(text.size());
-    auto parser = parserFor(size);
+    auto parser = parserFor(static_cast<size_t>(text.size()));
+    if (!parser)
+        return std::nullopt;
     simdjson::dom::element root;
-    if (!parser || parser->parse(text.data(), size).get(root) != simdjson::SUCCESS)
+    simdjson::error_code error = parse(text, *parser, root);
+    if (error == simdjson::DEPTH_ERROR)
+        error = parseDeepest(text, *parser, root);
+    if (error != simdjson::SUCCESS)
         return std::nullopt;
     return JsonDocument(std::move(parser), root);
 }
