@@ -7,6 +7,10 @@
 #include <QSet>
 #include <QUrl>
 
+#include <array>
+#include <charconv>
+#include <cmath>
+
 namespace glimmet::PriceChart {
 namespace {
 
@@ -54,6 +58,16 @@ QString plainDecimal(double value)
     return text.contains(u'.') ? text : text + ".0"_L1;
 }
 
+/// As "%+.1f" writes it in the C locale; QString's own would round a value halfway between two up, not to
+/// even.
+QString signedDecimal(double value)
+{
+    std::array<char, 320> digits; // The largest double has 309 before its point.
+    const auto written = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, 1).ptr;
+    return (std::signbit(value) ? ""_L1 : "+"_L1)
+        + QString::fromLatin1(digits.begin(), written - digits.begin());
+}
+
 } // namespace
 
 QString normalize(const QString &symbol)
@@ -88,8 +102,8 @@ std::optional<CryptoPrice> parse(QByteArrayView body, const QString &originalSym
 
 QString logLine(const CryptoPrice &price)
 {
-    return price.id + ": $"_L1 + plainDecimal(price.price) + u' ' + QString::asprintf("%+.1f", price.change)
-        + "%  "_L1 + QString::number(price.history.size()) + "pts"_L1;
+    return price.id + ": $"_L1 + plainDecimal(price.price) + u' ' + signedDecimal(price.change) + "%  "_L1
+        + QString::number(price.history.size()) + "pts"_L1;
 }
 
 } // namespace glimmet::PriceChart
