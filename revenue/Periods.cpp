@@ -48,6 +48,10 @@ Instant startOfDay(QDate date, const UserRegion &region)
 
 Instant weekBefore(Instant moment, const UserRegion &region)
 {
+    // Of two times with this wall clock, the one that is seven whole days ago.
+    const Instant sevenDaysAgo = moment.advanced(-7 * day);
+    if (region.utcOffset(sevenDaysAgo) == region.utcOffset(moment))
+        return sevenDaysAgo;
     return momentOf(wallClock(moment, region) - 7 * day, region);
 }
 
