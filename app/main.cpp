@@ -19,6 +19,7 @@
 #include <QGuiApplication>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace glimmet;
 
@@ -33,27 +34,9 @@ bool chooseX11()
     return !qEnvironmentVariableIsEmpty("DISPLAY");
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+/// Everything meets here. Returns the exit status once the program has quit.
+int run(DiagnosticLog &log)
 {
-    openClosedStandardStreams();
-    // Qt's accessibility asks the bus for names in a way at which the D-Bus library ends the process if the
-    // bus has just gone; as a warning it does no harm.
-    qputenv("DBUS_FATAL_WARNINGS", "0");
-    DiagnosticLog log;
-    if (!chooseX11()) {
-        std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
-        return 1;
-    }
-    QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("glimmet"));
-    QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("me.kerno.glimmet"));
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    // Else a sign that exists both as text and as emoji is drawn as text.
-    QFont::insertSubstitution(QStringLiteral("Inter"), QStringLiteral("Noto Color Emoji"));
-
     SessionBus bus;
     bus.open();
     Instance instance(bus);
@@ -87,21 +70,49 @@ int main(int argc, char *argv[])
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
     QObject::connect(&menuBar, &MenuBar::clicked, &panel, [&] { panel.toggle(menuBar.anchor()); });
     QObject::connect(&menuBar, &MenuBar::openChosen, &panel, openPanel);
-    QObject::connect(&menuBar, &MenuBar::quitChosen, &application, &QCoreApplication::quit);
-    QObject::connect(&menuBar, &MenuBar::moved, &application,
+    QObject::connect(&menuBar, &MenuBar::quitChosen, &menuBar, &QCoreApplication::quit);
+    QObject::connect(&menuBar, &MenuBar::moved, &menuBar,
         [&](const QString &place) { log.line(QStringLiteral("menu bar: ") + place); });
-    QObject::connect(&panel, &PanelController::failed, &application,
+    QObject::connect(&panel, &PanelController::failed, &menuBar,
         [&](const QString &reason) { log.line(QStringLiteral("panel: ") + reason); });
     QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);
     QObject::connect(&colors, &ColorSchemeWatch::changed, &panel, showColors);
     QObject::connect(&bus, &SessionBus::connected, &colors, followColors);
-    QObject::connect(&bus, &SessionBus::lost, &application,
+    QObject::connect(&bus, &SessionBus::lost, &menuBar,
         [&] { log.line(QStringLiteral("session bus: lost, trying again")); });
-    QObject::connect(&quitSignals, &QuitSignals::received, &application, &QCoreApplication::quit);
+    QObject::connect(&quitSignals, &QuitSignals::received, &menuBar, &QCoreApplication::quit);
 
     showText();
     showColors();
     if (bus.isConnected())
         followColors();
     return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    openClosedStandardStreams();
+    // Qt's accessibility asks the bus for names in a way at which the D-Bus library ends the process if the
+    // bus has just gone; as a warning it does no harm.
+    qputenv("DBUS_FATAL_WARNINGS", "0");
+    DiagnosticLog log;
+    if (!chooseX11()) {
+        std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
+        return 1;
+    }
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("glimmet"));
+    QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("me.kerno.glimmet"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    // Else a sign that exists both as text and as emoji is drawn as text.
+    QFont::insertSubstitution(QStringLiteral("Inter"), QStringLiteral("Noto Color Emoji"));
+
+    const int status = run(log);
+    std::fflush(nullptr);
+    // Leaving main would wait for every name that is being looked up: where nobody answers, that takes longer
+    // than a session has at its end. Everything of the program's own is gone by now.
+    std::_Exit(status);
 }

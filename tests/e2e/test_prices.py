@@ -217,6 +217,18 @@ class Prices(DesktopCase):
         self.assertEqual(status, 0)
         self.assertLess(time.monotonic() - start, 2)
 
+    def test_quits_at_once_while_the_name_of_the_server_is_looked_up(self):
+        self.addCleanup(self.network.plug_in)
+        self.network.lose_everything_sent()
+        self.begin_with("BTC-USD")
+        watch_for(1)
+        start = time.monotonic()
+
+        self.glimmet.process.terminate()
+
+        self.assertEqual(self.glimmet.process.wait(15), 0)
+        self.assertLess(time.monotonic() - start, 2)
+
 
 if __name__ == "__main__":
     unittest.main()
