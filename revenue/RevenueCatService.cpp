@@ -23,12 +23,23 @@ const AnswerRules &answerRules()
     return rules;
 }
 
-RevenueCatService::Metrics loggedMetrics(const QByteArray &body, DiagnosticLog &log)
+RevenueCatService::Metrics loggedMetrics(const QByteArray &body, const ApiKey &apiKey, DiagnosticLog &log)
 {
     const auto metrics = RevenueCatService::parse(body);
-    if (metrics)
-        log.line("RevenueCat metrics: "_L1 + RevenueCatService::printed(*metrics));
-    return metrics.value_or(RevenueCatService::Metrics());
+    if (!metrics)
+        return {};
+    // An id is whatever the server says.
+    const QByteArray text = masked(RevenueCatService::printed(*metrics).toUtf8(), apiKey);
+    log.line("RevenueCat metrics: "_L1 + QString::fromUtf8(text));
+    return *metrics;
+}
+
+/// The text between quotes, on one line.
+QString quoted(QString text)
+{
+    text.replace(u'\\', "\\\\"_L1).replace(u'"', "\\\""_L1);
+    text.replace(u'\n', "\\n"_L1).replace(u'\r', "\\r"_L1).replace(u'\t', "\\t"_L1);
+    return u'"' + text + u'"';
 }
 
 } // namespace
@@ -54,7 +65,7 @@ void RevenueCatService::fetchMetric(const RevenueQuery &query, RevenueFetcher::C
         const auto body = checkedBody(result, answerRules(), apiKey, log);
         if (const auto *error = std::get_if<QString>(&body))
             return *error;
-        return format(metric, loggedMetrics(std::get<QByteArray>(body), log));
+        return format(metric, loggedMetrics(std::get<QByteArray>(body), apiKey, log));
     };
     m_world.http.get(
         authorizedRequest(address, query.apiKey, "application/json"), this, read, std::move(completion));
@@ -79,7 +90,7 @@ QString RevenueCatService::printed(const Metrics &metrics)
         return u"[:]"_s;
     QStringList entries;
     for (auto metric = metrics.begin(); metric != metrics.end(); ++metric)
-        entries.append(u'"' + metric.key() + "\": "_L1 + QString::number(metric.value()));
+        entries.append(quoted(metric.key()) + ": "_L1 + QString::number(metric.value()));
     return u'[' + entries.join(", "_L1) + u']';
 }
 

@@ -24,14 +24,22 @@ std::optional<QString> statusText(int status, const AnswerRules &rules)
     return u"⚠ http "_s + QString::number(status);
 }
 
-QByteArray masked(QByteArray body, const ApiKey &apiKey)
+/// The key in JSON where it has characters that must be escaped there.
+QByteArray escaped(QByteArray key)
 {
-    if (apiKey.characters().size() < shortestMasked)
-        return body;
-    QByteArray key = apiKey.characters().toUtf8();
-    body.replace(key, "•••");
-    // The other form in which JSON may have it.
-    return body.replace(key.replace("/", "\\/"), "•••");
+    return key.replace('\\', "\\\\").replace('"', "\\\"");
+}
+
+void mask(const QString &key, QByteArray &text)
+{
+    if (key.size() < shortestMasked)
+        return;
+    const QByteArray bytes = key.toUtf8();
+    QByteArray inJson = escaped(bytes);
+    text.replace(bytes, "•••");
+    text.replace(inJson, "•••");
+    // JSON may have its slashes either way.
+    text.replace(inJson.replace("/", "\\/"), "•••");
 }
 
 void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
@@ -41,6 +49,14 @@ void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &api
 }
 
 } // namespace
+
+QByteArray masked(QByteArray text, const ApiKey &apiKey)
+{
+    mask(apiKey.characters(), text);
+    // Headers lose the blanks around their values, so a server may know the key without them.
+    mask(apiKey.characters().trimmed(), text);
+    return text;
+}
 
 HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, const QByteArray &accept)
 {

@@ -27,6 +27,10 @@ HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, c
 /// The error text for a request that was not answered: "⚠ " and the reason.
 QString transportText(TransportFailure failure);
 
+/// The UTF-8 `text` with "•••" in the place of the key, for the log. A key of fewer than eight characters
+/// stays.
+QByteArray masked(QByteArray text, const ApiKey &apiKey);
+
 /// The body of a good answer, or the error text for any other. Logs the status and the head of the body, in
 /// which the key, should the server send it back, is masked. Any thread.
 std::variant<QByteArray, QString> checkedBody(
