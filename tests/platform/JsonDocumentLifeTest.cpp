@@ -90,12 +90,15 @@ TEST(JsonDocument, mayBeShortAfterALongOne)
 
 TEST(JsonDocument, leavesNoLargeBuffersBehind)
 {
-    EXPECT_EQ(numberIn(read(shortText(1))), 1);
-    const std::size_t before = bytesInUse();
+    // On a thread of its own, which begins with nothing that tests before this one may have left.
+    std::thread([] {
+        EXPECT_EQ(numberIn(read(shortText(1))), 1);
+        const std::size_t before = bytesInUse();
 
-    EXPECT_EQ(numberIn(read(longText(20'000'000, 7))), 7);
+        EXPECT_EQ(numberIn(read(longText(20'000'000, 7))), 7);
 
-    EXPECT_LT(bytesInUse(), before + 1'000'000);
+        EXPECT_LT(bytesInUse(), before + 1'000'000);
+    }).join();
 }
 
 TEST(JsonDocument, isReadableAfterARefusedOne)
@@ -108,16 +111,15 @@ TEST(JsonDocument, isReadableAfterARefusedOne)
 
 TEST(JsonDocument, isReadOnSeveralThreadsAtOnce)
 {
-    constexpr int rounds = 300;
+    // Many and short: what threads must not share is held for moments only.
+    constexpr int rounds = 50'000;
     std::vector<int> good(4);
     std::vector<std::thread> threads;
     for (std::size_t number = 0; number < good.size(); ++number)
         threads.emplace_back([&good, number] {
             for (int round = 0; round < rounds; ++round) {
                 const auto own = static_cast<qint64>(number) * rounds + round;
-                const JsonDocument first = read(shortText(own));
-                const JsonDocument second = read(longText(own * 10, -own));
-                good[number] += numberIn(first) == own && numberIn(second) == -own;
+                good[number] += read(QByteArray::number(own)).root().integer() == own;
             }
         });
     for (std::thread &thread : threads)
