@@ -160,6 +160,8 @@ JsonDocument::~JsonDocument()
 std::optional<JsonDocument> JsonDocument::read(QByteArrayView bytes)
 {
     const QByteArrayView text = withoutByteOrderMark(bytes);
+    if (text.isEmpty()) // Perhaps a null pointer, which the parser would copy from.
+        return std::nullopt;
     auto parser = parserFor(static_cast<size_t>(text.size()));
     if (!parser)
         return std::nullopt;
