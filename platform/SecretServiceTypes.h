@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDBusArgument>
+#include <QDBusObjectPath>
+#include <QMap>
+#include <QString>
+
+namespace glimmet {
+
+/// What items are found by. Signature a{ss}.
+using SecretAttributes = QMap<QString, QString>;
+
+/// The protocol's secret within a session. Signature (oayays).
+struct SecretOfItem {
+    QDBusObjectPath session;
+    QByteArray parameters; ///< of the session's cipher; empty without one
+    QByteArray value;
+    QString contentType;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const SecretOfItem &secret);
+const QDBusArgument &operator>>(const QDBusArgument &argument, SecretOfItem &secret);
+QDebug operator<<(QDebug, const SecretOfItem &) = delete;
+
+/// Makes the types known to the bus; more than once does no harm.
+void registerSecretTypes();
+
+} // namespace glimmet
+
+Q_DECLARE_METATYPE(glimmet::SecretOfItem)

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDBusMessage>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+#include <functional>
+
+class QDBusPendingCallWatcher;
+
+namespace glimmet {
+
+class SecretServiceLink;
+class SessionBus;
+
+/// Finds out when the store can be read again after a call did not get through. It asks the service at every
+/// change that it hears of, and once by itself after a pause, and never waits for the answer. Main thread.
+class SecretServiceWatch : public QObject {
+    Q_OBJECT
+
+public:
+    enum class Service { Answers, Hangs };
+
+    /// `link` and `bus` outlive the watch.
+    SecretServiceWatch(SecretServiceLink &link, const SessionBus &bus, QObject *parent = nullptr);
+
+    /// A call did not get through; where the service `Hangs`, it ran out of time.
+    void noteFailure(Service service);
+    /// A call got through.
+    void noteSuccess();
+    /// Whether the service let a call run out of time and has not answered since.
+    bool isHanging() const { return m_isHanging; }
+
+signals:
+    void readable();
+
+private:
+    void look();
+    void askForCollection();
+    void askForLock(const QString &collection);
+    void ask(const QDBusMessage &question, std::function<void(const QVariant &)> use);
+    void report();
+
+    SecretServiceLink &m_link;
+    bool m_isLooking = false;
+    bool m_isHanging = false;
+    QTimer m_pause;
+    QPointer<QDBusPendingCallWatcher> m_question;
+};
+
+} // namespace glimmet

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace glimmet {
+
+/// The user's bus, as the environment names it or at its usual place; empty where there is none. Left to
+/// itself the D-Bus library would launch a bus of its own, which nobody else is on.
+QString sessionBusAddress();
+
+} // namespace glimmet
