@@ -63,8 +63,8 @@ def take_mode(glimmet, mode, folder, stem):
 
 
 def start(desktop, binary, scale=1):
-    """Starts glimmet for its pictures and returns it once its text is in the menu bar."""
+    """Starts glimmet for its pictures, with the machine's network, and returns it once its text is in the menu bar."""
     environment = {"QT_SCALE_FACTOR": str(scale)} if scale != 1 else {}
-    glimmet = Glimmet(desktop, binary, environment).wait_until_running()
+    glimmet = Glimmet(desktop, binary, environment, network=()).wait_until_running()
     glimmet.wait_until_clickable()
     return glimmet

@@ -5,6 +5,7 @@ import time
 from gi.repository import GLib
 
 from desktop.accessibility import find_when_there
+from desktop.network import without_network
 from desktop.processes import DesktopError, wait_for
 
 NAME = "me.kerno.glimmet"
@@ -16,15 +17,19 @@ STRIP = "glimmet strip"
 
 
 class Glimmet:
-    """One launch of the program in a virtual desktop."""
+    """One launch of the program in a virtual desktop.
 
-    def __init__(self, desktop, binary, environment=None, wrapper=(), **options):
+    `network` is what to put before the command to give it its network: none at all unless said otherwise, the
+    machine's with (). `wrapper` runs inside that."""
+
+    def __init__(self, desktop, binary, environment=None, wrapper=(), network=None, **options):
         self.desktop = desktop
         self._binary = str(binary)
         self.labels = []
         self._stop_following = desktop.bus.follow(NAME, ITEM_INTERFACE, "XAyatanaNewLabel", self._note_label)
+        inside = without_network() if network is None else network
         self.started = time.monotonic()
-        self.process = desktop.start("glimmet", [*wrapper, self._binary], environment, **options)
+        self.process = desktop.start("glimmet", [*inside, *wrapper, self._binary], environment, **options)
 
     def __enter__(self):
         return self

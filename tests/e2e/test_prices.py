@@ -47,7 +47,7 @@ class Prices(DesktopCase):
 
     def begin_with(self, *symbols):
         self.seed({"glimmet.cryptoSymbols": symbols})
-        return self.launch(wrapper=self.network.wrapper)
+        return self.launch(network=self.network.wrapper)
 
     def show_prices(self):
         """Chooses the prices in the panel, which stays open."""
