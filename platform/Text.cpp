@@ -1,5 +1,8 @@
 #include "platform/Text.h"
 
+#include <array>
+#include <charconv>
+
 namespace glimmet {
 namespace {
 
@@ -19,6 +22,13 @@ QString trimmedBlanks(const QString &text)
     while (last > first && isBlank(text.at(last - 1)))
         --last;
     return text.sliced(first, last - first);
+}
+
+QString oneDecimal(double value)
+{
+    std::array<char, 320> digits; // The largest double has 309 before its point.
+    const auto written = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, 1).ptr;
+    return QString::fromLatin1(digits.begin(), written - digits.begin());
 }
 
 } // namespace glimmet

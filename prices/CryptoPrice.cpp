@@ -1,6 +1,7 @@
 #include "prices/CryptoPrice.h"
 
 #include "platform/CurrencyText.h"
+#include "platform/Text.h"
 
 #include <QLocale>
 
@@ -36,8 +37,8 @@ QString CryptoPrice::shortName() const
 QString CryptoPrice::menuBarString() const
 {
     const QString arrow = change < 0 ? QStringLiteral("↓") : QStringLiteral("↑");
-    return shortName() + u' ' + fmt(price) + QStringLiteral(" (") + arrow
-        + QString::asprintf("%.1f", std::abs(change)) + QStringLiteral("%)");
+    return shortName() + u' ' + fmt(price) + QStringLiteral(" (") + arrow + oneDecimal(std::abs(change))
+        + QStringLiteral("%)");
 }
 
 } // namespace glimmet

@@ -7,8 +7,6 @@
 #include <QSet>
 #include <QUrl>
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace glimmet::PriceChart {
@@ -58,14 +56,9 @@ QString plainDecimal(double value)
     return text.contains(u'.') ? text : text + ".0"_L1;
 }
 
-/// As "%+.1f" writes it in the C locale; QString's own would round a value halfway between two up, not to
-/// even.
 QString signedDecimal(double value)
 {
-    std::array<char, 320> digits; // The largest double has 309 before its point.
-    const auto written = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, 1).ptr;
-    return (std::signbit(value) ? ""_L1 : "+"_L1)
-        + QString::fromLatin1(digits.begin(), written - digits.begin());
+    return (std::signbit(value) ? ""_L1 : "+"_L1) + oneDecimal(value);
 }
 
 } // namespace

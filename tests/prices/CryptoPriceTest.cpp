@@ -27,6 +27,12 @@ TEST(CryptoPrice, readsAsInTheMenuBar)
     EXPECT_EQ((CryptoPrice{ u"DOGE"_s, 0.1234, -4, {} }).menuBarString(), u"DOGE $0.1234 (↓4.0%)"_s);
 }
 
+TEST(CryptoPrice, roundsAChangeHalfwayBetweenTwoToTheEvenOne)
+{
+    EXPECT_EQ((CryptoPrice{ u"X"_s, 1, 0.25, {} }).menuBarString(), u"X $1.00 (↑0.2%)"_s);
+    EXPECT_EQ((CryptoPrice{ u"X"_s, 1, -0.75, {} }).menuBarString(), u"X $1.00 (↓0.8%)"_s);
+}
+
 TEST(CryptoPrice, hasFourDecimalsBelowOneDollar)
 {
     EXPECT_EQ(priceText(0.99999), u"X $1.0000 (↑0.0%)"_s);
