@@ -7,10 +7,10 @@ using namespace Qt::StringLiterals;
 CaseObject::CaseObject(const QJsonValue &value, const QString &place, QStringList &complaints)
     : m_object(value.toObject())
     , m_place(place)
-    , m_complaints(complaints)
+    , m_complaints(&complaints)
 {
     if (!value.isObject())
-        m_complaints.append((place.isEmpty() ? u"the file"_s : place) + " is no object"_L1);
+        complaints.append((place.isEmpty() ? u"the file"_s : place) + " is no object"_L1);
 }
 
 QString CaseObject::placeOf(const QString &name) const
@@ -20,7 +20,7 @@ QString CaseObject::placeOf(const QString &name) const
 
 void CaseObject::complain(const QString &name, const QString &what) const
 {
-    m_complaints.append(placeOf(name) + u' ' + what);
+    m_complaints->append(placeOf(name) + u' ' + what);
 }
 
 QString CaseObject::requiredText(const QString &name) const
@@ -32,9 +32,7 @@ QString CaseObject::requiredText(const QString &name) const
 
 std::optional<QString> CaseObject::text(const QString &name) const
 {
-    if (!has(name) || isNull(name))
-        return std::nullopt;
-    return requiredText(name);
+    return has(name) ? std::optional(requiredText(name)) : std::nullopt;
 }
 
 double CaseObject::requiredNumber(const QString &name) const
@@ -48,7 +46,7 @@ std::optional<qint64> CaseObject::integer(const QString &name) const
 {
     if (!has(name))
         return std::nullopt;
-    // Two defaults: what is no integer gives back either.
+    // Whatever is no integer gives the default back, this one and that.
     const QJsonValue value = m_object.value(name);
     if (value.toInteger(0) != value.toInteger(1))
         complain(name, u"is no integer"_s);
@@ -64,7 +62,7 @@ bool CaseObject::flag(const QString &name) const
 
 CaseObject CaseObject::object(const QString &name) const
 {
-    return { m_object.value(name), placeOf(name), m_complaints };
+    return { m_object.value(name), placeOf(name), *m_complaints };
 }
 
 QJsonArray CaseObject::list(const QString &name) const
@@ -74,9 +72,39 @@ QJsonArray CaseObject::list(const QString &name) const
     return m_object.value(name).toArray();
 }
 
-QList<std::pair<QString, QString>> CaseObject::pairs(const QString &name) const
+QList<CaseObject> CaseObject::objects(const QString &name) const
 {
-    QList<std::pair<QString, QString>> pairs;
+    QList<CaseObject> objects;
+    for (const QJsonValue &value : list(name))
+        objects.append({ value, placeOf(name) + u"[%1]"_s.arg(objects.size()), *m_complaints });
+    return objects;
+}
+
+QStringList CaseObject::texts(const QString &name) const
+{
+    QStringList texts;
+    for (const QJsonValue &value : list(name)) {
+        if (!value.isString())
+            complain(name, u"holds something else than texts"_s);
+        texts.append(value.toString());
+    }
+    return texts;
+}
+
+QList<double> CaseObject::numbers(const QString &name) const
+{
+    QList<double> numbers;
+    for (const QJsonValue &value : list(name)) {
+        if (!value.isDouble())
+            complain(name, u"holds something else than numbers"_s);
+        numbers.append(value.toDouble());
+    }
+    return numbers;
+}
+
+CaseObject::Pairs CaseObject::pairs(const QString &name) const
+{
+    Pairs pairs;
     for (const QJsonValue &value : list(name)) {
         const QJsonArray pair = value.toArray();
         if (pair.size() != 2 || !pair[0].isString() || !pair[1].isString())

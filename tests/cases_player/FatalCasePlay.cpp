@@ -1,30 +1,22 @@
 #include "tests/cases_player/FatalCasePlay.h"
 
+#include "platform/DiagnosticLog.h"
 #include "tests/cases_player/CaseServer.h"
 #include "tests/cases_player/RequestComparison.h"
 #include "tests/cases_player/RevenueAsker.h"
 #include "tests/cases_player/RevenueCasePlay.h"
 #include "tests/cases_player/Waiting.h"
 
-#include "platform/DiagnosticLog.h"
-
 #include <QCoreApplication>
 #include <QProcess>
 
 #include <algorithm>
 #include <csignal>
-#include <sys/resource.h>
 
 namespace glimmet {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-void leaveNoCoreDump()
-{
-    constexpr rlimit none{ 0, 0 };
-    setrlimit(RLIMIT_CORE, &none);
-}
 
 /// One figure, asked for by a process of its own; the service is here, where its requests outlive that.
 class FatalPlay {
@@ -34,7 +26,6 @@ public:
         , m_figure(figure)
         , m_server(played, [] { return 0; })
     {
-        m_process.setChildProcessModifier(leaveNoCoreDump);
         m_process.start(QCoreApplication::applicationFilePath(),
             { u"--ask"_s, path, rawValue(figure.period), rawValue(figure.metric),
                 QString::fromUtf8(m_server.origin()) });
@@ -90,7 +81,7 @@ Differences playFatalCase(const AnswerCase &played, const QString &path)
     return differences;
 }
 
-int askInOwnProcess(const QStringList &arguments)
+int askForFigure(const QStringList &arguments)
 {
     const auto read = readCase(arguments.value(0));
     const auto *played = std::get_if<AnswerCase>(&read);

@@ -9,8 +9,8 @@ namespace glimmet {
 /// otherwise than it must. `path` is the case's file.
 Differences playFatalCase(const AnswerCase &played, const QString &path);
 
-/// What such a process does: `arguments` are those it was started with. Returns its exit status, if it comes
-/// to that.
-int askInOwnProcess(const QStringList &arguments);
+/// What such a process does. `arguments` are the case's file, the period, the figure and the service's
+/// origin. Returns the exit status, if it comes to that.
+int askForFigure(const QStringList &arguments);
 
 } // namespace glimmet
