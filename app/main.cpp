@@ -7,6 +7,7 @@
 #include "platform/HttpClient.h"
 #include "platform/Instance.h"
 #include "platform/JsonPreferencesStore.h"
+#include "platform/KeychainHelper.h"
 #include "platform/QuitSignals.h"
 #include "platform/RepeatingTimer.h"
 #include "platform/SessionBus.h"
@@ -50,10 +51,11 @@ int run(DiagnosticLog &log)
     const SystemRegion region;
     EventLoopTimers timers;
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
+    KeychainHelper keys(bus);
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);
     RevenueServices revenue(http, log, clock, region, RevenueEndpoints::live());
-    TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue });
+    TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
     MenuBar menuBar(bus);
     PanelController panel(ticker);
     ColorSchemeWatch colors;

@@ -13,7 +13,9 @@ using namespace std::chrono_literals;
 TickerViewModel::TickerViewModel(const TickerWorld &world, QObject *parent)
     : QObject(parent)
     , m_world(world)
+    , m_credentials(world.keys)
 {
+    loadCredentials();
     loadCryptoSymbols();
     loadQuotes();
     loadDeadlines();

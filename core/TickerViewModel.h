@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Credentials.h"
 #include "core/Deadline.h"
 #include "core/TickerMode.h"
 #include "core/TickerWorld.h"
@@ -226,10 +227,21 @@ private:
     void fetchPrice(const QString &symbol);
     void keepPrice(const CryptoPrice &price);
 
+    struct Credential;
+    /// Who chose the value of a credential: the user, or the key store.
+    enum class Origin { User, KeyStore };
+
+    static const Credential &credential(KeychainKey key);
+    void setCredential(KeychainKey key, const QString &value, Origin origin = Origin::User);
+    void loadCredentials();
+    /// Asks the key store once more for what it could not tell or take.
+    void settleCredentials();
+
     RevenueQuery revenueQuery() const;
     void fetchRevenueInRevenueMode();
 
     TickerWorld m_world;
+    Credentials m_credentials;
 
     TickerMode m_mode = TickerMode::Clock;
     QString m_customText = QStringLiteral("hello world ✦");

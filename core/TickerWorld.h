@@ -3,6 +3,7 @@
 namespace glimmet {
 
 class Clock;
+class KeyStore;
 class PreferencesStore;
 class PriceSource;
 class RevenueFetcher;
@@ -17,6 +18,7 @@ struct TickerWorld {
     PreferencesStore &preferences;
     PriceSource *prices = nullptr; ///< none: prices stay unknown
     RevenueFetcher *revenue = nullptr; ///< none: the revenue text stays as it is
+    KeyStore *keys = nullptr; ///< none: credentials live as long as the ticker
 };
 
 } // namespace glimmet

@@ -84,7 +84,10 @@ void TickerViewModel::startRevenueTimer()
 {
     fetchRevenue();
     m_revenueTimer.reset();
-    m_revenueTimer = m_world.timers.repeating(300s, [this] { fetchRevenue(); });
+    m_revenueTimer = m_world.timers.repeating(300s, [this] {
+        settleCredentials();
+        fetchRevenue();
+    });
 }
 
 void TickerViewModel::fetchRevenueInRevenueMode()
@@ -110,51 +113,9 @@ void TickerViewModel::setRevenueMode(RevenueMode period)
     fetchRevenueInRevenueMode();
 }
 
-void TickerViewModel::setPolarAPIKey(const QString &key)
-{
-    publish(m_polarAPIKey, key, &TickerViewModel::polarAPIKeyChanged);
-    fetchRevenueInRevenueMode();
-}
-
-void TickerViewModel::setRevenueCatAPIKey(const QString &key)
-{
-    publish(m_revenueCatAPIKey, key, &TickerViewModel::revenueCatAPIKeyChanged);
-    fetchRevenueInRevenueMode();
-}
-
-void TickerViewModel::setRevenueCatProjectID(const QString &id)
-{
-    publish(m_revenueCatProjectID, id, &TickerViewModel::revenueCatProjectIDChanged);
-    fetchRevenueInRevenueMode();
-}
-
-void TickerViewModel::setDodoAPIKey(const QString &key)
-{
-    publish(m_dodoAPIKey, key, &TickerViewModel::dodoAPIKeyChanged);
-    fetchRevenueInRevenueMode();
-}
-
 void TickerViewModel::setDodoCurrency(const QString &currency)
 {
     publish(m_dodoCurrency, currency, &TickerViewModel::dodoCurrencyChanged);
-    fetchRevenueInRevenueMode();
-}
-
-void TickerViewModel::setStripeAPIKey(const QString &key)
-{
-    publish(m_stripeAPIKey, key, &TickerViewModel::stripeAPIKeyChanged);
-    fetchRevenueInRevenueMode();
-}
-
-void TickerViewModel::setStripeCurrency(const QString &currency)
-{
-    publish(m_stripeCurrency, currency, &TickerViewModel::stripeCurrencyChanged);
-    fetchRevenueInRevenueMode();
-}
-
-void TickerViewModel::setLemonSqueezyAPIKey(const QString &key)
-{
-    publish(m_lemonSqueezyAPIKey, key, &TickerViewModel::lemonSqueezyAPIKeyChanged);
     fetchRevenueInRevenueMode();
 }
 

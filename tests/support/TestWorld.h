@@ -5,6 +5,7 @@
 #include "tests/support/FakeRevenueFetcher.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/ManualTimers.h"
+#include "tests/support/MemoryKeyStore.h"
 #include "tests/support/MemoryPreferences.h"
 #include "tests/support/Printing.h"
 
@@ -24,9 +25,10 @@ struct TestWorld {
     MemoryPreferences preferences;
     FakePriceSource prices;
     FakeRevenueFetcher revenue;
+    MemoryKeyStore keys;
 
     TestWorld() { clock.set(instantAt(u"2026-05-04T08:05:07Z"_s)); }
-    TickerWorld forTicker() { return { clock, region, timers, preferences, &prices, &revenue }; }
+    TickerWorld forTicker() { return { clock, region, timers, preferences, &prices, &revenue, &keys }; }
     /// A deadline `seconds` from now.
     Deadline deadline(const QString &title, double seconds) const
     {

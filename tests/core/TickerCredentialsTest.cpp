@@ -1,0 +1,220 @@
+#include "tests/support/TestWorld.h"
+
+#include <QCoreApplication>
+
+namespace glimmet {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const QStringList accounts{ u"polar_api_key"_s, u"revenuecat_api_key"_s, u"revenuecat_project_id"_s,
+    u"dodo_api_key"_s, u"stripe_api_key"_s, u"stripe_currency"_s, u"lemonsqueezy_api_key"_s };
+
+/// A world in which a test starts a ticker when the key store is as it wants it.
+class TickerCredentials : public testing::Test {
+protected:
+    TickerViewModel &start()
+    {
+        ticker = std::make_unique<TickerViewModel>(world.forTicker());
+        return *ticker;
+    }
+    /// What the store tells from the event loop arrives.
+    void unlock()
+    {
+        world.keys.unlock();
+        QCoreApplication::sendPostedEvents();
+    }
+    QByteArray stored(const QString &account) { return world.keys.items().value(account, "absent"); }
+
+    TestWorld world;
+    std::unique_ptr<TickerViewModel> ticker;
+};
+
+TEST_F(TickerCredentials, areLoadedInTheirOrderAndEachWrittenBack)
+{
+    start();
+
+    EXPECT_EQ(world.keys.loads(), accounts);
+    EXPECT_EQ(world.keys.saves(), accounts);
+}
+
+TEST_F(TickerCredentials, areSevenItemsAfterAFirstStart)
+{
+    start();
+
+    EXPECT_EQ(world.keys.items().size(), 7);
+    EXPECT_EQ(stored(u"stripe_currency"_s), "USD");
+    EXPECT_EQ(stored(u"polar_api_key"_s), "");
+}
+
+TEST_F(TickerCredentials, comeBackAfterARelaunch)
+{
+    start().setStripeAPIKey(u"sk_live_1"_s);
+    ticker->setStripeCurrency(u"EUR"_s);
+    ticker->setDodoCurrency(u"GBP"_s);
+    ticker->setRevenueCatProjectID(u"proj1"_s);
+
+    start();
+
+    EXPECT_EQ(ticker->stripeAPIKey(), u"sk_live_1"_s);
+    EXPECT_EQ(ticker->stripeCurrency(), u"EUR"_s);
+    EXPECT_EQ(ticker->dodoCurrency(), u"USD"_s);
+    EXPECT_EQ(ticker->revenueCatProjectID(), u"proj1"_s);
+}
+
+TEST_F(TickerCredentials, areSavedByEveryAssignmentAlsoByAnEqualOne)
+{
+    start();
+    world.keys.forgetCalls();
+
+    ticker->setPolarAPIKey(u"k"_s);
+    ticker->setPolarAPIKey(u"k"_s);
+    ticker->setStripeCurrency(u"USD"_s);
+
+    EXPECT_THAT(
+        world.keys.saves(), ElementsAre(u"polar_api_key"_s, u"polar_api_key"_s, u"stripe_currency"_s));
+}
+
+TEST_F(TickerCredentials, areSavedBeforeTheFetchThatNeedsThem)
+{
+    start();
+    ticker->setMode(TickerMode::Revenue);
+    QByteArray storedAtFetch;
+    QObject::connect(ticker.get(), &TickerViewModel::isFetchingRevenueChanged, ticker.get(),
+        [&] { storedAtFetch = stored(u"polar_api_key"_s); });
+    world.revenue.answer(0, u"add api key"_s);
+
+    ticker->setPolarAPIKey(u"k"_s);
+
+    EXPECT_EQ(storedAtFetch, "k");
+}
+
+TEST_F(TickerCredentials, startNoFetchWhileTheyAreLoaded)
+{
+    world.keys.items().insert(u"polar_api_key"_s, "k");
+
+    start();
+
+    EXPECT_EQ(world.revenue.count(), 1U);
+    EXPECT_EQ(world.revenue.query(0).apiKey, ApiKey(u"k"_s));
+}
+
+TEST_F(TickerCredentials, areNotOverwrittenWhileTheyOnlyCannotBeRead)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "real" }, { u"stripe_currency"_s, "EUR" } };
+    world.keys.lock();
+
+    start();
+
+    EXPECT_EQ(ticker->polarAPIKey(), u""_s);
+    EXPECT_EQ(ticker->stripeCurrency(), u"USD"_s);
+    EXPECT_EQ(stored(u"polar_api_key"_s), "real");
+}
+
+TEST_F(TickerCredentials, areLoadedWithoutARelaunchOnceTheStoreCanBeRead)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "real" }, { u"stripe_currency"_s, "EUR" } };
+    world.keys.lock();
+    start();
+
+    unlock();
+
+    EXPECT_EQ(ticker->polarAPIKey(), u"real"_s);
+    EXPECT_EQ(ticker->stripeCurrency(), u"EUR"_s);
+    EXPECT_EQ(stored(u"polar_api_key"_s), "real");
+    EXPECT_EQ(world.keys.items().size(), 7);
+}
+
+TEST_F(TickerCredentials, thatTheUserSetMeanwhileWinAndAreSavedOnceTheStoreCanBeRead)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "old" }, { u"stripe_currency"_s, "EUR" } };
+    world.keys.lock();
+    start();
+    ticker->setPolarAPIKey(u"new"_s);
+    ticker->setStripeCurrency(u"USD"_s); // The same as what stands in for it.
+
+    unlock();
+
+    EXPECT_EQ(ticker->polarAPIKey(), u"new"_s);
+    EXPECT_EQ(stored(u"polar_api_key"_s), "new");
+    EXPECT_EQ(ticker->stripeCurrency(), u"USD"_s);
+    EXPECT_EQ(stored(u"stripe_currency"_s), "USD");
+}
+
+TEST_F(TickerCredentials, whoseSaveFailedAreSavedOnceTheStoreCanBeRead)
+{
+    start();
+    world.keys.lock();
+    ticker->setPolarAPIKey(u"new"_s);
+    EXPECT_EQ(stored(u"polar_api_key"_s), "");
+
+    unlock();
+
+    EXPECT_EQ(ticker->polarAPIKey(), u"new"_s);
+    EXPECT_EQ(stored(u"polar_api_key"_s), "new");
+}
+
+TEST_F(TickerCredentials, thatWereEmptiedWhileTheStoreWasLockedStayEmpty)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "old" } };
+    start();
+    world.keys.lock();
+    ticker->setPolarAPIKey({});
+
+    unlock();
+
+    EXPECT_EQ(stored(u"polar_api_key"_s), "");
+}
+
+TEST_F(TickerCredentials, areAskedForAgainWithTheNextRefreshIfTheStoreSaysNothing)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "real" } };
+    world.keys.lock();
+    start();
+    world.keys.unlock(); // What it tells is not heard here.
+
+    world.timers.advance(300s);
+
+    EXPECT_EQ(ticker->polarAPIKey(), u"real"_s);
+    EXPECT_EQ(world.revenue.query(1).apiKey, ApiKey(u"real"_s));
+}
+
+TEST_F(TickerCredentials, thatAreSettledAreNotAskedForAgain)
+{
+    start();
+    world.keys.forgetCalls();
+
+    world.timers.advance(900s);
+
+    EXPECT_THAT(world.keys.loads(), IsEmpty());
+    EXPECT_THAT(world.keys.saves(), IsEmpty());
+}
+
+TEST_F(TickerCredentials, fetchTheFigureWhenTheyArriveLateInTheirMode)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "real" } };
+    world.keys.lock();
+    start().setMode(TickerMode::Revenue);
+    const std::size_t before = world.revenue.count();
+
+    unlock();
+
+    ASSERT_GT(world.revenue.count(), before);
+    EXPECT_EQ(world.revenue.query(before).apiKey, ApiKey(u"real"_s));
+}
+
+TEST_F(TickerCredentials, liveAsLongAsTheTickerWithoutAStore)
+{
+    TickerWorld without = world.forTicker();
+    without.keys = nullptr;
+    TickerViewModel alone(without);
+
+    alone.setPolarAPIKey(u"k"_s);
+
+    EXPECT_EQ(alone.polarAPIKey(), u"k"_s);
+    EXPECT_THAT(world.keys.saves(), IsEmpty());
+}
+
+} // namespace
+} // namespace glimmet
