@@ -1,8 +1,6 @@
 #include "platform/HttpClient.h"
 
-#include "platform/HttpExchange.h"
-
-#include <QNetworkAccessManager>
+#include "platform/HttpNetwork.h"
 
 namespace glimmet {
 
@@ -19,16 +17,16 @@ HttpClient::~HttpClient()
     m_thread.wait();
 }
 
-QNetworkAccessManager &HttpClient::manager()
+HttpNetwork &HttpClient::network()
 {
     // With the first request: who never sends one has no second thread.
-    if (m_manager == nullptr) {
-        m_manager = new QNetworkAccessManager;
-        m_manager->moveToThread(&m_thread);
-        connect(&m_thread, &QThread::finished, m_manager, &QObject::deleteLater);
+    if (m_network == nullptr) {
+        m_network = new HttpNetwork(m_settings);
+        m_network->moveToThread(&m_thread);
+        connect(&m_thread, &QThread::finished, m_network, &QObject::deleteLater);
         m_thread.start();
     }
-    return *m_manager;
+    return *m_network;
 }
 
 void HttpClient::send(HttpRequest request, QObject *receiver, Reader reader)
@@ -43,13 +41,9 @@ void HttpClient::send(HttpRequest request, QObject *receiver, Reader reader)
             },
             Qt::QueuedConnection);
     };
-    QNetworkAccessManager &network = manager();
     QMetaObject::invokeMethod(
-        &network,
-        [this, &network, request = std::move(request), deliver] {
-            new HttpExchange(
-                network, m_settings, request, deliver); // Deletes itself, or goes with the network.
-        },
+        &network(),
+        [&network = network(), request = std::move(request), deliver] { network.send(request, deliver); },
         Qt::QueuedConnection);
 }
 

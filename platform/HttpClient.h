@@ -9,9 +9,9 @@
 #include <chrono>
 #include <functional>
 
-class QNetworkAccessManager;
-
 namespace glimmet {
+
+class HttpNetwork;
 
 /// How the client speaks to servers; the defaults are the program's.
 struct HttpSettings {
@@ -51,11 +51,11 @@ private:
     using Reader = std::function<Delivery(const HttpResult &)>;
 
     void send(HttpRequest request, QObject *receiver, Reader reader);
-    QNetworkAccessManager &manager();
+    HttpNetwork &network();
 
     HttpSettings m_settings;
     QThread m_thread;
-    QNetworkAccessManager *m_manager = nullptr; ///< lives on the thread and ends with it
+    HttpNetwork *m_network = nullptr; ///< lives on the thread and ends with it
 };
 
 } // namespace glimmet

@@ -1,5 +1,7 @@
 #include "platform/HttpExchange.h"
 
+#include "platform/HttpRedirection.h"
+
 #include <QNetworkAccessManager>
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -10,18 +12,7 @@ namespace {
 constexpr int mostRedirections = 10;
 constexpr qint64 pieceSize = qint64(64) << 10;
 
-bool isRedirection(int status)
-{
-    return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
-}
-
-bool haveSameOrigin(const QUrl &one, const QUrl &other)
-{
-    return one.scheme() == other.scheme() && one.host() == other.host() && one.port(443) == other.port(443);
-}
-
-/// Whether the answer is whole: Qt reports a bad status as an error too, and uses the same errors for a body
-/// that cannot be unpacked.
+/// Whether an answer came to its end: Qt reports a bad status as an error too.
 bool isComplete(int status, QNetworkReply::NetworkError error)
 {
     if (error == QNetworkReply::NoError)
@@ -47,7 +38,6 @@ TransportFailure transportFailure(QNetworkReply::NetworkError error)
     case QNetworkReply::UnknownNetworkError: // the network is unreachable
         return TransportFailure::CannotConnect;
     case QNetworkReply::RemoteHostClosedError:
-    case QNetworkReply::UnknownContentError: // an answer that cannot be unpacked
         return TransportFailure::ConnectionLost;
     case QNetworkReply::SslHandshakeFailedError:
         return TransportFailure::NotSecure;
@@ -74,13 +64,17 @@ QSslConfiguration trusting(const QByteArray &authorities)
 } // namespace
 
 HttpExchange::HttpExchange(
-    QNetworkAccessManager &manager, const HttpSettings &settings, HttpRequest request, Finished finished)
-    : QObject(&manager)
-    , m_manager(manager)
-    , m_settings(settings)
-    , m_request(std::move(request))
+    std::shared_ptr<QNetworkAccessManager> manager, HttpSettings settings, Finished finished, QObject *parent)
+    : QObject(parent)
+    , m_manager(std::move(manager))
+    , m_settings(std::move(settings))
     , m_finished(std::move(finished))
 {
+}
+
+void HttpExchange::send(const HttpRequest &request)
+{
+    m_request = request;
     if (!isSendableAddress(m_request.address))
         finish(TransportFailure::InvalidAddress);
     else if (!areSendableHeaders(m_request.headers))
@@ -98,8 +92,8 @@ QNetworkRequest HttpExchange::prepared(const QUrl &url) const
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    // The own limit on bodies is exact; Qt's guards against packed ones by their ratio.
-    request.setDecompressedSafetyCheckThreshold(-1);
+    // Asked for by name, it is not unpacked by Qt (see HttpBody).
+    request.setRawHeader("Accept-Encoding", "gzip");
     for (const auto &[name, value] : m_request.headers)
         request.setRawHeader(name, value);
     return request;
@@ -107,34 +101,39 @@ QNetworkRequest HttpExchange::prepared(const QUrl &url) const
 
 void HttpExchange::start(const QUrl &url)
 {
-    m_body.clear();
-    m_reply = m_manager.get(prepared(url));
-    m_reply->setParent(this);
-    connect(m_reply, &QNetworkReply::sslErrors, this, [this] { m_isTrusted = false; });
-    connect(m_reply, &QNetworkReply::readyRead, this, &HttpExchange::collect);
-    connect(m_reply, &QNetworkReply::finished, this, &HttpExchange::conclude);
+    m_body.reset();
+    m_reply.reset(m_manager->get(prepared(url)));
+    connect(m_reply.get(), &QNetworkReply::sslErrors, this, [this] { m_isTrusted = false; });
+    connect(m_reply.get(), &QNetworkReply::readyRead, this, [this] {
+        if (!collect())
+            finish(TransportFailure::ConnectionLost);
+    });
+    connect(m_reply.get(), &QNetworkReply::finished, this, &HttpExchange::conclude);
 }
 
-void HttpExchange::collect()
+bool HttpExchange::collect()
 {
-    // Piece by piece: a small packed answer may unpack to any size.
-    for (QByteArray piece = m_reply->read(pieceSize); !piece.isEmpty(); piece = m_reply->read(pieceSize)) {
-        m_body += piece;
-        m_isTooLong = m_body.size() > m_settings.largestBody;
-        if (m_isTooLong)
-            return m_reply->abort();
-    }
+    if (!m_body && m_reply->bytesAvailable() > 0)
+        m_body.emplace(m_reply->rawHeader("Content-Encoding"), m_settings.largestBody);
+    // Piece by piece: what comes in is not to be kept twice.
+    while (m_reply->bytesAvailable() > 0)
+        if (!m_body->append(m_reply->read(pieceSize)))
+            return false;
+    return true;
 }
 
 void HttpExchange::conclude()
 {
-    if (!m_isTooLong)
-        collect();
-    const std::optional<QUrl> next = redirection();
-    if (!next)
-        return finish(result());
+    if (!collect())
+        return finish(TransportFailure::ConnectionLost);
+    const HttpResult ending = result();
+    const auto *answer = std::get_if<HttpAnswer>(&ending);
+    const auto next =
+        answer ? redirection(m_reply->url(), answer->status, m_reply->rawHeader("Location")) : std::nullopt;
+    if (!next || m_redirections == mostRedirections)
+        return finish(ending);
     ++m_redirections;
-    m_reply->deleteLater();
+    m_reply.release()->deleteLater(); // It is in the middle of reporting.
     start(*next);
 }
 
@@ -142,32 +141,21 @@ HttpResult HttpExchange::result() const
 {
     const QNetworkReply::NetworkError error = m_reply->error();
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (m_isTooLong)
-        return TransportFailure::ConnectionLost;
     if (!m_isTrusted)
         return TransportFailure::ServerNotTrusted;
-    if (isComplete(status, error))
-        return HttpAnswer{ status, m_body };
-    return transportFailure(error);
-}
-
-std::optional<QUrl> HttpExchange::redirection() const
-{
-    const HttpResult answer = result();
-    const auto *redirecting = std::get_if<HttpAnswer>(&answer);
-    if (redirecting == nullptr || !isRedirection(redirecting->status) || m_redirections == mostRedirections)
-        return std::nullopt;
-    const QByteArray location = m_reply->rawHeader("Location");
-    QUrl target = m_reply->url().resolved(QUrl::fromEncoded(location, QUrl::StrictMode));
-    target.setFragment({});
-    if (location.isEmpty() || !isSendableAddress(target.toEncoded())
-        || !haveSameOrigin(m_reply->url(), target))
-        return std::nullopt;
-    return target;
+    if (!isComplete(status, error))
+        return transportFailure(error);
+    if (!m_body)
+        return HttpAnswer{ status, {} };
+    if (!m_body->isWhole())
+        return TransportFailure::ConnectionLost;
+    return HttpAnswer{ status, m_body->bytes() };
 }
 
 void HttpExchange::finish(const HttpResult &result)
 {
+    if (m_reply)
+        m_reply->disconnect(this);
     m_finished(result);
     deleteLater();
 }

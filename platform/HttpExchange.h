@@ -1,8 +1,12 @@
 #pragma once
 
+#include "platform/HttpBody.h"
 #include "platform/HttpClient.h"
 
 #include <QNetworkReply>
+
+#include <memory>
+#include <optional>
 
 class QNetworkAccessManager;
 
@@ -15,28 +19,29 @@ class HttpExchange final : public QObject {
 public:
     using Finished = std::function<void(const HttpResult &)>;
 
-    HttpExchange(
-        QNetworkAccessManager &manager, const HttpSettings &settings, HttpRequest request, Finished finished);
+    HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, HttpSettings settings, Finished finished,
+        QObject *parent);
+
+    /// To be called once. What cannot be sent has its result within this call.
+    void send(const HttpRequest &request);
 
 private:
     void start(const QUrl &url);
     QNetworkRequest prepared(const QUrl &url) const;
-    void collect();
+    /// Takes what has come of the body; false where that is no good or too much.
+    bool collect();
     void conclude();
     HttpResult result() const;
-    /// Where the answer sends to, if that is a place to follow to.
-    std::optional<QUrl> redirection() const;
     void finish(const HttpResult &result);
 
-    QNetworkAccessManager &m_manager;
-    const HttpSettings &m_settings;
-    HttpRequest m_request;
+    std::shared_ptr<QNetworkAccessManager> m_manager;
+    HttpSettings m_settings;
     Finished m_finished;
-    QNetworkReply *m_reply = nullptr; ///< a child
-    QByteArray m_body;
+    HttpRequest m_request;
+    std::unique_ptr<QNetworkReply> m_reply; ///< goes before its manager
+    std::optional<HttpBody> m_body; ///< from the first byte on
     int m_redirections = 0;
     bool m_isTrusted = true;
-    bool m_isTooLong = false;
 };
 
 } // namespace glimmet

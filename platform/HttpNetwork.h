@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/HttpExchange.h"
+
+namespace glimmet {
+
+/// A client's connections and what goes over them. Made on the client's main thread, at work on its other
+/// one.
+class HttpNetwork final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit HttpNetwork(HttpSettings settings);
+
+    /// Sends `request`; `finished` is called once, on this thread, possibly within this call.
+    void send(const HttpRequest &request, const HttpExchange::Finished &finished);
+
+private:
+    HttpSettings m_settings;
+    std::shared_ptr<QNetworkAccessManager> m_manager; ///< shared with the exchanges that use it
+};
+
+} // namespace glimmet
