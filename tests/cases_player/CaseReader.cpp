@@ -72,7 +72,8 @@ std::variant<AnswerCase, QString> readCase(const QString &path)
     if (error.error != QJsonParseError::NoError)
         return u"is no JSON: "_s + error.errorString();
     QStringList complaints;
-    AnswerCase result = readRoot({ document.object(), {}, complaints });
+    const QJsonValue root = document.isObject() ? QJsonValue(document.object()) : QJsonValue();
+    AnswerCase result = readRoot({ root, {}, complaints });
     if (!complaints.isEmpty())
         return complaints.join("; "_L1);
     return result;

@@ -1,8 +1,18 @@
 #include "tests/cases_player/Differences.h"
 
 namespace glimmet {
+namespace {
 
 using namespace Qt::StringLiterals;
+
+constexpr qsizetype longestShown = 300; // characters
+
+QString shown(const QString &text)
+{
+    return u'"' + (text.size() > longestShown ? text.first(longestShown) + u'…' : text) + u'"';
+}
+
+} // namespace
 
 void Differences::compare(const QString &what, const QString &expected, const QString &got)
 {
@@ -12,7 +22,7 @@ void Differences::compare(const QString &what, const QString &expected, const QS
 
 void Differences::note(const QString &what, const QString &expected, const QString &got)
 {
-    m_texts.append(what + " expected "_L1 + expected + ", got "_L1 + got);
+    m_texts.append(what + ": expected "_L1 + shown(expected) + ", got "_L1 + shown(got));
 }
 
 QString Differences::summary() const

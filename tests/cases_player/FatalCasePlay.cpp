@@ -4,13 +4,12 @@
 #include "tests/cases_player/CaseServer.h"
 #include "tests/cases_player/RequestComparison.h"
 #include "tests/cases_player/RevenueAsker.h"
-#include "tests/cases_player/RevenueCasePlay.h"
+#include "tests/cases_player/SideBySide.h"
 #include "tests/cases_player/Waiting.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 
-#include <algorithm>
 #include <csignal>
 
 namespace glimmet {
@@ -41,8 +40,7 @@ public:
         Differences differences;
         const QByteArray errors = m_process.readAllStandardError();
         if (!wasAborted() || !errors.contains("[glimmet] fatal: "))
-            differences.note(rawValue(m_figure.period) + u'/' + rawValue(m_figure.metric) + u':',
-                u"a fatal end"_s,
+            differences.note(rawValue(m_figure.period) + u'/' + rawValue(m_figure.metric), u"a fatal end"_s,
                 u"exit status %1, %2"_s.arg(m_process.exitCode()).arg(QString::fromUtf8(errors)));
         differences.add(compareRequests(m_played, m_figure.period, m_server.requests()));
         return differences;
@@ -64,21 +62,7 @@ private:
 
 Differences playFatalCase(const AnswerCase &played, const QString &path)
 {
-    std::vector<std::unique_ptr<FatalPlay>> plays;
-    for (const CaseFigure &figure : played.figures)
-        plays.push_back(std::make_unique<FatalPlay>(played, figure, path));
-    waitUntil([&plays] {
-        return std::all_of(plays.begin(), plays.end(), [](const auto &play) { return play->isDone(); });
-    });
-
-    Differences differences;
-    QByteArray output;
-    for (const auto &play : plays) {
-        differences.add(play->differences());
-        output += play->output();
-    }
-    differences.add(compareLog(played, output));
-    return differences;
+    return playSideBySide<FatalPlay>(played, path);
 }
 
 int askForFigure(const QStringList &arguments)

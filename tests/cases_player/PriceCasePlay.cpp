@@ -1,11 +1,11 @@
 #include "tests/cases_player/PriceCasePlay.h"
 
 #include "prices/CryptoService.h"
-#include "tests/cases_player/CapturedOutput.h"
 #include "tests/cases_player/CaseServer.h"
 #include "tests/cases_player/CaseWorld.h"
 #include "tests/cases_player/RequestComparison.h"
 #include "tests/cases_player/Waiting.h"
+#include "tests/revenue/CapturedLog.h"
 
 #include <QLocale>
 
@@ -64,10 +64,10 @@ Differences compareRecord(const CasePrice &expected, const Record &got)
 {
     Differences differences;
     if (!areClose(expected.record, got))
-        differences.note(u"record:"_s, text(expected.record), text(got));
+        differences.note(u"record"_s, text(expected.record), text(got));
     if (expected.menuBarString)
         differences.compare(
-            u"menuBarString:"_s, *expected.menuBarString, got ? got->menuBarString() : u"none"_s);
+            u"menuBarString"_s, *expected.menuBarString, got ? got->menuBarString() : u"none"_s);
     return differences;
 }
 
@@ -75,18 +75,18 @@ Differences compareRecord(const CasePrice &expected, const Record &got)
 
 Differences playPriceCase(const AnswerCase &played)
 {
-    CapturedOutput output;
+    CapturedLog output;
     // The log tells nothing of an answer without a price; but a price is one request only.
     const CaseServer server(played, [] { return 0; });
     const auto result = asked(played, server.origin(), output.log());
 
     Differences differences;
     if (!result)
-        differences.note(u"completion:"_s, u"a call"_s, u"none"_s);
+        differences.note(u"completion"_s, u"a call"_s, u"none"_s);
     differences.add(compareRecord(played.price, result.value_or(std::nullopt)));
     differences.add(compareRequests(played, RevenueMode::AllTime, server.requests()));
     if (played.price.output)
-        differences.compare(u"standard output:"_s, QString::fromUtf8(*played.price.output),
+        differences.compare(u"standard output"_s, QString::fromUtf8(*played.price.output),
             QString::fromUtf8(output.written()));
     return differences;
 }

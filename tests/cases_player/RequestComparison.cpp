@@ -48,12 +48,12 @@ void compareOne(
     const QString &what, const CaseRequest &expected, const ReceivedRequest &got, Differences &differences)
 {
     differences.compare(
-        what + ": method"_L1, QString::fromUtf8(expected.method), QString::fromUtf8(got.method));
-    differences.compare(what + ": path"_L1, expected.path, pathOf(got.target));
+        what + ", method"_L1, QString::fromUtf8(expected.method), QString::fromUtf8(got.method));
+    differences.compare(what + ", path"_L1, expected.path, pathOf(got.target));
     if (expected.query != queryOf(got.target))
-        differences.note(what + ": query"_L1, text(expected.query), text(queryOf(got.target)));
+        differences.note(what + ", query"_L1, text(expected.query), text(queryOf(got.target)));
     for (const auto &[name, value] : expected.headers)
-        differences.compare(what + ": header "_L1 + QString::fromUtf8(name), QString::fromUtf8(value),
+        differences.compare(what + ", header "_L1 + QString::fromUtf8(name), QString::fromUtf8(value),
             QString::fromUtf8(got.header(name)));
 }
 

@@ -1,11 +1,11 @@
 #include "tests/cases_player/RevenueCasePlay.h"
 
-#include "tests/cases_player/CapturedOutput.h"
 #include "tests/cases_player/CaseServer.h"
 #include "tests/cases_player/ExactTotals.h"
 #include "tests/cases_player/RequestComparison.h"
 #include "tests/cases_player/RevenueAsker.h"
-#include "tests/cases_player/Waiting.h"
+#include "tests/cases_player/SideBySide.h"
+#include "tests/revenue/CapturedLog.h"
 
 #include <algorithm>
 
@@ -42,7 +42,7 @@ public:
     Differences differences() const
     {
         Differences differences;
-        differences.compare(name() + u':', m_figure.text, m_asker.isDone() ? m_asker.text() : u"nothing"_s);
+        differences.compare(name(), m_figure.text, m_asker.isDone() ? m_asker.text() : u"nothing"_s);
         differences.add(compareRequests(m_played, m_figure.period, m_server.requests()));
         return differences;
     }
@@ -52,32 +52,10 @@ private:
 
     const AnswerCase &m_played;
     const CaseFigure &m_figure;
-    CapturedOutput m_output;
+    CapturedLog m_output;
     CaseServer m_server;
     RevenueAsker m_asker;
 };
-
-} // namespace
-
-Differences playRevenueCase(const AnswerCase &played)
-{
-    std::vector<std::unique_ptr<Play>> plays;
-    for (const CaseFigure &figure : played.figures)
-        plays.push_back(std::make_unique<Play>(played, figure));
-    waitUntil([&plays] {
-        return std::all_of(plays.begin(), plays.end(), [](const auto &play) { return play->isDone(); });
-    });
-
-    Differences differences;
-    QByteArray output;
-    for (const auto &play : plays) {
-        differences.add(play->differences());
-        output += play->output();
-    }
-    differences.add(compareLog(played, output));
-    differences.add(compareTotals(played));
-    return differences;
-}
 
 Differences compareTotals(const AnswerCase &played)
 {
@@ -85,19 +63,18 @@ Differences compareTotals(const AnswerCase &played)
     for (auto expected = played.totals.begin(); expected != played.totals.end(); ++expected) {
         const CaseTotals got = exactTotals(played, expected.key());
         for (auto sum = expected->begin(); sum != expected->end(); ++sum)
-            differences.compare(rawValue(expected.key()) + ": "_L1 + sum.key(), QString::number(sum.value()),
+            differences.compare(rawValue(expected.key()) + ' '_L1 + sum.key(), QString::number(sum.value()),
                 got.contains(sum.key()) ? QString::number(got[sum.key()]) : u"none"_s);
     }
     return differences;
 }
 
-Differences compareLog(const AnswerCase &played, const QByteArray &output)
+} // namespace
+
+Differences playRevenueCase(const AnswerCase &played)
 {
-    Differences differences;
-    const QList<QByteArray> lines = output.split('\n');
-    for (const QString &line : played.log)
-        if (!lines.contains(line.toUtf8()))
-            differences.note(u"standard output"_s, line, QString::fromUtf8(output));
+    Differences differences = playSideBySide<Play>(played);
+    differences.add(compareTotals(played));
     return differences;
 }
 

@@ -55,7 +55,7 @@ bool passes(const QString &path, int argc, char **argv)
         return differences.isEmpty();
     });
     if (end == PlayEnd::Crashed)
-        say("FAIL "_L1 + name + ": expected an answer, got the end of the process"_L1);
+        say("FAIL "_L1 + name + ": the process: expected \"goes on\", got \"ended\""_L1);
     return end == PlayEnd::Passed;
 }
 
