@@ -1,6 +1,6 @@
 #include "platform/KeychainHelper.h"
 #include "platform/SessionBus.h"
-#include "tests/platform/SecretServiceDaemon.h"
+#include "tests/support/SecretServiceDaemon.h"
 #include "tests/support/MemoryKeyStore.h"
 #include "tests/support/Printing.h"
 

@@ -1,6 +1,6 @@
 #include "platform/KeychainHelper.h"
 #include "platform/SessionBus.h"
-#include "tests/platform/SecretServiceDaemon.h"
+#include "tests/support/SecretServiceDaemon.h"
 #include "tests/support/Printing.h"
 
 #include <QElapsedTimer>
@@ -241,7 +241,7 @@ TEST_F(KeychainOnDaemon, makesNoCollectionWhereThereIsNone)
     EXPECT_TRUE(store->save(ApiKey(u"abc"_s), key));
 }
 
-TEST_F(KeychainOnDaemon, reachesNothingWithoutABus)
+TEST_F(KeychainOnDaemon, readsOnceThereIsABus)
 {
     daemon.bus().kill();
     launch();
@@ -249,6 +249,47 @@ TEST_F(KeychainOnDaemon, reachesNothingWithoutABus)
     EXPECT_EQ(store->load(key), unavailable);
     EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
     EXPECT_FALSE(store->remove(otherKey));
+
+    daemon.bus().start();
+    daemon.start();
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), absent);
+}
+
+TEST_F(KeychainOnDaemon, outlivesTheBus)
+{
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    launch();
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    daemon.kill();
+    daemon.bus().kill();
+
+    EXPECT_EQ(store->load(key), unavailable);
+    daemon.bus().start();
+    daemon.start();
+
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+}
+
+TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
+{
+    SecretServiceDaemon daemon(SecretServiceDaemon::Activation::On);
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    daemon.kill();
+    SessionBus bus;
+    bus.open();
+    KeychainHelper store(bus);
+    QSignalSpy readable(&store, &KeyStore::becameReadable);
+
+    EXPECT_EQ(store.load(key), unavailable);
+
+    EXPECT_TRUE(daemon.isRunning());
+    daemon.unlock();
+    ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
+    EXPECT_EQ(store.load(key), found(u"abc"_s));
 }
 
 TEST_F(KeychainOnDaemon, waitsNoLongerForABusThatHangs)

@@ -1,7 +1,7 @@
 #include "platform/KeychainHelper.h"
 #include "platform/SessionBus.h"
 #include "tests/platform/MockPrompter.h"
-#include "tests/platform/SecretServiceDaemon.h"
+#include "tests/support/SecretServiceDaemon.h"
 
 #include <QSignalSpy>
 #include <QTest>

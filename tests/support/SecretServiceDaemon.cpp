@@ -1,11 +1,11 @@
-#include "tests/platform/SecretServiceDaemon.h"
+#include "tests/support/SecretServiceDaemon.h"
 
 #include "platform/SecretServiceNames.h"
-#include "tests/platform/TestFolder.h"
 
 #include <QDBusVariant>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QThread>
 
 #include <csignal>
@@ -37,6 +37,13 @@ void waitUntil(const std::function<bool()> &condition, const char *what)
     }
 }
 
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        throw std::runtime_error("a file of the test could not be written");
+}
+
 QVariantMap propertiesOf(const QString &prefix, const QString &label)
 {
     return { { prefix + QStringLiteral(".Label"), label } };
@@ -46,9 +53,10 @@ QVariantMap propertiesOf(const QString &prefix, const QString &label)
 
 SecretServiceDaemon::SecretServiceDaemon(Activation activation)
     : m_bus(makeServicesFolder(activation))
-    , m_peer(m_bus.peer(m_home.path()))
+    , m_peer(QString())
 {
     registerSecretTypes();
+    connectPeer();
 }
 
 SecretServiceDaemon::~SecretServiceDaemon()
@@ -59,6 +67,7 @@ SecretServiceDaemon::~SecretServiceDaemon()
 
 void SecretServiceDaemon::start(Keyring keyring, const QString &prompter)
 {
+    connectPeer();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *folder : { "HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR" })
         environment.insert(QString::fromLatin1(folder), m_home.path());
@@ -68,13 +77,10 @@ void SecretServiceDaemon::start(Keyring keyring, const QString &prompter)
     if (keyring == Keyring::Unlocked)
         arguments.append(QStringLiteral("--unlock"));
     // From a file: writing to the process would take an event loop.
-    putFile(m_home.filePath(QStringLiteral("password")), password);
+    writeFile(m_home.filePath(QStringLiteral("password")), password);
     m_daemon.setStandardInputFile(m_home.filePath(QStringLiteral("password")));
     m_daemon.start(QStringLiteral("gnome-keyring-daemon"), arguments);
     waitUntil([this] { return isRunning(); }, "gnome-keyring did not start");
-    const QVariantList session = ask(servicePath, serviceInterface, QStringLiteral("OpenSession"),
-        { QStringLiteral("plain"), QVariant::fromValue(QDBusVariant(QString())) });
-    m_session = session.at(1).value<QDBusObjectPath>();
 }
 
 void SecretServiceDaemon::kill()
@@ -138,9 +144,9 @@ QList<StoredItem> SecretServiceDaemon::items(const SecretAttributes &attributes)
                 ask(path.path(), propertiesInterface, QStringLiteral("Get"), { itemInterface, name });
             return value.at(0).value<QDBusVariant>().variant();
         };
-        const auto stored = qdbus_cast<SecretOfItem>(
-            ask(path.path(), itemInterface, QStringLiteral("GetSecret"), { QVariant::fromValue(m_session) })
-                .at(0));
+        const auto stored = qdbus_cast<SecretOfItem>(ask(
+            path.path(), itemInterface, QStringLiteral("GetSecret"), { QVariant::fromValue(openSession()) })
+                                                         .at(0));
         items.append({ property(QStringLiteral("Label")).toString(),
             qdbus_cast<SecretAttributes>(property(QStringLiteral("Attributes"))), stored.value,
             stored.contentType });
@@ -165,14 +171,29 @@ QString SecretServiceDaemon::makeServicesFolder(Activation activation) const
     const QString folder = m_home.filePath(QStringLiteral("services"));
     QDir().mkpath(folder);
     if (activation == Activation::On)
-        putFile(folder + QStringLiteral("/org.freedesktop.secrets.service"),
+        writeFile(folder + QStringLiteral("/org.freedesktop.secrets.service"),
             serviceFile.arg(m_home.path()).toUtf8());
     return folder;
 }
 
+QDBusObjectPath SecretServiceDaemon::openSession() const
+{
+    const QVariantList opened = ask(servicePath, serviceInterface, QStringLiteral("OpenSession"),
+        { QStringLiteral("plain"), QVariant::fromValue(QDBusVariant(QString())) });
+    return opened.at(1).value<QDBusObjectPath>();
+}
+
+void SecretServiceDaemon::connectPeer()
+{
+    if (m_peer.isConnected())
+        return;
+    QDBusConnection::disconnectFromBus(m_peer.name());
+    m_peer = m_bus.peer(QStringLiteral("another-program-%1").arg(++m_peerCount) + m_home.path());
+}
+
 SecretOfItem SecretServiceDaemon::secret(const QByteArray &value) const
 {
-    return { m_session, {}, value, QStringLiteral("text/plain") };
+    return { openSession(), {}, value, QStringLiteral("text/plain") };
 }
 
 pid_t SecretServiceDaemon::processId() const

@@ -54,6 +54,8 @@ private:
     QVariantList ask(const QString &path, const QString &interface, const QString &method,
         const QVariantList &arguments = {}) const;
     QString makeServicesFolder(Activation activation) const;
+    void connectPeer();
+    QDBusObjectPath openSession() const;
     SecretOfItem secret(const QByteArray &value) const;
     void signalProcess(int signal) const;
 
@@ -61,7 +63,7 @@ private:
     PrivateBus m_bus;
     QProcess m_daemon;
     QDBusConnection m_peer;
-    QDBusObjectPath m_session;
+    int m_peerCount = 0;
 };
 
 /// The attributes by which the program finds its item.
