@@ -21,7 +21,8 @@ Column {
     Item {
         id: editors
         width: root.width - root.leftPadding - root.rightPadding
-        height: childrenRect.height
+        // To where the lowest one ends; one that left stands above the top edge.
+        height: childrenRect.y + childrenRect.height
 
         EditorSlot {
             width: editors.width
@@ -40,6 +41,12 @@ Column {
             shown: root.mode === TickerMode.Custom
             ticker: root.ticker
             editor: "CustomTextOption.qml"
+        }
+        EditorSlot {
+            width: editors.width
+            shown: root.mode === TickerMode.Revenue
+            ticker: root.ticker
+            editor: "RevenueOptions.qml"
         }
     }
 }

@@ -43,9 +43,10 @@ PanelTestCase {
 
     function test_showsTheEditorOfTheMode_data() {
         return [
-            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0]},
-            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0]},
-            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1]}
+            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0, 0]},
+            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0, 0]},
+            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1, 0]},
+            {tag: "revenue", mode: TickerMode.Revenue, expected: [0, 0, 0, 1]}
         ];
     }
 
@@ -54,13 +55,13 @@ PanelTestCase {
 
         tryVerify(() => editors(ClockOptions).length === row.expected[0]
             && editors(QuoteOptions).length === row.expected[1]
-            && editors(CustomTextOption).length === row.expected[2]);
+            && editors(CustomTextOption).length === row.expected[2]
+            && editors(RevenueOptions).length === row.expected[3]);
         verify(options.visible);
     }
 
     function test_isHiddenWhereThereIsNothingToEdit_data() {
         return [
-            {tag: "revenue", mode: TickerMode.Revenue},
             {tag: "crypto", mode: TickerMode.Crypto},
             {tag: "deadline", mode: TickerMode.Deadline}
         ];
@@ -94,6 +95,14 @@ PanelTestCase {
         verify(!slot(0).enabled);
         tryCompare(slot(0), "opacity", 0);
         tryVerify(() => editors(ClockOptions).length === 0);
+    }
+
+    function test_anEditorThatLeftTakesNoRoom() {
+        world.ticker.mode = TickerMode.Custom;
+        tryVerify(() => editors(ClockOptions).length === 0);
+        tryCompare(slot(2), "presence", 1);
+
+        compare(options.height - areaOf(editors(CustomTextOption)[0], options).bottom, 16);
     }
 
     function test_aTypedQuoteIsForgottenWhenItsEditorGoes() {
