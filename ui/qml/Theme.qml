@@ -18,12 +18,13 @@ QtObject {
     readonly property color busyText: Qt.alpha(ink, 0.45)
     readonly property color quietSymbol: Qt.alpha(ink, 0.2)
     readonly property color cardSymbol: Qt.alpha(ink, 0.6)
-    readonly property color cardLabel: Qt.alpha(ink, 0.7)
+    readonly property color choiceInk: Qt.alpha(ink, 0.7)
 
     readonly property color fieldFill: Qt.alpha(ink, 0.04)
     readonly property color rowFill: Qt.alpha(ink, 0.05)
     readonly property color buttonFill: Qt.alpha(ink, 0.07)
     readonly property color cardBorder: Qt.alpha(ink, 0.1)
+    readonly property color chipBorder: Qt.alpha(ink, 0.13)
     readonly property color fieldBorder: Qt.alpha(ink, 0.12)
     readonly property color separator: Qt.alpha(ink, 0.08)
     readonly property color divider: Qt.alpha(ink, 0.1)
@@ -64,6 +65,7 @@ QtObject {
 
     readonly property int modeDuration: 180
     readonly property int editorDuration: 200
+    readonly property int chipDuration: 150
     readonly property int borderDuration: 150
     readonly property int pulseDuration: 900
     readonly property int easeInOut: Easing.InOutQuad

@@ -1,0 +1,76 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glimmet
+
+// One of several to choose from, filled with ink once it is chosen. A tap counts also on what is chosen already.
+T.RadioButton {
+    id: choice
+
+    required property string label
+    property string symbol
+    required property bool selected
+
+    property color restingSymbol: Theme.choiceInk
+    property color restingLabel: Theme.choiceInk
+    property color restingBorder: Theme.clear
+    property real cornerRadius: Theme.buttonRadius
+    property int duration: Theme.chipDuration
+
+    signal tapped
+
+    property color symbolColor: selected ? Theme.background : restingSymbol
+    property color labelColor: selected ? Theme.background : restingLabel
+
+    text: label
+    checked: selected
+    implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
+    implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
+    focusPolicy: Qt.TabFocus
+    opacity: pressed ? Theme.pressedOpacity : 1
+    onClicked: tapped()
+
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: label
+    Accessible.onPressAction: choice.tapped()
+    Accessible.onToggleAction: choice.tapped()
+    Keys.onReturnPressed: choice.tapped()
+    Keys.onEnterPressed: choice.tapped()
+
+    Behavior on symbolColor {
+        ColorAnimation {
+            duration: choice.duration
+            easing.type: Theme.easeInOut
+        }
+    }
+    Behavior on labelColor {
+        ColorAnimation {
+            duration: choice.duration
+            easing.type: Theme.easeInOut
+        }
+    }
+
+    background: RoundedBox {
+        color: choice.selected ? Theme.ink : Theme.buttonFill
+        borderColor: choice.selected ? Theme.clear : choice.restingBorder
+        borderWidth: Theme.hairline
+        radius: choice.cornerRadius
+
+        Behavior on color {
+            ColorAnimation {
+                duration: choice.duration
+                easing.type: Theme.easeInOut
+            }
+        }
+        Behavior on borderColor {
+            ColorAnimation {
+                duration: choice.duration
+                easing.type: Theme.easeInOut
+            }
+        }
+
+        FocusRing {
+            cornerRadius: choice.cornerRadius
+            visible: choice.visualFocus
+        }
+    }
+}
