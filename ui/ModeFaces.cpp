@@ -1,13 +1,12 @@
 #include "ui/ModeFaces.h"
 
+#include "ui/CaseNumbers.h"
+
 namespace glimmet {
 
 QList<int> ModeFaces::all()
 {
-    QList<int> modes;
-    for (const auto &[mode, text] : rawValues<TickerMode>)
-        modes.append(static_cast<int>(mode));
-    return modes;
+    return caseNumbers<TickerMode>();
 }
 
 QString ModeFaces::label(int mode)
@@ -40,8 +39,8 @@ bool ModeFaces::hasEditor(int mode)
     case TickerMode::Clock:
     case TickerMode::Quote:
     case TickerMode::Custom:
-        return true;
     case TickerMode::Revenue:
+        return true;
     case TickerMode::Crypto:
     case TickerMode::Deadline:
         return false;

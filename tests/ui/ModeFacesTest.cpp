@@ -46,12 +46,12 @@ TEST(ModeFaces, eachSymbolIsDrawn)
     }
 }
 
-TEST(ModeFaces, theTextModesCanBeEdited)
+TEST(ModeFaces, someModesCanBeEdited)
 {
     EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Clock)));
     EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Quote)));
     EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Custom)));
-    EXPECT_FALSE(ModeFaces::hasEditor(number(TickerMode::Revenue)));
+    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Revenue)));
     EXPECT_FALSE(ModeFaces::hasEditor(number(TickerMode::Crypto)));
     EXPECT_FALSE(ModeFaces::hasEditor(number(TickerMode::Deadline)));
 }

@@ -2,11 +2,9 @@ import QtQuick
 import Glimmet
 
 // Holds an editor while it is shown; it comes in from the top edge and leaves the same way.
-Loader {
+EditorLoader {
     id: slot
 
-    required property TickerViewModel ticker
-    required property url editor
     required property bool shown
 
     property real presence: shown ? 1 : 0
@@ -15,9 +13,6 @@ Loader {
     enabled: shown
     opacity: presence
     y: (presence - 1) * height
-    Component.onCompleted: setSource(editor, {
-        ticker: ticker
-    })
 
     Behavior on presence {
         NumberAnimation {

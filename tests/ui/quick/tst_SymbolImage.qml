@@ -30,7 +30,9 @@ PanelTestCase {
 
     function test_everySymbolIsDrawn_data() {
         return ["clock", "text.bubble", "pencil", "dollarsign.circle", "chart.line.uptrend.xyaxis", "timer",
-            "xmark.circle.fill", "arrow.clockwise", "progress.indicator"].map(name => ({tag: name}));
+            "xmark.circle.fill", "arrow.clockwise", "progress.indicator", "bolt.circle", "chart.bar.fill", "creditcard",
+            "s.circle.fill", "l.circle.fill", "dollarsign", "bag", "chart.bar", "crown", "sun.max", "7.square",
+            "calendar", "infinity"].map(name => ({tag: name}));
     }
 
     function test_everySymbolIsDrawn(row) {

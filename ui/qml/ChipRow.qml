@@ -1,0 +1,33 @@
+import QtQuick
+import Glimmet
+
+// Chips under their title, which a note may follow.
+Column {
+    id: root
+
+    required property string title
+    property string note
+    default property alias chips: row.data
+
+    spacing: Theme.rowSpacing
+
+    Row {
+        spacing: Theme.rowSpacing
+
+        SectionLabel {
+            id: label
+            text: root.title
+        }
+        InkText {
+            anchors.baseline: label.baseline
+            text: root.note
+            color: Theme.faintText
+            font.pixelSize: 8
+            visible: text.length > 0
+        }
+    }
+    Row {
+        id: row
+        spacing: Theme.rowSpacing
+    }
+}
