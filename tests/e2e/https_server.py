@@ -27,6 +27,7 @@ class Answer(NamedTuple):
     status: int
     body: bytes
     ending: Ending = Ending.COMPLETE
+    delay: float = 0  # seconds, after the request was noted
 
 
 class HttpsServer(http.server.ThreadingHTTPServer):
@@ -87,6 +88,7 @@ class Connection(http.server.BaseHTTPRequestHandler):
         self._send(answer)
 
     def _send(self, answer):
+        self.server.closing.wait(answer.delay)
         self.close_connection = answer.ending is not Ending.COMPLETE
         if answer.ending is Ending.SILENCE:
             self.server.closing.wait()

@@ -1,0 +1,59 @@
+"""What the tests of revenue have in common: the five platforms in a network of the program's own, and its keyring."""
+
+import subprocess
+from pathlib import Path
+
+from desktop.processes import wait_for
+from desktop_case import DesktopCase
+from keyring import Keyring
+from own_network import OwnNetwork
+from price_server import HOST as PRICES
+from revenue_server import PLATFORMS, POLAR, RevenueServer
+from watcher import Watcher
+
+MAKE_CERTIFICATES = Path(__file__).parent.with_name("support") / "make_certificates"
+# What the server's first sales come to.
+FIGURE = "💰 $17.00"
+
+
+class RevenueCase(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        Watcher(cls.desktop).start()
+        cls.keyring = Keyring(cls.desktop)
+        cls.certificates = cls.desktop.folder / "certificates"
+        hosts = [PRICES, *(platform.host for platform in PLATFORMS)]
+        subprocess.run([MAKE_CERTIFICATES, cls.certificates, *hosts], check=True)
+        cls.network = OwnNetwork(cls.desktop, hosts, cls.certificates / "authority.pem")
+
+    def setUp(self):
+        super().setUp()
+        self.keyring.clear()
+        self.serve("good")
+
+    def serve(self, certificate):
+        self.server = RevenueServer(self.network.listen(443), self.certificates / f"{certificate}.pem")
+        self.addCleanup(self.server.close)
+
+    def begin(self, environment=None, **options):
+        return super().begin(environment, network=self.network.wrapper, **options)
+
+    def show_revenue(self):
+        """Chooses revenue in the panel, which stays open."""
+        self.glimmet.ask_for_panel()
+        self.glimmet.choose_mode("Revenue")
+
+    def begin_showing_polar(self):
+        """Returns once the figure is on show; it was asked for twice, at the start and by the choice."""
+        self.keyring.put({POLAR.account: POLAR.key})
+        self.launch()
+        self.show_revenue()
+        wait_for(lambda: len(self.server.asked(POLAR)) >= 2, 5, "the requests of the beginning")
+        self.wait_for_text(FIGURE)
+
+    def press(self, name):
+        self.glimmet.control(name, "radio button").press()
+
+    def wait_for_text(self, text, seconds=5):
+        self.glimmet.wait_for_label(lambda label: label == text, seconds)

@@ -1,0 +1,114 @@
+"""The keys in the keyring: what a start makes of them, also where the keyring is locked or does not answer."""
+
+import time
+import unittest
+
+from desktop.processes import wait_for, watch_for
+from revenue_case import FIGURE, RevenueCase
+from revenue_server import KEYS, POLAR
+
+EMPTY = {account: "" for account in KEYS} | {"stripe_currency": "USD"}
+MISSING = "add api key"
+DIALOG = "Unlock Login Keyring"
+
+
+class Keys(RevenueCase):
+    def stored(self, texts):
+        return sorted(texts.items())
+
+    def lock_with_all_keys(self):
+        self.keyring.put(KEYS)
+        self.keyring.lock()
+        # The dialog outlives the program for whose sake it asks, and what it asks for.
+        self.addCleanup(self.dismiss_dialog)
+        self.addCleanup(self.keyring.unlock)
+
+    def begin_locked(self):
+        """Returns while the dialog asks for the password."""
+        self.lock_with_all_keys()
+        self.launch()
+        self.show_revenue()
+        self.wait_for_text(MISSING)
+        self.screen.wait_for_window(DIALOG)
+
+    def dismiss_dialog(self):
+        if self.screen.windows(DIALOG):
+            self.screen.key("Escape")
+        self.screen.wait_until_gone(DIALOG)
+
+    def wait_for_stored(self, texts):
+        wait_for(lambda: self.keyring.texts() == self.stored(texts), 5, "the items in the keyring")
+
+    def test_a_first_start_stores_seven_items(self):
+        self.launch()
+
+        self.wait_for_stored(EMPTY)
+
+    def test_later_starts_keep_what_is_stored(self):
+        texts = KEYS | {"stripe_currency": "GBP"}
+        self.keyring.put(texts)
+
+        for _ in range(3):
+            self.launch()
+            wait_for(lambda: self.server.asked(POLAR), 5, "the request of the start")
+            self.assertEqual(self.glimmet.stop(), 0)
+            self.assertEqual(self.keyring.texts(), self.stored(texts))
+
+    def test_asks_for_the_key_while_the_keyring_is_locked_and_overwrites_nothing(self):
+        self.begin_locked()
+
+        self.assertEqual(self.glimmet.stop(), 0)
+
+        self.assertEqual(self.server.asked(POLAR), [])
+        self.assertTrue(self.keyring.is_locked())
+        self.keyring.unlock()
+        self.assertEqual(self.keyring.texts(), self.stored(KEYS))
+
+    def test_shows_the_figure_once_the_password_is_typed(self):
+        self.begin_locked()
+
+        self.screen.type("password")
+        self.screen.key("Return")
+
+        self.wait_for_text(FIGURE)
+        self.wait_for_stored(EMPTY | KEYS)
+
+    def test_shows_the_figure_once_another_program_unlocks_the_keyring(self):
+        self.begin_locked()
+
+        self.keyring.unlock()
+
+        self.wait_for_text(FIGURE)
+        self.wait_for_stored(EMPTY | KEYS)
+
+    def test_asks_for_the_password_once_only_and_takes_the_key_later_all_the_same(self):
+        self.begin_locked()
+
+        self.dismiss_dialog()
+        self.press("Revenue")
+        watch_for(2, lambda: self.assertEqual(self.screen.windows(DIALOG), []))
+        self.assertEqual(self.glimmet.label, MISSING)
+        self.keyring.unlock()
+
+        self.wait_for_text(FIGURE)
+        self.wait_for_stored(EMPTY | KEYS)
+
+    def test_a_keyring_that_does_not_answer_delays_the_start_a_little_only(self):
+        self.keyring.put(KEYS)
+        self.keyring.freeze()
+        self.addCleanup(self.keyring.thaw)
+        start = time.monotonic()
+
+        self.launch()
+
+        self.assertLess(time.monotonic() - start, 4)
+        wait_for(lambda: len(self.glimmet.labels) >= 3, 5, "a clock that goes on")
+        self.show_revenue()
+        self.wait_for_text(MISSING)
+        self.keyring.thaw()
+        self.wait_for_text(FIGURE, 10)
+        self.wait_for_stored(EMPTY | KEYS)
+
+
+if __name__ == "__main__":
+    unittest.main()
