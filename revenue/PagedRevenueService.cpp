@@ -23,14 +23,14 @@ RevenuePageResult parsedPage(const QByteArray &body, const PagedRevenueService::
 
 } // namespace
 
-PagedRevenueService::PagedRevenueService(const ServiceWorld &world, AnswerRules rules, QObject *parent)
+PagedRevenueService::PagedRevenueService(ServiceWorld world, AnswerRules rules, QObject *parent)
     : QObject(parent)
-    , m_world(world)
+    , m_world(std::move(world))
     , m_rules(std::move(rules))
 {
 }
 
-void PagedRevenueService::fetch(const RevenueQuery &query, RevenueFetcher::Completion completion)
+void PagedRevenueService::fetch(const RevenueQuery &query, const RevenueFetcher::Completion &completion)
 {
     fetchAllPages(query, std::nullopt, {}, completion);
 }

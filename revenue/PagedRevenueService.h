@@ -33,10 +33,10 @@ public:
 
     /// Computes one figure over the account's whole list. Ends with exactly one call of `completion`, never
     /// within this call.
-    void fetch(const RevenueQuery &query, RevenueFetcher::Completion completion);
+    void fetch(const RevenueQuery &query, const RevenueFetcher::Completion &completion);
 
 protected:
-    PagedRevenueService(const ServiceWorld &world, AnswerRules rules, QObject *parent);
+    PagedRevenueService(ServiceWorld world, AnswerRules rules, QObject *parent);
 
     const ServiceWorld &world() const { return m_world; }
 

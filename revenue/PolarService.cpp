@@ -64,9 +64,9 @@ QString text(QDate date)
 
 } // namespace
 
-PolarService::PolarService(const ServiceWorld &world, QObject *parent)
+PolarService::PolarService(ServiceWorld world, QObject *parent)
     : QObject(parent)
-    , m_world(world)
+    , m_world(std::move(world))
 {
 }
 
@@ -107,7 +107,7 @@ PolarService::DateRange PolarService::dateRange(RevenueMode period) const
 QByteArray PolarService::buildUrl(RevenueMode period) const
 {
     const DateRange range = dateRange(period);
-    const QByteArray address = m_world.endpoint + "/v1/metrics/?start_date=" + range.start.toUtf8()
+    QByteArray address = m_world.endpoint + "/v1/metrics/?start_date=" + range.start.toUtf8()
         + "&end_date=" + range.end.toUtf8() + "&interval=" + range.interval.toUtf8();
     m_world.log.line("Polar URL: "_L1 + (isSendableAddress(address) ? QString::fromUtf8(address) : u"nil"_s));
     return address;

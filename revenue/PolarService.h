@@ -25,7 +25,7 @@ public:
         QString interval; ///< "day" or "year"
     };
 
-    explicit PolarService(const ServiceWorld &world, QObject *parent = nullptr);
+    explicit PolarService(ServiceWorld world, QObject *parent = nullptr);
 
     /// Ends with exactly one call of `completion`; within this call where nothing can be sent.
     void fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion);

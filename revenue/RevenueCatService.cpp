@@ -37,16 +37,16 @@ RevenueCatService::Metrics loggedMetrics(const QByteArray &body, const ApiKey &a
 /// The text between quotes, on one line.
 QString quoted(QString text)
 {
-    text.replace(u'\\', "\\\\"_L1).replace(u'"', "\\\""_L1);
-    text.replace(u'\n', "\\n"_L1).replace(u'\r', "\\r"_L1).replace(u'\t', "\\t"_L1);
+    text.replace(u'\\', R"(\\)"_L1).replace(u'"', R"(\")"_L1);
+    text.replace(u'\n', R"(\n)"_L1).replace(u'\r', R"(\r)"_L1).replace(u'\t', R"(\t)"_L1);
     return u'"' + text + u'"';
 }
 
 } // namespace
 
-RevenueCatService::RevenueCatService(const ServiceWorld &world, QObject *parent)
+RevenueCatService::RevenueCatService(ServiceWorld world, QObject *parent)
     : QObject(parent)
-    , m_world(world)
+    , m_world(std::move(world))
 {
 }
 

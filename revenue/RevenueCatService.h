@@ -21,7 +21,7 @@ public:
     /// Values by their id: cents or counts.
     using Metrics = QMap<QString, qint64>;
 
-    explicit RevenueCatService(const ServiceWorld &world, QObject *parent = nullptr);
+    explicit RevenueCatService(ServiceWorld world, QObject *parent = nullptr);
 
     /// Ends with exactly one call of `completion`; within this call where nothing can be sent.
     void fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion);

@@ -26,11 +26,11 @@ void RevenueServices::fetch(const RevenueQuery &query, Completion completion)
     case RevenueProvider::RevenueCat:
         return m_revenueCat.fetchMetric(query, std::move(completion));
     case RevenueProvider::Dodo:
-        return m_dodo.fetch(query, std::move(completion));
+        return m_dodo.fetch(query, completion);
     case RevenueProvider::Stripe:
-        return m_stripe.fetch(query, std::move(completion));
+        return m_stripe.fetch(query, completion);
     case RevenueProvider::LemonSqueezy:
-        return m_lemonSqueezy.fetch(query, std::move(completion));
+        return m_lemonSqueezy.fetch(query, completion);
     }
     Q_UNREACHABLE();
 }
