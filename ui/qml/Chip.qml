@@ -1,7 +1,7 @@
 import QtQuick
 import Glimmet
 
-// A choice of one line: its symbol, if it has one, beside its label.
+// A choice of one line.
 Choice {
     id: chip
 
@@ -9,28 +9,12 @@ Choice {
 
     font.family: Theme.family
 
-    contentItem: Item {
-        implicitWidth: childrenRect.width
-        implicitHeight: childrenRect.height
-
-        Row {
-            anchors.centerIn: parent
-            spacing: 4
-
-            SymbolImage {
-                anchors.verticalCenter: parent.verticalCenter
-                name: chip.symbol
-                size: chip.symbolSize
-                color: chip.symbolColor
-                visible: name.length > 0
-            }
-            InkText {
-                anchors.verticalCenter: parent.verticalCenter
-                text: chip.label
-                font: chip.font
-                color: chip.labelColor
-                Accessible.ignored: true
-            }
-        }
+    contentItem: ChipFace {
+        symbol: chip.symbol
+        symbolSize: chip.symbolSize
+        symbolColor: chip.symbolColor
+        label: chip.label
+        labelFont: chip.font
+        labelColor: chip.labelColor
     }
 }

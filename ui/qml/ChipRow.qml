@@ -24,6 +24,7 @@ Column {
             color: Theme.faintText
             font.pixelSize: 8
             visible: text.length > 0
+            Accessible.ignored: !visible
         }
     }
     Row {

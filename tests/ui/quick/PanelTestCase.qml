@@ -23,12 +23,14 @@ TestCase {
 
     // For tests with an `init` of their own to call first.
     function makeWorld() {
+        failOnWarning(/./);
         // Outlives what the test makes, as the program's ticker outlives its panels.
         world = worlds.createObject(testCase) as TickerFixture;
     }
 
     // A new item that stands in its place.
     function make(component: Component, properties = {}): Item {
+        failOnWarning(/./);
         const item = createTemporaryObject(component, testCase, properties);
         verify(waitForRendering(item));
         return item;

@@ -67,6 +67,7 @@ PanelTestCase {
 
     function test_withoutANoteThereIsTheTitleAlone() {
         compare(all(row, Text).filter(text => text.visible).map(text => text.text), ["WINDOW", "Today", "Week"]);
+        verify(!reader.told(row).includes("StaticText "));
     }
 
     function test_theNoteLeavesTheChipsWhereTheyAre() {
