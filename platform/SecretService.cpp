@@ -96,7 +96,7 @@ void SecretService::start(const QDBusObjectPath &prompt) const
 std::optional<QDBusObjectPath> SecretService::defaultCollection(const CallBudget::Call &call)
 {
     const bool wasOpen = m_link.isOpen();
-    const auto collection = readAlias(call);
+    auto collection = readAlias(call);
     if (collection || !wasOpen || call.hasExpired())
         return collection;
     // The service may have been replaced while nobody listened to the bus.

@@ -14,12 +14,13 @@ namespace {
 
 using namespace SecretServiceNames;
 
-const QString busService = QStringLiteral("org.freedesktop.DBus");
+const QString busName = QStringLiteral("org.freedesktop.DBus");
+const QString busInterface = QStringLiteral("org.freedesktop.DBus");
 const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 
 QDBusMessage busMethod(const QString &name)
 {
-    return QDBusMessage::createMethodCall(busService, busPath, busService, name);
+    return QDBusMessage::createMethodCall(busName, busPath, busInterface, name);
 }
 
 /// Every connection that is made has a name of its own: the one before closes only after its last user.
@@ -142,14 +143,14 @@ void SecretServiceLink::listen()
     onChange(anyPath, promptInterface, QStringLiteral("Completed"));
     m_connection.connect(anybody, anyPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
         { collectionInterface }, QString(), this, SIGNAL(changed()));
-    m_connection.connect(anybody, busPath, busService, QStringLiteral("NameOwnerChanged"), { service },
+    m_connection.connect(anybody, busPath, busInterface, QStringLiteral("NameOwnerChanged"), { service },
         QString(), this, SLOT(handleOwner(QDBusMessage)));
 }
 
 void SecretServiceLink::handleOwner(const QDBusMessage &change)
 {
     const QString owner = change.arguments().value(2).toString();
-    if (change.service() != busService || owner == m_owner)
+    if (change.service() != busName || owner == m_owner)
         return;
     m_owner.clear();
     m_session = QDBusObjectPath();

@@ -35,10 +35,10 @@ SecretServiceWatch::SecretServiceWatch(SecretServiceLink &link, const SessionBus
     connect(&bus, &SessionBus::connected, this, &SecretServiceWatch::look);
 }
 
-void SecretServiceWatch::noteFailure(Service service)
+void SecretServiceWatch::noteFailure(Service state)
 {
     m_isLooking = true;
-    if (service == Service::Hangs)
+    if (state == Service::Hangs)
         m_isHanging = true;
     if (!m_pause.isActive())
         m_pause.start();

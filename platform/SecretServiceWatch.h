@@ -26,7 +26,7 @@ public:
     SecretServiceWatch(SecretServiceLink &link, const SessionBus &bus, QObject *parent = nullptr);
 
     /// A call did not get through; where the service `Hangs`, it ran out of time.
-    void noteFailure(Service service);
+    void noteFailure(Service state);
     /// A call got through.
     void noteSuccess();
     /// Whether the service let a call run out of time and has not answered since.

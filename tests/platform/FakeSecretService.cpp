@@ -5,6 +5,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusVariant>
 
+#include <thread>
+
 namespace glimmet {
 namespace {
 
@@ -79,6 +81,18 @@ void FakeSecretService::lock()
     m_isLocked = true;
 }
 
+void FakeSecretService::lockItems()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_hasLockedItems = true;
+}
+
+void FakeSecretService::setDelay(std::chrono::milliseconds delay)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_delay = delay;
+}
+
 QStringList FakeSecretService::calls() const
 {
     const QMutexLocker lock(&m_mutex);
@@ -120,6 +134,7 @@ bool FakeSecretService::handleMessage(const QDBusMessage &message, const QDBusCo
 {
     const QMutexLocker lock(&m_mutex);
     m_calls.append({ message.member(), message.service() });
+    std::this_thread::sleep_for(m_delay);
     if (const std::optional<Fault> fault = takeFault(message.member()))
         fail(*fault, message, connection);
     else
@@ -197,7 +212,9 @@ QVariantList FakeSecretService::search(const SecretAttributes &attributes) const
     Paths found;
     if (m_items.contains(account))
         found.append(pathOf(account));
-    return { QVariant::fromValue(found), QVariant::fromValue(Paths()) };
+    const QVariant items = QVariant::fromValue(found);
+    const QVariant noItems = QVariant::fromValue(Paths());
+    return m_hasLockedItems ? QVariantList{ noItems, items } : QVariantList{ items, noItems };
 }
 
 QVariantList FakeSecretService::create(const QVariantMap &properties, const SecretOfItem &secret)

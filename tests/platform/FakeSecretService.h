@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QThread>
 
+#include <chrono>
 #include <optional>
 
 namespace glimmet {
@@ -36,6 +37,10 @@ public:
     void failAfter(int count, Fault fault);
     /// The collection is locked until `Unlock` is called, which then needs no prompt.
     void lock();
+    /// The collection is open, but the items are in one that is not.
+    void lockItems();
+    /// Every answer takes this long.
+    void setDelay(std::chrono::milliseconds delay);
 
     /// Every call so far: the method, and the unique name of who called.
     QStringList calls() const;
@@ -67,6 +72,8 @@ private:
     Fault m_fault = Fault::Refuses;
     std::optional<QDBusMessage> m_prompted;
     bool m_isLocked = false;
+    bool m_hasLockedItems = false;
+    std::chrono::milliseconds m_delay{ 0 };
     QHash<QString, QByteArray> m_items;
     QThread m_thread;
 };

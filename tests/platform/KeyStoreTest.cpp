@@ -1,8 +1,8 @@
 #include "platform/KeychainHelper.h"
 #include "platform/SessionBus.h"
-#include "tests/support/SecretServiceDaemon.h"
 #include "tests/support/MemoryKeyStore.h"
 #include "tests/support/Printing.h"
+#include "tests/support/SecretServiceDaemon.h"
 
 #include <QSignalSpy>
 #include <QTest>

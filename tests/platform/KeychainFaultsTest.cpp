@@ -1,8 +1,8 @@
 #include "platform/KeychainHelper.h"
 #include "platform/SessionBus.h"
 #include "tests/platform/FakeSecretService.h"
-#include "tests/support/SecretServiceDaemon.h"
 #include "tests/support/Printing.h"
+#include "tests/support/SecretServiceDaemon.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -130,6 +130,31 @@ TEST(KeychainHelper, triesAnAdditionOnceMoreOnAFreshConnection)
         EXPECT_NE(callers[0], callers[1]);
         EXPECT_TRUE(world.isInTime());
     }
+}
+
+TEST(KeychainHelper, hasTimeLeftForTheSecondTry)
+{
+    World world(2);
+    world.service.setDelay(std::chrono::milliseconds(20));
+    world.service.failAt(u"CreateItem"_s, Fault::Hangs);
+
+    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), key));
+
+    EXPECT_EQ(world.service.callersOf(u"CreateItem"_s).size(), 2);
+    EXPECT_TRUE(world.isInTime());
+}
+
+TEST(KeychainHelper, leavesItemsOfALockedCollectionAlone)
+{
+    World world;
+    world.service.lockItems();
+
+    EXPECT_FALSE(world.store->save(ApiKey(u"new"_s), key));
+    EXPECT_FALSE(world.store->remove(key));
+    EXPECT_EQ(world.store->load(key), unavailable);
+
+    EXPECT_EQ(world.service.items().value(account), QByteArray("old"));
+    EXPECT_FALSE(world.service.calls().contains(u"CreateItem"_s));
 }
 
 TEST(KeychainHelper, readsAgainAfterAFailure)

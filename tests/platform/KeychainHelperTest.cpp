@@ -1,7 +1,7 @@
 #include "platform/KeychainHelper.h"
 #include "platform/SessionBus.h"
-#include "tests/support/SecretServiceDaemon.h"
 #include "tests/support/Printing.h"
+#include "tests/support/SecretServiceDaemon.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
