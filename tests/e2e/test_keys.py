@@ -81,7 +81,7 @@ class Keys(RevenueCase):
         self.wait_for_text(FIGURE)
         self.wait_for_stored(EMPTY | KEYS)
 
-    def test_asks_for_the_password_once_only_and_takes_the_key_later_all_the_same(self):
+    def test_a_dismissed_dialog_stays_away_and_the_key_is_taken_later_all_the_same(self):
         self.begin_locked()
 
         self.dismiss_dialog()
