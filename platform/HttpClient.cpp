@@ -29,7 +29,7 @@ HttpNetwork &HttpClient::network()
     return *m_network;
 }
 
-void HttpClient::send(HttpRequest request, QObject *receiver, Reader reader)
+void HttpClient::send(const HttpRequest &request, QObject *receiver, Reader reader)
 {
     const auto deliver = [this, asker = QPointer(receiver), reader = std::move(reader)](
                              const HttpResult &result) {
@@ -42,8 +42,7 @@ void HttpClient::send(HttpRequest request, QObject *receiver, Reader reader)
             Qt::QueuedConnection);
     };
     QMetaObject::invokeMethod(
-        &network(),
-        [&network = network(), request = std::move(request), deliver] { network.send(request, deliver); },
+        &network(), [&network = network(), request, deliver] { network.send(request, deliver); },
         Qt::QueuedConnection);
 }
 

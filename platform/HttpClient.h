@@ -38,9 +38,9 @@ public:
     /// nothing but its arguments; `done` then gets that value on the main thread, unless `receiver` is gone
     /// by then. Exactly one call of each, never within this call.
     template <typename Read, typename Done>
-    void get(HttpRequest request, QObject *receiver, Read read, Done done)
+    void get(const HttpRequest &request, QObject *receiver, Read read, Done done)
     {
-        send(std::move(request), receiver,
+        send(request, receiver,
             [read = std::move(read), done = std::move(done)](const HttpResult &result) -> Delivery {
                 return [done, value = read(result)]() mutable { done(std::move(value)); };
             });
@@ -50,7 +50,7 @@ private:
     using Delivery = std::function<void()>;
     using Reader = std::function<Delivery(const HttpResult &)>;
 
-    void send(HttpRequest request, QObject *receiver, Reader reader);
+    void send(const HttpRequest &request, QObject *receiver, Reader reader);
     HttpNetwork &network();
 
     HttpSettings m_settings;

@@ -3,8 +3,6 @@
 #include "platform/HttpRedirection.h"
 
 #include <QNetworkAccessManager>
-#include <QSslCertificate>
-#include <QSslConfiguration>
 
 namespace glimmet {
 namespace {
@@ -53,20 +51,13 @@ TransportFailure transportFailure(QNetworkReply::NetworkError error)
     }
 }
 
-QSslConfiguration trusting(const QByteArray &authorities)
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    if (!authorities.isEmpty())
-        configuration.setCaCertificates(QSslCertificate::fromData(authorities, QSsl::Pem));
-    return configuration;
-}
-
 } // namespace
 
-HttpExchange::HttpExchange(
-    std::shared_ptr<QNetworkAccessManager> manager, HttpSettings settings, Finished finished, QObject *parent)
+HttpExchange::HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, QSslConfiguration trust,
+    HttpSettings settings, Finished finished, QObject *parent)
     : QObject(parent)
     , m_manager(std::move(manager))
+    , m_trust(std::move(trust))
     , m_settings(std::move(settings))
     , m_finished(std::move(finished))
 {
@@ -86,7 +77,7 @@ void HttpExchange::send(const HttpRequest &request)
 QNetworkRequest HttpExchange::prepared(const QUrl &url) const
 {
     QNetworkRequest request(url);
-    request.setSslConfiguration(trusting(m_settings.authorities));
+    request.setSslConfiguration(m_trust);
     request.setTransferTimeout(static_cast<int>(m_settings.idleTimeout.count()));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);

@@ -4,6 +4,7 @@
 #include "platform/HttpClient.h"
 
 #include <QNetworkReply>
+#include <QSslConfiguration>
 
 #include <memory>
 #include <optional>
@@ -19,8 +20,8 @@ class HttpExchange final : public QObject {
 public:
     using Finished = std::function<void(const HttpResult &)>;
 
-    HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, HttpSettings settings, Finished finished,
-        QObject *parent);
+    HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, QSslConfiguration trust,
+        HttpSettings settings, Finished finished, QObject *parent);
 
     /// To be called once. What cannot be sent has its result within this call.
     void send(const HttpRequest &request);
@@ -35,6 +36,7 @@ private:
     void finish(const HttpResult &result);
 
     std::shared_ptr<QNetworkAccessManager> m_manager;
+    QSslConfiguration m_trust;
     HttpSettings m_settings;
     Finished m_finished;
     HttpRequest m_request;

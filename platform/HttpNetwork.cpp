@@ -1,6 +1,7 @@
 #include "platform/HttpNetwork.h"
 
 #include <QNetworkAccessManager>
+#include <QSslCertificate>
 
 namespace glimmet {
 
@@ -12,7 +13,7 @@ HttpNetwork::HttpNetwork(HttpSettings settings)
 void HttpNetwork::send(const HttpRequest &request, const HttpExchange::Finished &finished)
 {
     if (!m_manager)
-        m_manager = std::make_shared<QNetworkAccessManager>();
+        open();
     const auto conclude = [this, used = m_manager.get(), finished](const HttpResult &result) {
         // Silence may also mean a connection that is dead since the network changed or the machine slept: Qt
         // would go on using it for a quarter of an hour. What is still out ends over the old connections.
@@ -20,8 +21,16 @@ void HttpNetwork::send(const HttpRequest &request, const HttpExchange::Finished 
             m_manager.reset();
         finished(result);
     };
-    auto *exchange = new HttpExchange(m_manager, m_settings, conclude, this); // Deletes itself.
+    auto *exchange = new HttpExchange(m_manager, m_trust, m_settings, conclude, this); // Deletes itself.
     exchange->send(request);
+}
+
+void HttpNetwork::open()
+{
+    m_manager = std::make_shared<QNetworkAccessManager>();
+    m_trust = QSslConfiguration::defaultConfiguration();
+    if (!m_settings.authorities.isEmpty())
+        m_trust.setCaCertificates(QSslCertificate::fromData(m_settings.authorities, QSsl::Pem));
 }
 
 } // namespace glimmet

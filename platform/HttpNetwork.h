@@ -16,7 +16,10 @@ public:
     void send(const HttpRequest &request, const HttpExchange::Finished &finished);
 
 private:
+    void open();
+
     HttpSettings m_settings;
+    QSslConfiguration m_trust; ///< read once: certificates take longer to read than an answer
     std::shared_ptr<QNetworkAccessManager> m_manager; ///< shared with the exchanges that use it
 };
 

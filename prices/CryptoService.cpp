@@ -20,7 +20,7 @@ void CryptoService::fetchPrice(const QString &symbol, Completion completion)
     const auto parse = [symbol, &log = m_log](const HttpResult &result) -> std::optional<CryptoPrice> {
         // The status says nothing that the body does not: an error's body holds no price.
         const auto *answer = std::get_if<HttpAnswer>(&result);
-        const auto price = answer ? PriceChart::parse(answer->body, symbol) : std::nullopt;
+        auto price = answer ? PriceChart::parse(answer->body, symbol) : std::nullopt;
         if (price)
             log.line(PriceChart::logLine(*price));
         return price;
