@@ -35,10 +35,9 @@ void TickerViewModel::setCredential(KeychainKey key, const QString &value, Origi
 {
     const Credential &target = credential(key);
     publish(this->*target.value, value, target.changed);
-    if (origin == Origin::User)
-        m_credentials.save(value, key);
-    else
-        m_credentials.writeBack(value, key);
+    if (origin == Origin::KeyStore)
+        return m_credentials.writeBack(value, key);
+    m_credentials.save(value, key);
     fetchRevenueInRevenueMode();
 }
 
@@ -52,11 +51,17 @@ void TickerViewModel::loadCredentials()
 
 void TickerViewModel::settleCredentials()
 {
+    bool areNew = false;
     for (const KeychainKey key : m_credentials.unsettled()) {
         std::optional<QString> loaded;
-        if (m_credentials.settle(key, this->*credential(key).value, loaded))
-            setCredential(key, loaded.value_or(credential(key).standIn), Origin::KeyStore);
+        if (!m_credentials.settle(key, this->*credential(key).value, loaded))
+            continue;
+        setCredential(key, loaded.value_or(credential(key).standIn), Origin::KeyStore);
+        areNew = true;
     }
+    // Once all are there: a fetch with a new key and the old currency could be answered last.
+    if (areNew)
+        fetchRevenueInRevenueMode();
 }
 
 void TickerViewModel::setPolarAPIKey(const QString &key)

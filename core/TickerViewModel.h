@@ -232,6 +232,7 @@ private:
     enum class Origin { User, KeyStore };
 
     static const Credential &credential(KeychainKey key);
+    /// Saves the value and, where the user chose it, fetches with it in Revenue mode.
     void setCredential(KeychainKey key, const QString &value, Origin origin = Origin::User);
     void loadCredentials();
     /// Asks the key store once more for what it could not tell or take.

@@ -200,8 +200,22 @@ TEST_F(TickerCredentials, fetchTheFigureWhenTheyArriveLateInTheirMode)
 
     unlock();
 
-    ASSERT_GT(world.revenue.count(), before);
+    ASSERT_EQ(world.revenue.count(), before + 1);
     EXPECT_EQ(world.revenue.query(before).apiKey, ApiKey(u"real"_s));
+}
+
+TEST_F(TickerCredentials, thatArriveLateAreNeverFetchedWithTheStandInOfAnother)
+{
+    world.keys.items() = { { u"stripe_api_key"_s, "sk_live_1" }, { u"stripe_currency"_s, "EUR" } };
+    world.keys.lock();
+    start().setRevenueProvider(RevenueProvider::Stripe);
+    ticker->setMode(TickerMode::Revenue);
+    const std::size_t before = world.revenue.count();
+
+    unlock();
+
+    ASSERT_EQ(world.revenue.count(), before + 1);
+    EXPECT_EQ(world.revenue.query(before).currency, u"eur"_s);
 }
 
 TEST_F(TickerCredentials, liveAsLongAsTheTickerWithoutAStore)
