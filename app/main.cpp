@@ -47,6 +47,8 @@ int run(DiagnosticLog &log)
     if (launch != Instance::Launch::First)
         return launch == Instance::Launch::HandedOver ? 0 : 1;
 
+    // Before the keys: from here on a signal to end waits until a key that is being written is.
+    QuitSignals quitSignals;
     const SystemClock clock;
     const SystemRegion region;
     EventLoopTimers timers;
@@ -59,7 +61,6 @@ int run(DiagnosticLog &log)
     MenuBar menuBar(bus);
     PanelController panel(ticker);
     ColorSchemeWatch colors;
-    QuitSignals quitSignals;
 
     const auto showText = [&] { menuBar.setText(ticker.currentDisplay()); };
     const auto showColors = [&] {
