@@ -1,5 +1,7 @@
 #include "platform/SessionBus.h"
 
+#include "platform/SessionBusAddress.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
 #include <QFileInfo>
@@ -10,17 +12,6 @@ namespace glimmet {
 namespace {
 
 using namespace std::chrono_literals;
-
-/// The user's bus, as the environment names it or at its usual place; empty where there is none. Left to
-/// itself the D-Bus library would launch a bus of its own, which nobody else is on.
-QString busAddress()
-{
-    QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!named.isEmpty())
-        return named;
-    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
-    return QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
-}
 
 QString connectionName(int number)
 {
@@ -74,7 +65,7 @@ QString SessionBus::ownerOf(const QString &name) const
 
 void SessionBus::tryToConnect()
 {
-    const QString address = busAddress();
+    const QString address = sessionBusAddress();
     if (address.isEmpty())
         return;
     const QString name = connectionName(++m_connectionCount);
