@@ -5,7 +5,7 @@
 #include "tests/cases_player/CaseWorld.h"
 #include "tests/cases_player/RequestComparison.h"
 #include "tests/cases_player/Waiting.h"
-#include "tests/revenue/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 
 #include <QLocale>
 

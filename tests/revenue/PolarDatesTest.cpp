@@ -1,7 +1,7 @@
 #include "revenue/PolarService.h"
 
 #include "platform/HttpClient.h"
-#include "tests/revenue/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/Printing.h"

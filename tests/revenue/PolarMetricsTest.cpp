@@ -1,7 +1,7 @@
 #include "revenue/PolarService.h"
 
-#include "tests/revenue/CapturedLog.h"
 #include "tests/revenue/JsonText.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>

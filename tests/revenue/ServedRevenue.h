@@ -2,7 +2,7 @@
 
 #include "platform/HttpClient.h"
 #include "revenue/RevenueServices.h"
-#include "tests/revenue/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/HttpsServer.h"
 #include "tests/support/ManualClock.h"

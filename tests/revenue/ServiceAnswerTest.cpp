@@ -1,6 +1,6 @@
 #include "revenue/ServiceAnswer.h"
 
-#include "tests/revenue/CapturedLog.h"
+#include "tests/support/CapturedLog.h"
 #include "tests/support/Printing.h"
 
 #include <gtest/gtest.h>
