@@ -53,11 +53,11 @@ TransportFailure transportFailure(QNetworkReply::NetworkError error)
 
 } // namespace
 
-HttpExchange::HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, QSslConfiguration trust,
+HttpExchange::HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, const QSslConfiguration &trust,
     HttpSettings settings, Finished finished, QObject *parent)
     : QObject(parent)
     , m_manager(std::move(manager))
-    , m_trust(std::move(trust))
+    , m_trust(trust)
     , m_settings(std::move(settings))
     , m_finished(std::move(finished))
 {
@@ -107,9 +107,11 @@ bool HttpExchange::collect()
     if (!m_body && m_reply->bytesAvailable() > 0)
         m_body.emplace(m_reply->rawHeader("Content-Encoding"), m_settings.largestBody);
     // Piece by piece: what comes in is not to be kept twice.
-    while (m_reply->bytesAvailable() > 0)
-        if (!m_body->append(m_reply->read(pieceSize)))
+    while (m_reply->bytesAvailable() > 0) {
+        const QByteArray piece = m_reply->read(pieceSize);
+        if (piece.isEmpty() || !m_body->append(piece))
             return false;
+    }
     return true;
 }
 

@@ -20,7 +20,7 @@ class HttpExchange final : public QObject {
 public:
     using Finished = std::function<void(const HttpResult &)>;
 
-    HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, QSslConfiguration trust,
+    HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, const QSslConfiguration &trust,
         HttpSettings settings, Finished finished, QObject *parent);
 
     /// To be called once. What cannot be sent has its result within this call.
