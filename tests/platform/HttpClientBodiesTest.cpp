@@ -48,7 +48,7 @@ qint64 memoryPeak()
 TEST(HttpClientBody, arrivesByteForByte)
 {
     QByteArray bytes;
-    for (int i = 0; i < 300'000; ++i)
+    for (unsigned i = 0; i < 300'000; ++i)
         bytes.append(static_cast<char>(i * i >> 7));
 
     EXPECT_EQ(received({ .body = bytes }), answer(200, bytes));
