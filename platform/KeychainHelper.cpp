@@ -104,9 +104,14 @@ bool KeychainHelper::replace(KeychainKey key, const QByteArray &text, const Call
     const auto matches = findChangeable(key, call);
     if (!matches)
         return false;
-    // Where a removal has to wait for the user it is not asked for: the addition replaces the item as well.
-    for (const QDBusObjectPath &item : matches->unlocked)
-        m_service.remove(item, share(call));
+    // Whoever did not agree to a value is not asked for it again.
+    if (m_prompted.contains(key) && m_prompted.at(key) == text)
+        return false;
+    // Nobody waits between the two, where a kill would lose the item. What removes only after asking the user
+    // is not made to ask, and what adds only then may be refused: there the addition alone replaces the item.
+    if (m_prompted.empty())
+        for (const QDBusObjectPath &item : matches->unlocked)
+            m_service.startRemoval(item);
     return add(key, text, call);
 }
 
@@ -121,6 +126,7 @@ bool KeychainHelper::add(KeychainKey key, const QByteArray &text, const CallBudg
     }
     if (change.state != State::AwaitsPrompt)
         return change.state == State::Made;
+    m_prompted.insert_or_assign(key, text);
     m_service.start(change.prompt);
     return read(key, call) == LoadedKey(ApiKey(QString::fromUtf8(text)));
 }

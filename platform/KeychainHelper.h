@@ -6,6 +6,7 @@
 #include "platform/SecretServiceLink.h"
 #include "platform/SecretServiceWatch.h"
 
+#include <map>
 #include <set>
 
 namespace glimmet {
@@ -47,6 +48,7 @@ private:
     SecretService m_service;
     SecretServiceWatch m_watch;
     std::set<KeychainKey> m_unread; ///< whose last load was unavailable
+    std::map<KeychainKey, QByteArray> m_prompted; ///< for which value the service wanted to ask the user
 };
 
 } // namespace glimmet

@@ -66,6 +66,11 @@ SecretChange SecretService::remove(const QDBusObjectPath &item, std::chrono::mil
     return { isNone(prompt) ? SecretChange::State::Made : SecretChange::State::AwaitsPrompt, prompt };
 }
 
+void SecretService::startRemoval(const QDBusObjectPath &item) const
+{
+    m_link.connection().send(m_link.method(item.path(), itemInterface, QStringLiteral("Delete")));
+}
+
 SecretChange SecretService::add(const SecretAttributes &attributes, const QString &label,
     const QByteArray &text, std::chrono::milliseconds timeout) const
 {

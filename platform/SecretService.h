@@ -42,6 +42,8 @@ public:
     /// What is in an unlocked item.
     std::optional<QByteArray> valueOf(const QDBusObjectPath &item, const CallBudget::Call &call) const;
     SecretChange remove(const QDBusObjectPath &item, std::chrono::milliseconds timeout) const;
+    /// The same, whatever comes of it: returns at once, and what is asked for next is done after it.
+    void startRemoval(const QDBusObjectPath &item) const;
     /// Puts an item of text into the collection in which `find` looked last, in place of one with equal
     /// attributes.
     SecretChange add(const SecretAttributes &attributes, const QString &label, const QByteArray &text,

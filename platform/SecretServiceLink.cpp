@@ -140,11 +140,19 @@ void SecretServiceLink::listen()
     };
     onChange(servicePath, serviceInterface, QStringLiteral("CollectionCreated"));
     onChange(servicePath, serviceInterface, QStringLiteral("CollectionChanged"));
-    onChange(anyPath, promptInterface, QStringLiteral("Completed"));
+    m_connection.connect(anybody, anyPath, promptInterface, QStringLiteral("Completed"), this,
+        SLOT(handlePrompt(QDBusMessage)));
     m_connection.connect(anybody, anyPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
         { collectionInterface }, QString(), this, SIGNAL(changed()));
     m_connection.connect(anybody, busPath, busInterface, QStringLiteral("NameOwnerChanged"), { service },
         QString(), this, SLOT(handleOwner(QDBusMessage)));
+}
+
+void SecretServiceLink::handlePrompt(const QDBusMessage &completed)
+{
+    const bool isDismissed = completed.arguments().value(0).toBool();
+    if (!isDismissed)
+        emit changed();
 }
 
 void SecretServiceLink::handleOwner(const QDBusMessage &change)

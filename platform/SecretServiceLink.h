@@ -51,6 +51,7 @@ signals:
 
 private slots:
     void handleOwner(const QDBusMessage &change);
+    void handlePrompt(const QDBusMessage &completed);
 
 private:
     bool findService(const CallBudget::Call &call);
