@@ -17,11 +17,13 @@ std::optional<QString> Credentials::load(KeychainKey key)
 
 void Credentials::writeBack(const QString &value, KeychainKey key)
 {
+    if (m_store == nullptr)
+        return;
     const bool isKnown = !m_unread.contains(key);
-    if (isKnown)
-        save(value, key);
+    if (!m_store->save(ApiKey(value), key) && isKnown)
+        m_unreturned.insert(key);
     else
-        m_store->save(ApiKey(value), key); // The store refuses, but it is the store's to refuse.
+        m_unreturned.erase(key);
 }
 
 void Credentials::save(const QString &value, KeychainKey key)
@@ -38,6 +40,7 @@ std::set<KeychainKey> Credentials::unsettled() const
 {
     std::set<KeychainKey> keys = m_unread;
     keys.insert(m_unsaved.begin(), m_unsaved.end());
+    keys.insert(m_unreturned.begin(), m_unreturned.end());
     return keys;
 }
 
@@ -46,10 +49,21 @@ bool Credentials::settle(KeychainKey key, const QString &current, std::optional<
     loaded = load(key);
     if (m_unread.contains(key))
         return false;
-    if (!m_unsaved.contains(key))
-        return true;
-    save(current, key);
-    return false;
+    // It may have been written after all: after a prompt, or by a call whose answer came too late.
+    const bool isThere = loaded == current;
+    if (isThere) {
+        m_unsaved.erase(key);
+        m_unreturned.erase(key);
+        return false;
+    }
+    if (m_unsaved.contains(key)) {
+        save(current, key);
+        return false;
+    }
+    // The removal went through and the addition did not: this is the one copy.
+    if (m_unreturned.contains(key) && !loaded)
+        loaded = current;
+    return true;
 }
 
 } // namespace glimmet

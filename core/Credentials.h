@@ -35,7 +35,8 @@ public:
 private:
     KeyStore *m_store;
     std::set<KeychainKey> m_unread; ///< whose last load was unavailable
-    std::set<KeychainKey> m_unsaved; ///< whose value has still to be written
+    std::set<KeychainKey> m_unsaved; ///< whose value the user chose and the store did not take
+    std::set<KeychainKey> m_unreturned; ///< whose loaded value the store did not take back
 };
 
 } // namespace glimmet

@@ -11,12 +11,49 @@ using testing::IsEmpty;
 const QStringList accounts{ u"polar_api_key"_s, u"revenuecat_api_key"_s, u"revenuecat_project_id"_s,
     u"dodo_api_key"_s, u"stripe_api_key"_s, u"stripe_currency"_s, u"lemonsqueezy_api_key"_s };
 
+/// A key store that is locked in the middle of a start.
+class FailingKeyStore final : public KeyStore {
+public:
+    /// The calls from this number on (from 0) fail, until the store is unlocked.
+    FailingKeyStore(MemoryKeyStore &store, int firstFailure)
+        : m_store(store)
+        , m_firstFailure(firstFailure)
+    {
+        connect(&store, &KeyStore::becameReadable, this, &KeyStore::becameReadable);
+    }
+
+    bool save(const ApiKey &value, KeychainKey key) override { return next().save(value, key); }
+    LoadedKey load(KeychainKey key) override { return next().load(key); }
+    bool remove(KeychainKey key) override { return next().remove(key); }
+
+private:
+    KeyStore &next()
+    {
+        if (m_calls++ == m_firstFailure)
+            m_store.lock();
+        return m_store;
+    }
+
+    MemoryKeyStore &m_store;
+    int m_firstFailure;
+    int m_calls = 0;
+};
+
 /// A world in which a test starts a ticker when the key store is as it wants it.
 class TickerCredentials : public testing::Test {
 protected:
     TickerViewModel &start()
     {
         ticker = std::make_unique<TickerViewModel>(world.forTicker());
+        return *ticker;
+    }
+    /// The same with a store whose calls fail from this number on; a load and a save make an item's two.
+    TickerViewModel &startFailingAt(int call)
+    {
+        failing = std::make_unique<FailingKeyStore>(world.keys, call);
+        TickerWorld failingWorld = world.forTicker();
+        failingWorld.keys = failing.get();
+        ticker = std::make_unique<TickerViewModel>(failingWorld);
         return *ticker;
     }
     /// What the store tells from the event loop arrives.
@@ -28,6 +65,7 @@ protected:
     QByteArray stored(const QString &account) { return world.keys.items().value(account, "absent"); }
 
     TestWorld world;
+    std::unique_ptr<FailingKeyStore> failing;
     std::unique_ptr<TickerViewModel> ticker;
 };
 
@@ -189,6 +227,62 @@ TEST_F(TickerCredentials, thatAreSettledAreNotAskedForAgain)
 
     EXPECT_THAT(world.keys.loads(), IsEmpty());
     EXPECT_THAT(world.keys.saves(), IsEmpty());
+}
+
+TEST_F(TickerCredentials, thatCouldBeReadStayWhenTheStoreFailsInTheMiddleOfAStart)
+{
+    for (const QString &account : accounts)
+        world.keys.items().insert(account, account.toUtf8());
+    const auto before = world.keys.items();
+
+    startFailingAt(6); // The load of the fourth.
+    EXPECT_EQ(ticker->revenueCatProjectID(), u"revenuecat_project_id"_s);
+    EXPECT_EQ(ticker->dodoAPIKey(), u""_s);
+    EXPECT_EQ(ticker->stripeCurrency(), u"USD"_s);
+    unlock();
+
+    EXPECT_EQ(ticker->dodoAPIKey(), u"dodo_api_key"_s);
+    EXPECT_EQ(ticker->lemonSqueezyAPIKey(), u"lemonsqueezy_api_key"_s);
+    EXPECT_EQ(world.keys.items(), before);
+}
+
+TEST_F(TickerCredentials, thatWereLostOnTheirWayBackAreWrittenOnceTheStoreCanBeRead)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "real" } };
+    startFailingAt(1);
+    world.keys.items().clear(); // Removed, and not added again.
+
+    unlock();
+
+    EXPECT_EQ(stored(u"polar_api_key"_s), "real");
+    EXPECT_EQ(ticker->polarAPIKey(), u"real"_s);
+}
+
+TEST_F(TickerCredentials, thatSomebodyElseChangedBeforeTheyCouldBeWrittenBackWin)
+{
+    world.keys.items() = { { u"polar_api_key"_s, "old" } };
+    startFailingAt(1);
+    world.keys.items().insert(u"polar_api_key"_s, "new");
+
+    unlock();
+
+    EXPECT_EQ(stored(u"polar_api_key"_s), "new");
+    EXPECT_EQ(ticker->polarAPIKey(), u"new"_s);
+}
+
+TEST_F(TickerCredentials, thatWereWrittenAfterAllAreNotWrittenAgain)
+{
+    start();
+    world.keys.lock();
+    ticker->setPolarAPIKey(u"new"_s);
+    world.keys.items().insert(u"polar_api_key"_s, "new"); // The user agreed in a prompt.
+    world.keys.forgetCalls();
+
+    unlock();
+    world.timers.advance(300s);
+
+    EXPECT_THAT(world.keys.saves(), IsEmpty());
+    EXPECT_EQ(stored(u"polar_api_key"_s), "new");
 }
 
 TEST_F(TickerCredentials, fetchTheFigureWhenTheyArriveLateInTheirMode)
