@@ -3,6 +3,7 @@
 #include "core/TickerViewModel.h"
 #include "platform/Clock.h"
 #include "platform/ColorSchemeWatch.h"
+#include "platform/CoreDumps.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/HttpClient.h"
 #include "platform/Instance.h"
@@ -97,6 +98,7 @@ int run(DiagnosticLog &log)
 int main(int argc, char *argv[])
 {
     openClosedStandardStreams();
+    forbidCoreDumps();
     // Qt's accessibility asks the bus for names in a way at which the D-Bus library ends the process if the
     // bus has just gone; as a warning it does no harm.
     qputenv("DBUS_FATAL_WARNINGS", "0");
