@@ -97,6 +97,8 @@ public:
         return Instant::fromUnixSeconds(1795000000);
     }
 
+    int pages() const { return m_pages; }
+
 private:
     mutable int m_pages = 0;
 };
@@ -124,7 +126,7 @@ int main(int argc, char *argv[])
     waitUntil([&] { return !text.isEmpty(); });
 
     const double seconds = static_cast<double>(timer.elapsed()) / 1e3;
-    const double count = static_cast<double>(pages);
+    const double count = clock.pages();
     const QString wanted = failingPage < 0
         ? format(RevenueMetric::Revenue, { exactTotal(pages), 1, 0 }, u"USD"_s)
         : u"⚠ http 500"_s;
