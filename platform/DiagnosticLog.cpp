@@ -18,6 +18,12 @@ namespace {
 
 QMutex lineMutex;
 
+bool steersTerminal(char character)
+{
+    const bool isControl = static_cast<uchar>(character) < 0x20 || character == 0x7f;
+    return isControl && character != '\n' && character != '\r' && character != '\t';
+}
+
 bool isPipeOrTerminal(int descriptor)
 {
     struct stat info {};
@@ -98,6 +104,8 @@ void DiagnosticLog::text(const QString &title, const QString &text)
 
 void DiagnosticLog::write(QByteArray bytes)
 {
+    // What a server sends must not steer the terminal that shows it.
+    std::replace_if(bytes.begin(), bytes.end(), steersTerminal, ' ');
     const QMutexLocker lock(&lineMutex);
     // A line that a full pipe took only in part is ended before the next one begins.
     if (m_isInsideLine)

@@ -54,7 +54,7 @@ private:
     HttpNetwork &network();
 
     HttpSettings m_settings;
-    QThread m_thread;
+    QThread *m_thread; ///< own; left behind where it does not end
     HttpNetwork *m_network = nullptr; ///< lives on the thread and ends with it
 };
 

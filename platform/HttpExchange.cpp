@@ -36,6 +36,7 @@ TransportFailure transportFailure(QNetworkReply::NetworkError error)
     case QNetworkReply::UnknownNetworkError: // the network is unreachable
         return TransportFailure::CannotConnect;
     case QNetworkReply::RemoteHostClosedError:
+    case QNetworkReply::ProtocolFailure: // a stream of HTTP/2 that the server ends
         return TransportFailure::ConnectionLost;
     case QNetworkReply::SslHandshakeFailedError:
         return TransportFailure::NotSecure;
@@ -93,6 +94,7 @@ QNetworkRequest HttpExchange::prepared(const QUrl &url) const
 void HttpExchange::start(const QUrl &url)
 {
     m_body.reset();
+    m_received = 0;
     m_reply.reset(m_manager->get(prepared(url)));
     connect(m_reply.get(), &QNetworkReply::sslErrors, this, [this] { m_isTrusted = false; });
     connect(m_reply.get(), &QNetworkReply::readyRead, this, [this] {
@@ -109,7 +111,9 @@ bool HttpExchange::collect()
     // Piece by piece: what comes in is not to be kept twice.
     while (m_reply->bytesAvailable() > 0) {
         const QByteArray piece = m_reply->read(pieceSize);
-        if (piece.isEmpty() || !m_body->append(piece))
+        m_received += piece.size();
+        // What is packed may also unpack to nothing, for ever.
+        if (piece.isEmpty() || m_received > m_settings.largestBody || !m_body->append(piece))
             return false;
     }
     return true;
@@ -119,6 +123,8 @@ void HttpExchange::conclude()
 {
     if (!collect())
         return finish(TransportFailure::ConnectionLost);
+    if (isInterim())
+        return emit connectionMisread();
     const HttpResult ending = result();
     const auto *answer = std::get_if<HttpAnswer>(&ending);
     const auto next =
@@ -126,6 +132,7 @@ void HttpExchange::conclude()
     if (!next || m_redirections == mostRedirections)
         return finish(ending);
     ++m_redirections;
+    m_reply->disconnect(this);
     m_reply.release()->deleteLater(); // It is in the middle of reporting.
     start(*next);
 }
@@ -138,6 +145,8 @@ HttpResult HttpExchange::result() const
         return TransportFailure::ServerNotTrusted;
     if (!isComplete(status, error))
         return transportFailure(error);
+    if (!hasWholeLength())
+        return TransportFailure::ConnectionLost;
     if (!m_body)
         return HttpAnswer{ status, {} };
     if (!m_body->isWhole())
@@ -145,8 +154,33 @@ HttpResult HttpExchange::result() const
     return HttpAnswer{ status, m_body->bytes() };
 }
 
+bool HttpExchange::isInterim() const
+{
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    return status >= 100 && status < 200;
+}
+
+bool HttpExchange::hasWholeLength() const
+{
+    // Over HTTP/2 Qt lets a body be shorter or longer than announced.
+    bool isNumber = false;
+    const qint64 announced = m_reply->rawHeader("Content-Length").toLongLong(&isNumber);
+    // RFC 9112, 6.3: chunks take precedence.
+    if (!isNumber || m_reply->hasRawHeader("Transfer-Encoding"))
+        return true;
+    return m_received == 0 || m_received == announced;
+}
+
+void HttpExchange::lose()
+{
+    finish(TransportFailure::ConnectionLost);
+}
+
 void HttpExchange::finish(const HttpResult &result)
 {
+    if (m_isFinished)
+        return;
+    m_isFinished = true;
     if (m_reply)
         m_reply->disconnect(this);
     m_finished(result);

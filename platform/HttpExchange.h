@@ -25,6 +25,14 @@ public:
 
     /// To be called once. What cannot be sent has its result within this call.
     void send(const HttpRequest &request);
+    /// Ends it: what comes over its connection is not to be trusted any more.
+    void lose();
+    bool isUsing(const QNetworkAccessManager *manager) const { return m_manager.get() == manager; }
+
+signals:
+    /// Qt took an interim answer for the answer: whatever comes over the connection from now on is the answer
+    /// to another request than Qt says. The exchange is still to be ended.
+    void connectionMisread();
 
 private:
     void start(const QUrl &url);
@@ -33,6 +41,10 @@ private:
     bool collect();
     void conclude();
     HttpResult result() const;
+    /// Whether the end is that of an interim answer (1xx), which Qt takes for the answer itself.
+    bool isInterim() const;
+    /// Whether as much came of the body as was announced, if anything was.
+    bool hasWholeLength() const;
     void finish(const HttpResult &result);
 
     std::shared_ptr<QNetworkAccessManager> m_manager;
@@ -42,8 +54,10 @@ private:
     HttpRequest m_request;
     std::unique_ptr<QNetworkReply> m_reply; ///< goes before its manager
     std::optional<HttpBody> m_body; ///< from the first byte on
+    qint64 m_received = 0; ///< bytes of the body as they came
     int m_redirections = 0;
     bool m_isTrusted = true;
+    bool m_isFinished = false;
 };
 
 } // namespace glimmet

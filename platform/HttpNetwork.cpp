@@ -22,7 +22,18 @@ void HttpNetwork::send(const HttpRequest &request, const HttpExchange::Finished 
         finished(result);
     };
     auto *exchange = new HttpExchange(m_manager, m_trust, m_settings, conclude, this); // Deletes itself.
+    connect(exchange, &HttpExchange::connectionMisread, this, [this, used = m_manager.get()] { lose(used); });
     exchange->send(request);
+}
+
+void HttpNetwork::lose(const QNetworkAccessManager *manager)
+{
+    // Which of the others shares the connection, Qt does not say.
+    if (m_manager.get() == manager)
+        m_manager.reset();
+    for (HttpExchange *exchange : findChildren<HttpExchange *>())
+        if (exchange->isUsing(manager))
+            exchange->lose();
 }
 
 void HttpNetwork::open()

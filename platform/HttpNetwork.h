@@ -17,6 +17,8 @@ public:
 
 private:
     void open();
+    /// Ends everything that is out over these connections, and lets them go.
+    void lose(const QNetworkAccessManager *manager);
 
     HttpSettings m_settings;
     QSslConfiguration m_trust; ///< read once: certificates take longer to read than an answer

@@ -61,6 +61,17 @@ TEST(DiagnosticLog, turnsLineBreaksIntoBlanks)
     EXPECT_EQ(readNow(pipe.reader()), "[glimmet] a b  c \n");
 }
 
+TEST(DiagnosticLog, steersNoTerminal)
+{
+    const Pipe pipe;
+    DiagnosticLog log(pipe.writer());
+
+    log.line(u"a\x1b[2Jb\a"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] a [2Jb \n");
+    log.text(u"head:"_s, u"{\n\t\x1b[31m}"_s);
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] head:\n{\n\t [31m}\n");
+}
+
 TEST(DiagnosticLog, leavesAPipeThatOthersShareBlocking)
 {
     const Pipe pipe;

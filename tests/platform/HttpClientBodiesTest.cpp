@@ -93,6 +93,25 @@ TEST(HttpClientBody, isNoneWhereThePackingHasNoEnd)
     EXPECT_EQ(received({ .status = 500, .body = packed.chopped(9), .headers = packing }), lost);
 }
 
+TEST(HttpClientBody, endsTheConnectionWhereItUnpacksToNothingWithoutEnd)
+{
+    const auto emptyBlock = [](char isLast) {
+        return QByteArray(1, isLast) + QByteArray::fromHex("0000ffff");
+    };
+    const QByteArray packed = QByteArray::fromHex("1f8b0800000000000003") + emptyBlock(0).repeated(400'000)
+        + emptyBlock(1) + QByteArray(8, 0); // The check sum and the size of nothing.
+    HttpsServer server([&](const ReceivedRequest &) {
+        return ServerAnswer{ .body = packed, .headers = { { "Content-Encoding", "gzip" } } };
+    });
+    HttpSettings settings = trustingSettings();
+    HttpClient patient(settings);
+    settings.largestBody = 1'000'000;
+    HttpClient client(settings);
+
+    EXPECT_EQ(fetched(patient, server.origin() + "/"), answer(200, {}));
+    EXPECT_EQ(fetched(client, server.origin() + "/"), HttpResult(TransportFailure::ConnectionLost));
+}
+
 TEST(HttpClientBody, mayHaveTheSizeOfTheLimitAndNotAByteMore)
 {
     const QByteArray body(100'000, 'a');

@@ -248,5 +248,22 @@ TEST(HttpClientFailure, isNotPrintedByQt)
     EXPECT_THAT(printed.messages(), IsEmpty());
 }
 
+TEST(HttpClientFailure, isThatOfEverythingThatIsOutAfterAnInterimAnswer)
+{
+    HttpsServer server([](const ReceivedRequest &request) {
+        if (request.target == "/good")
+            return ServerAnswer{ .body = "good" };
+        if (request.target == "/early")
+            return ServerAnswer{ .status = 103 };
+        return ServerAnswer{ .ending = Ending::Silence };
+    });
+    HttpClient client(trustingSettings());
+
+    const auto results = fetchedAtOnce(client, { server.origin() + "/slow", server.origin() + "/early" });
+
+    EXPECT_THAT(results, Each(HttpResult(TransportFailure::ConnectionLost)));
+    EXPECT_EQ(fetched(client, server.origin() + "/good"), answer(200, "good"));
+}
+
 } // namespace
 } // namespace glimmet
