@@ -7,6 +7,7 @@
 #include "prices/PriceSource.h"
 
 #include <QPointer>
+#include <QSet>
 
 /// The prices of the TickerViewModel and their rotation.
 namespace glimmet {
@@ -56,10 +57,14 @@ void TickerViewModel::setCryptoSymbols(const QStringList &symbols)
 void TickerViewModel::addCryptoSymbol(const QString &text)
 {
     QStringList symbols = m_cryptoSymbols;
+    QSet<QString> known(symbols.begin(), symbols.end());
+    known.insert(QString());
     for (const QString &piece : text.split(u',')) {
         const QString symbol = trimmedBlanks(piece).toUpper();
-        if (!symbol.isEmpty() && !symbols.contains(symbol))
-            symbols.append(symbol);
+        if (known.contains(symbol))
+            continue;
+        known.insert(symbol);
+        symbols.append(symbol);
     }
     if (symbols.size() > m_cryptoSymbols.size())
         setCryptoSymbols(symbols);
