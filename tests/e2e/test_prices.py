@@ -68,7 +68,9 @@ class Prices(DesktopCase):
         wait_for(lambda: len(self.server.requests) > asked, 5, "another request")
 
     def wait_for_text(self, text, seconds=5):
+        """Waits for the text, and until the change to it is among the labels, which lag behind the bus."""
         self.glimmet.wait_for_label(lambda label: label == text, seconds)
+        wait_for(lambda: self.glimmet.labels and self.glimmet.labels[-1][1] == text, 5, f"the change to “{text}”")
 
     def wait_for_log(self, *lines):
         wait_for(lambda: set(lines) <= set(self.glimmet.output().splitlines()), 5, f"the lines {lines}")
