@@ -3,9 +3,9 @@
 #include "platform/CheckedInteger.h"
 #include "platform/Clock.h"
 #include "platform/DiagnosticLog.h"
-#include "platform/HttpClient.h"
 #include "platform/Json.h"
 #include "revenue/Amount.h"
+#include "revenue/FigureRequest.h"
 #include "revenue/Periods.h"
 
 #include <QRegularExpression>
@@ -74,18 +74,10 @@ void PolarService::fetchMetric(const RevenueQuery &query, RevenueFetcher::Comple
 {
     if (query.apiKey.isBlank())
         return completion(u"add api key"_s);
-    const QByteArray address = buildUrl(query.period);
-    if (!isSendableAddress(address))
-        return completion(transportText(TransportFailure::InvalidAddress));
-    const auto read = [apiKey = query.apiKey, metric = query.metric, &log = m_world.log](
-                          const HttpResult &result) {
-        const auto body = checkedBody(result, answerRules(), apiKey, log);
-        if (const auto *error = std::get_if<QString>(&body))
-            return *error;
-        return format(metric, parse(std::get<QByteArray>(body), log), u"USD"_s);
-    };
-    m_world.http.get(
-        authorizedRequest(address, query.apiKey, "application/json"), this, read, std::move(completion));
+    const auto figure = [metric = query.metric, &log = m_world.log](
+                            const QByteArray &body) { return format(metric, parse(body, log), u"USD"_s); };
+    askForFigure(m_world, this, { buildUrl(query.period), query.apiKey, answerRules() }, figure,
+        std::move(completion));
 }
 
 PolarService::DateRange PolarService::dateRange(RevenueMode period) const

@@ -1,10 +1,10 @@
 #include "revenue/RevenueCatService.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/HttpClient.h"
 #include "platform/Json.h"
 #include "platform/Text.h"
 #include "revenue/Amount.h"
+#include "revenue/FigureRequest.h"
 #include "revenue/RevenueFormat.h"
 
 #include <QStringList>
@@ -58,17 +58,11 @@ void RevenueCatService::fetchMetric(const RevenueQuery &query, RevenueFetcher::C
         return completion(u"add project id"_s);
     const QByteArray address =
         m_world.endpoint + "/v2/projects/" + query.projectID.toUtf8() + "/metrics/overview";
-    if (!isSendableAddress(address))
-        return completion(transportText(TransportFailure::InvalidAddress));
-    const auto read = [apiKey = query.apiKey, metric = query.metric, &log = m_world.log](
-                          const HttpResult &result) {
-        const auto body = checkedBody(result, answerRules(), apiKey, log);
-        if (const auto *error = std::get_if<QString>(&body))
-            return *error;
-        return format(metric, loggedMetrics(std::get<QByteArray>(body), apiKey, log));
+    const auto figure = [metric = query.metric, apiKey = query.apiKey, &log = m_world.log](
+                            const QByteArray &body) {
+        return format(metric, loggedMetrics(body, apiKey, log));
     };
-    m_world.http.get(
-        authorizedRequest(address, query.apiKey, "application/json"), this, read, std::move(completion));
+    askForFigure(m_world, this, { address, query.apiKey, answerRules() }, figure, std::move(completion));
 }
 
 std::optional<RevenueCatService::Metrics> RevenueCatService::parse(const QByteArray &body)

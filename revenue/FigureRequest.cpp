@@ -1,0 +1,23 @@
+#include "revenue/FigureRequest.h"
+
+#include "platform/HttpClient.h"
+
+namespace glimmet {
+
+void askForFigure(const ServiceWorld &world, QObject *receiver, const FigureRequest &request,
+    std::function<QString(const QByteArray &body)> figure, RevenueFetcher::Completion completion)
+{
+    if (!isSendableAddress(request.address))
+        return completion(transportText(TransportFailure::InvalidAddress));
+    const auto read = [figure = std::move(figure), rules = request.rules, apiKey = request.apiKey,
+                          &log = world.log](const HttpResult &result) {
+        const auto body = checkedBody(result, rules, apiKey, log);
+        if (const auto *error = std::get_if<QString>(&body))
+            return *error;
+        return figure(std::get<QByteArray>(body));
+    };
+    world.http.get(authorizedRequest(request.address, request.apiKey, "application/json"), receiver, read,
+        std::move(completion));
+}
+
+} // namespace glimmet
