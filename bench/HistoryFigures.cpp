@@ -3,6 +3,7 @@
 // exact or a page is not asked for once and in order.
 //
 //     glimmet_history_figures [PAGES [FAILING-PAGE]]
+//     glimmet_history_figures --serve PAGES     the server alone, for others to be measured against it
 
 #include "bench/Measure.h"
 #include "platform/Clock.h"
@@ -17,6 +18,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <memory>
+#include <unistd.h>
 
 using namespace glimmet;
 using namespace Qt::StringLiterals;
@@ -107,6 +109,11 @@ private:
 
 int main(int argc, char *argv[])
 {
+    if (argc > 2 && QByteArray(argv[1]) == "--serve") {
+        std::puts(startServer(argc, argv, historyServer(QByteArray(argv[2]).toLongLong(), -1)).constData());
+        std::fflush(stdout);
+        return pause();
+    }
     const qint64 pages = argc > 1 ? QByteArray(argv[1]).toLongLong() : 1000;
     const qint64 failingPage = argc > 2 ? QByteArray(argv[2]).toLongLong() : -1;
     const QByteArray origin = startServer(argc, argv, historyServer(pages, failingPage));
