@@ -76,7 +76,7 @@ private:
     {
         const QString certificates = QStringLiteral(GLIMMET_TEST_CERTIFICATES);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_process.start(u"nghttpd"_s,
+        m_process.start(u"/usr/sbin/nghttpd"_s,
             { u"--verbose"_s, u"--address=127.0.0.1"_s, u"--htdocs="_s + m_folder.path(),
                 QString::number(m_port), certificates + u"/good.key"_s, certificates + u"/good.pem"_s });
         ASSERT_TRUE(says("listen 127.0.0.1:" + QByteArray::number(m_port))) << m_log.toStdString();
