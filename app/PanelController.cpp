@@ -65,7 +65,7 @@ void PanelController::open(std::optional<QPoint> anchor)
     if (panels == nullptr || QGuiApplication::screens().isEmpty())
         return;
     if (!isOpen()) {
-        m_panel = panels->makePanel(m_ticker, { m_scheme, X11::isCompositing() });
+        m_panel = panels->makePanel(m_ticker, { m_look, X11::isCompositing() });
         m_anchor = anchor;
         m_naturalSize = m_panel->window().size();
         place();
@@ -81,11 +81,11 @@ void PanelController::close()
     close(Cause::Request);
 }
 
-void PanelController::setColorScheme(ColorScheme scheme)
+void PanelController::setLook(const DesktopLook &look)
 {
-    m_scheme = scheme;
+    m_look = look;
     if (m_panel)
-        m_panel->setColorScheme(scheme);
+        m_panel->setLook(look);
 }
 
 PanelModule *PanelController::module()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ColorScheme.h"
+#include "platform/DesktopLook.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -39,7 +39,7 @@ public:
     void close();
     bool isOpen() const { return m_panel != nullptr; }
 
-    void setColorScheme(ColorScheme scheme);
+    void setLook(const DesktopLook &look);
 
 signals:
     /// The panel could not be loaded, in words.
@@ -58,7 +58,7 @@ private:
     bool isClosingClick() const;
 
     TickerViewModel &m_ticker;
-    ColorScheme m_scheme = ColorScheme::Light;
+    DesktopLook m_look;
     QPluginLoader m_loader;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<PressWatch> m_presses;

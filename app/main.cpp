@@ -2,8 +2,8 @@
 #include "app/PanelController.h"
 #include "core/TickerViewModel.h"
 #include "platform/Clock.h"
-#include "platform/ColorSchemeWatch.h"
 #include "platform/CoreDumps.h"
+#include "platform/DesktopLookWatch.h"
 #include "platform/DiagnosticLog.h"
 #include "platform/HttpClient.h"
 #include "platform/Instance.h"
@@ -61,14 +61,14 @@ int run(DiagnosticLog &log)
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
     MenuBar menuBar(bus);
     PanelController panel(ticker);
-    ColorSchemeWatch colors;
+    DesktopLookWatch look;
 
     const auto showText = [&] { menuBar.setText(ticker.currentDisplay()); };
-    const auto showColors = [&] {
-        menuBar.setColorScheme(colors.scheme());
-        panel.setColorScheme(colors.scheme());
+    const auto showLook = [&] {
+        menuBar.setColorScheme(look.look().scheme);
+        panel.setLook(look.look());
     };
-    const auto followColors = [&] { colors.follow(bus.connection()); };
+    const auto followLook = [&] { look.follow(bus.connection()); };
     const auto openPanel = [&] { panel.open(menuBar.anchor()); };
 
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
@@ -80,16 +80,16 @@ int run(DiagnosticLog &log)
     QObject::connect(&panel, &PanelController::failed, &menuBar,
         [&](const QString &reason) { log.line(QStringLiteral("panel: ") + reason); });
     QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);
-    QObject::connect(&colors, &ColorSchemeWatch::changed, &panel, showColors);
-    QObject::connect(&bus, &SessionBus::connected, &colors, followColors);
+    QObject::connect(&look, &DesktopLookWatch::changed, &panel, showLook);
+    QObject::connect(&bus, &SessionBus::connected, &look, followLook);
     QObject::connect(&bus, &SessionBus::lost, &menuBar,
         [&] { log.line(QStringLiteral("session bus: lost, trying again")); });
     QObject::connect(&quitSignals, &QuitSignals::received, &menuBar, &QCoreApplication::quit);
 
     showText();
-    showColors();
+    showLook();
     if (bus.isConnected())
-        followColors();
+        followLook();
     return QGuiApplication::exec();
 }
 

@@ -19,9 +19,10 @@ Appearance *Appearance::create(QQmlEngine *engine, QJSEngine *)
     return appearance;
 }
 
-void Appearance::setScheme(ColorScheme scheme)
+void Appearance::setLook(const DesktopLook &look)
 {
-    m_colors = panelColors(scheme);
+    m_look = look;
+    m_colors = panelColors(look.scheme);
     emit changed();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopLook.h"
 #include "ui/PanelColors.h"
 
 #include <QObject>
@@ -21,6 +22,7 @@ class Appearance : public QObject {
     Q_PROPERTY(QColor ink READ ink NOTIFY changed)
     Q_PROPERTY(QColor accent READ accent NOTIFY changed)
     Q_PROPERTY(QColor knob READ knob CONSTANT)
+    Q_PROPERTY(bool animates READ animates NOTIFY changed)
     Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT)
 
 public:
@@ -28,13 +30,15 @@ public:
     /// How QML finds the engine's own.
     static Appearance *create(QQmlEngine *engine, QJSEngine *);
 
-    void setScheme(ColorScheme scheme);
+    void setLook(const DesktopLook &look);
 
     QColor background() const { return m_colors.background; }
     QColor ink() const { return m_colors.ink; }
     QColor accent() const { return m_colors.accent; }
     /// The moving part of a switch, the same light one day and night.
     QColor knob() const { return panelColors(ColorScheme::Light).background; }
+    /// False where the desktop's user wants nothing to move for show.
+    bool animates() const { return !m_look.reducesMotion; }
     /// The desktop's own font for codes and keys.
     QString monospacedFamily() const;
 
@@ -42,7 +46,8 @@ signals:
     void changed();
 
 private:
-    PanelColors m_colors = panelColors(ColorScheme::Light);
+    DesktopLook m_look;
+    PanelColors m_colors = panelColors(m_look.scheme);
 };
 
 } // namespace glimmet

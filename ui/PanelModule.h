@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ColorScheme.h"
+#include "platform/DesktopLook.h"
 
 #include <QtPlugin>
 
@@ -20,7 +20,7 @@ public:
     /// The panel's window: frameless, not shown yet; its owner places and shows it. Its size is the panel's
     /// natural one; a window of lower height makes the middle scroll.
     virtual QWindow &window() = 0;
-    virtual void setColorScheme(ColorScheme scheme) = 0;
+    virtual void setLook(const DesktopLook &look) = 0;
 };
 
 /// Makes panels. It comes as a module of its own that is loaded on the first opening, so that a program that
@@ -30,7 +30,7 @@ public:
     virtual ~PanelModule() = default;
 
     struct Options {
-        ColorScheme scheme = ColorScheme::Light;
+        DesktopLook look;
         bool isTranslucent = true; ///< a compositor shows the rounded corners; without one they are masked
     };
     /// A panel that edits `ticker`, which outlives it. Main thread.

@@ -23,7 +23,7 @@ PanelWindow::PanelWindow(TickerViewModel &ticker, const PanelModule::Options &op
 {
     dress();
     connectHost();
-    setColorScheme(options.scheme);
+    setLook(options.look);
     m_view.setInitialProperties({
         { QStringLiteral("ticker"), QVariant::fromValue(&ticker) },
         { QStringLiteral("host"), QVariant::fromValue(&m_host) },
@@ -53,10 +53,10 @@ void PanelWindow::connectHost()
         &m_host, &PanelHost::quitRequested, &m_view, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
 }
 
-void PanelWindow::setColorScheme(ColorScheme scheme)
+void PanelWindow::setLook(const DesktopLook &look)
 {
-    m_appearance.setScheme(scheme);
-    m_view.setColor(m_isTranslucent ? QColor(Qt::transparent) : panelColors(scheme).background);
+    m_appearance.setLook(look);
+    m_view.setColor(m_isTranslucent ? QColor(Qt::transparent) : panelColors(look.scheme).background);
 }
 
 void PanelWindow::maskCorners()

@@ -15,7 +15,7 @@ public:
     PanelWindow(TickerViewModel &ticker, const PanelModule::Options &options);
 
     QWindow &window() override { return m_view; }
-    void setColorScheme(ColorScheme scheme) override;
+    void setLook(const DesktopLook &look) override;
 
 private:
     void dress();

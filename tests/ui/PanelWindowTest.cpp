@@ -62,7 +62,7 @@ TEST_F(PanelWindowTest, isPaintedInSoftware)
 
 TEST_F(PanelWindowTest, cornersAreSeeThroughWhereACompositorShowsThem)
 {
-    const auto panel = makePanel(ticker, { ColorScheme::Light, true });
+    const auto panel = makePanel(ticker, { { ColorScheme::Light }, true });
     show(*panel);
 
     EXPECT_EQ(panel->window().requestedFormat().alphaBufferSize(), 8);
@@ -74,7 +74,7 @@ TEST_F(PanelWindowTest, cornersAreSeeThroughWhereACompositorShowsThem)
 
 TEST_F(PanelWindowTest, cornersAreMaskedWhereThereIsNoCompositor)
 {
-    const auto panel = makePanel(ticker, { ColorScheme::Light, false });
+    const auto panel = makePanel(ticker, { { ColorScheme::Light }, false });
 
     EXPECT_LE(panel->window().requestedFormat().alphaBufferSize(), 0);
     EXPECT_FALSE(panel->window().mask().contains(QPoint(0, 0)));
@@ -83,7 +83,7 @@ TEST_F(PanelWindowTest, cornersAreMaskedWhereThereIsNoCompositor)
 
 TEST_F(PanelWindowTest, theMaskFollowsTheHeight)
 {
-    const auto panel = makePanel(ticker, { ColorScheme::Light, false });
+    const auto panel = makePanel(ticker, { { ColorScheme::Light }, false });
 
     panel->window().resize(340, 400);
 
@@ -103,7 +103,7 @@ TEST_F(PanelWindowTest, aLowerWindowMakesThePanelLower)
 
 TEST_F(PanelWindowTest, opensInTheSchemeOfTheDesktop)
 {
-    const auto panel = makePanel(ticker, { ColorScheme::Dark, true });
+    const auto panel = makePanel(ticker, { { ColorScheme::Dark }, true });
     show(*panel);
 
     EXPECT_EQ(pixel(*panel, { 170, 5 }).rgba(), panelColors(ColorScheme::Dark).background.rgba());
@@ -111,10 +111,10 @@ TEST_F(PanelWindowTest, opensInTheSchemeOfTheDesktop)
 
 TEST_F(PanelWindowTest, changesItsSchemeWhileItIsOpen)
 {
-    const auto panel = makePanel(ticker, { ColorScheme::Light, false });
+    const auto panel = makePanel(ticker, { { ColorScheme::Light }, false });
     show(*panel);
 
-    panel->setColorScheme(ColorScheme::Dark);
+    panel->setLook({ ColorScheme::Dark });
 
     EXPECT_EQ(pixel(*panel, { 170, 5 }).rgba(), panelColors(ColorScheme::Dark).background.rgba());
     EXPECT_EQ(view(*panel).color(), panelColors(ColorScheme::Dark).background);
@@ -187,8 +187,8 @@ TEST_F(PanelWindowTest, settingsSurviveItsClosing)
 
 TEST_F(PanelWindowTest, twoPanelsHaveTheirOwnSchemes)
 {
-    const auto light = makePanel(ticker, { ColorScheme::Light, true });
-    const auto dark = makePanel(ticker, { ColorScheme::Dark, true });
+    const auto light = makePanel(ticker, { { ColorScheme::Light }, true });
+    const auto dark = makePanel(ticker, { { ColorScheme::Dark }, true });
     show(*light);
     show(*dark);
 

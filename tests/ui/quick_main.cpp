@@ -1,4 +1,5 @@
 #include "tests/ui/AccessibleProbe.h"
+#include "tests/ui/LookSwitch.h"
 #include "tests/ui/TickerFixture.h"
 
 #include <QAccessible>
@@ -18,6 +19,7 @@ public slots:
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         QAccessible::setActive(true);
         qmlRegisterType<TickerFixture>("GlimmetTests", 1, 0, "TickerFixture");
+        qmlRegisterType<LookSwitch>("GlimmetTests", 1, 0, "LookSwitch");
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");
     }
 };

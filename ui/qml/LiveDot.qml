@@ -8,11 +8,12 @@ Item {
     required property bool running
 
     property real breath
-    readonly property real growth: 1 + 0.35 * breath
+    readonly property real depth: running ? breath : 0
+    readonly property real growth: 1 + 0.35 * depth
 
     implicitWidth: 8
     implicitHeight: 8
-    opacity: 1 - 0.4 * breath
+    opacity: 1 - 0.4 * depth
 
     SequentialAnimation on breath {
         running: dot.running

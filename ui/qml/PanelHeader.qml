@@ -27,6 +27,6 @@ Item {
         anchors.left: titles.right
         anchors.leftMargin: 10
         anchors.verticalCenter: titles.verticalCenter
-        running: root.visible
+        running: root.visible && Theme.animates
     }
 }

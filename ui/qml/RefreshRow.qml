@@ -32,7 +32,7 @@ Item {
                 color: Theme.ink
 
                 NumberAnimation on turn {
-                    running: root.ticker.isFetchingRevenue
+                    running: root.ticker.isFetchingRevenue && Theme.animates
                     loops: Animation.Infinite
                     to: 360
                     duration: Theme.pulseDuration

@@ -63,10 +63,12 @@ QtObject {
     readonly property real pressedOpacity: 0.6
     readonly property real disabledOpacity: 0.5
 
-    readonly property int modeDuration: 180
-    readonly property int editorDuration: 200
-    readonly property int chipDuration: 150
-    readonly property int borderDuration: 150
+    // False where the user wants nothing to move for show; what moves only once then takes no time.
+    readonly property bool animates: Appearance.animates
+    readonly property int modeDuration: animates ? 180 : 0
+    readonly property int editorDuration: animates ? 200 : 0
+    readonly property int chipDuration: animates ? 150 : 0
+    readonly property int borderDuration: animates ? 150 : 0
     readonly property int pulseDuration: 900
     readonly property int easeInOut: Easing.InOutQuad
 }

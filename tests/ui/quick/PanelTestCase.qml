@@ -9,6 +9,7 @@ TestCase {
 
     property TickerFixture world: null
     readonly property AccessibleProbe reader: AccessibleProbe {}
+    readonly property LookSwitch desktop: LookSwitch {}
 
     width: 340
     height: 540
@@ -26,6 +27,7 @@ TestCase {
         failOnWarning(/./);
         // Outlives what the test makes, as the program's ticker outlives its panels.
         world = worlds.createObject(testCase) as TickerFixture;
+        desktop.wish(false, false);
     }
 
     // A new item that stands in its place.

@@ -89,6 +89,16 @@ PanelTestCase {
         compare(entering.y, 0);
     }
 
+    function test_editorsChangeAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+
+        world.ticker.mode = TickerMode.Custom;
+
+        compare(slot(2).opacity, 1);
+        compare(slot(2).y, 0);
+        compare(editors(ClockOptions).length, 0);
+    }
+
     function test_theOldEditorFadesAndTakesNoMoreClicks() {
         world.ticker.mode = TickerMode.Custom;
 

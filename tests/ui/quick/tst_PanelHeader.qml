@@ -62,6 +62,15 @@ PanelTestCase {
         }
     }
 
+    function test_theDotRestsWhereLessMotionIsWished() {
+        tryVerify(() => dot().growth > 1.1);
+
+        desktop.wish(false, true);
+
+        compare(dot().growth, 1);
+        compare(dot().opacity, 1);
+    }
+
     function test_hasNoButtonsYet() {
         compare(all(header, PlainButton).length, 0);
     }

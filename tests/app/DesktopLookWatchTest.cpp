@@ -1,4 +1,4 @@
-#include "platform/ColorSchemeWatch.h"
+#include "platform/DesktopLookWatch.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusVariant>
@@ -17,13 +17,15 @@ const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Setting
 
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
+const QString gnome = QStringLiteral("org.gnome.desktop.interface");
+const QString animations = QStringLiteral("enable-animations");
 
-/// The desktop's settings portal.
+/// The desktop's settings portal. It knows the scheme, and what it was told of.
 class Portal final : public QDBusVirtualObject {
 public:
     Portal(QDBusConnection connection, uint scheme)
         : m_connection(std::move(connection))
-        , m_scheme(scheme)
+        , m_settings{ { { appearance, colorScheme }, scheme } }
     {
         m_connection.registerVirtualObject(portalPath, this);
         m_connection.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
@@ -32,15 +34,19 @@ public:
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
+        const auto setting = m_settings.constFind(
+            { message.arguments().value(0).toString(), message.arguments().value(1).toString() });
+        if (setting == m_settings.constEnd())
+            return connection.send(message.createErrorReply(
+                QStringLiteral("org.freedesktop.portal.Error.NotFound"), QStringLiteral("unknown")));
         // Read puts its answer into a variant of its own.
-        const QDBusVariant inner(m_scheme);
+        const QDBusVariant inner(*setting);
         return connection.send(
             message.createReply(QVariant::fromValue(QDBusVariant(QVariant::fromValue(inner)))));
     }
     void change(const QString &space, const QString &key, const QVariant &value)
     {
-        if (space == appearance && key == colorScheme)
-            m_scheme = value.toUInt();
+        m_settings.insert({ space, key }, value);
         QDBusMessage signal =
             QDBusMessage::createSignal(portalPath, settingsInterface, QStringLiteral("SettingChanged"));
         signal << space << key << QVariant::fromValue(QDBusVariant(value));
@@ -49,17 +55,17 @@ public:
 
 private:
     QDBusConnection m_connection;
-    uint m_scheme;
+    DesktopSettings m_settings;
 };
 
-class ColorSchemeWatchTest : public testing::Test {
+class DesktopLookWatchTest : public testing::Test {
 protected:
-    ColorSchemeWatchTest()
+    DesktopLookWatchTest()
         : own(daemon.peer(QStringLiteral("own")))
         , desktop(daemon.peer(QStringLiteral("desktop")))
     {
     }
-    ~ColorSchemeWatchTest() override
+    ~DesktopLookWatchTest() override
     {
         for (const char *name : { "own", "desktop" })
             QDBusConnection::disconnectFromBus(QString::fromLatin1(name));
@@ -70,47 +76,73 @@ protected:
     QDBusConnection desktop;
 };
 
-TEST_F(ColorSchemeWatchTest, takesThePortalsWordAtTheStart)
+TEST_F(DesktopLookWatchTest, takesThePortalsWordAtTheStart)
 {
     const Portal portal(desktop, 1);
-    ColorSchemeWatch watch;
+    DesktopLookWatch watch;
 
     watch.follow(own);
 
-    EXPECT_TRUE(waitFor([&] { return watch.scheme() == ColorScheme::Dark; }));
+    EXPECT_TRUE(waitFor([&] { return watch.look().scheme == ColorScheme::Dark; }));
 }
 
-TEST_F(ColorSchemeWatchTest, followsThePortalWhileItRuns)
+TEST_F(DesktopLookWatchTest, followsThePortalWhileItRuns)
 {
     Portal portal(desktop, 2);
-    ColorSchemeWatch watch;
-    QSignalSpy changed(&watch, &ColorSchemeWatch::changed);
+    DesktopLookWatch watch;
+    QSignalSpy changed(&watch, &DesktopLookWatch::changed);
     watch.follow(own);
 
     portal.change(appearance, colorScheme, 1U);
-    ASSERT_TRUE(waitFor([&] { return watch.scheme() == ColorScheme::Dark; }));
+    ASSERT_TRUE(waitFor([&] { return watch.look().scheme == ColorScheme::Dark; }));
     portal.change(appearance, QStringLiteral("contrast"), 1U);
-    portal.change(QStringLiteral("org.gnome.desktop.interface"), colorScheme, QStringLiteral("prefer-dark"));
+    portal.change(gnome, colorScheme, QStringLiteral("prefer-dark"));
     portal.change(appearance, colorScheme, 2U);
 
-    EXPECT_TRUE(waitFor([&] { return watch.scheme() == ColorScheme::Light; }));
+    EXPECT_TRUE(waitFor([&] { return watch.look().scheme == ColorScheme::Light; }));
     EXPECT_EQ(changed.count(), 2);
 }
 
-TEST_F(ColorSchemeWatchTest, takesThePalettesLightnessWhereThePortalHasNoPreference)
+TEST_F(DesktopLookWatchTest, takesThePortalsWordForLessMotionAtTheStart)
+{
+    Portal portal(desktop, 0);
+    portal.change(gnome, animations, false);
+    DesktopLookWatch watch;
+
+    watch.follow(own);
+
+    EXPECT_TRUE(waitFor([&] { return watch.look().reducesMotion; }));
+}
+
+TEST_F(DesktopLookWatchTest, followsAWishForLessMotionWhileItRuns)
+{
+    Portal portal(desktop, 2);
+    DesktopLookWatch watch;
+    QSignalSpy changed(&watch, &DesktopLookWatch::changed);
+    watch.follow(own);
+
+    portal.change(gnome, animations, false);
+    ASSERT_TRUE(waitFor([&] { return watch.look().reducesMotion; }));
+    portal.change(gnome, animations, true);
+
+    EXPECT_TRUE(waitFor([&] { return !watch.look().reducesMotion; }));
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(DesktopLookWatchTest, takesThePalettesLightnessWhereThePortalHasNoPreference)
 {
     const QPalette before = QGuiApplication::palette();
     const Portal portal(desktop, 0);
-    ColorSchemeWatch watch;
+    DesktopLookWatch watch;
     watch.follow(own);
-    QSignalSpy changed(&watch, &ColorSchemeWatch::changed);
+    QSignalSpy changed(&watch, &DesktopLookWatch::changed);
     QPalette dark(
         Qt::white, Qt::darkGray, Qt::white, Qt::black, Qt::gray, Qt::white, Qt::white, Qt::black, Qt::black);
 
     QGuiApplication::setPalette(dark);
 
     EXPECT_TRUE(waitFor([&] { return changed.count() > 0; }));
-    EXPECT_EQ(watch.scheme(), ColorScheme::Dark);
+    EXPECT_EQ(watch.look().scheme, ColorScheme::Dark);
     QGuiApplication::setPalette(before);
 }
 
