@@ -1,5 +1,6 @@
 """The panel's place on low screens and at other scales."""
 
+import signal
 import unittest
 
 from desktop.processes import wait_for
@@ -37,6 +38,54 @@ class Geometry(DesktopCase):
         self.assert_on_screen(panel)
         self.assertEqual(panel.width, 2 * SIZE[0])
         self.assertLess(panel.height, 2 * SIZE[1])
+
+
+class TextSize(DesktopCase):
+    """Desktops tell the user's text size to X programs as dots an inch."""
+    size = (1280, 1024)
+
+    def prefer_text_at(self, scale):
+        self.settings.write_text(f"Xft/DPI {round(96 * 1024 * scale)}\n")
+
+    def change_text_to(self, scale):
+        self.prefer_text_at(scale)
+        self.daemon.send_signal(signal.SIGHUP)
+
+    def setUp(self):
+        super().setUp()
+        self.settings = self.desktop.folder / "xsettings"
+        self.prefer_text_at(1.25)
+        self.daemon = self.desktop.start("xsettings", ["xsettingsd", "-c", str(self.settings)])
+        self.addCleanup(self.desktop.stop, self.daemon)
+        wait_for(self.has_settings, 5, "the desktop's settings")
+        self.launch().wait_for_strip()
+
+    def has_settings(self):
+        return any("xsettingsd" in line for line in self.screen.run("xwininfo", "-root", "-tree").splitlines())
+
+    def wait_for_panel(self, scale):
+        wanted = tuple(round(length * scale) for length in SIZE)
+        wait_for(lambda: (area := self.screen.area_of("glimmet")) and (area.width, area.height) == wanted, 5,
+                 f"a panel {scale} times as large")
+        self.assert_on_screen(self.screen.area_of("glimmet"))
+
+    def test_scales_the_panel_as_a_whole(self):
+        self.glimmet.open_panel()
+
+        self.wait_for_panel(1.25)
+
+    def test_scales_the_open_panel_when_it_changes(self):
+        self.glimmet.open_panel()
+
+        self.change_text_to(1.5)
+
+        self.wait_for_panel(1.5)
+
+    def test_scales_the_next_panel_when_it_changes(self):
+        self.change_text_to(1)
+        self.glimmet.open_panel()
+
+        self.wait_for_panel(1)
 
 
 class ShrinkingScreen(DesktopCase):
