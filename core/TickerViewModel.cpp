@@ -55,7 +55,7 @@ QString TickerViewModel::buildText() const
 {
     switch (m_mode) {
     case TickerMode::Clock:
-        return formattedTime();
+        return formattedTime(m_showSeconds);
     case TickerMode::Quote:
         return quoteDisplay();
     case TickerMode::Custom:
@@ -70,11 +70,16 @@ QString TickerViewModel::buildText() const
     Q_UNREACHABLE();
 }
 
-QString TickerViewModel::formattedTime() const
+QString TickerViewModel::spokenDisplay() const
 {
-    const char16_t *pattern = m_showSeconds ? u"h:mm:ss a" : u"h:mm a";
+    return m_mode == TickerMode::Clock ? formattedTime(false) : m_currentDisplay;
+}
+
+QString TickerViewModel::formattedTime(bool withSeconds) const
+{
+    const char16_t *pattern = withSeconds ? u"h:mm:ss a" : u"h:mm a";
     if (m_use24Hour)
-        pattern = m_showSeconds ? u"HH:mm:ss" : u"HH:mm";
+        pattern = withSeconds ? u"HH:mm:ss" : u"HH:mm";
     return clockText(pattern, m_world.clock.now(), m_world.region);
 }
 

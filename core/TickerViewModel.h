@@ -67,6 +67,7 @@ class TickerViewModel : public QObject {
     Q_PROPERTY(qint64 quoteRotateInterval READ quoteRotateInterval WRITE setQuoteRotateInterval NOTIFY
             quoteRotateIntervalChanged)
     Q_PROPERTY(QString currentDisplay READ currentDisplay NOTIFY currentDisplayChanged)
+    Q_PROPERTY(QString spokenDisplay READ spokenDisplay NOTIFY currentDisplayChanged)
 
 public:
     /// Sets every default, loads what is stored and starts the engine.
@@ -87,6 +88,8 @@ public:
     /// The line for the menu bar, as the mode has it. It may hold line breaks; a host cleans what it cannot
     /// show.
     QString currentDisplay() const { return m_currentDisplay; }
+    /// The same for a screen reader: the time without the seconds, which would never let it finish.
+    QString spokenDisplay() const;
 
     QString customText() const { return m_customText; }
     void setCustomText(const QString &text);
@@ -207,7 +210,7 @@ private:
     }
     void tick();
     QString buildText() const;
-    QString formattedTime() const;
+    QString formattedTime(bool withSeconds) const;
 
     void handleQuoteRotation();
     QString quoteDisplay() const;

@@ -92,6 +92,11 @@ class AccessibilityTree:
 
         return wait_for(found, seconds, f"“{name}” in the accessibility tree")
 
+    def follow_announcements(self, handler):
+        """Calls `handler(text)` for all that any program wants to be said; returns how to stop it."""
+        return self._bus.follow(None, "org.a11y.atspi.Event.Object", "Announcement",
+                                lambda _kind, _politeness, _unused, text, _properties: handler(text))
+
     def _programs(self):
         return Node(self._bus, REGISTRY, ROOT).children()
 

@@ -28,6 +28,25 @@ TEST_F(TickerDisplay, changesWithAnyOptionAtTheNextTickAndNotBefore)
     EXPECT_EQ(shown(), u"lunch"_s);
 }
 
+TEST_F(TickerDisplay, isSpokenWithoutTheSecondsOfTheClock)
+{
+    EXPECT_EQ(ticker.spokenDisplay(), u"09:05"_s);
+
+    ticker.setUse24Hour(false);
+
+    EXPECT_EQ(ticker.spokenDisplay(), u"9:05 am"_s);
+}
+
+TEST_F(TickerDisplay, isSpokenAsItIsShownInOtherModes)
+{
+    ticker.setMode(TickerMode::Custom);
+    ticker.setCustomText(u"lunch at 12:00:00"_s);
+    tick();
+
+    EXPECT_EQ(ticker.spokenDisplay(), shown());
+    EXPECT_EQ(ticker.spokenDisplay(), u"lunch at 12:00:00"_s);
+}
+
 TEST_F(TickerDisplay, isTheProductsNameWhereTheCustomTextIsEmpty)
 {
     ticker.setMode(TickerMode::Custom);

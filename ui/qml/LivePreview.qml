@@ -6,6 +6,8 @@ Rectangle {
     id: root
 
     required property string text
+    // What a screen reader says for the text.
+    required property string spokenText
 
     implicitHeight: Math.ceil(preview.implicitHeight) + 2 * 14
     color: Theme.fieldFill
@@ -26,6 +28,11 @@ Rectangle {
         horizontalAlignment: Text.AlignLeft
         maximumLineCount: 1
         elide: Text.ElideRight
+        Accessible.name: root.spokenText
+    }
+    Announcement {
+        item: preview
+        text: root.spokenText
     }
     RoundedBox {
         id: badge

@@ -40,11 +40,16 @@ Item {
             }
         }
         InkText {
+            id: fetching
             anchors.verticalCenter: parent.verticalCenter
             text: "Fetching…"
             color: Theme.busyText
             font.pixelSize: Theme.buttonSize
         }
+    }
+    Announcement {
+        item: fetching
+        text: fetching.visible ? fetching.text : ""
     }
     PlainButton {
         id: button

@@ -38,6 +38,7 @@ Rectangle {
             LivePreview {
                 width: root.width
                 text: Wording.oneLine(root.ticker.currentDisplay)
+                spokenText: Wording.oneLine(root.ticker.spokenDisplay)
             }
             ModeSelector {
                 width: root.width
