@@ -1,0 +1,178 @@
+#include "tests/support/TestWorld.h"
+#include "tests/ui/PanelDescription.h"
+#include "ui/PanelModule.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPluginLoader>
+#include <QQuickView>
+#include <QTest>
+
+#include <functional>
+
+namespace glimmet {
+namespace {
+
+/// What the panel is shown doing.
+struct Scene {
+    QString name;
+    std::function<void(TestWorld &, TickerViewModel &)> prepare;
+    std::function<void(QQuickView &)> act = [](QQuickView &) {};
+};
+
+// Higher than any editor, so that nothing is scrolled away.
+constexpr QSize tallPanel(340, 1400);
+
+QList<Scene> scenes()
+{
+    const auto mode = [](TickerMode chosen) {
+        return [chosen](TestWorld &, TickerViewModel &ticker) { ticker.setMode(chosen); };
+    };
+    const auto provider = [](RevenueProvider chosen) {
+        return [chosen](TestWorld &, TickerViewModel &ticker) {
+            ticker.setMode(TickerMode::Revenue);
+            ticker.setRevenueProvider(chosen);
+            ticker.handleRevenueResult(u"💰 $1,234.50"_s);
+        };
+    };
+    return {
+        { u"clock"_s, mode(TickerMode::Clock) },
+        { u"quote"_s, mode(TickerMode::Quote) },
+        { u"quotes-of-the-users"_s,
+            [](TestWorld &, TickerViewModel &ticker) {
+                ticker.setMode(TickerMode::Quote);
+                ticker.addQuote(u"measure twice"_s);
+                ticker.addQuote(u"a quote that is long enough to need a second line of the row "
+                                u"that it stands in"_s);
+            } },
+        { u"custom"_s, mode(TickerMode::Custom) },
+        { u"revenue"_s, provider(RevenueProvider::Polar) },
+        { u"revenue-fetching"_s,
+            [](TestWorld &, TickerViewModel &ticker) {
+                ticker.setMode(TickerMode::Revenue);
+                ticker.fetchRevenue();
+            } },
+        { u"revenue-of-revenuecat"_s, provider(RevenueProvider::RevenueCat) },
+        { u"revenue-of-stripe"_s, provider(RevenueProvider::Stripe) },
+        { u"revenue-of-dodo"_s, provider(RevenueProvider::Dodo) },
+    };
+}
+
+QString referenceFile(const QString &scene, ColorScheme scheme)
+{
+    const QString suffix = scheme == ColorScheme::Dark ? u"dark"_s : u"light"_s;
+    return QStringLiteral(GLIMMET_REFERENCES "/%1-%2.txt").arg(scene, suffix);
+}
+
+QList<DrawnItem> readReference(const QString &path)
+{
+    QFile file(path);
+    QList<DrawnItem> items;
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return items;
+    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts))
+        items.append(DrawnItem::fromLine(line));
+    return items;
+}
+
+void writeReference(const QString &path, const QList<DrawnItem> &items)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Text));
+    for (const DrawnItem &item : items)
+        file.write(item.toLine().toUtf8() + '\n');
+}
+
+struct Picture {
+    Scene scene;
+    ColorScheme scheme = ColorScheme::Light;
+};
+
+QList<Picture> pictures()
+{
+    QList<Picture> all;
+    for (const Scene &scene : scenes()) {
+        for (const ColorScheme scheme : { ColorScheme::Light, ColorScheme::Dark })
+            all.append({ scene, scheme });
+    }
+    return all;
+}
+
+/// Every editor and sheet against what it looked like when somebody looked at it. After a wanted change:
+/// `GLIMMET_WRITE_REFERENCES=1 glimmet_ui_tests --gtest_filter='*PanelPicture*'`, and a look at the
+/// difference.
+class PanelPicture : public TickerTest, public testing::WithParamInterface<Picture> {
+protected:
+    std::unique_ptr<Panel> makePanel()
+    {
+        QPluginLoader loader(QStringLiteral(GLIMMET_PANEL_FILE));
+        auto *module = qobject_cast<PanelModule *>(loader.instance());
+        // Nothing moves, so that whatever is drawn is drawn where it belongs.
+        return module->makePanel(ticker, { { GetParam().scheme, true }, true });
+    }
+};
+
+TEST_P(PanelPicture, isAsItWas)
+{
+    const Scene &scene = GetParam().scene;
+    scene.prepare(world, ticker);
+    tick();
+    const auto panel = makePanel();
+    auto &view = static_cast<QQuickView &>(panel->window());
+    view.resize(tallPanel);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    scene.act(view);
+
+    const QString path = referenceFile(scene.name, GetParam().scheme);
+    if (qEnvironmentVariableIsSet("GLIMMET_WRITE_REFERENCES"))
+        writeReference(path, drawnItems(view));
+    const QList<DrawnItem> expected = readReference(path);
+
+    ASSERT_FALSE(expected.isEmpty()) << path.toStdString();
+    EXPECT_EQ(differences(expected, drawnItems(view)).join(u'\n').toStdString(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(all, PanelPicture, testing::ValuesIn(pictures()), [](const auto &tested) {
+    QString name =
+        tested.param.scene.name + (tested.param.scheme == ColorScheme::Dark ? u"-dark"_s : u"-light"_s);
+    return name.replace(u'-', u'_').toStdString();
+});
+
+TEST(PanelDescription, findsAnItemThatMovedByMoreThanAPixel)
+{
+    const DrawnItem item{ u"Card.Text"_s, { 10, 20, 30, 40 }, u"words"_s, u"#ff000000"_s, {} };
+    DrawnItem moved = item;
+    moved.area.translate(0, 1.1);
+
+    EXPECT_EQ(differences({ item }, { moved }).size(), 1);
+    moved.area = item.area.translated(0.9, -0.9);
+    EXPECT_TRUE(differences({ item }, { moved }).isEmpty());
+}
+
+TEST(PanelDescription, findsAnotherColorAnotherTextAndWhatIsMissing)
+{
+    const DrawnItem item{ u"Card.RoundedBox"_s, { 10, 20, 30, 40 }, {}, u"#ff000000"_s, QColor(1, 2, 3) };
+    DrawnItem other = item;
+
+    other.pixel = QColor(1, 2, 9);
+    EXPECT_EQ(differences({ item }, { other }).size(), 1);
+    other = item;
+    other.style = u"#ff000001"_s;
+    EXPECT_EQ(differences({ item }, { other }).size(), 1);
+    EXPECT_EQ(differences({ item, item }, { item }).size(), 1);
+    EXPECT_EQ(differences({ item }, { item, item }).size(), 1);
+    EXPECT_TRUE(differences({ item }, { item }).isEmpty());
+}
+
+TEST(PanelDescription, readsBackWhatItWrites)
+{
+    const DrawnItem item{ u"Card.Text"_s, { 10.5, 20, 30, 40.5 }, u"a, b"_s, u"#ff000000 10px"_s,
+        QColor(9, 8, 7) };
+
+    EXPECT_TRUE(differences({ item }, { DrawnItem::fromLine(item.toLine()) }).isEmpty());
+}
+
+} // namespace
+} // namespace glimmet
