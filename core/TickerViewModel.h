@@ -132,7 +132,7 @@ public:
     qint64 currentCryptoIndex() const { return m_currentCryptoIndex; }
     void setCurrentCryptoIndex(qint64 index);
     /// Asks for the price of every symbol in the list.
-    void fetchAllCryptoPrices();
+    Q_INVOKABLE void fetchAllCryptoPrices();
     /// Asks again every five minutes, the first time in five minutes.
     void startCryptoPriceTimer();
 

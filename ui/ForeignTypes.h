@@ -2,6 +2,7 @@
 
 #include "core/TickerViewModel.h"
 
+#include <QAbstractItemModel>
 #include <QtQml/qqml.h>
 
 /// Makes the ticker and its choices known to QML; their own folders know nothing of it.
@@ -12,6 +13,13 @@ struct TickerViewModelForQml {
     QML_FOREIGN(glimmet::TickerViewModel)
     QML_NAMED_ELEMENT(TickerViewModel)
     QML_UNCREATABLE("There is one ticker, and the panel is handed it.")
+};
+
+/// What the panel's own models are derived from; without it the linter does not know them.
+struct AbstractItemModelForQml {
+    Q_GADGET
+    QML_FOREIGN(QAbstractItemModel)
+    QML_ANONYMOUS
 };
 
 namespace TickerModesForQml {

@@ -40,8 +40,8 @@ bool ModeFaces::hasEditor(int mode)
     case TickerMode::Quote:
     case TickerMode::Custom:
     case TickerMode::Revenue:
-        return true;
     case TickerMode::Crypto:
+        return true;
     case TickerMode::Deadline:
         return false;
     }

@@ -20,6 +20,17 @@ QString Wording::usingDefaults(qsizetype count)
     return QStringLiteral("Using defaults (%1)").arg(count);
 }
 
+QString Wording::pricesHelp(int interval)
+{
+    return QStringLiteral("Works for crypto (BTC, ETH) and stocks (AAPL, TSLA). Price refreshes every %1s.")
+        .arg(interval);
+}
+
+QString Wording::priceChart(const QString &shortName)
+{
+    return shortName + QStringLiteral(" price chart");
+}
+
 QString Wording::removing(const QString &item)
 {
     return QStringLiteral("Remove ") + item;

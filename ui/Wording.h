@@ -20,6 +20,10 @@ public:
     Q_INVOKABLE static QString version(const QString &appVersion);
     /// Says that the default quotes rotate, and how many there are.
     Q_INVOKABLE static QString usingDefaults(qsizetype count);
+    /// What can be entered as a symbol, and how many seconds each price stays.
+    Q_INVOKABLE static QString pricesHelp(int interval);
+    /// What a screen reader says for the chart of a price.
+    Q_INVOKABLE static QString priceChart(const QString &shortName);
     /// What a screen reader says for the button that removes `item`.
     Q_INVOKABLE static QString removing(const QString &item);
 };

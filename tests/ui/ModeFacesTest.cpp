@@ -52,7 +52,7 @@ TEST(ModeFaces, someModesCanBeEdited)
     EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Quote)));
     EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Custom)));
     EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Revenue)));
-    EXPECT_FALSE(ModeFaces::hasEditor(number(TickerMode::Crypto)));
+    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Crypto)));
     EXPECT_FALSE(ModeFaces::hasEditor(number(TickerMode::Deadline)));
 }
 

@@ -34,4 +34,33 @@ int TickerFixture::priceFetches() const
     return static_cast<int>(m_world.prices.asked().size());
 }
 
+QStringList TickerFixture::pricesAskedSince(int past) const
+{
+    return m_world.prices.asked().mid(past);
+}
+
+void TickerFixture::storePrice(
+    const QString &symbol, double price, double change, const QList<double> &history)
+{
+    answerPrice(symbol, CryptoPrice{ symbol, price, change, history });
+}
+
+void TickerFixture::failPrice(const QString &symbol)
+{
+    answerPrice(symbol, {});
+}
+
+void TickerFixture::answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price)
+{
+    const qsizetype request = m_world.prices.asked().lastIndexOf(symbol);
+    if (request >= 0)
+        m_world.prices.answer(static_cast<std::size_t>(request), price);
+}
+
+QStringList TickerFixture::storedSymbols() const
+{
+    return m_world.preferences.stringList(PreferencesKeys::cryptoSymbols)
+        .value_or(QStringList{ u"absent"_s });
+}
+
 } // namespace glimmet

@@ -30,8 +30,19 @@ public:
     /// Answers the last fetch.
     Q_INVOKABLE void finishFetch(const QString &text);
     Q_INVOKABLE int priceFetches() const;
+    /// The symbols asked for since the first `past` requests, in order.
+    Q_INVOKABLE QStringList pricesAskedSince(int past) const;
+    /// Answers the last request for the symbol, if there was one.
+    Q_INVOKABLE void storePrice(
+        const QString &symbol, double price, double change, const QList<double> &history);
+    /// Lets the last request for the symbol fail.
+    Q_INVOKABLE void failPrice(const QString &symbol);
+    /// The symbols as they are stored; an absent list reads as ["absent"].
+    Q_INVOKABLE QStringList storedSymbols() const;
 
 private:
+    void answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price);
+
     TestWorld m_world;
     TickerViewModel m_ticker{ m_world.forTicker() };
     PanelHost m_host{ QStringLiteral("1.2") };

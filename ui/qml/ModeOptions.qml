@@ -48,5 +48,11 @@ Column {
             ticker: root.ticker
             editor: "RevenueOptions.qml"
         }
+        EditorSlot {
+            width: editors.width
+            shown: root.mode === TickerMode.Crypto
+            ticker: root.ticker
+            editor: "CryptoOptions.qml"
+        }
     }
 }

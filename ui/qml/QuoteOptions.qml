@@ -9,10 +9,10 @@ Column {
 
     readonly property bool hasQuotes: ticker.customQuotes.length > 0
 
-    function save() {
-        ticker.addQuote(newQuote.text);
+    function save(text: string) {
+        ticker.addQuote(text);
         newQuote.clear();
-        newQuote.focus = false;
+        newQuote.leaveKeyboard();
     }
 
     function remove(row: QuoteRow, index: int) {
@@ -22,12 +22,12 @@ Column {
             keepKeyboardNear(index);
     }
 
-    // The rows are new ones; without this the keyboard would start again from the panel's top.
+    // Without this the keyboard would start again from the panel's top.
     function keepKeyboardNear(index: int) {
         if (hasQuotes)
             (rows.itemAt(Math.min(index, rows.count - 1)) as QuoteRow).takeKeyboard();
         else
-            newQuote.forceActiveFocus(Qt.TabFocusReason);
+            newQuote.takeKeyboard();
     }
 
     spacing: 12
@@ -35,30 +35,12 @@ Column {
     SectionLabel {
         text: "ADD QUOTE"
     }
-    Row {
-        spacing: Theme.rowSpacing
-
-        BorderedField {
-            id: newQuote
-            width: root.width - addButton.width - parent.spacing
-            leftPadding: 10
-            rightPadding: 10
-            topPadding: 7
-            bottomPadding: 7
-            cornerRadius: Theme.buttonRadius
-            placeholderText: "stay curious ✦"
-            onAccepted: root.save()
-        }
-        PlainButton {
-            id: addButton
-            height: newQuote.height
-            leftPadding: 10
-            rightPadding: 10
-            topPadding: 7
-            bottomPadding: 7
-            text: "Add"
-            onClicked: root.save()
-        }
+    EntryRow {
+        id: newQuote
+        width: root.width
+        placeholderText: "stay curious ✦"
+        buttonText: "Add"
+        onEntered: text => root.save(text)
     }
     Item {
         width: root.width
@@ -105,16 +87,18 @@ Column {
 
         Repeater {
             id: rows
-            model: root.ticker.customQuotes
+            model: TextListModel {
+                entries: root.ticker.customQuotes
+            }
 
             QuoteRow {
                 id: row
 
                 required property int index
-                required property string modelData
+                required property string entry
 
                 width: root.width
-                quote: modelData
+                quote: entry
                 onRemoved: root.remove(row, index)
             }
         }

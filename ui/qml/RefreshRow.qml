@@ -20,24 +20,10 @@ Item {
         spacing: 6
         visible: root.ticker.isFetchingRevenue
 
-        Item {
+        Spinner {
             anchors.verticalCenter: parent.verticalCenter
-            width: 16
-            height: 16
-
-            SymbolImage {
-                anchors.centerIn: parent
-                name: "progress.indicator"
-                size: Math.round(0.6 * parent.width)
-                color: Theme.ink
-
-                NumberAnimation on turn {
-                    running: root.ticker.isFetchingRevenue && Theme.animates
-                    loops: Animation.Infinite
-                    to: 360
-                    duration: Theme.pulseDuration
-                }
-            }
+            running: root.ticker.isFetchingRevenue
+            factor: 0.6
         }
         InkText {
             id: fetching

@@ -29,6 +29,9 @@ QtObject {
     readonly property color separator: Qt.alpha(ink, 0.08)
     readonly property color divider: Qt.alpha(ink, 0.1)
     readonly property color switchedOff: Qt.alpha(ink, 0.18)
+    readonly property color chipFill: Qt.alpha(ink, 0.08)
+    readonly property color strongFill: Qt.alpha(ink, 0.8)
+    readonly property color chartFill: Qt.alpha(accent, 0.25)
     readonly property color badgeFill: Qt.alpha(accent, 0.18)
 
     readonly property string family: "Inter"
@@ -67,6 +70,7 @@ QtObject {
     readonly property bool animates: Appearance.animates
     readonly property int modeDuration: animates ? 180 : 0
     readonly property int editorDuration: animates ? 200 : 0
+    readonly property int listDuration: animates ? 200 : 0
     readonly property int chipDuration: animates ? 150 : 0
     readonly property int borderDuration: animates ? 150 : 0
     readonly property int pulseDuration: 900

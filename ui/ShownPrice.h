@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/TickerViewModel.h"
+
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+#include <optional>
+
+namespace glimmet {
+
+/// The symbol that the prices stand at and what is known of its price; it follows the ticker.
+class ShownPrice : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(glimmet::TickerViewModel *ticker READ ticker WRITE setTicker NOTIFY tickerChanged REQUIRED)
+    /// Seconds that a symbol stays.
+    Q_PROPERTY(int interval READ interval NOTIFY intervalChanged)
+    /// The symbol's place in the list; -1 where none is on show.
+    Q_PROPERTY(int index READ index NOTIFY changed)
+    Q_PROPERTY(bool hasSymbol READ hasSymbol NOTIFY changed)
+    /// Whether its price has points to draw.
+    Q_PROPERTY(bool hasChart READ hasChart NOTIFY changed)
+    /// The price's texts and points; empty while it is not known.
+    Q_PROPERTY(QString shortName READ shortName NOTIFY changed)
+    Q_PROPERTY(QString menuBarString READ menuBarString NOTIFY changed)
+    Q_PROPERTY(QList<double> history READ history NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    /// `index`; -1 where the list has no entry there.
+    static int indexOnShow(const QStringList &symbols, qint64 index);
+
+    TickerViewModel *ticker() const { return m_ticker; }
+    void setTicker(TickerViewModel *ticker);
+
+    int interval() const;
+    int index() const { return m_index; }
+    bool hasSymbol() const { return m_index >= 0; }
+    bool hasChart() const { return m_price && !m_price->history.isEmpty(); }
+    QString shortName() const { return m_price ? m_price->shortName() : QString(); }
+    QString menuBarString() const { return m_price ? m_price->menuBarString() : QString(); }
+    QList<double> history() const { return m_price ? m_price->history : QList<double>(); }
+
+signals:
+    void tickerChanged();
+    void intervalChanged();
+    void changed();
+
+private:
+    void follow();
+
+    QPointer<TickerViewModel> m_ticker;
+    int m_index = -1;
+    std::optional<CryptoPrice> m_price;
+};
+
+} // namespace glimmet

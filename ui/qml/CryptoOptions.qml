@@ -1,0 +1,163 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Glimmet
+
+Column {
+    id: root
+
+    required property TickerViewModel ticker
+
+    readonly property bool hasSymbols: ticker.cryptoSymbols.length > 0
+
+    function add(text: string) {
+        ticker.addCryptoSymbol(text);
+        newSymbol.clear();
+    }
+
+    function remove(chip: SymbolChip, index: int) {
+        const hadKeyboard = chip.hasKeyboard;
+        ticker.removeCryptoSymbol(chip.symbol);
+        if (hadKeyboard)
+            keepKeyboardNear(index);
+    }
+
+    // Without this the keyboard would start again from the panel's top.
+    function keepKeyboardNear(index: int) {
+        if (hasSymbols)
+            (chips.itemAt(Math.min(index, chips.count - 1)) as SymbolChip).takeKeyboard();
+        else
+            newSymbol.takeKeyboard();
+    }
+
+    spacing: 12
+
+    ShownPrice {
+        id: price
+        ticker: root.ticker
+    }
+
+    SectionLabel {
+        text: "SYMBOLS"
+    }
+    FlowLayout {
+        id: flow
+        width: root.width
+        height: implicitHeight
+        spacing: Theme.rowSpacing
+        duration: Theme.listDuration
+        visible: root.hasSymbols
+
+        Behavior on height {
+            enabled: flow.isLaidOut
+
+            NumberAnimation {
+                duration: Theme.listDuration
+                easing.type: Theme.easeInOut
+            }
+        }
+
+        Repeater {
+            id: chips
+            model: TextListModel {
+                entries: root.ticker.cryptoSymbols
+            }
+
+            SymbolChip {
+                id: chip
+
+                required property int index
+                required property string entry
+
+                symbol: entry
+                shown: price.index === index
+                maximumWidth: root.width
+                onRemoved: root.remove(chip, index)
+
+                NumberAnimation on opacity {
+                    running: flow.isLaidOut
+                    from: 0
+                    to: 1
+                    duration: Theme.listDuration
+                    easing.type: Theme.easeInOut
+                }
+            }
+        }
+    }
+    EntryRow {
+        id: newSymbol
+        width: root.width
+        placeholderText: "BTC, ETH-USD, AAPL…"
+        fontFamily: Theme.monospacedFamily
+        buttonText: "Add"
+        onEntered: text => root.add(text)
+    }
+    ChipRow {
+        title: "REFRESH EVERY"
+
+        Repeater {
+            model: PriceFaces.intervals
+
+            UnifiedChip {
+                required property int modelData
+
+                label: PriceFaces.intervalLabel(modelData)
+                symbol: "arrow.clockwise"
+                selected: price.interval === modelData
+                onTapped: root.ticker.cryptoRotateInterval = modelData
+            }
+        }
+    }
+    Column {
+        spacing: Theme.rowSpacing
+        visible: price.hasSymbol
+
+        RoundedBox {
+            id: area
+            width: root.width
+            height: 80
+            color: Theme.fieldFill
+            radius: Theme.rowRadius
+
+            MiniPriceChart {
+                anchors.fill: parent
+                shortName: price.shortName
+                menuBarString: price.menuBarString
+                history: price.history
+                visible: price.hasChart
+            }
+            Row {
+                id: busy
+                anchors.centerIn: parent
+                spacing: 6
+                visible: !price.hasChart
+
+                Spinner {
+                    anchors.verticalCenter: parent.verticalCenter
+                    running: busy.visible
+                    factor: 0.7
+                }
+                InkText {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: "Fetching chart…"
+                    color: Theme.softText
+                    font.pixelSize: Theme.buttonSize
+                }
+            }
+        }
+        PlainButton {
+            leftPadding: 10
+            rightPadding: 10
+            topPadding: 5
+            bottomPadding: 5
+            text: "Refresh"
+            onClicked: root.ticker.fetchAllCryptoPrices()
+        }
+    }
+    InkText {
+        width: root.width
+        text: Wording.pricesHelp(price.interval)
+        color: Theme.helpText
+        font.pixelSize: Theme.smallSize
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import Glimmet
+
+// A field with the button that takes what is typed in it, as Return does.
+Row {
+    id: root
+
+    required property string buttonText
+    property string fieldName: placeholderText
+    property int verticalPadding: 7
+    property alias text: field.text
+    property alias placeholderText: field.placeholderText
+    property alias fontFamily: field.font.family
+
+    signal entered(text: string)
+
+    function clear() {
+        field.clear();
+    }
+
+    function takeKeyboard() {
+        field.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function leaveKeyboard() {
+        field.focus = false;
+    }
+
+    spacing: Theme.rowSpacing
+
+    BorderedField {
+        id: field
+        width: root.width - button.width - root.spacing
+        leftPadding: 10
+        rightPadding: 10
+        topPadding: root.verticalPadding
+        bottomPadding: root.verticalPadding
+        cornerRadius: Theme.buttonRadius
+        Accessible.name: root.fieldName
+        onAccepted: root.entered(text)
+    }
+    PlainButton {
+        id: button
+        height: field.height
+        leftPadding: 10
+        rightPadding: 10
+        topPadding: root.verticalPadding
+        bottomPadding: root.verticalPadding
+        text: root.buttonText
+        onClicked: root.entered(field.text)
+    }
+}

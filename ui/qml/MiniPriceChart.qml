@@ -1,0 +1,41 @@
+import QtQuick
+import Glimmet
+
+// A price's curve, whose highest point ends where its name and its value stand over it.
+Item {
+    id: root
+
+    required property string shortName
+    required property string menuBarString
+    required property list<real> history
+
+    implicitHeight: 80
+
+    PriceCurveImage {
+        anchors.bottom: parent.bottom
+        width: root.width
+        height: 72
+        history: root.history
+        lineColor: Theme.accent
+        areaColor: Theme.chartFill
+        lineWidth: 1.5
+        Accessible.role: Accessible.Graphic
+        Accessible.name: Wording.priceChart(root.shortName)
+    }
+    InkText {
+        id: name
+        x: 10
+        y: 1
+        text: root.shortName
+        font.pixelSize: Theme.buttonSize
+        font.weight: Theme.semibold
+    }
+    InkText {
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.baseline: name.baseline
+        text: root.menuBarString
+        color: Theme.choiceInk
+        font.pixelSize: Theme.smallSize
+    }
+}

@@ -1,0 +1,81 @@
+import QtQuick
+import Glimmet
+
+// A symbol of the user's list. The one on show is marked by a fill and a dot.
+RoundedBox {
+    id: root
+
+    required property string symbol
+    required property bool shown
+    required property real maximumWidth
+
+    readonly property bool hasKeyboard: removeButton.visualFocus
+    property color ink: shown ? Theme.background : Theme.ink
+
+    signal removed
+
+    function takeKeyboard() {
+        removeButton.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    implicitWidth: label.x + label.width + removeButton.width
+    implicitHeight: Math.ceil(label.implicitHeight) + 2 * 5
+    radius: Theme.buttonRadius
+    color: shown ? Theme.strongFill : Theme.chipFill
+
+    Behavior on ink {
+        ColorAnimation {
+            duration: Theme.chipDuration
+            easing.type: Theme.easeInOut
+        }
+    }
+    Behavior on color {
+        ColorAnimation {
+            duration: Theme.chipDuration
+            easing.type: Theme.easeInOut
+        }
+    }
+
+    RoundedBox {
+        id: dot
+        x: 8
+        anchors.verticalCenter: parent.verticalCenter
+        width: 5
+        height: 5
+        radius: height / 2
+        color: Theme.accent
+        visible: root.shown
+    }
+    InkText {
+        id: label
+        x: dot.visible ? dot.x + dot.width + 4 : dot.x
+        width: Math.min(Math.ceil(implicitWidth), root.maximumWidth - x - removeButton.width)
+        anchors.verticalCenter: parent.verticalCenter
+        text: Wording.oneLine(root.symbol)
+        color: root.ink
+        font.pixelSize: Theme.smallSize
+        font.weight: Theme.medium
+        elide: Text.ElideRight
+        Accessible.selectable: true
+        Accessible.selected: root.shown
+    }
+    PlainButton {
+        id: removeButton
+        x: label.x + label.width
+        height: root.height
+        // The paddings of the chip make the button easier to hit.
+        leftPadding: 5
+        rightPadding: 8
+        symbol: "xmark"
+        symbolSize: 8
+        ink: root.ink
+        // The whole chip shows the keyboard: around the symbol alone the ring would lie over the text.
+        background: null
+        Accessible.name: Wording.removing(root.symbol)
+        onClicked: root.removed()
+    }
+    FocusRing {
+        cornerRadius: root.radius
+        visible: root.hasKeyboard
+    }
+}
