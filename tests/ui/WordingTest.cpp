@@ -20,6 +20,17 @@ TEST(Wording, defaultsAreCounted)
     EXPECT_EQ(Wording::usingDefaults(10), QStringLiteral("Using defaults (10)"));
 }
 
+TEST(Wording, pricesAreExplainedWithTheirInterval)
+{
+    EXPECT_EQ(Wording::pricesHelp(10),
+        QStringLiteral("Works for crypto (BTC, ETH) and stocks (AAPL, TSLA). Price refreshes every 10s."));
+}
+
+TEST(Wording, aChartIsCalledAfterItsPrice)
+{
+    EXPECT_EQ(Wording::priceChart(QStringLiteral("BTC")), QStringLiteral("BTC price chart"));
+}
+
 TEST(Wording, removingNamesWhatGoes)
 {
     EXPECT_EQ(Wording::removing(QStringLiteral("stay curious ✦")), QStringLiteral("Remove stay curious ✦"));

@@ -73,8 +73,12 @@ Column {
                 maximumWidth: root.width
                 onRemoved: root.remove(chip, index)
 
+                // The first ones are there at once.
+                Component.onCompleted: entrance.running = flow.isLaidOut
+
                 NumberAnimation on opacity {
-                    running: flow.isLaidOut
+                    id: entrance
+                    running: false
                     from: 0
                     to: 1
                     duration: Theme.listDuration

@@ -43,10 +43,11 @@ PanelTestCase {
 
     function test_showsTheEditorOfTheMode_data() {
         return [
-            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0, 0]},
-            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0, 0]},
-            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1, 0]},
-            {tag: "revenue", mode: TickerMode.Revenue, expected: [0, 0, 0, 1]}
+            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0, 0, 0]},
+            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0, 0, 0]},
+            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1, 0, 0]},
+            {tag: "revenue", mode: TickerMode.Revenue, expected: [0, 0, 0, 1, 0]},
+            {tag: "crypto", mode: TickerMode.Crypto, expected: [0, 0, 0, 0, 1]}
         ];
     }
 
@@ -56,13 +57,13 @@ PanelTestCase {
         tryVerify(() => editors(ClockOptions).length === row.expected[0]
             && editors(QuoteOptions).length === row.expected[1]
             && editors(CustomTextOption).length === row.expected[2]
-            && editors(RevenueOptions).length === row.expected[3]);
+            && editors(RevenueOptions).length === row.expected[3]
+            && editors(CryptoOptions).length === row.expected[4]);
         verify(options.visible);
     }
 
     function test_isHiddenWhereThereIsNothingToEdit_data() {
         return [
-            {tag: "crypto", mode: TickerMode.Crypto},
             {tag: "deadline", mode: TickerMode.Deadline}
         ];
     }

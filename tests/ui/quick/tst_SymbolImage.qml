@@ -32,7 +32,7 @@ PanelTestCase {
         return ["clock", "text.bubble", "pencil", "dollarsign.circle", "chart.line.uptrend.xyaxis", "timer",
             "xmark.circle.fill", "arrow.clockwise", "progress.indicator", "bolt.circle", "chart.bar.fill", "creditcard",
             "s.circle.fill", "l.circle.fill", "dollarsign", "bag", "chart.bar", "crown", "sun.max", "7.square",
-            "calendar", "infinity"].map(name => ({tag: name}));
+            "calendar", "infinity", "xmark"].map(name => ({tag: name}));
     }
 
     function test_everySymbolIsDrawn(row) {

@@ -1,0 +1,549 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "CryptoOptions"
+
+    Component {
+        id: editors
+
+        CryptoOptions {
+            width: 300
+            ticker: testCase.world.ticker
+        }
+    }
+
+    readonly property var manySymbols: Array.from({
+        length: 25
+    }, (_, i) => "SYMBOL" + i)
+
+    property CryptoOptions options: null
+
+    function init() {
+        makeWorld();
+        world.ticker.mode = TickerMode.Crypto;
+        options = make(editors);
+    }
+
+    function chips(): var {
+        return all(options, SymbolChip);
+    }
+
+    function symbols(): var {
+        return chips().map(chip => chip.symbol);
+    }
+
+    function shown(): var {
+        return chips().filter(chip => chip.shown).map(chip => chip.symbol);
+    }
+
+    function flow(): Item {
+        return all(options, FlowLayout)[0];
+    }
+
+    function field(): Item {
+        return all(options, BorderedField)[0];
+    }
+
+    function add(): Item {
+        return buttonOf(options, "Add");
+    }
+
+    function refresh(): Item {
+        return buttonOf(options, "Refresh");
+    }
+
+    function intervals(): var {
+        return all(options, UnifiedChip);
+    }
+
+    function chart(): Item {
+        return all(options, MiniPriceChart)[0];
+    }
+
+    function chartArea(): Item {
+        return chart().parent;
+    }
+
+    function removeButton(chip: Item): Item {
+        return all(chip, PlainButton)[0];
+    }
+
+    function type(words: string) {
+        mouseClick(field());
+        for (const letter of words)
+            keyClick(letter);
+    }
+
+    // Until everything stands where it will stay.
+    function settle() {
+        tryVerify(() => !isPolishScheduled(flow()) && !isPolishScheduled(options));
+        tryVerify(() => flow().height === flow().implicitHeight);
+        tryVerify(() => !isPolishScheduled(options));
+    }
+
+    function setSymbols(list: var) {
+        world.ticker.cryptoSymbols = list;
+        settle();
+    }
+
+    function help(): Item {
+        return all(options, InkText).find(text => text.text.startsWith("Works for crypto"));
+    }
+
+    function test_thePiecesStandTwelveApart() {
+        const label = areaOf(textOf(options, "SYMBOLS"), options);
+        const list = areaOf(flow(), options);
+        const entry = areaOf(field(), options);
+        const every = areaOf(textOf(options, "REFRESH EVERY"), options);
+        const interval = areaOf(intervals()[0], options);
+        const area = areaOf(chartArea(), options);
+
+        compare(label.y, 0);
+        compare(list.y - label.bottom, 12);
+        compare(entry.y - list.bottom, 12);
+        compare(every.y - entry.bottom, 12);
+        compare(area.y - interval.bottom, 12);
+        compare(areaOf(help(), options).y - areaOf(refresh(), options).bottom, 12);
+        compare(options.height, areaOf(help(), options).bottom);
+    }
+
+    function test_eachSymbolHasAChip() {
+        compare(symbols(), ["BTC-USD", "ETH-USD"]);
+        compare(flow().spacing, 6);
+        compare(flow().width, 300);
+        compare(areaOf(chips()[1], options).left - areaOf(chips()[0], options).right, 6);
+        compare(areaOf(chips()[1], options).y, areaOf(chips()[0], options).y);
+    }
+
+    function test_manySymbolsTakeSeveralRows() {
+        setSymbols(manySymbols);
+
+        const rows = [...new Set(chips().map(chip => chip.y))];
+        verify(rows.length > 3);
+        compare(rows[1] - rows[0], chips()[0].height + 6);
+        verify(chips().every(chip => chip.x + chip.width <= 300));
+        compare(flow().height, rows.length * (chips()[0].height + 6) - 6);
+    }
+
+    function test_aLongSymbolStaysInTheEditor() {
+        setSymbols(["BTC", "W".repeat(200), "AAPL"]);
+
+        tryCompare(chips()[2], "x", 0);
+        compare(chips()[1].x, 0);
+        compare(chips()[1].width, 300);
+        verify(chips()[0].y < chips()[1].y && chips()[1].y < chips()[2].y);
+    }
+
+    function test_theChipOfTheSymbolOnShowIsMarked() {
+        compare(shown(), ["BTC-USD"]);
+        world.advance(10);
+        compare(shown(), ["ETH-USD"]);
+        world.advance(10);
+        compare(shown(), ["BTC-USD"]);
+    }
+
+    function test_outOfRangeNothingIsOnShow() {
+        world.ticker.currentCryptoIndex = 2;
+
+        compare(shown(), []);
+        verify(!chartArea().visible);
+        verify(refresh() === null);
+        world.ticker.currentCryptoIndex = 1;
+        compare(shown(), ["ETH-USD"]);
+        verify(chartArea().visible);
+    }
+
+    function test_aSymbolCanBeRemoved() {
+        setSymbols(["A", "B", "C"]);
+
+        mouseClick(removeButton(chips()[1]));
+
+        compare(symbols(), ["A", "C"]);
+        compare(world.storedSymbols(), ["A", "C"]);
+    }
+
+    function test_equalSymbolsGoTogether() {
+        setSymbols(["A", "B", "A"]);
+        compare(shown(), ["A"]);
+
+        mouseClick(removeButton(chips()[2]));
+
+        compare(symbols(), ["B"]);
+    }
+
+    function test_theOtherChipsAreKeptAndGlide() {
+        setSymbols(["AAAAAAAA", "B", "C"]);
+        const c = chips()[2];
+        const x = c.x;
+
+        mouseClick(removeButton(chips()[0]));
+
+        verify(chips()[1] === c);
+        tryVerify(() => c.x < x && c.x > chips()[0].width + 6);
+        tryVerify(() => c.x === chips()[0].width + 6);
+    }
+
+    function test_aNewChipFadesIn() {
+        world.ticker.addCryptoSymbol("aapl");
+
+        verify(chips()[2].opacity < 1);
+        tryCompare(chips()[2], "opacity", 1);
+        compare(chips()[0].opacity, 1);
+    }
+
+    function test_theFirstChipsAreThereAtOnce() {
+        verify(chips().every(chip => chip.opacity === 1));
+        compare(flow().height, flow().implicitHeight);
+        verify(flow().height > 0);
+    }
+
+    function test_theHeightFollowsSlowly() {
+        const height = flow().height;
+
+        world.ticker.cryptoSymbols = manySymbols;
+
+        tryVerify(() => flow().height > height && flow().height < flow().implicitHeight);
+        tryVerify(() => flow().height === flow().implicitHeight);
+    }
+
+    function test_theFieldHasItsMeasures() {
+        compare(field().font.pixelSize, 12);
+        compare(field().font.family, Appearance.monospacedFamily);
+        compare(field().leftPadding, 10);
+        compare(field().rightPadding, 10);
+        compare(field().topPadding, 7);
+        compare(field().bottomPadding, 7);
+        compare(field().background.radius, 7);
+        compare(field().background.borderWidth, 1.5);
+        compareInk(field().background.color, 0.04);
+        compareInk(field().background.borderColor, 0.12);
+        verify(textOf(field(), "BTC, ETH-USD, AAPL…") !== null);
+        compareFont(textOf(options, "Add"), 11, 400);
+        compare(add().leftPadding, 10);
+        compare(add().topPadding, 7);
+        compareInk(add().background.color, 0.07);
+        compare(areaOf(add(), options).right, 300);
+    }
+
+    function test_theFieldsBorderTakesTheAccentWhileItHasTheFocus() {
+        mouseClick(field());
+
+        tryVerify(() => isColor(field().background.borderColor, Appearance.accent));
+    }
+
+    function test_returnAndTheButtonAddASymbol_data() {
+        return [{tag: "return"}, {tag: "add"}];
+    }
+
+    function test_returnAndTheButtonAddASymbol(row) {
+        type(" aapl ");
+
+        if (row.tag === "return")
+            keyClick(Qt.Key_Return);
+        else
+            mouseClick(add());
+
+        compare(symbols(), ["BTC-USD", "ETH-USD", "AAPL"]);
+        compare(world.storedSymbols(), ["BTC-USD", "ETH-USD", "AAPL"]);
+        compare(field().text, "");
+    }
+
+    function test_severalSymbolsAreAddedAtOnce() {
+        type("sol, aapl,btc-usd");
+
+        keyClick(Qt.Key_Return);
+
+        compare(symbols(), ["BTC-USD", "ETH-USD", "SOL", "AAPL"]);
+    }
+
+    function test_aKnownOrEmptySymbolOnlyEmptiesTheField_data() {
+        return [{tag: "known", text: "eth-usd"}, {tag: "blank", text: "  "}, {tag: "empty", text: ""}];
+    }
+
+    function test_aKnownOrEmptySymbolOnlyEmptiesTheField(row) {
+        type(row.text);
+        const before = world.priceFetches();
+
+        keyClick(Qt.Key_Return);
+
+        compare(symbols(), ["BTC-USD", "ETH-USD"]);
+        compare(field().text, "");
+        compare(world.priceFetches(), before);
+    }
+
+    function test_afterAnEntryTheNextOneCanBeTyped() {
+        type("sol");
+        keyClick(Qt.Key_Return);
+
+        verify(field().activeFocus);
+    }
+
+    function test_anAddedSymbolFetchesEveryPriceOnce() {
+        type("sol");
+        const before = world.priceFetches();
+
+        keyClick(Qt.Key_Return);
+
+        compare(world.pricesAskedSince(before), ["BTC-USD", "ETH-USD", "SOL"]);
+    }
+
+    function test_aRemovedSymbolFetchesTheRest() {
+        const before = world.priceFetches();
+
+        mouseClick(removeButton(chips()[0]));
+
+        compare(world.pricesAskedSince(before), ["ETH-USD"]);
+    }
+
+    function test_theIntervalsStandInOrder() {
+        compare(intervals().map(chip => chip.label), ["5s", "10s", "30s", "60s"]);
+        verify(intervals().every(chip => chip.symbol === "arrow.clockwise"));
+        compare(intervals().filter(chip => chip.selected).map(chip => chip.label), ["10s"]);
+    }
+
+    function test_aTapSetsTheInterval_data() {
+        return [{tag: "5s", seconds: 5}, {tag: "10s", seconds: 10}, {tag: "30s", seconds: 30}, {tag: "60s", seconds: 60}];
+    }
+
+    function test_aTapSetsTheInterval(row) {
+        const before = world.priceFetches();
+
+        mouseClick(intervals().find(chip => chip.label === row.tag));
+
+        compare(world.ticker.cryptoRotateInterval, row.seconds);
+        compare(intervals().filter(chip => chip.checked).map(chip => chip.label), [row.tag]);
+        compare(help().text,
+            "Works for crypto (BTC, ETH) and stocks (AAPL, TSLA). Price refreshes every " + row.tag + ".");
+        compare(world.priceFetches(), before);
+    }
+
+    function test_anIntervalThatIsNotOfferedSelectsNone() {
+        world.ticker.cryptoRotateInterval = 7;
+
+        verify(intervals().every(chip => !chip.selected && !chip.checked));
+        verify(help().text.endsWith("every 7s."));
+    }
+
+    function test_theHelpLineWrapsUnderEverything() {
+        compareFont(help(), 10, 400);
+        compareInk(help().color, 0.35);
+        compare(help().width, 300);
+        compare(help().wrapMode, Text.Wrap);
+    }
+
+    function test_theChartAreaHasItsMeasures() {
+        compare(chartArea().width, 300);
+        compare(chartArea().height, 80);
+        compare(chartArea().radius, 8);
+        compareInk(chartArea().color, 0.04);
+        compare(areaOf(chart(), chartArea()), Qt.rect(0, 0, 300, 80));
+    }
+
+    function test_untilThePriceComesItSaysSo() {
+        const text = textOf(options, "Fetching chart…");
+        const spinner = all(options, Spinner)[0];
+        const busy = text.parent;
+
+        compareFont(text, 11, 400);
+        compareInk(text.color, 0.4);
+        compare(spinner.factor, 0.7);
+        verify(spinner.visible && spinner.running);
+        fuzzyCompare(areaOf(busy, chartArea()).x + areaOf(busy, chartArea()).right, 300, 1);
+        fuzzyCompare(areaOf(busy, chartArea()).y + areaOf(busy, chartArea()).bottom, 80, 1);
+        verify(!chart().visible);
+    }
+
+    function test_aPriceThatComesIsDrawn() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+
+        verify(chart().visible);
+        compare(chart().shortName, "BTC");
+        compare(chart().menuBarString, "BTC $97,012 (↑1.3%)");
+        compare(chart().history, [95000, 97012]);
+        compare(textOf(options, "Fetching chart…"), null);
+        verify(!all(options, Spinner)[0].running);
+    }
+
+    function test_aPriceWithoutHistoryIsStillFetching() {
+        world.storePrice("BTC-USD", 97012, 1.3, []);
+
+        verify(!chart().visible);
+        verify(textOf(options, "Fetching chart…") !== null);
+    }
+
+    function test_aFailedFetchKeepsTheChart() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+        mouseClick(refresh());
+
+        world.failPrice("BTC-USD");
+
+        verify(chart().visible);
+        compare(chart().menuBarString, "BTC $97,012 (↑1.3%)");
+    }
+
+    function test_theChartFollowsTheStoredPrice() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+        const before = grabImage(options);
+
+        world.storePrice("BTC-USD", 97012, 1.3, [97012, 95000]);
+
+        compare(chart().history, [97012, 95000]);
+        verify(!grabImage(options).equals(before));
+    }
+
+    function test_theChartFollowsTheRotation() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+        world.storePrice("ETH-USD", 3200, 0, [3100, 3200]);
+
+        world.advance(10);
+
+        compare(chart().shortName, "ETH");
+        compare(chart().history, [3100, 3200]);
+    }
+
+    function test_aPriceOfAnotherSymbolChangesNothing() {
+        world.storePrice("ETH-USD", 3200, 0, [3100, 3200]);
+
+        verify(!chart().visible);
+    }
+
+    function test_refreshStandsUnderTheChart() {
+        compareFont(textOf(options, "Refresh"), 11, 400);
+        compare(refresh().leftPadding, 10);
+        compare(refresh().rightPadding, 10);
+        compare(refresh().topPadding, 5);
+        compare(refresh().bottomPadding, 5);
+        compareInk(refresh().background.color, 0.07);
+        compare(areaOf(refresh(), options).x, 0);
+        compare(areaOf(refresh(), options).y - areaOf(chartArea(), options).bottom, 6);
+    }
+
+    function test_refreshFetchesEveryPriceOnce() {
+        setSymbols(["A", "B", "C"]);
+        const before = world.priceFetches();
+
+        mouseClick(refresh());
+
+        compare(world.pricesAskedSince(before), ["A", "B", "C"]);
+    }
+
+    function test_withoutSymbolsTheFieldAndTheIntervalsRemain() {
+        setSymbols([]);
+
+        compare(chips().length, 0);
+        verify(!flow().visible);
+        verify(!chartArea().visible);
+        compare(refresh(), null);
+        compare(textOf(options, "Fetching chart…"), null);
+        verify(field().visible);
+        compare(intervals().length, 4);
+        tryVerify(() => areaOf(field(), options).y - areaOf(textOf(options, "SYMBOLS"), options).bottom === 12);
+        tryVerify(() => options.height === areaOf(help(), options).bottom);
+    }
+
+    function test_theFirstSymbolOfAnEmptyListIsShown() {
+        setSymbols([]);
+        type("btc");
+
+        keyClick(Qt.Key_Return);
+
+        tryVerify(() => chips().length === 1 && chips()[0].visible);
+        compare(shown(), ["BTC"]);
+        verify(chartArea().visible);
+        tryVerify(() => areaOf(field(), options).y - areaOf(chips()[0], options).bottom === 12);
+    }
+
+    function test_theKeyboardStaysNearARemovedSymbol() {
+        setSymbols(["A", "B", "C"]);
+        chips()[1].takeKeyboard();
+
+        keyClick(Qt.Key_Space);
+        verify(chips()[1].hasKeyboard);
+        compare(chips()[1].symbol, "C");
+        keyClick(Qt.Key_Return);
+        verify(chips()[0].hasKeyboard);
+        keyClick(Qt.Key_Return);
+
+        compare(world.ticker.cryptoSymbols, []);
+        verify(field().activeFocus);
+    }
+
+    function test_aMouseTakesNoKeyboardFocus() {
+        mouseClick(removeButton(chips()[0]));
+
+        verify(chips().every(chip => !chip.hasKeyboard));
+    }
+
+    function test_theKeyboardStaysWhereItIsWhileSymbolsCome() {
+        setSymbols(["A", "B"]);
+        chips()[1].takeKeyboard();
+
+        world.ticker.addCryptoSymbol("C");
+
+        verify(chips()[1].hasKeyboard);
+    }
+
+    function test_tabVisitsEverythingInOrder() {
+        chips()[0].takeKeyboard();
+        tab();
+        verify(chips()[1].hasKeyboard);
+        tab();
+        verify(field().activeFocus);
+        tab();
+        verify(add().visualFocus);
+        for (const chip of intervals()) {
+            tab();
+            verify(chip.visualFocus);
+        }
+        tab();
+        verify(refresh().visualFocus);
+    }
+
+    function test_tabVisitsInsertedSymbolsInTheirPlaces() {
+        setSymbols(["B"]);
+        setSymbols(["A", "B"]);
+        chips().find(chip => chip.symbol === "A").takeKeyboard();
+
+        tab();
+
+        verify(chips().find(chip => chip.symbol === "B").hasKeyboard);
+    }
+
+    function test_everythingWorksByKeyboard() {
+        const before = world.priceFetches();
+        refresh().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+        compare(world.priceFetches(), before + 2);
+
+        intervals()[3].forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        compare(world.ticker.cryptoRotateInterval, 60);
+    }
+
+    function test_everythingIsToldByItsName() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+
+        const told = reader.told(options);
+        for (const line of ["StaticText SYMBOLS", "StaticText BTC-USD", "Button Remove BTC-USD",
+                "Button Remove ETH-USD", "EditableText BTC, ETH-USD, AAPL…", "Button Add", "StaticText REFRESH EVERY",
+                "RadioButton 10s [x]", "RadioButton 60s [ ]", "Graphic BTC price chart",
+                "StaticText BTC $97,012 (↑1.3%)", "Button Refresh"])
+            verify(told.includes(line), line);
+    }
+
+    function test_aScreenReaderUsesEverything() {
+        const before = world.priceFetches();
+
+        verify(reader.press(options, "Remove BTC-USD"));
+        compare(world.ticker.cryptoSymbols, ["ETH-USD"]);
+        verify(reader.press(options, "30s"));
+        compare(world.ticker.cryptoRotateInterval, 30);
+        verify(reader.press(options, "Refresh"));
+        compare(world.pricesAskedSince(before), ["ETH-USD", "ETH-USD"]);
+        field().text = "sol";
+        verify(reader.press(options, "Add"));
+        compare(world.ticker.cryptoSymbols, ["ETH-USD", "SOL"]);
+    }
+}

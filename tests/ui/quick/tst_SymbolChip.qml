@@ -1,0 +1,150 @@
+import QtQuick
+import QtTest
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "SymbolChip"
+
+    Component {
+        id: chips
+
+        SymbolChip {
+            symbol: "AAPL"
+            shown: false
+            maximumWidth: 300
+        }
+    }
+
+    SignalSpy {
+        id: removals
+        signalName: "removed"
+    }
+
+    property SymbolChip chip: null
+
+    function init() {
+        makeWorld();
+        chip = make(chips);
+        removals.target = chip;
+        removals.clear();
+    }
+
+    function label(): Item {
+        return all(chip, InkText).find(text => text.text === chip.symbol || text.truncated);
+    }
+
+    function removeButton(): Item {
+        return all(chip, PlainButton)[0];
+    }
+
+    function dot(): Item {
+        return all(chip, RoundedBox).find(box => box.width === 5) ?? null;
+    }
+
+    function test_showsItsSymbolInItsPaddings() {
+        compareFont(label(), 10, 500);
+        compare(areaOf(label(), chip).left, 8);
+        fuzzyCompare(areaOf(label(), chip).top, 5, 1);
+        fuzzyCompare(chip.height - areaOf(label(), chip).bottom, 5, 1);
+        compare(chip.radius, 7);
+    }
+
+    function test_theCrossStandsAtTheRight() {
+        const cross = all(removeButton(), SymbolImage)[0];
+
+        compare(cross.name, "xmark");
+        compare(cross.width, 8);
+        compare(chip.width - areaOf(cross, chip).right, 8);
+        fuzzyCompare(areaOf(cross, chip).y + areaOf(cross, chip).bottom, chip.height, 1);
+    }
+
+    function test_theCrossIsEasyToHit() {
+        const area = areaOf(removeButton(), chip);
+
+        compare(area.right, chip.width);
+        compare(area.height, chip.height);
+        verify(area.width >= 20);
+        mouseClick(chip, chip.width - 2, 2);
+        compare(removals.count, 1);
+    }
+
+    function test_aClickOnTheSymbolRemovesNothing() {
+        mouseClick(chip, 12, 10);
+
+        compare(removals.count, 0);
+    }
+
+    function test_isFaintWhileItIsNotOnShow() {
+        compareInk(chip.color, 0.08);
+        compareInk(label().color, 1);
+        compareInk(removeButton().ink, 1);
+        verify(!dot().visible);
+    }
+
+    function test_isMarkedWhileItIsOnShow() {
+        const width = chip.width;
+
+        chip.shown = true;
+
+        tryVerify(() => isColor(chip.color, Appearance.ink, 0.8));
+        tryVerify(() => isColor(label().color, Appearance.background));
+        compare(removeButton().ink, label().color);
+        compareAccent(dot().color, 1);
+        compare(dot().height, 5);
+        compare(areaOf(dot(), chip).x, 8);
+        compare(areaOf(label(), chip).left - areaOf(dot(), chip).right, 4);
+        compare(chip.width, width + 9);
+        fuzzyCompare(areaOf(dot(), chip).y + areaOf(dot(), chip).bottom, chip.height, 1);
+    }
+
+    function test_aLongSymbolEndsInAnEllipsis() {
+        chip.symbol = "W".repeat(5000);
+
+        compare(chip.width, 300);
+        verify(label().truncated);
+        compare(areaOf(removeButton(), chip).right, 300);
+        verify(areaOf(label(), chip).right <= areaOf(removeButton(), chip).left);
+    }
+
+    function test_isAsWideAsItsSymbol() {
+        const width = chip.width;
+
+        chip.symbol = "AAPLAAPL";
+
+        verify(chip.width > width);
+        verify(!label().truncated);
+    }
+
+    function test_theWholeChipShowsTheKeyboard() {
+        const ring = all(chip, FocusRing).find(candidate => candidate.parent === chip);
+        verify(!ring.visible);
+
+        chip.takeKeyboard();
+
+        verify(chip.hasKeyboard);
+        verify(ring.visible);
+        verify(ring.width > chip.width);
+        compare(all(removeButton(), FocusRing).length, 0);
+    }
+
+    function test_theKeyboardRemovesIt_data() {
+        return [{tag: "space", key: Qt.Key_Space}, {tag: "return", key: Qt.Key_Return}, {tag: "enter", key: Qt.Key_Enter}];
+    }
+
+    function test_theKeyboardRemovesIt(row) {
+        chip.takeKeyboard();
+
+        keyClick(row.key);
+
+        compare(removals.count, 1);
+    }
+
+    function test_isToldByWhatItDoes() {
+        compare(reader.told(chip).filter(line => !line.startsWith("Client")), ["StaticText AAPL", "Button Remove AAPL"]);
+
+        verify(reader.press(chip, "Remove AAPL"));
+
+        compare(removals.count, 1);
+    }
+}
