@@ -126,9 +126,15 @@ bool isNear(const QColor &one, const QColor &other)
         && std::abs(one.blue() - other.blue()) <= colorTolerance;
 }
 
+/// The component says where to look; what is drawn may move to another one.
+QString typeIn(const QString &what)
+{
+    return what.section(u'.', -1);
+}
+
 bool isSame(const DrawnItem &one, const DrawnItem &other)
 {
-    return one.what == other.what && one.text == other.text && one.style == other.style
+    return typeIn(one.what) == typeIn(other.what) && one.text == other.text && one.style == other.style
         && isNear(one.area, other.area) && isNear(one.pixel, other.pixel);
 }
 

@@ -89,6 +89,11 @@ struct Picture {
     ColorScheme scheme = ColorScheme::Light;
 };
 
+void PrintTo(const Picture &picture, std::ostream *stream)
+{
+    *stream << picture.scene.name.toStdString();
+}
+
 QList<Picture> pictures()
 {
     QList<Picture> all;
