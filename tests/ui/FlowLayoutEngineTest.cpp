@@ -114,6 +114,10 @@ TEST(FlowLayoutEngine, aHeightIsNeverNegative)
 {
     EXPECT_EQ(engine.sizeThatFits(100, {}).height(), 0);
     EXPECT_EQ(engine.sizeThatFits(100, { QSizeF(40, 0) }).height(), 0);
+
+    const FlowLayoutEngine overlapping{ -30 };
+    EXPECT_EQ(overlapping.sizeThatFits(5, chips({ 40, 40 })).height(), 10);
+    EXPECT_EQ(overlapping.sizeThatFits(5, chips({ 40, 40, 40, 40 })).height(), 0);
 }
 
 TEST(FlowLayoutEngine, anEndlessWidthIsReportedAsProposed)
