@@ -1,22 +1,10 @@
 #include "platform/ClockText.h"
 
-#include <unicode/simpletz.h>
+#include "platform/IcuDates.h"
+
 #include <unicode/smpdtfmt.h>
 
-#include <memory>
-
 namespace glimmet {
-namespace {
-
-/// Only the offset of this moment matters to a clock. The system's rules give it: they are newer than those
-/// inside ICU and also serve zones without a name ("EST5EDT", a copied /etc/localtime).
-std::unique_ptr<icu::TimeZone> zoneAt(Instant moment, const UserRegion &region)
-{
-    return std::make_unique<icu::SimpleTimeZone>(
-        region.utcOffset(moment) * 1000, icu::UnicodeString(u"local"));
-}
-
-} // namespace
 
 QString clockText(const char16_t *pattern, Instant moment, const UserRegion &region)
 {
@@ -28,7 +16,7 @@ QString clockText(const char16_t *pattern, Instant moment, const UserRegion &reg
     format.adoptTimeZone(zoneAt(moment, region).release());
     icu::UnicodeString text;
     format.format(moment.unixMilliseconds(), text);
-    return QString(reinterpret_cast<const QChar *>(text.getBuffer()), text.length());
+    return toQString(text);
 }
 
 } // namespace glimmet

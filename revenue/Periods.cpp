@@ -1,44 +1,24 @@
 #include "revenue/Periods.h"
 
 #include "platform/UserRegion.h"
-
-#include <cmath>
+#include "platform/WallClock.h"
 
 namespace glimmet::Periods {
 namespace {
 
 constexpr double day = 86400;
 
-double unixSeconds(Instant moment)
-{
-    return moment.unixMilliseconds() / 1000.0;
-}
-
-/// What the user's wall clock shows at `moment`, as seconds since it showed the beginning of 1970.
-double wallClock(Instant moment, const UserRegion &region)
-{
-    return unixSeconds(moment) + region.utcOffset(moment);
-}
-
-/// When the wall clock shows that: the first time where it does so twice, and where it never does, as far
-/// behind the gap as the time is inside it.
+/// When the wall clock shows that: the first time where it does so twice.
 Instant momentOf(double wallClockSeconds, const UserRegion &region)
 {
-    const auto at = [&](double offset) { return Instant::fromUnixSeconds(wallClockSeconds - offset); };
-    // A day to either side lies beyond the change of the clock, if there is one near.
-    const int before = region.utcOffset(at(day));
-    const int after = region.utcOffset(at(-day));
-    if (region.utcOffset(at(before)) != before && region.utcOffset(at(after)) == after)
-        return at(after);
-    return at(before);
+    return WallClock::momentsOf(wallClockSeconds, region).first;
 }
 
 } // namespace
 
 QDate dateAt(Instant moment, const UserRegion &region)
 {
-    const double days = std::floor(wallClock(moment, region) / day);
-    return QDate(1970, 1, 1).addDays(static_cast<qint64>(days));
+    return WallClock::dateAt(moment, region);
 }
 
 Instant startOfDay(QDate date, const UserRegion &region)
@@ -52,7 +32,7 @@ Instant weekBefore(Instant moment, const UserRegion &region)
     const Instant sevenDaysAgo = moment.advanced(-7 * day);
     if (region.utcOffset(sevenDaysAgo) == region.utcOffset(moment))
         return sevenDaysAgo;
-    return momentOf(wallClock(moment, region) - 7 * day, region);
+    return momentOf(WallClock::secondsAt(moment, region) - 7 * day, region);
 }
 
 QDate firstOfMonth(QDate date)

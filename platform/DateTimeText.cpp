@@ -1,0 +1,62 @@
+#include "platform/DateTimeText.h"
+
+#include "platform/IcuDates.h"
+
+#include <unicode/datefmt.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace glimmet {
+namespace {
+
+using Format = std::unique_ptr<icu::DateFormat>;
+
+constexpr double dayLength = 86400;
+// As far as ICU's calendar reaches, in milliseconds to either side of 1970.
+constexpr double furthest = 8.64e15;
+
+QString formatted(const Format &format, std::unique_ptr<icu::TimeZone> zone, double unixMilliseconds)
+{
+    if (!format)
+        return {};
+    format->adoptTimeZone(zone.release());
+    icu::UnicodeString text;
+    format->format(std::clamp(unixMilliseconds, -furthest, furthest), text);
+    return toQString(text);
+}
+
+/// The day by itself, without a zone that could move it.
+QString formatted(const Format &format, QDate date)
+{
+    const auto days = static_cast<double>(QDate(1970, 1, 1).daysTo(date));
+    return formatted(format, std::unique_ptr<icu::TimeZone>(icu::TimeZone::createTimeZone(u"UTC")),
+        days * dayLength * 1000);
+}
+
+} // namespace
+
+QString mediumDateTimeText(Instant moment, const UserRegion &region)
+{
+    const Format format(icu::DateFormat::createDateTimeInstance(
+        icu::DateFormat::kMedium, icu::DateFormat::kShort, gregorian(region.localeName())));
+    const double milliseconds = std::clamp(moment.unixMilliseconds(), -furthest, furthest);
+    return formatted(format, zoneAt(Instant::fromUnixSeconds(milliseconds / 1000), region), milliseconds);
+}
+
+QString fullDateText(QDate date, const QByteArray &locale)
+{
+    return formatted(
+        Format(icu::DateFormat::createDateInstance(icu::DateFormat::kFull, gregorian(locale))), date);
+}
+
+QString monthText(QDate date, const QByteArray &locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    Format format(icu::DateFormat::createInstanceForSkeleton(u"yMMMM", gregorian(locale), status));
+    if (U_FAILURE(status))
+        return {};
+    return formatted(format, date);
+}
+
+} // namespace glimmet

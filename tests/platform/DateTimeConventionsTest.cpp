@@ -1,0 +1,147 @@
+#include "platform/DateTimeConventions.h"
+
+#include "tests/support/Printing.h"
+
+#include <gmock/gmock.h>
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+/// The fields as a pattern: "M" for a month of one digit, "MM" for one of two.
+QString pattern(const QList<FieldPlace> &places)
+{
+    QString text;
+    for (const FieldPlace &place : places)
+        text += QString(place.digits, u"yMdhma"_s.at(static_cast<int>(place.field))) + place.separator;
+    return text;
+}
+
+QString datePattern(const char *locale)
+{
+    return pattern(dateTimeConventions(locale).dateFields);
+}
+
+QString timePattern(const char *locale)
+{
+    return pattern(dateTimeConventions(locale).timeFields);
+}
+
+TEST(DateTimeConventions, haveTheLocalesOrderAndSeparators)
+{
+    EXPECT_EQ(datePattern("en_US"), u"MM/dd/y"_s);
+    EXPECT_EQ(datePattern("en_GB"), u"dd/MM/y"_s);
+    EXPECT_EQ(datePattern("de_DE"), u"dd.MM.y"_s);
+    EXPECT_EQ(datePattern("ja_JP"), u"y/MM/dd"_s);
+    EXPECT_EQ(datePattern("sv_SE"), u"y-MM-dd"_s);
+    EXPECT_EQ(datePattern("ko_KR"), u"y. MM. dd."_s);
+}
+
+TEST(DateTimeConventions, have12HoursOnlyWhereTheLocaleHas)
+{
+    EXPECT_EQ(timePattern("en_US"), u"h:mm\u202Fa"_s);
+    EXPECT_TRUE(dateTimeConventions("en_US").uses12Hours);
+    for (const char *locale : { "en_GB", "de_DE" }) {
+        EXPECT_EQ(timePattern(locale), u"hh:mm"_s) << locale;
+        EXPECT_FALSE(dateTimeConventions(locale).uses12Hours) << locale;
+    }
+    EXPECT_EQ(timePattern("ja_JP"), u"h:mm"_s);
+    EXPECT_EQ(timePattern("ko_KR"), u"a h:mm"_s);
+}
+
+// The marks of direction in "d‏/M‏/y" put the year to the left; without them a Persian date is read like
+// a number.
+TEST(DateTimeConventions, standAsTheEyeMeetsThemFromTheLeft)
+{
+    EXPECT_EQ(datePattern("ar_EG"), u"y/MM/dd"_s);
+    EXPECT_EQ(timePattern("ar_EG"), u"a h:mm"_s);
+    EXPECT_EQ(datePattern("fa_IR"), u"y/MM/dd"_s);
+    EXPECT_EQ(datePattern("he_IL"), u"dd.MM.y"_s);
+}
+
+TEST(DateTimeConventions, nameTheDayPeriods)
+{
+    EXPECT_THAT(dateTimeConventions("en_US").dayPeriods, ElementsAre(u"AM", u"PM"));
+    EXPECT_THAT(dateTimeConventions("ar_EG").dayPeriods, ElementsAre(u"ص", u"م"));
+    EXPECT_THAT(dateTimeConventions("ja_JP").dayPeriods, ElementsAre(u"午前", u"午後"));
+}
+
+TEST(DateTimeConventions, beginTheWeekAsTheLocaleDoes)
+{
+    EXPECT_EQ(dateTimeConventions("en_US").firstDayOfWeek, Qt::Sunday);
+    EXPECT_EQ(dateTimeConventions("en_GB").firstDayOfWeek, Qt::Monday);
+    EXPECT_EQ(dateTimeConventions("de_DE").firstDayOfWeek, Qt::Monday);
+    EXPECT_EQ(dateTimeConventions("ar_EG").firstDayOfWeek, Qt::Saturday);
+    EXPECT_EQ(dateTimeConventions("ja_JP").firstDayOfWeek, Qt::Sunday);
+}
+
+TEST(DateTimeConventions, nameTheWeekdaysFromTheFirstOn)
+{
+    EXPECT_THAT(
+        dateTimeConventions("en_US").weekdays, ElementsAre(u"Su", u"Mo", u"Tu", u"We", u"Th", u"Fr", u"Sa"));
+    EXPECT_THAT(
+        dateTimeConventions("en_GB").weekdays, ElementsAre(u"Mo", u"Tu", u"We", u"Th", u"Fr", u"Sa", u"Su"));
+    EXPECT_THAT(
+        dateTimeConventions("ja_JP").weekdays, ElementsAre(u"日", u"月", u"火", u"水", u"木", u"金", u"土"));
+}
+
+TEST(DateTimeConventions, serveALocaleThatIsUnknown)
+{
+    const DateTimeConventions conventions = dateTimeConventions("xx_XX");
+
+    EXPECT_EQ(conventions.dateFields.size(), 3);
+    EXPECT_EQ(conventions.weekdays.size(), 7);
+}
+
+TEST(DateTimeConventions, writeNumbersInTheLocalesDigits)
+{
+    EXPECT_EQ(localizedNumber(7, 2, dateTimeConventions("en_US").zeroDigit), u"07"_s);
+    EXPECT_EQ(localizedNumber(2026, 1, dateTimeConventions("ar_EG").zeroDigit), u"٢٠٢٦"_s);
+    EXPECT_EQ(localizedNumber(40, 2, dateTimeConventions("fa_IR").zeroDigit), u"۴۰"_s);
+    EXPECT_EQ(localizedNumber(12, 2, U'𝟎'), u"𝟏𝟐"_s);
+}
+
+TEST(DateTimeConventions, readDigitsOfEveryScript)
+{
+    EXPECT_EQ(digitValue(u"7"_s), 7);
+    EXPECT_EQ(digitValue(u"٧"_s), 7);
+    EXPECT_EQ(digitValue(u"۷"_s), 7);
+    EXPECT_EQ(digitValue(u"７"_s), 7);
+    EXPECT_EQ(digitValue(u"𝟕"_s), 7);
+    for (const QString &text : { u""_s, u"a"_s, u"12"_s, u"\t"_s, u"½"_s })
+        EXPECT_EQ(digitValue(text), -1) << qPrintable(text);
+}
+
+TEST(MonthGrid, beginsWithTheWeekOfTheFirstDay)
+{
+    const QList<QDate> days = monthGrid(QDate(2026, 5, 17), Qt::Monday);
+
+    ASSERT_EQ(days.size(), 42);
+    EXPECT_EQ(days.first(), QDate(2026, 4, 27));
+    EXPECT_EQ(days.at(4), QDate(2026, 5, 1));
+    EXPECT_EQ(days.last(), QDate(2026, 6, 7));
+}
+
+TEST(MonthGrid, beginsWithAnyDayOfTheWeek)
+{
+    EXPECT_EQ(monthGrid(QDate(2026, 5, 1), Qt::Sunday).first(), QDate(2026, 4, 26));
+    EXPECT_EQ(monthGrid(QDate(2026, 5, 1), Qt::Saturday).first(), QDate(2026, 4, 25));
+    EXPECT_EQ(monthGrid(QDate(2026, 5, 1), Qt::Friday).first(), QDate(2026, 5, 1));
+}
+
+TEST(MonthGrid, holdsEveryDayOfItsMonth)
+{
+    for (QDate month(2026, 1, 1); month.year() < 2030; month = month.addMonths(1)) {
+        for (int first = Qt::Monday; first <= Qt::Sunday; ++first) {
+            const QList<QDate> days = monthGrid(month, static_cast<Qt::DayOfWeek>(first));
+            ASSERT_TRUE(days.indexOf(month) >= 0 && days.indexOf(month) < 7);
+            ASSERT_TRUE(days.contains(month.addMonths(1).addDays(-1)));
+            ASSERT_EQ(days.first().dayOfWeek(), first);
+        }
+    }
+}
+
+} // namespace
+} // namespace glimmet
