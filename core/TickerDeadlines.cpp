@@ -3,6 +3,7 @@
 #include "platform/CheckedInteger.h"
 #include "platform/Clock.h"
 #include "platform/PreferencesStore.h"
+#include "platform/Text.h"
 
 /// The deadlines of the TickerViewModel and their rotation.
 namespace glimmet {
@@ -60,11 +61,29 @@ void TickerViewModel::addDeadline(const Deadline &deadline)
     setDeadlines(deadlinesByDate(m_deadlines));
 }
 
+void TickerViewModel::addDeadline(const QString &title, Instant date)
+{
+    const QString trimmed = trimmedBlanks(title);
+    if (trimmed.isEmpty())
+        return;
+    addDeadline(Deadline{ QUuid::createUuid(), trimmed, date });
+}
+
 void TickerViewModel::removeDeadline(const QUuid &id)
 {
     QList<Deadline> remaining = m_deadlines;
     remaining.removeIf([&id](const Deadline &deadline) { return deadline.id == id; });
     setDeadlines(remaining);
+}
+
+void TickerViewModel::removeDeadline(const QString &id)
+{
+    removeDeadline(QUuid(id));
+}
+
+void TickerViewModel::clearDeadlines()
+{
+    setDeadlines({});
 }
 
 void TickerViewModel::loadDeadlines()

@@ -49,6 +49,12 @@ void TickerViewModel::tick()
     handleCryptoRotation();
     handleDeadlineRotation();
     publish(m_currentDisplay, buildText(), &TickerViewModel::currentDisplayChanged);
+    emit ticked();
+}
+
+Instant TickerViewModel::now() const
+{
+    return m_world.clock.now();
 }
 
 QString TickerViewModel::buildText() const

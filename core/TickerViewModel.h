@@ -116,7 +116,17 @@ public:
     /// Those that are still to come, earliest first.
     QList<Deadline> upcomingDeadlines() const;
     void addDeadline(const Deadline &deadline);
+    /// Adds a new deadline of that title without the blanks around it; nothing happens where it is empty.
+    void addDeadline(const QString &title, Instant date);
     void removeDeadline(const QUuid &id);
+    /// The same by the identity's text.
+    Q_INVOKABLE void removeDeadline(const QString &id);
+    /// Removes those that passed and those to come.
+    Q_INVOKABLE void clearDeadlines();
+
+    /// The current moment and the user's region, as the ticker itself sees them.
+    Instant now() const;
+    const UserRegion &region() const { return m_world.region; }
 
     QStringList cryptoSymbols() const { return m_cryptoSymbols; }
     void setCryptoSymbols(const QStringList &symbols);
@@ -197,6 +207,8 @@ signals:
     void customQuotesChanged();
     void quoteRotateIntervalChanged();
     void currentDisplayChanged();
+    /// A display tick is over: whatever depends on the current moment may have changed.
+    void ticked();
 
 private:
     using Signal = void (TickerViewModel::*)();

@@ -1,3 +1,4 @@
+#include "core/PreferencesKeys.h"
 #include "tests/support/TestWorld.h"
 
 namespace glimmet {
@@ -103,6 +104,57 @@ TEST_F(DeadlineList, staysAsItIsWhereARemovedIdentityIsUnknown)
     ticker.removeDeadline(QUuid::createUuid());
 
     EXPECT_THAT(kept(), ElementsAre(u"a"_s));
+}
+
+TEST_F(DeadlineList, takesATitleWithoutTheBlanksAroundIt)
+{
+    const Instant date = world.clock.now().advanced(60);
+
+    ticker.addDeadline(u" \t Math  Exam\u3000"_s, date);
+
+    ASSERT_THAT(kept(), ElementsAre(u"Math  Exam"_s));
+    EXPECT_EQ(ticker.deadlines().first().date, date);
+}
+
+TEST_F(DeadlineList, refusesATitleOfBlanksOnly)
+{
+    world.preferences.forgetWrites();
+
+    ticker.addDeadline(u" \t "_s, world.clock.now());
+    ticker.addDeadline(QString(), world.clock.now());
+
+    EXPECT_THAT(kept(), IsEmpty());
+    EXPECT_THAT(world.preferences.writes(), IsEmpty());
+}
+
+TEST_F(DeadlineList, givesEachNewTitleAnIdentityOfItsOwn)
+{
+    ticker.addDeadline(u"a"_s, world.clock.now());
+    ticker.addDeadline(u"a"_s, world.clock.now());
+
+    ASSERT_EQ(ticker.deadlines().size(), 2);
+    EXPECT_NE(ticker.deadlines().first().id, ticker.deadlines().last().id);
+    EXPECT_FALSE(ticker.deadlines().first().id.isNull());
+}
+
+TEST_F(DeadlineList, knowsAnIdentityByItsText)
+{
+    ticker.setDeadlines({ world.deadline(u"a"_s, 1), world.deadline(u"b"_s, 2) });
+
+    ticker.removeDeadline(ticker.deadlines().first().id.toString(QUuid::WithoutBraces));
+    ticker.removeDeadline(u"no identity"_s);
+
+    EXPECT_THAT(kept(), ElementsAre(u"b"_s));
+}
+
+TEST_F(DeadlineList, isClearedOfPassedAndUpcomingOnesAndStoredAtOnce)
+{
+    ticker.setDeadlines({ world.deadline(u"passed"_s, -1), world.deadline(u"to come"_s, 1) });
+
+    ticker.clearDeadlines();
+
+    EXPECT_THAT(kept(), IsEmpty());
+    EXPECT_EQ(world.preferences.data(QString(PreferencesKeys::deadlines)), "[]");
 }
 
 TEST(Deadline, isEqualOnlyInAllThreeFields)

@@ -165,5 +165,17 @@ TEST(TickerProperties, cannotBeWrittenWhereTheyAreResults)
         EXPECT_FALSE(meta.property(meta.indexOfProperty(name)).isWritable()) << name;
 }
 
+TEST(TickerSignals, tellEveryDisplayTickAlsoWhereNothingChanged)
+{
+    TestWorld world;
+    TickerViewModel ticker(world.forTicker());
+    ticker.setMode(TickerMode::Custom);
+    const QSignalSpy ticks(&ticker, &TickerViewModel::ticked);
+
+    world.timers.advance(3s);
+
+    EXPECT_EQ(ticks.count(), 3);
+}
+
 } // namespace
 } // namespace glimmet
