@@ -36,6 +36,13 @@ qreal Geometry::offsetRevealing(qreal top, qreal bottom, qreal offset, qreal vie
     return std::min(std::max(offset, bottom - viewHeight), top);
 }
 
+QQuickItem *Geometry::wholeAround(QQuickItem *item)
+{
+    while (item != nullptr && !item->property("revealedWhole").toBool())
+        item = item->parentItem();
+    return item;
+}
+
 QRegion Geometry::roundedRegion(const QSize &size, int radius)
 {
     QPainterPath outline;

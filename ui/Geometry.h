@@ -26,6 +26,10 @@ public:
     /// The same for a stretch from `top` to `bottom`. What is higher than the view shows its top.
     static qreal offsetRevealing(qreal top, qreal bottom, qreal offset, qreal viewHeight);
 
+    /// The item around `item`, or `item` itself, that asks by a property `revealedWhole` to be scrolled into
+    /// view as a whole with whatever in it has the keyboard; null where there is none.
+    Q_INVOKABLE static QQuickItem *wholeAround(QQuickItem *item);
+
     /// The pixels of a window with rounded corners.
     static QRegion roundedRegion(const QSize &size, int radius);
 };

@@ -33,19 +33,4 @@ QString ModeFaces::symbol(int mode)
     return {};
 }
 
-bool ModeFaces::hasEditor(int mode)
-{
-    switch (static_cast<TickerMode>(mode)) {
-    case TickerMode::Clock:
-    case TickerMode::Quote:
-    case TickerMode::Custom:
-    case TickerMode::Revenue:
-    case TickerMode::Crypto:
-        return true;
-    case TickerMode::Deadline:
-        return false;
-    }
-    return false;
-}
-
 } // namespace glimmet

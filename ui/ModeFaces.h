@@ -22,8 +22,6 @@ public:
     Q_INVOKABLE static QString label(int mode);
     /// The name of the symbol on the mode's card.
     Q_INVOKABLE static QString symbol(int mode);
-    /// Whether the mode has options to edit.
-    Q_INVOKABLE static bool hasEditor(int mode);
 };
 
 } // namespace glimmet

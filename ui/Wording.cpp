@@ -36,4 +36,28 @@ QString Wording::removing(const QString &item)
     return QStringLiteral("Remove ") + item;
 }
 
+QString Wording::active(int count)
+{
+    return QString::number(count) + QStringLiteral(" active");
+}
+
+QString Wording::dueDateField(DateTimeField field)
+{
+    switch (field) {
+    case DateTimeField::Year:
+        return QStringLiteral("Due date, year");
+    case DateTimeField::Month:
+        return QStringLiteral("Due date, month");
+    case DateTimeField::Day:
+        return QStringLiteral("Due date, day");
+    case DateTimeField::Hour:
+        return QStringLiteral("Due date, hour");
+    case DateTimeField::Minute:
+        return QStringLiteral("Due date, minute");
+    case DateTimeField::DayPeriod:
+        return QStringLiteral("Due date, AM or PM");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace glimmet

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/DateTimeConventions.h"
+
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
@@ -26,6 +28,10 @@ public:
     Q_INVOKABLE static QString priceChart(const QString &shortName);
     /// What a screen reader says for the button that removes `item`.
     Q_INVOKABLE static QString removing(const QString &item);
+    /// Says how many deadlines are still to come.
+    Q_INVOKABLE static QString active(int count);
+    /// What a screen reader says for a field of the due date.
+    static QString dueDateField(DateTimeField field);
 };
 
 } // namespace glimmet

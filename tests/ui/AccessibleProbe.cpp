@@ -4,6 +4,8 @@
 #include <QMetaEnum>
 #include <QQuickWindow>
 
+#include <algorithm>
+
 namespace glimmet {
 
 namespace {
@@ -43,7 +45,21 @@ QList<QAccessibleInterface *> controlsIn(QQuickItem &root)
     return controls;
 }
 
-bool act(QQuickItem &root, const QString &name, const QString &action)
+QAccessibleInterface *controlOf(QQuickItem &root, const QString &name)
+{
+    const QList<QAccessibleInterface *> controls = controlsIn(root);
+    const auto found = std::find_if(controls.begin(), controls.end(),
+        [&name](const QAccessibleInterface *control) { return control->text(QAccessible::Name) == name; });
+    return found == controls.end() ? nullptr : *found;
+}
+
+QAccessibleValueInterface *valueOf(QQuickItem &root, const QString &name)
+{
+    QAccessibleInterface *control = controlOf(root, name);
+    return control == nullptr ? nullptr : control->valueInterface();
+}
+
+bool actOn(QQuickItem &root, const QString &name, const QString &action)
 {
     for (QAccessibleInterface *control : controlsIn(root)) {
         QAccessibleActionInterface *actions = control->actionInterface();
@@ -69,12 +85,40 @@ QStringList AccessibleProbe::told(QQuickItem *root)
 
 bool AccessibleProbe::press(QQuickItem *root, const QString &name)
 {
-    return act(*root, name, QAccessibleActionInterface::pressAction());
+    return actOn(*root, name, QAccessibleActionInterface::pressAction());
 }
 
 bool AccessibleProbe::toggle(QQuickItem *root, const QString &name)
 {
-    return act(*root, name, QAccessibleActionInterface::toggleAction());
+    return actOn(*root, name, QAccessibleActionInterface::toggleAction());
+}
+
+bool AccessibleProbe::act(QQuickItem *root, const QString &name, const QString &action)
+{
+    return actOn(*root, name, action);
+}
+
+QList<int> AccessibleProbe::numbers(QQuickItem *root, const QString &name)
+{
+    QAccessibleValueInterface *value = valueOf(*root, name);
+    if (value == nullptr)
+        return {};
+    return { value->minimumValue().toInt(), value->currentValue().toInt(), value->maximumValue().toInt() };
+}
+
+bool AccessibleProbe::setNumber(QQuickItem *root, const QString &name, int number)
+{
+    QAccessibleValueInterface *value = valueOf(*root, name);
+    if (value == nullptr)
+        return false;
+    value->setCurrentValue(number);
+    return true;
+}
+
+QString AccessibleProbe::description(QQuickItem *root, const QString &name)
+{
+    QAccessibleInterface *control = controlOf(*root, name);
+    return control == nullptr ? QString() : control->text(QAccessible::Description);
 }
 
 } // namespace glimmet

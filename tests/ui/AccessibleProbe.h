@@ -16,6 +16,13 @@ public:
     /// Presses, or toggles, what is called `name` in `root`; false where nothing offers it.
     Q_INVOKABLE static bool press(QQuickItem *root, const QString &name);
     Q_INVOKABLE static bool toggle(QQuickItem *root, const QString &name);
+    /// The same for any action, such as "Increase".
+    Q_INVOKABLE static bool act(QQuickItem *root, const QString &name, const QString &action);
+    /// The number of what is called `name`, with the ends of its range: [lowest, number, highest]; empty
+    /// where it has none.
+    Q_INVOKABLE static QList<int> numbers(QQuickItem *root, const QString &name);
+    Q_INVOKABLE static bool setNumber(QQuickItem *root, const QString &name, int number);
+    Q_INVOKABLE static QString description(QQuickItem *root, const QString &name);
 };
 
 } // namespace glimmet

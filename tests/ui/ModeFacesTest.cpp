@@ -46,14 +46,4 @@ TEST(ModeFaces, eachSymbolIsDrawn)
     }
 }
 
-TEST(ModeFaces, someModesCanBeEdited)
-{
-    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Clock)));
-    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Quote)));
-    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Custom)));
-    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Revenue)));
-    EXPECT_TRUE(ModeFaces::hasEditor(number(TickerMode::Crypto)));
-    EXPECT_FALSE(ModeFaces::hasEditor(number(TickerMode::Deadline)));
-}
-
 } // namespace glimmet

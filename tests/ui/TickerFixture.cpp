@@ -2,7 +2,23 @@
 
 #include "core/PreferencesKeys.h"
 
+#include <QDateTime>
+
 namespace glimmet {
+namespace {
+
+QStringList linesOf(const QList<Deadline> &deadlines)
+{
+    QStringList lines;
+    for (const Deadline &deadline : deadlines) {
+        const auto milliseconds = static_cast<qint64>(deadline.date.unixMilliseconds());
+        const QDateTime date = QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+        lines.append(deadline.title + u' ' + date.toString(Qt::ISODate));
+    }
+    return lines;
+}
+
+} // namespace
 
 void TickerFixture::advance(int seconds)
 {
@@ -61,6 +77,44 @@ QStringList TickerFixture::storedSymbols() const
 {
     return m_world.preferences.stringList(PreferencesKeys::cryptoSymbols)
         .value_or(QStringList{ u"absent"_s });
+}
+
+void TickerFixture::setLocale(const QString &name)
+{
+    m_world.region.setLocale(name.toLatin1());
+}
+
+void TickerFixture::setZone(const QString &name)
+{
+    m_world.region.setZone(name.toLatin1());
+}
+
+void TickerFixture::setNow(const QString &iso)
+{
+    m_world.clock.set(instantAt(iso));
+}
+
+void TickerFixture::addDeadline(const QString &title, double seconds)
+{
+    m_ticker.addDeadline(m_world.deadline(title, seconds));
+}
+
+QStringList TickerFixture::deadlines() const
+{
+    return linesOf(m_ticker.deadlines());
+}
+
+QStringList TickerFixture::storedDeadlines() const
+{
+    const auto stored = m_world.preferences.data(PreferencesKeys::deadlines);
+    if (!stored)
+        return { u"absent"_s };
+    return linesOf(deadlinesFromJson(*stored).value_or(QList<Deadline>()));
+}
+
+int TickerFixture::deadlineSaves() const
+{
+    return static_cast<int>(m_world.preferences.writes().count(QString(PreferencesKeys::deadlines)));
 }
 
 } // namespace glimmet

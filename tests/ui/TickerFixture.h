@@ -40,6 +40,18 @@ public:
     /// The symbols as they are stored; an absent list reads as ["absent"].
     Q_INVOKABLE QStringList storedSymbols() const;
 
+    Q_INVOKABLE void setLocale(const QString &name);
+    Q_INVOKABLE void setZone(const QString &name);
+    /// Moves the clock without a tick.
+    Q_INVOKABLE void setNow(const QString &iso);
+    /// Adds a deadline so many seconds from now.
+    Q_INVOKABLE void addDeadline(const QString &title, double seconds);
+    /// The ticker's deadlines, as "title 2026-05-05T08:05:07Z".
+    Q_INVOKABLE QStringList deadlines() const;
+    /// The same as they are stored; ["absent"] where nothing is.
+    Q_INVOKABLE QStringList storedDeadlines() const;
+    Q_INVOKABLE int deadlineSaves() const;
+
 private:
     void answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price);
 

@@ -8,6 +8,7 @@ Row {
     required property string buttonText
     property string fieldName: placeholderText
     property int verticalPadding: 7
+    readonly property alias field: field
     property alias text: field.text
     property alias placeholderText: field.placeholderText
     property alias fontFamily: field.font.family

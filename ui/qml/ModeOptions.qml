@@ -7,13 +7,11 @@ Column {
     required property TickerViewModel ticker
 
     readonly property int mode: ticker.mode
-    readonly property bool hasEditor: ModeFaces.hasEditor(mode)
 
     leftPadding: Theme.pageMargin
     rightPadding: Theme.pageMargin
     bottomPadding: 16
     spacing: Theme.sectionSpacing
-    visible: hasEditor
 
     SectionLabel {
         text: "OPTIONS"
@@ -53,6 +51,12 @@ Column {
             shown: root.mode === TickerMode.Crypto
             ticker: root.ticker
             editor: "CryptoOptions.qml"
+        }
+        EditorSlot {
+            width: editors.width
+            shown: root.mode === TickerMode.Deadline
+            ticker: root.ticker
+            editor: "DeadlineOptions.qml"
         }
     }
 }

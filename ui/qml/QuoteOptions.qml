@@ -19,15 +19,7 @@ Column {
         const hadKeyboard = row.hasKeyboard;
         ticker.removeQuote(row.quote);
         if (hadKeyboard)
-            keepKeyboardNear(index);
-    }
-
-    // Without this the keyboard would start again from the panel's top.
-    function keepKeyboardNear(index: int) {
-        if (hasQuotes)
-            (rows.itemAt(Math.min(index, rows.count - 1)) as QuoteRow).takeKeyboard();
-        else
-            newQuote.takeKeyboard();
+            rows.keepKeyboardNear(index);
     }
 
     spacing: 12
@@ -85,8 +77,9 @@ Column {
         spacing: 4
         visible: root.hasQuotes
 
-        Repeater {
+        RowRepeater {
             id: rows
+            fallback: newQuote.field
             model: TextListModel {
                 entries: root.ticker.customQuotes
             }

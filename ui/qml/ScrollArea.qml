@@ -7,7 +7,16 @@ Flickable {
 
     readonly property Item focusedItem: Window.activeFocusItem
 
-    onFocusedItemChanged: contentY = Geometry.offsetRevealing(focusedItem, contentItem, contentY, height)
+    function reveal(item: Item) {
+        contentY = Geometry.offsetRevealing(item, contentItem, contentY, height);
+    }
+
+    onFocusedItemChanged: {
+        reveal(Geometry.wholeAround(focusedItem));
+        reveal(focusedItem);
+    }
+    // What drops down gets its place, and the room for it, only after it got the keyboard.
+    onContentHeightChanged: reveal(Geometry.wholeAround(focusedItem))
 
     clip: true
     contentWidth: width

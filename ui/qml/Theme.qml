@@ -33,6 +33,7 @@ QtObject {
     readonly property color strongFill: Qt.alpha(ink, 0.8)
     readonly property color chartFill: Qt.alpha(accent, 0.25)
     readonly property color badgeFill: Qt.alpha(accent, 0.18)
+    readonly property color countdownFill: Qt.alpha(accent, 0.12)
 
     readonly property string family: "Inter"
     readonly property string monospacedFamily: Appearance.monospacedFamily
@@ -57,6 +58,7 @@ QtObject {
     readonly property int cardRadius: 10
     readonly property int rowRadius: 8
     readonly property int buttonRadius: 7
+    readonly property int segmentRadius: 4
     readonly property int pageMargin: 20
     readonly property int sectionSpacing: 10
     readonly property int rowSpacing: 6
@@ -65,6 +67,7 @@ QtObject {
     readonly property real focusRingWidth: 2
     readonly property real pressedOpacity: 0.6
     readonly property real disabledOpacity: 0.5
+    readonly property real passedOpacity: 0.4
 
     // False where the user wants nothing to move for show; what moves only once then takes no time.
     readonly property bool animates: Appearance.animates

@@ -43,11 +43,12 @@ PanelTestCase {
 
     function test_showsTheEditorOfTheMode_data() {
         return [
-            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0, 0, 0]},
-            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0, 0, 0]},
-            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1, 0, 0]},
-            {tag: "revenue", mode: TickerMode.Revenue, expected: [0, 0, 0, 1, 0]},
-            {tag: "crypto", mode: TickerMode.Crypto, expected: [0, 0, 0, 0, 1]}
+            {tag: "clock", mode: TickerMode.Clock, expected: [1, 0, 0, 0, 0, 0]},
+            {tag: "quote", mode: TickerMode.Quote, expected: [0, 1, 0, 0, 0, 0]},
+            {tag: "custom", mode: TickerMode.Custom, expected: [0, 0, 1, 0, 0, 0]},
+            {tag: "revenue", mode: TickerMode.Revenue, expected: [0, 0, 0, 1, 0, 0]},
+            {tag: "crypto", mode: TickerMode.Crypto, expected: [0, 0, 0, 0, 1, 0]},
+            {tag: "deadline", mode: TickerMode.Deadline, expected: [0, 0, 0, 0, 0, 1]}
         ];
     }
 
@@ -58,21 +59,9 @@ PanelTestCase {
             && editors(QuoteOptions).length === row.expected[1]
             && editors(CustomTextOption).length === row.expected[2]
             && editors(RevenueOptions).length === row.expected[3]
-            && editors(CryptoOptions).length === row.expected[4]);
+            && editors(CryptoOptions).length === row.expected[4]
+            && editors(DeadlineOptions).length === row.expected[5]);
         verify(options.visible);
-    }
-
-    function test_isHiddenWhereThereIsNothingToEdit_data() {
-        return [
-            {tag: "deadline", mode: TickerMode.Deadline}
-        ];
-    }
-
-    function test_isHiddenWhereThereIsNothingToEdit(row) {
-        world.ticker.mode = row.mode;
-
-        verify(!options.visible);
-        compare(textOf(options, "OPTIONS"), null);
     }
 
     function test_theFirstEditorIsThereAtOnce() {

@@ -1,0 +1,92 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Glimmet
+
+// A moment to enter field by field, with a calendar that drops down below it.
+FocusScope {
+    id: root
+
+    required property DateTimeEntry entry
+
+    readonly property CalendarMonth calendar: entry.calendar
+
+    function toggle() {
+        const reason = button.visualFocus ? Qt.TabFocusReason : Qt.MouseFocusReason;
+        entry.toggleCalendar();
+        if (calendar.isOpen)
+            view.takeKeyboard(reason);
+    }
+
+    function takeKeyboardBack() {
+        button.forceActiveFocus(view.showsKeyboard ? Qt.TabFocusReason : Qt.MouseFocusReason);
+    }
+
+    implicitHeight: column.height
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            entry.leave();
+    }
+
+    // The panel closes on the same key.
+    Keys.onShortcutOverride: event => event.accepted = root.calendar.isOpen && event.key === Qt.Key_Escape
+    Keys.onEscapePressed: event => {
+        event.accepted = root.calendar.isOpen;
+        if (event.accepted) {
+            root.takeKeyboardBack();
+            root.calendar.close();
+        }
+    }
+
+    Column {
+        id: column
+        width: root.width
+        spacing: Theme.rowSpacing
+
+        RoundedBox {
+            width: root.width
+            height: segments.height + 2 * 7
+            radius: Theme.rowRadius
+            color: Theme.fieldFill
+            borderWidth: Theme.fieldBorderWidth
+            borderColor: segments.activeFocus ? Theme.accent : Theme.fieldBorder
+
+            Behavior on borderColor {
+                ColorAnimation {
+                    duration: Theme.borderDuration
+                    easing.type: Theme.easeInOut
+                }
+            }
+
+            DateTimeSegments {
+                id: segments
+                // The segments' own padding makes up for the rest of the field's.
+                x: 12 - padding
+                anchors.verticalCenter: parent.verticalCenter
+                entry: root.entry
+            }
+            PlainButton {
+                id: button
+                anchors.right: parent.right
+                anchors.rightMargin: 12 - rightPadding
+                anchors.verticalCenter: parent.verticalCenter
+                leftPadding: 6
+                rightPadding: 6
+                topPadding: 5
+                bottomPadding: 5
+                symbol: "calendar"
+                symbolSize: Theme.symbolSize
+                ink: root.calendar.isOpen ? Theme.accent : Theme.cardSymbol
+                fill: Theme.clear
+                Accessible.name: "Due date"
+                onClicked: root.toggle()
+            }
+        }
+        CalendarView {
+            id: view
+            width: root.width
+            visible: root.calendar.isOpen
+            month: root.calendar
+            onChosen: root.takeKeyboardBack()
+        }
+    }
+}

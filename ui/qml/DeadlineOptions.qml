@@ -1,0 +1,137 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Glimmet
+
+Column {
+    id: root
+
+    required property TickerViewModel ticker
+
+    function remove(row: DeadlineRow, id: string, index: int) {
+        const hadKeyboard = row.hasKeyboard;
+        ticker.removeDeadline(id);
+        if (hadKeyboard)
+            rows.keepKeyboardNear(index);
+    }
+
+    // The button cannot keep the keyboard: without a name there is nothing more to add.
+    function addByButton() {
+        const hadKeyboard = addButton.visualFocus;
+        form.add();
+        if (hadKeyboard)
+            newName.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    spacing: 12
+
+    DeadlineRows {
+        id: deadlines
+        ticker: root.ticker
+    }
+    DeadlineForm {
+        id: form
+        ticker: root.ticker
+    }
+
+    Item {
+        width: root.width
+        height: label.height
+
+        SectionLabel {
+            id: label
+            text: "UPCOMING"
+        }
+        InkText {
+            anchors.left: label.right
+            anchors.leftMargin: Theme.rowSpacing
+            anchors.baseline: label.baseline
+            text: Wording.active(deadlines.activeCount)
+            color: Theme.faintText
+            font.pixelSize: Theme.smallSize
+        }
+        PlainButton {
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Clear all"
+            font.pixelSize: Theme.smallSize
+            ink: Theme.faintText
+            fill: Theme.clear
+            onClicked: root.ticker.clearDeadlines()
+        }
+    }
+    InkText {
+        width: root.width
+        topPadding: 10
+        bottomPadding: 10
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        text: "No deadlines. Add one below."
+        color: Theme.softText
+        font.pixelSize: Theme.buttonSize
+        visible: deadlines.count === 0
+    }
+    Column {
+        width: root.width
+        spacing: 4
+        visible: deadlines.count > 0
+
+        RowRepeater {
+            id: rows
+            fallback: newName
+            model: deadlines
+
+            DeadlineRow {
+                id: row
+
+                required property int index
+                required property string deadlineId
+
+                width: root.width
+                onRemoved: root.remove(row, deadlineId, index)
+            }
+        }
+    }
+    SectionLabel {
+        text: "ADD DEADLINE"
+    }
+    BorderedField {
+        id: newName
+        width: root.width
+        leftPadding: 12
+        rightPadding: 12
+        topPadding: 9
+        bottomPadding: 9
+        font.pixelSize: Theme.rowSize
+        placeholderText: "Name (e.g. Math Exam)"
+        text: form.title
+        // Not only what is typed: an assistive program sets the text without editing it.
+        onTextChanged: form.title = text
+        onAccepted: form.add()
+    }
+    DateTimePicker {
+        width: root.width
+        entry: form.date
+    }
+    PlainButton {
+        id: addButton
+        width: root.width
+        topPadding: 9
+        bottomPadding: 9
+        text: "Add Deadline"
+        font.pixelSize: Theme.fieldSize
+        ink: Theme.background
+        fill: Theme.ink
+        cornerRadius: Theme.rowRadius
+        enabled: form.canAdd
+        onClicked: root.addByButton()
+
+        contentItem: ChipFace {
+            symbol: ""
+            symbolSize: 0
+            symbolColor: addButton.ink
+            label: addButton.text
+            labelFont: addButton.font
+            labelColor: addButton.ink
+        }
+    }
+}

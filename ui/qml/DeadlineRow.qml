@@ -1,0 +1,59 @@
+import QtQuick
+import Glimmet
+
+RemovableRow {
+    id: root
+
+    required property string title
+    required property string dateText
+    required property string countdown
+    required property bool isPassed
+
+    subject: title
+    implicitHeight: Math.max(words.height, badge.height) + 2 * 7
+    opacity: isPassed ? Theme.passedOpacity : 1
+
+    Column {
+        id: words
+        x: 10
+        width: badge.x - 8 - x
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 2
+
+        InkText {
+            width: parent.width
+            text: root.title
+            font.pixelSize: Theme.fieldSize
+            horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
+            elide: Text.ElideRight
+        }
+        InkText {
+            width: parent.width
+            text: root.dateText
+            color: Theme.softText
+            font.pixelSize: Theme.smallSize
+            horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
+            elide: Text.ElideRight
+        }
+    }
+    RoundedBox {
+        id: badge
+        x: root.contentEnd - width
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.ceil(time.implicitWidth) + 2 * 7
+        height: Math.ceil(time.implicitHeight) + 2 * 4
+        radius: Theme.buttonRadius
+        color: Theme.countdownFill
+
+        InkText {
+            id: time
+            anchors.centerIn: parent
+            text: root.countdown
+            color: Theme.accent
+            font.pixelSize: Theme.buttonSize
+            font.weight: Theme.semibold
+        }
+    }
+}
