@@ -41,4 +41,10 @@ TEST(Wording, aPercentSignInAQuoteStaysAsItIs)
     EXPECT_EQ(Wording::removing(QStringLiteral("100 %1 yours")), QStringLiteral("Remove 100 %1 yours"));
 }
 
+TEST(Wording, deadlinesToComeAreCounted)
+{
+    EXPECT_EQ(Wording::active(0), QStringLiteral("0 active"));
+    EXPECT_EQ(Wording::active(3), QStringLiteral("3 active"));
+}
+
 } // namespace glimmet

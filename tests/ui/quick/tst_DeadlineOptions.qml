@@ -1,0 +1,368 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "DeadlineOptions"
+
+    Component {
+        id: editors
+
+        DeadlineOptions {
+            width: 300
+            ticker: testCase.world.ticker
+        }
+    }
+
+    property DeadlineOptions options: null
+
+    function init() {
+        makeWorld();
+        options = make(editors);
+    }
+
+    function field(): Item {
+        return all(options, BorderedField)[0];
+    }
+
+    function addButton(): Item {
+        return buttonOf(options, "Add Deadline");
+    }
+
+    function picker(): Item {
+        return all(options, DateTimePicker)[0];
+    }
+
+    function segments(): var {
+        return all(options, DateTimeSegment).map(segment => segment.text);
+    }
+
+    function rows(): var {
+        return all(options, DeadlineRow);
+    }
+
+    function shown(what: string): var {
+        return rows().map(row => row[what]);
+    }
+
+    function type(words: string) {
+        mouseClick(field());
+        for (const letter of words)
+            keyClick(letter);
+    }
+
+    function add(title: string, seconds: real) {
+        world.addDeadline(title, seconds);
+        verify(waitForRendering(options));
+    }
+
+    function test_theHeaderHasItsMeasures() {
+        const label = textOf(options, "UPCOMING");
+        const count = textOf(options, "0 active");
+        const clear = textOf(options, "Clear all");
+
+        compareFont(count, 10, 400);
+        compareInk(count.color, 0.3);
+        compareFont(clear, 10, 400);
+        compareInk(clear.color, 0.3);
+        compareInk(buttonOf(options, "Clear all").background.color, 0);
+        compare(areaOf(label, options).x, 0);
+        verify(areaOf(count, options).x > areaOf(label, options).right);
+        compare(areaOf(buttonOf(options, "Clear all"), options).right, 300);
+    }
+
+    function test_withoutDeadlinesItSaysSo() {
+        const hint = textOf(options, "No deadlines. Add one below.");
+
+        compareFont(hint, 11, 400);
+        compareInk(hint.color, 0.4);
+        compare(hint.horizontalAlignment, Text.AlignHCenter);
+        compare(hint.topPadding, 10);
+        compare(hint.bottomPadding, 10);
+        compare(rows().length, 0);
+
+        add("exam", 100);
+
+        compare(textOf(options, "No deadlines. Add one below."), null);
+        world.ticker.clearDeadlines();
+        verify(textOf(options, "No deadlines. Add one below.") !== null);
+    }
+
+    function test_thePiecesStandTwelveApartInOrder_data() {
+        return [{tag: "empty", count: 0}, {tag: "with deadlines", count: 2}];
+    }
+
+    function test_thePiecesStandTwelveApartInOrder(data) {
+        for (let i = 0; i < data.count; ++i)
+            add("exam", 100);
+        const list = data.count > 0 ? rows()[0].parent : textOf(options, "No deadlines. Add one below.");
+        const areas = [textOf(options, "UPCOMING"), list, textOf(options, "ADD DEADLINE"), field(), picker(),
+            addButton()].map(item => areaOf(item, options));
+
+        compare(areas[0].y, 0);
+        for (let i = 1; i < areas.length; ++i)
+            compare(areas[i].y - areas[i - 1].bottom, 12);
+        compare(options.height, areas[5].bottom);
+        verify([1, 3, 4, 5].every(i => areas[i].width === 300));
+    }
+
+    function test_theFieldHasItsMeasures() {
+        compareFont(textOf(field(), "Name (e.g. Math Exam)"), 13, 400);
+        compare(field().font.pixelSize, 13);
+        compare(field().leftPadding, 12);
+        compare(field().rightPadding, 12);
+        compare(field().topPadding, 9);
+        compare(field().bottomPadding, 9);
+        compare(field().background.radius, 8);
+        compare(field().background.borderWidth, 1.5);
+        compareInk(field().background.color, 0.04);
+        compareInk(field().background.borderColor, 0.12);
+    }
+
+    function test_theFieldsBorderTakesTheAccentWithTheFocus() {
+        mouseClick(field());
+
+        tryVerify(() => isColor(field().background.borderColor, Appearance.accent, 1));
+    }
+
+    function test_theButtonHasItsMeasures() {
+        type("exam");
+        const label = textOf(options, "Add Deadline");
+
+        compareFont(label, 12, 400);
+        verify(isColor(label.color, Appearance.background));
+        compareInk(addButton().background.color, 1);
+        compare(addButton().background.radius, 8);
+        compare(addButton().topPadding, 9);
+        compare(addButton().bottomPadding, 9);
+        compare(addButton().width, 300);
+        fuzzyCompare(areaOf(label, options).x + label.width / 2, 150, 1);
+    }
+
+    function test_theRowsStandInTheirOrder() {
+        add("second", 7200);
+        add("first", 3700);
+        add("gone", -5);
+
+        compare(shown("title"), ["gone", "first", "second"]);
+        compare(shown("countdown"), ["passed", "1h 1m", "2h 0m"]);
+        compare(shown("dateText"), ["4 May 2026, 09:05", "4 May 2026, 10:06", "4 May 2026, 11:05"]);
+        compare(shown("opacity"), [0.4, 1, 1]);
+        verify(textOf(options, "2 active") !== null);
+        compare(rows()[0].width, 300);
+    }
+
+    function test_aDeadlineOfThisVerySecondHasPassed() {
+        add("now", 0);
+
+        compare(shown("countdown"), ["passed"]);
+        compare(shown("opacity"), [0.4]);
+        verify(textOf(options, "0 active") !== null);
+    }
+
+    function test_countdownsAndThePassedStateFollowTheClock() {
+        add("soon", 61);
+        add("later", 4000);
+        const row = rows()[0];
+        compare(row.countdown, "1m");
+        verify(textOf(options, "2 active") !== null);
+
+        world.advance(2);
+        compare(row.countdown, "0m");
+        compare(row.opacity, 1);
+        world.advance(59);
+
+        compare(row.countdown, "passed");
+        compare(row.opacity, 0.4);
+        verify(textOf(options, "1 active") !== null);
+        compare(rows()[0], row);
+    }
+
+    function test_clearAllRemovesBothKindsAndStoresThatAtOnce() {
+        add("gone", -100);
+        add("to come", 100);
+        compare(world.storedDeadlines().length, 2);
+
+        mouseClick(buttonOf(options, "Clear all"));
+
+        compare(world.deadlines(), []);
+        compare(world.storedDeadlines(), []);
+        compare(rows().length, 0);
+    }
+
+    function test_aNameOfBlanksOnlyCannotBeAdded_data() {
+        return [{tag: "nothing", name: ""}, {tag: "blanks", name: "   "}, {tag: "wide blanks", name: "\t\u3000"}];
+    }
+
+    function test_aNameOfBlanksOnlyCannotBeAdded(data) {
+        mouseClick(field());
+        field().text = data.name;
+        verify(!addButton().enabled);
+
+        keyClick(Qt.Key_Return);
+        mouseClick(addButton());
+
+        compare(world.deadlines(), []);
+        compare(world.storedDeadlines(), ["absent"]);
+        compare(field().text, data.name);
+    }
+
+    function test_theButtonIsEnabledByAName() {
+        verify(!addButton().enabled);
+        type(" a");
+        verify(addButton().enabled);
+        keyClick(Qt.Key_Backspace);
+        verify(!addButton().enabled);
+    }
+
+    function test_theButtonAddsTheTrimmedNameOneDayAhead() {
+        type("  exam ");
+
+        mouseClick(addButton());
+
+        compare(world.deadlines(), ["exam 2026-05-05T08:05:07Z"]);
+        compare(world.storedDeadlines(), ["exam 2026-05-05T08:05:07Z"]);
+    }
+
+    function test_returnInTheNameAdds() {
+        type("exam");
+
+        keyClick(Qt.Key_Return);
+
+        compare(world.deadlines(), ["exam 2026-05-05T08:05:07Z"]);
+    }
+
+    function test_afterAddingTheFormIsNew() {
+        type("exam");
+        all(options, DateTimeSegment)[0].forceActiveFocus();
+        keyClick("2");
+        keyClick("0");
+        compare(segments(), ["20", "05", "2026", "09", "05"]);
+        world.advance(120);
+
+        mouseClick(addButton());
+
+        compare(world.deadlines(), ["exam 2026-05-20T08:05:00Z"]);
+        compare(field().text, "");
+        verify(!addButton().enabled);
+        compare(segments(), ["05", "05", "2026", "09", "07"]);
+    }
+
+    function test_aDateThatPassedMeanwhileIsSavedAsNow() {
+        type("exam");
+        all(options, DateTimeSegment)[0].forceActiveFocus();
+        keyClick("4");
+        field().forceActiveFocus();
+        compare(segments(), ["04", "05", "2026", "09", "05"]);
+        world.advance(300);
+
+        keyClick(Qt.Key_Return);
+
+        compare(world.deadlines(), ["exam 2026-05-04T08:10:07Z"]);
+    }
+
+    function test_theDefaultDoesNotPassWhileTheEditorIsOpen() {
+        world.setNow("2026-05-05T08:05:06Z");
+        world.advance(1);
+        type("exam");
+
+        keyClick(Qt.Key_Return);
+
+        compare(world.deadlines(), ["exam 2026-05-06T08:05:07Z"]);
+    }
+
+    function test_aDeadlineCanBeRemoved() {
+        add("one", 1);
+        add("two", 2);
+        add("three", 3);
+
+        mouseClick(all(rows()[1], PlainButton)[0]);
+
+        compare(shown("title"), ["one", "three"]);
+        compare(world.storedDeadlines().length, 2);
+    }
+
+    function test_theKeyboardStaysNearARemovedDeadline() {
+        add("one", 1);
+        add("two", 2);
+        add("three", 3);
+        rows()[1].takeKeyboard();
+
+        keyClick(Qt.Key_Space);
+        verify(rows()[1].hasKeyboard);
+        compare(rows()[1].title, "three");
+        keyClick(Qt.Key_Return);
+        verify(rows()[0].hasKeyboard);
+        keyClick(Qt.Key_Return);
+
+        compare(world.deadlines(), []);
+        verify(field().activeFocus);
+    }
+
+    function test_theKeyboardStaysWhereTheClockMovesOn() {
+        add("one", 1);
+        add("two", 120);
+        rows()[0].takeKeyboard();
+
+        world.advance(3);
+
+        verify(rows()[0].hasKeyboard);
+    }
+
+    function test_theKeyboardGoesToTheNameAfterAddingByTheButton() {
+        type("exam");
+        addButton().forceActiveFocus(Qt.TabFocusReason);
+
+        keyClick(Qt.Key_Space);
+
+        compare(world.deadlines().length, 1);
+        verify(field().activeFocus);
+    }
+
+    function test_tabVisitsEverythingInOrderOfSight() {
+        add("one", 1);
+        type("exam");
+        const names = ["Clear all", "Remove one", "Name (e.g. Math Exam)", "Due date, day", "Due date, month",
+            "Due date, year", "Due date, hour", "Due date, minute", "Due date", "Add Deadline"];
+        buttonOf(options, "Clear all").forceActiveFocus(Qt.TabFocusReason);
+        const visited = [];
+        for (let i = 0; i < names.length; ++i) {
+            visited.push(testCase.Window.activeFocusItem.Accessible.name);
+            tab();
+        }
+
+        compare(visited, names);
+    }
+
+    function test_everythingIsToldByItsName() {
+        add("exam 🚀", 3700);
+
+        const told = reader.told(options);
+        for (const line of ["StaticText UPCOMING", "StaticText 1 active", "Button Clear all", "StaticText exam 🚀",
+                "StaticText 4 May 2026, 10:06", "StaticText 1h 1m", "Button Remove exam 🚀", "StaticText ADD DEADLINE",
+                "EditableText Name (e.g. Math Exam)", "SpinBox Due date, day", "SpinBox Due date, minute",
+                "Button Due date", "Button Add Deadline"])
+            verify(told.includes(line), line);
+    }
+
+    function test_aScreenReaderDoesEverything() {
+        field().text = "exam";
+        verify(reader.setNumber(options, "Due date, day", 20));
+        verify(reader.setNumber(options, "Due date, hour", 23));
+        verify(reader.press(options, "Add Deadline"));
+        compare(world.deadlines(), ["exam 2026-05-20T22:05:00Z"]);
+
+        verify(reader.press(options, "Remove exam"));
+        compare(world.deadlines(), []);
+
+        add("other", 5);
+        verify(reader.press(options, "Clear all"));
+        compare(world.storedDeadlines(), []);
+    }
+
+    function test_aScreenReaderCannotAddWithoutAName() {
+        reader.press(options, "Add Deadline");
+
+        compare(world.deadlines(), []);
+    }
+}
