@@ -25,7 +25,8 @@ qreal Geometry::offsetRevealing(QQuickItem *item, QQuickItem *content, qreal off
 {
     if (item == nullptr || content == nullptr || !content->isAncestorOf(item))
         return offset;
-    const QRectF area = item->mapRectToItem(content, item->boundingRect());
+    // Its size, since the bounding rectangle of a text field is that of the text in it.
+    const QRectF area = item->mapRectToItem(content, QRectF(QPointF(), item->size()));
     const qreal top = std::max(area.top() - revealMargin, 0.0);
     const qreal bottom = std::min(area.bottom() + revealMargin, content->height());
     return offsetRevealing(top, bottom, offset, viewHeight);

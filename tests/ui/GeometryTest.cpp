@@ -4,6 +4,17 @@
 
 namespace glimmet {
 
+namespace {
+
+/// Its contents stand out of it, as a long text does of its field.
+class OverfullItem : public QQuickItem {
+public:
+    using QQuickItem::QQuickItem;
+    QRectF boundingRect() const override { return { -200, -200, 1000, 1000 }; }
+};
+
+} // namespace
+
 TEST(Geometry, aTextThatFitsKeepsItsSize)
 {
     EXPECT_DOUBLE_EQ(Geometry::fittingScale(100, 230), 1);
@@ -60,6 +71,17 @@ TEST(Geometry, anItemIsRevealedWithRoomForItsFocusRing)
     QQuickItem content;
     content.setSize({ 340, 400 });
     QQuickItem item(&content);
+    item.setPosition({ 20, 200 });
+    item.setSize({ 100, 40 });
+
+    EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(&item, &content, 0, 100), 248 - 100);
+}
+
+TEST(Geometry, anItemIsRevealedInItsOwnSizeWhateverStandsOutOfIt)
+{
+    QQuickItem content;
+    content.setSize({ 340, 400 });
+    OverfullItem item(&content);
     item.setPosition({ 20, 200 });
     item.setSize({ 100, 40 });
 
