@@ -5,6 +5,7 @@
 #include <QQuickWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace glimmet {
 
@@ -73,6 +74,33 @@ bool actOn(QQuickItem &root, const QString &name, const QString &action)
     return false;
 }
 
+QAccessibleInterface *field(QQuickItem &root, const QString &name)
+{
+    for (QAccessibleInterface *control : controlsIn(root)) {
+        if (control->role() == QAccessible::EditableText && control->text(QAccessible::Name) == name)
+            return control;
+    }
+    return nullptr;
+}
+
+QStringList &eventTexts()
+{
+    static QStringList texts;
+    return texts;
+}
+
+void recordText(QAccessibleEvent *event)
+{
+    if (event->type() == QAccessible::TextInserted)
+        eventTexts().append(static_cast<QAccessibleTextInsertEvent *>(event)->textInserted());
+    if (event->type() == QAccessible::TextRemoved)
+        eventTexts().append(static_cast<QAccessibleTextRemoveEvent *>(event)->textRemoved());
+    if (event->type() == QAccessible::TextUpdated)
+        eventTexts().append(static_cast<QAccessibleTextUpdateEvent *>(event)->textInserted());
+    if (event->type() == QAccessible::ValueChanged)
+        eventTexts().append(static_cast<QAccessibleValueChangeEvent *>(event)->value().toString());
+}
+
 } // namespace
 
 QStringList AccessibleProbe::told(QQuickItem *root)
@@ -119,6 +147,58 @@ QString AccessibleProbe::description(QQuickItem *root, const QString &name)
 {
     QAccessibleInterface *control = controlOf(*root, name);
     return control == nullptr ? QString() : control->text(QAccessible::Description);
+}
+
+QStringList AccessibleProbe::read(QQuickItem *root, const QString &name)
+{
+    QAccessibleInterface *found = field(*root, name);
+    if (found == nullptr)
+        return {};
+    QStringList texts{ found->text(QAccessible::Value), found->text(QAccessible::Description) };
+    if (QAccessibleTextInterface *text = found->textInterface()) {
+        int start = 0;
+        int end = 0;
+        const int length = text->characterCount();
+        texts.append(text->text(0, length));
+        texts.append(text->textAtOffset(0, QAccessible::LineBoundary, &start, &end));
+        texts.append(text->textAfterOffset(0, QAccessible::CharBoundary, &start, &end));
+        texts.append(text->textBeforeOffset(length, QAccessible::WordBoundary, &start, &end));
+    }
+    return texts;
+}
+
+bool AccessibleProbe::isPassword(QQuickItem *root, const QString &name)
+{
+    const QAccessibleInterface *found = field(*root, name);
+    return found != nullptr && found->state().passwordEdit;
+}
+
+void AccessibleProbe::write(QQuickItem *root, const QString &name, const QString &text)
+{
+    QAccessibleInterface *found = field(*root, name);
+    if (found == nullptr)
+        return;
+    if (QAccessibleEditableTextInterface *editor = found->editableTextInterface())
+        editor->replaceText(0, found->textInterface()->characterCount(), text);
+    else
+        found->setText(QAccessible::Value, text);
+}
+
+void AccessibleProbe::insert(QQuickItem *root, const QString &name, int position, const QString &text)
+{
+    QAccessibleInterface *found = field(*root, name);
+    if (found == nullptr)
+        return;
+    if (QAccessibleEditableTextInterface *editor = found->editableTextInterface())
+        return editor->insertText(position, text);
+    QString whole = found->text(QAccessible::Value);
+    found->setText(QAccessible::Value, whole.insert(position, text));
+}
+
+QStringList AccessibleProbe::heard()
+{
+    QAccessible::installUpdateHandler(recordText);
+    return std::exchange(eventTexts(), {});
 }
 
 } // namespace glimmet

@@ -23,6 +23,15 @@ public:
     Q_INVOKABLE static QList<int> numbers(QQuickItem *root, const QString &name);
     Q_INVOKABLE static bool setNumber(QQuickItem *root, const QString &name, int number);
     Q_INVOKABLE static QString description(QQuickItem *root, const QString &name);
+    /// Every text of the field called `name` that can be read, by each of the ways there are.
+    Q_INVOKABLE static QStringList read(QQuickItem *root, const QString &name);
+    /// Whether the field is told as one whose text nobody shall see.
+    Q_INVOKABLE static bool isPassword(QQuickItem *root, const QString &name);
+    /// Sets a field's whole text, or inserts a text at `position`, as the desktop's bridge does on request.
+    Q_INVOKABLE static void write(QQuickItem *root, const QString &name, const QString &text);
+    Q_INVOKABLE static void insert(QQuickItem *root, const QString &name, int position, const QString &text);
+    /// The texts that came with the events since the last call.
+    Q_INVOKABLE static QStringList heard();
 };
 
 } // namespace glimmet

@@ -1,5 +1,6 @@
 #include "tests/ui/AccessibleProbe.h"
 #include "tests/ui/LookSwitch.h"
+#include "tests/ui/ClipboardProbe.h"
 #include "tests/ui/TickerFixture.h"
 
 #include <QAccessible>
@@ -21,6 +22,7 @@ public slots:
         qmlRegisterType<TickerFixture>("GlimmetTests", 1, 0, "TickerFixture");
         qmlRegisterType<LookSwitch>("GlimmetTests", 1, 0, "LookSwitch");
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");
+        qmlRegisterType<ClipboardProbe>("GlimmetTests", 1, 0, "ClipboardProbe");
     }
 };
 

@@ -7,6 +7,17 @@ T.TextField {
     id: field
 
     property real cornerRadius: Theme.rowRadius
+    // What is shown until it is edited, and again whenever it changes.
+    property string value
+
+    // By the user or by an assistive program.
+    signal edited(string text)
+
+    text: value
+    onTextChanged: {
+        if (text !== value)
+            edited(text);
+    }
 
     implicitWidth: 120
     maximumLength: 2147483647

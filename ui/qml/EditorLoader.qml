@@ -7,8 +7,10 @@ Loader {
 
     required property TickerViewModel ticker
     required property url editor
+    // What the editor requires besides the ticker.
+    property var inputs: ({})
 
-    Component.onCompleted: setSource(editor, {
+    Component.onCompleted: setSource(editor, Object.assign({
         ticker: ticker
-    })
+    }, inputs))
 }

@@ -5,6 +5,7 @@ Column {
     id: root
 
     required property TickerViewModel ticker
+    required property SheetStage stage
 
     readonly property int mode: ticker.mode
 
@@ -45,6 +46,9 @@ Column {
             shown: root.mode === TickerMode.Revenue
             ticker: root.ticker
             editor: "RevenueOptions.qml"
+            inputs: ({
+                    stage: root.stage
+                })
         }
         EditorSlot {
             width: editors.width

@@ -18,7 +18,7 @@ Column {
         color: Theme.softText
         font.pixelSize: Theme.captionSize
         font.weight: Theme.semibold
-        font.letterSpacing: 1.4
+        font.letterSpacing: Theme.captionSpacing
     }
     BorderedField {
         width: root.width

@@ -6,6 +6,7 @@ Column {
     id: root
 
     required property TickerViewModel ticker
+    required property SheetStage stage
 
     readonly property int provider: ticker.revenueProvider
     readonly property int metric: ticker.revenueMetric
@@ -99,5 +100,18 @@ Column {
     RefreshRow {
         width: root.width
         ticker: root.ticker
+    }
+    PlainButton {
+        leftPadding: 8
+        rightPadding: 8
+        topPadding: 6
+        bottomPadding: 6
+        text: "API Keys"
+        symbol: "key.fill"
+        symbolSize: Theme.captionSize
+        font.pixelSize: Theme.smallSize
+        onClicked: root.stage.present("APIKeysSheet.qml", {
+            ticker: root.ticker
+        })
     }
 }

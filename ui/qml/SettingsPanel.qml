@@ -15,45 +15,56 @@ Rectangle {
 
     Shortcut {
         sequences: ["Escape"]
+        enabled: !sheets.isUp
         onActivated: root.host.closeRequested()
     }
 
-    PanelHeader {
-        id: header
-        width: root.width
-    }
-    Separator {
-        id: separator
-        anchors.top: header.bottom
-        width: root.width
-    }
-    ScrollArea {
-        anchors.top: separator.bottom
-        anchors.bottom: footer.top
-        width: root.width
+    Item {
+        anchors.fill: parent
+        enabled: !sheets.isUp
 
-        Column {
+        PanelHeader {
+            id: header
+            width: root.width
+        }
+        Separator {
+            id: separator
+            anchors.top: header.bottom
+            width: root.width
+        }
+        ScrollArea {
+            anchors.top: separator.bottom
+            anchors.bottom: footer.top
             width: root.width
 
-            LivePreview {
+            Column {
                 width: root.width
-                text: Wording.oneLine(root.ticker.currentDisplay)
-                spokenText: Wording.oneLine(root.ticker.spokenDisplay)
-            }
-            ModeSelector {
-                width: root.width
-                ticker: root.ticker
-            }
-            ModeOptions {
-                width: root.width
-                ticker: root.ticker
+
+                LivePreview {
+                    width: root.width
+                    text: Wording.oneLine(root.ticker.currentDisplay)
+                    spokenText: Wording.oneLine(root.ticker.spokenDisplay)
+                }
+                ModeSelector {
+                    width: root.width
+                    ticker: root.ticker
+                }
+                ModeOptions {
+                    width: root.width
+                    ticker: root.ticker
+                    stage: sheets
+                }
             }
         }
+        PanelFooter {
+            id: footer
+            anchors.bottom: parent.bottom
+            width: root.width
+            host: root.host
+        }
     }
-    PanelFooter {
-        id: footer
-        anchors.bottom: root.bottom
-        width: root.width
-        host: root.host
+    SheetStage {
+        id: sheets
+        anchors.fill: parent
     }
 }

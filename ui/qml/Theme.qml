@@ -34,6 +34,9 @@ QtObject {
     readonly property color chartFill: Qt.alpha(accent, 0.25)
     readonly property color badgeFill: Qt.alpha(accent, 0.18)
     readonly property color countdownFill: Qt.alpha(accent, 0.12)
+    readonly property color savedText: Qt.alpha(accent, 0.8)
+    readonly property color circleFill: Qt.alpha(ink, 0.1)
+    readonly property color dimming: Qt.rgba(0, 0, 0, 0.4)
 
     readonly property string family: "Inter"
     readonly property string monospacedFamily: Appearance.monospacedFamily
@@ -48,6 +51,7 @@ QtObject {
     readonly property int fieldSize: 12
     readonly property int rowSize: 13
     readonly property int symbolSize: 14
+    readonly property int sheetTitleSize: 16
 
     // A switch of 40 by 22.5 at a scale of 0.8, drawn in its final size to be sharp.
     readonly property real switchWidth: 0.8 * 40
@@ -60,8 +64,13 @@ QtObject {
     readonly property int buttonRadius: 7
     readonly property int segmentRadius: 4
     readonly property int pageMargin: 20
+    readonly property int sheetMargin: 24
+    // What stays to be seen of the panel above the highest sheet.
+    readonly property int sheetGap: 28
     readonly property int sectionSpacing: 10
     readonly property int rowSpacing: 6
+    readonly property int cardPadding: 12
+    readonly property real captionSpacing: 1.4
     readonly property int hairline: 1
     readonly property real fieldBorderWidth: 1.5
     readonly property real focusRingWidth: 2
@@ -73,6 +82,7 @@ QtObject {
     readonly property bool animates: Appearance.animates
     readonly property int modeDuration: animates ? 180 : 0
     readonly property int editorDuration: animates ? 200 : 0
+    readonly property int sheetDuration: animates ? 250 : 0
     readonly property int listDuration: animates ? 200 : 0
     readonly property int chipDuration: animates ? 150 : 0
     readonly property int borderDuration: animates ? 150 : 0

@@ -10,6 +10,7 @@ TestCase {
     property TickerFixture world: null
     readonly property AccessibleProbe reader: AccessibleProbe {}
     readonly property LookSwitch desktop: LookSwitch {}
+    readonly property ClipboardProbe clipboard: ClipboardProbe {}
 
     width: 340
     height: 540

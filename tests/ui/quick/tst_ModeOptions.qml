@@ -11,7 +11,13 @@ PanelTestCase {
         ModeOptions {
             width: 340
             ticker: testCase.world.ticker
+            stage: sheets
         }
+    }
+
+    SheetStage {
+        id: sheets
+        anchors.fill: parent
     }
 
     property ModeOptions options: null

@@ -11,7 +11,13 @@ PanelTestCase {
         RevenueOptions {
             width: 300
             ticker: testCase.world.ticker
+            stage: sheets
         }
+    }
+
+    SheetStage {
+        id: sheets
+        anchors.fill: parent
     }
 
     property RevenueOptions options: null
@@ -87,6 +93,7 @@ PanelTestCase {
         const metric = areaOf(row("METRIC"), options);
         const period = areaOf(row("WINDOW"), options);
         const refresh = areaOf(all(options, RefreshRow)[0], options);
+        const keys = areaOf(buttonOf(options, "API Keys"), options);
 
         compare(label.y, 0);
         compare(areaOf(providers()[0], options).y - label.bottom, 6);
@@ -94,7 +101,9 @@ PanelTestCase {
         compare(period.y - metric.bottom, 12);
         compare(refresh.y - period.bottom, 12);
         compare(refresh.width, 300);
-        compare(options.height, refresh.bottom);
+        compare(keys.y - refresh.bottom, 12);
+        compare(keys.x, 0);
+        compare(options.height, keys.bottom);
     }
 
     function test_aPickerStandsTwelveBetweenProvidersAndMetrics() {
@@ -168,6 +177,33 @@ PanelTestCase {
         compare(fetchesOf(() => mouseClick(chips("WINDOW")[1])), 1);
     }
 
+    function test_theKeysButtonHasItsMeasures() {
+        const button = buttonOf(options, "API Keys");
+        const symbol = areaOf(all(button, SymbolImage)[0], button);
+        const label = textOf(button, "API Keys");
+
+        compare(all(button, SymbolImage)[0].name, "key.fill");
+        compare(symbol.x, 8);
+        compare(symbol.width, 9);
+        compareFont(label, 10, 400);
+        compare(areaOf(label, button).x - symbol.right, 4);
+        compare(button.leftPadding, 8);
+        compare(button.rightPadding, 8);
+        compare(button.topPadding, 6);
+        compare(button.bottomPadding, 6);
+        compareInk(button.background.color, 0.07);
+    }
+
+    function test_theKeysButtonOpensTheKeysSheet() {
+        mouseClick(buttonOf(options, "API Keys"));
+
+        verify(sheets.isUp);
+        compare(all(sheets, APIKeysSheet).length, 1);
+        compare(all(sheets, APIKeysSheet)[0].ticker, world.ticker);
+        sheets.dismiss();
+        tryVerify(() => all(sheets, APIKeysSheet).length === 0);
+    }
+
     function test_refreshFetchesOnce() {
         world.finishFetch("$12");
 
@@ -237,7 +273,7 @@ PanelTestCase {
 
         compare(visited.map(item => item.text), ["Polar", "RevenueCat", "Dodo", "Stripe", "Lemon Squeezy",
             "USD", "EUR", "GBP", "CAD", "AUD", "Revenue", "Orders", "Avg", "Top",
-            "Today", "Week", "Month", "All Time", "Refresh"]);
+            "Today", "Week", "Month", "All Time", "Refresh", "API Keys"]);
     }
 
     function test_theKeyboardStaysOnTheProviderItChose() {
@@ -257,7 +293,7 @@ PanelTestCase {
         for (const line of ["StaticText PROVIDER", "RadioButton Polar [x]", "RadioButton Lemon Squeezy [ ]",
                 "StaticText METRIC", "RadioButton METRIC Revenue [x]", "RadioButton Orders [ ]", "RadioButton Avg [ ]",
                 "RadioButton Top [ ]", "StaticText WINDOW", "RadioButton Today [ ]", "RadioButton All Time [x]",
-                "Button Refresh"])
+                "Button Refresh", "Button API Keys"])
             verify(told.includes(line), line);
     }
 

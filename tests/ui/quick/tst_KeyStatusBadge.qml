@@ -1,0 +1,56 @@
+import QtQuick
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "KeyStatusBadge"
+
+    Component {
+        id: badges
+
+        KeyStatusBadge {
+            value: ""
+        }
+    }
+
+    property KeyStatusBadge badge: null
+
+    function init() {
+        makeWorld();
+        badge = make(badges);
+    }
+
+    function dot(): Item {
+        return all(badge, RoundedBox)[0];
+    }
+
+    function test_saysThatThereIsNoKey() {
+        const words = textOf(badge, "No key saved");
+
+        compareFont(words, 10, 400);
+        compareInk(words.color, 0.3);
+        compareInk(dot().color, 0.3);
+    }
+
+    function test_saysThatThereIsAKey() {
+        badge.value = "k";
+        const words = textOf(badge, "Key saved in Keychain");
+
+        compareFont(words, 10, 400);
+        compareAccent(words.color, 0.8);
+        compareAccent(dot().color, 1);
+    }
+
+    function test_itsDotIsSmallAndRound() {
+        compare(dot().width, 5);
+        compare(dot().height, 5);
+        compare(dot().radius, 2.5);
+        const words = areaOf(textOf(badge, "No key saved"), badge);
+        verify(words.left > areaOf(dot(), badge).right);
+        compare(areaOf(dot(), badge).y + 2.5, words.y + words.height / 2);
+    }
+
+    function test_isToldByItsWords() {
+        compare(reader.told(badge), ["StaticText No key saved"]);
+    }
+}

@@ -1,0 +1,76 @@
+import QtQuick
+import Glimmet
+
+// A credential under its caption, hidden until its button reveals it.
+Column {
+    id: root
+
+    required property string caption
+    required property string placeholder
+    required property string hint
+    // What a screen reader says for the field.
+    required property string name
+    required property string value
+
+    property bool isRevealed: false
+
+    signal edited(string text)
+
+    spacing: 5
+
+    Row {
+        spacing: 4
+
+        SymbolImage {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "key.fill"
+            size: Theme.smallSize
+            color: Theme.softText
+        }
+        InkText {
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.caption
+            color: Theme.softText
+            font.pixelSize: Theme.captionSize
+            font.letterSpacing: Theme.captionSpacing
+        }
+    }
+    Item {
+        width: root.width
+        height: entry.height
+
+        SecretField {
+            id: entry
+            width: root.width
+            rightPadding: reveal.width
+            placeholderText: root.placeholder
+            value: root.value
+            isRevealed: root.isRevealed
+            Accessible.name: root.name
+            onEdited: text => root.edited(text)
+        }
+        // Beside the field, not in it: what is in a field is told to nobody.
+        PlainButton {
+            id: reveal
+            anchors.right: parent.right
+            height: parent.height
+            leftPadding: 8
+            rightPadding: 12
+            symbol: root.isRevealed ? "eye" : "eye.slash"
+            symbolSize: Theme.buttonSize
+            ink: Theme.helpText
+            fill: Theme.clear
+            cornerRadius: Theme.rowRadius
+            Accessible.name: root.isRevealed ? "Hide key" : "Show key"
+            Accessible.description: root.name
+            onClicked: root.isRevealed = !root.isRevealed
+        }
+    }
+    InkText {
+        width: root.width
+        text: root.hint
+        color: Theme.helpText
+        font.pixelSize: Theme.smallSize
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,40 @@
+import QtQuick
+import Glimmet
+
+// The credentials of one platform, outlined while the platform is the chosen one.
+RoundedBox {
+    id: root
+
+    required property string title
+    required property bool selected
+    // Of the key that the section is about.
+    required property string value
+    default property alias content: fields.data
+
+    readonly property real contentWidth: width - 2 * Theme.cardPadding
+
+    implicitHeight: column.height + 2 * Theme.cardPadding
+    radius: Theme.cardRadius
+    borderWidth: Theme.fieldBorderWidth
+    borderColor: selected ? Theme.accent : Theme.cardBorder
+
+    Column {
+        id: column
+        x: Theme.cardPadding
+        y: Theme.cardPadding
+        width: root.contentWidth
+        spacing: Theme.sectionSpacing
+
+        SectionLabel {
+            text: root.title
+        }
+        Column {
+            id: fields
+            width: root.contentWidth
+            spacing: Theme.sectionSpacing
+        }
+        KeyStatusBadge {
+            value: root.value
+        }
+    }
+}

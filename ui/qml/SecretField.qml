@@ -1,0 +1,19 @@
+import QtQuick
+import Glimmet
+
+// A field for what nobody else shall see: dots, until it is revealed.
+BorderedField {
+    id: field
+
+    required property bool isRevealed
+
+    leftPadding: 12
+    rightPadding: 12
+    topPadding: 9
+    bottomPadding: 9
+    font.family: Theme.monospacedFamily
+    echoMode: isRevealed ? TextInput.Normal : TextInput.Password
+    passwordCharacter: "•"
+    passwordMaskDelay: 0
+    inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
+}
