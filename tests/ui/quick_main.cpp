@@ -2,6 +2,7 @@
 #include "tests/ui/LookSwitch.h"
 #include "tests/ui/ClipboardProbe.h"
 #include "tests/ui/TickerFixture.h"
+#include "ui/SecretAccessible.h"
 
 #include <QAccessible>
 #include <QQuickWindow>
@@ -19,6 +20,7 @@ public slots:
     {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         QAccessible::setActive(true);
+        SecretAccessible::install();
         qmlRegisterType<TickerFixture>("GlimmetTests", 1, 0, "TickerFixture");
         qmlRegisterType<LookSwitch>("GlimmetTests", 1, 0, "LookSwitch");
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");

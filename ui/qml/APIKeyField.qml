@@ -46,7 +46,7 @@ Column {
             placeholderText: root.placeholder
             value: root.value
             isRevealed: root.isRevealed
-            Accessible.name: root.name
+            name: root.name
             onEdited: text => root.edited(text)
         }
         // Beside the field, not in it: what is in a field is told to nobody.

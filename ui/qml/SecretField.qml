@@ -5,6 +5,8 @@ import Glimmet
 BorderedField {
     id: field
 
+    // What a screen reader says for it.
+    required property string name
     required property bool isRevealed
 
     leftPadding: 12
@@ -15,5 +17,6 @@ BorderedField {
     echoMode: isRevealed ? TextInput.Normal : TextInput.Password
     passwordCharacter: "•"
     passwordMaskDelay: 0
+    Accessible.name: name
     inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
 }
