@@ -1,6 +1,7 @@
 #include "ui/Wording.h"
 
 #include "core/HostText.h"
+#include "ui/SingleLine.h"
 
 namespace glimmet {
 
@@ -8,6 +9,11 @@ QString Wording::oneLine(const QString &text)
 {
     constexpr int lengthSeen = 1000;
     return hostText(text.left(lengthSeen));
+}
+
+QString Wording::fieldText(const QString &text)
+{
+    return singleLine(text);
 }
 
 QString Wording::version(const QString &appVersion)

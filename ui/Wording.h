@@ -18,6 +18,8 @@ public:
     /// The menu-bar text as it stands on one line. Of a very long one only what can be seen: to lay out all
     /// of it would hold up the panel.
     Q_INVOKABLE static QString oneLine(const QString &text);
+    /// A text as a field of one line holds it: each line break is one blank.
+    Q_INVOKABLE static QString fieldText(const QString &text);
     /// "v1.2 ·"; an unknown version leaves its place empty.
     Q_INVOKABLE static QString version(const QString &appVersion);
     /// Says that the default quotes rotate, and how many there are.

@@ -117,4 +117,34 @@ int TickerFixture::deadlineSaves() const
     return static_cast<int>(m_world.preferences.writes().count(QString(PreferencesKeys::deadlines)));
 }
 
+QStringList TickerFixture::keySaves() const
+{
+    return m_world.keys.saves();
+}
+
+void TickerFixture::forgetKeySaves()
+{
+    m_world.keys.forgetCalls();
+}
+
+QString TickerFixture::storedKey(const QString &item)
+{
+    const QHash<QString, QByteArray> &items = m_world.keys.items();
+    return items.contains(item) ? QString::fromUtf8(items.value(item)) : u"absent"_s;
+}
+
+TickerViewModel *TickerFixture::tickerWithoutKeys()
+{
+    m_world.keys.lock();
+    // With a parent: QML would take an object without one for its own.
+    m_tickerWithoutKeys = std::make_unique<TickerViewModel>(m_world.forTicker(), this);
+    return m_tickerWithoutKeys.get();
+}
+
+void TickerFixture::keyArrives(const QString &item, const QString &value)
+{
+    m_world.keys.items().insert(item, value.toUtf8());
+    m_world.keys.unlock();
+}
+
 } // namespace glimmet

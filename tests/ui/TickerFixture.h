@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace glimmet {
 
 /// A real ticker in a world that a QML test holds in its hand.
@@ -51,12 +53,22 @@ public:
     /// The same as they are stored; ["absent"] where nothing is.
     Q_INVOKABLE QStringList storedDeadlines() const;
     Q_INVOKABLE int deadlineSaves() const;
+    /// The names of the key store's items, once for each time that one was saved.
+    Q_INVOKABLE QStringList keySaves() const;
+    Q_INVOKABLE void forgetKeySaves();
+    /// An item of the key store; an absent one reads as "absent".
+    Q_INVOKABLE QString storedKey(const QString &item);
+    /// Another ticker, which cannot read the key store until `keyArrives`.
+    Q_INVOKABLE glimmet::TickerViewModel *tickerWithoutKeys();
+    /// The key store can be read now, and this is in it.
+    Q_INVOKABLE void keyArrives(const QString &item, const QString &value);
 
 private:
     void answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price);
 
     TestWorld m_world;
     TickerViewModel m_ticker{ m_world.forTicker() };
+    std::unique_ptr<TickerViewModel> m_tickerWithoutKeys;
     PanelHost m_host{ QStringLiteral("1.2") };
     PanelHost m_unversionedHost{ QString() };
 };

@@ -1,6 +1,7 @@
 #include "tests/ui/AccessibleProbe.h"
 #include "tests/ui/LookSwitch.h"
 #include "tests/ui/ClipboardProbe.h"
+#include "tests/ui/KeyboardProbe.h"
 #include "tests/ui/TickerFixture.h"
 #include "ui/SecretAccessible.h"
 
@@ -25,6 +26,7 @@ public slots:
         qmlRegisterType<LookSwitch>("GlimmetTests", 1, 0, "LookSwitch");
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");
         qmlRegisterType<ClipboardProbe>("GlimmetTests", 1, 0, "ClipboardProbe");
+        qmlRegisterType<KeyboardProbe>("GlimmetTests", 1, 0, "KeyboardProbe");
     }
 };
 

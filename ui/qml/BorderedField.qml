@@ -9,14 +9,18 @@ T.TextField {
     property real cornerRadius: Theme.rowRadius
     // What is shown until it is edited, and again whenever it changes.
     property string value
+    readonly property string line: Wording.fieldText(value)
 
     // By the user or by an assistive program.
     signal edited(string text)
 
-    text: value
+    text: line
     onTextChanged: {
-        if (text !== value)
+        if (text !== line)
             edited(text);
+    }
+    validator: LineInput {
+        target: field
     }
 
     implicitWidth: 120
@@ -28,6 +32,7 @@ T.TextField {
     font.family: Theme.family
     font.pixelSize: Theme.fieldSize
     verticalAlignment: TextInput.AlignVCenter
+    selectByMouse: true
 
     Accessible.role: Accessible.EditableText
     Accessible.name: placeholderText

@@ -17,12 +17,8 @@ Column {
         cornerRadius: 9
         font.pixelSize: 14
         placeholderText: "Type your text…"
-        text: root.ticker.customText
-        // Not only what is typed: an assistive program sets the text without editing it.
-        onTextChanged: {
-            if (text !== root.ticker.customText)
-                root.ticker.customText = text;
-        }
+        value: root.ticker.customText
+        onEdited: text => root.ticker.customText = text
     }
     InkText {
         text: "Updates live as you type."

@@ -103,9 +103,8 @@ Column {
         bottomPadding: 9
         font.pixelSize: Theme.rowSize
         placeholderText: "Name (e.g. Math Exam)"
-        text: form.title
-        // Not only what is typed: an assistive program sets the text without editing it.
-        onTextChanged: form.title = text
+        value: form.title
+        onEdited: text => form.title = text
         onAccepted: form.add()
     }
     DateTimePicker {

@@ -22,7 +22,7 @@ Column {
         verticalPadding: 6
         fontFamily: Theme.monospacedFamily
         fieldName: "CURRENCY"
-        text: root.ticker.dodoCurrency
+        value: root.ticker.dodoCurrency
         buttonText: "Apply"
         onEntered: code => root.choose(code)
     }

@@ -9,6 +9,7 @@ Row {
     property string fieldName: placeholderText
     property int verticalPadding: 7
     readonly property alias field: field
+    property alias value: field.value
     property alias text: field.text
     property alias placeholderText: field.placeholderText
     property alias fontFamily: field.font.family

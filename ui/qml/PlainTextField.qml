@@ -28,8 +28,8 @@ Column {
         bottomPadding: 9
         font.family: Theme.monospacedFamily
         placeholderText: root.placeholder
-        text: root.text
-        onTextEdited: root.edited(text)
+        value: root.text
+        onEdited: text => root.edited(text)
         Accessible.name: root.caption
     }
     InkText {

@@ -11,6 +11,7 @@ TestCase {
     readonly property AccessibleProbe reader: AccessibleProbe {}
     readonly property LookSwitch desktop: LookSwitch {}
     readonly property ClipboardProbe clipboard: ClipboardProbe {}
+    readonly property KeyboardProbe keyboard: KeyboardProbe {}
 
     width: 340
     height: 540
