@@ -152,8 +152,9 @@ TEST(TickerProperties, haveAChangeSignalEach)
     }
 
     for (const auto &[signal, properties] : names) {
-        // activeQuotes is computed from customQuotes.
-        EXPECT_EQ(properties.size(), properties.front() == "customQuotes" ? 2U : 1U) << properties.back();
+        // activeQuotes is computed from customQuotes, spokenDisplay from what currentDisplay is.
+        const bool isShared = properties.front() == "customQuotes" || properties.front() == "currentDisplay";
+        EXPECT_EQ(properties.size(), isShared ? 2U : 1U) << properties.back();
     }
 }
 
@@ -161,7 +162,7 @@ TEST(TickerProperties, cannotBeWrittenWhereTheyAreResults)
 {
     const QMetaObject &meta = TickerViewModel::staticMetaObject;
     for (const char *name : { "revenueLabel", "isFetchingRevenue", "lastFetchError", "cryptoPrices",
-             "activeQuotes", "currentDisplay" })
+             "activeQuotes", "currentDisplay", "spokenDisplay" })
         EXPECT_FALSE(meta.property(meta.indexOfProperty(name)).isWritable()) << name;
 }
 

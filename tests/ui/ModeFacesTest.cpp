@@ -7,15 +7,6 @@
 
 namespace glimmet {
 
-namespace {
-
-int number(TickerMode mode)
-{
-    return static_cast<int>(mode);
-}
-
-} // namespace
-
 TEST(ModeFaces, cardsStandInTheOrderOfTheModes)
 {
     QStringList labels;

@@ -6,6 +6,7 @@ RoundedBox {
     id: root
 
     required property string subject
+    default property alias content: room.data
 
     readonly property bool hasKeyboard: removeButton.visualFocus
     // Where the row's own room ends.
@@ -20,6 +21,11 @@ RoundedBox {
     radius: Theme.rowRadius
     color: Theme.rowFill
 
+    // Before the button, as it is read.
+    Item {
+        id: room
+        anchors.fill: parent
+    }
     PlainButton {
         id: removeButton
         anchors.right: parent.right
