@@ -19,4 +19,8 @@ BorderedField {
     passwordMaskDelay: 0
     Accessible.name: name
     inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
+
+    SecretClipboard {
+        secret: field.text
+    }
 }

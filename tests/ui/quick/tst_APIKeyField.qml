@@ -165,6 +165,50 @@ PanelTestCase {
         compare(entry().text, "rk_1");
     }
 
+    function test_whatIsTakenFromARevealedKeyIsMarkedAsSecret_data() {
+        return [
+            {tag: "copied", take: () => keySequence(StandardKey.Copy), left: "rk_1"},
+            {tag: "copied by Ctrl+Insert", take: () => keyClick(Qt.Key_Insert, Qt.ControlModifier), left: "rk_1"},
+            {tag: "cut", take: () => keySequence(StandardKey.Cut), left: ""},
+            {tag: "cut by Shift+Delete", take: () => keyClick(Qt.Key_Delete, Qt.ShiftModifier), left: ""}
+        ];
+    }
+
+    function test_whatIsTakenFromARevealedKeyIsMarkedAsSecret(row) {
+        field.value = "rk_1";
+        field.isRevealed = true;
+        entry().forceActiveFocus();
+        keySequence(StandardKey.SelectAll);
+        clipboard.set("before");
+
+        row.take();
+
+        compare(clipboard.text(), "rk_1");
+        compare(clipboard.hint(), "secret");
+        compare(entry().text, row.left);
+    }
+
+    function test_aPartOfARevealedKeyIsMarkedToo() {
+        field.value = "rk_live_1";
+        field.isRevealed = true;
+        entry().forceActiveFocus();
+        entry().select(3, 7);
+
+        keySequence(StandardKey.Copy);
+
+        compare(clipboard.text(), "live");
+        compare(clipboard.hint(), "secret");
+    }
+
+    function test_otherTextsAreNotMarked() {
+        field.value = "rk_1";
+
+        clipboard.set("a quote");
+
+        compare(clipboard.text(), "a quote");
+        compare(clipboard.hint(), "");
+    }
+
     function test_itsTextKeepsOutOfWhatInputMethodsLearn() {
         const shy = Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase;
 
