@@ -148,10 +148,14 @@ public:
 
     RevenueProvider revenueProvider() const { return m_revenueProvider; }
     void setRevenueProvider(RevenueProvider provider);
+    /// What a tap on a platform does: chooses it, also the one that is chosen, and fetches.
+    Q_INVOKABLE void chooseRevenueProvider(glimmet::RevenueProviders::RevenueProvider provider);
     RevenueMetric revenueMetric() const { return m_revenueMetric; }
     void setRevenueMetric(RevenueMetric metric);
     RevenueMode revenueMode() const { return m_revenueMode; }
     void setRevenueMode(RevenueMode period);
+    /// The same for a period; in Revenue mode the choice itself fetches as well.
+    Q_INVOKABLE void chooseRevenueMode(glimmet::RevenueModes::RevenueMode period);
     QString polarAPIKey() const { return m_polarAPIKey; }
     void setPolarAPIKey(const QString &key);
     QString revenueCatAPIKey() const { return m_revenueCatAPIKey; }
@@ -162,10 +166,13 @@ public:
     void setDodoAPIKey(const QString &key);
     QString dodoCurrency() const { return m_dodoCurrency; }
     void setDodoCurrency(const QString &currency);
+    /// The same for a currency, as it is typed.
+    Q_INVOKABLE void chooseDodoCurrency(const QString &currency);
     QString stripeAPIKey() const { return m_stripeAPIKey; }
     void setStripeAPIKey(const QString &key);
     QString stripeCurrency() const { return m_stripeCurrency; }
     void setStripeCurrency(const QString &currency);
+    Q_INVOKABLE void chooseStripeCurrency(const QString &currency);
     QString lemonSqueezyAPIKey() const { return m_lemonSqueezyAPIKey; }
     void setLemonSqueezyAPIKey(const QString &key);
     QString revenueLabel() const { return m_revenueLabel; }

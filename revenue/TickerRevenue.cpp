@@ -101,6 +101,12 @@ void TickerViewModel::setRevenueProvider(RevenueProvider provider)
     publish(m_revenueProvider, provider, &TickerViewModel::revenueProviderChanged);
 }
 
+void TickerViewModel::chooseRevenueProvider(RevenueProvider provider)
+{
+    setRevenueProvider(provider);
+    fetchRevenue();
+}
+
 void TickerViewModel::setRevenueMetric(RevenueMetric metric)
 {
     publish(m_revenueMetric, metric, &TickerViewModel::revenueMetricChanged);
@@ -113,10 +119,28 @@ void TickerViewModel::setRevenueMode(RevenueMode period)
     fetchRevenueInRevenueMode();
 }
 
+void TickerViewModel::chooseRevenueMode(RevenueMode period)
+{
+    setRevenueMode(period);
+    fetchRevenue();
+}
+
 void TickerViewModel::setDodoCurrency(const QString &currency)
 {
     publish(m_dodoCurrency, currency, &TickerViewModel::dodoCurrencyChanged);
     fetchRevenueInRevenueMode();
+}
+
+void TickerViewModel::chooseDodoCurrency(const QString &currency)
+{
+    setDodoCurrency(currency);
+    fetchRevenue();
+}
+
+void TickerViewModel::chooseStripeCurrency(const QString &currency)
+{
+    setStripeCurrency(currency);
+    fetchRevenue();
 }
 
 } // namespace glimmet

@@ -17,10 +17,13 @@ FIGURE = "💰 $17.00"
 
 
 class RevenueCase(DesktopCase):
+    server_class = RevenueServer
+
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        Watcher(cls.desktop).start()
+        if cls.kind == "strip":
+            Watcher(cls.desktop).start()
         cls.keyring = Keyring(cls.desktop)
         cls.certificates = cls.desktop.folder / "certificates"
         hosts = [PRICES, *(platform.host for platform in PLATFORMS)]
@@ -33,7 +36,7 @@ class RevenueCase(DesktopCase):
         self.serve("good")
 
     def serve(self, certificate):
-        self.server = RevenueServer(self.network.listen(443), self.certificates / f"{certificate}.pem")
+        self.server = self.server_class(self.network.listen(443), self.certificates / f"{certificate}.pem")
         self.addCleanup(self.server.close)
 
     def begin(self, environment=None, **options):

@@ -81,6 +81,55 @@ TEST_F(TickerRevenue, isFetchedByItsModeCardAlsoByASecondTap)
     EXPECT_EQ(fetches(), 2U);
 }
 
+TEST_F(TickerRevenue, isFetchedOnceOrTwiceByATapInItsMode)
+{
+    ticker.setMode(TickerMode::Revenue);
+    const std::size_t before = fetches();
+
+    ticker.setRevenueMetric(RevenueMetric::Orders);
+    EXPECT_EQ(fetches(), before + 1);
+    ticker.chooseRevenueProvider(RevenueProvider::RevenueCat);
+    EXPECT_EQ(fetches(), before + 2);
+    ticker.chooseRevenueMode(RevenueMode::Week);
+    EXPECT_EQ(fetches(), before + 4);
+    ticker.chooseStripeCurrency(u"EUR"_s);
+    EXPECT_EQ(fetches(), before + 6);
+    ticker.chooseDodoCurrency(u" eur"_s);
+    EXPECT_EQ(fetches(), before + 8);
+
+    EXPECT_EQ(ticker.revenueProvider(), RevenueProvider::RevenueCat);
+    EXPECT_EQ(ticker.revenueMode(), RevenueMode::Week);
+    EXPECT_EQ(ticker.stripeCurrency(), u"EUR"_s);
+    EXPECT_EQ(ticker.dodoCurrency(), u" eur"_s);
+}
+
+TEST_F(TickerRevenue, isFetchedByATapOnWhatIsChosenAlready)
+{
+    ticker.setMode(TickerMode::Revenue);
+    const std::size_t before = fetches();
+
+    ticker.chooseRevenueProvider(ticker.revenueProvider());
+    EXPECT_EQ(fetches(), before + 1);
+    ticker.chooseRevenueMode(ticker.revenueMode());
+    EXPECT_EQ(fetches(), before + 3);
+    ticker.chooseStripeCurrency(ticker.stripeCurrency());
+    EXPECT_EQ(fetches(), before + 5);
+    ticker.chooseDodoCurrency(ticker.dodoCurrency());
+    EXPECT_EQ(fetches(), before + 7);
+}
+
+TEST_F(TickerRevenue, isFetchedOnceByATapInAnotherMode)
+{
+    const std::size_t before = fetches();
+
+    ticker.chooseRevenueProvider(RevenueProvider::RevenueCat);
+    ticker.chooseRevenueMode(RevenueMode::Week);
+    ticker.chooseStripeCurrency(u"EUR"_s);
+    ticker.chooseDodoCurrency(u"EUR"_s);
+
+    EXPECT_EQ(fetches(), before + 4);
+}
+
 TEST_F(TickerRevenue, isMarkedAsFetchingUntilTheAnswer)
 {
     EXPECT_FALSE(ticker.isFetchingRevenue());

@@ -6,16 +6,11 @@ Column {
 
     required property TickerViewModel ticker
 
-    function choose(code: string) {
-        ticker.dodoCurrency = code;
-        ticker.fetchRevenue();
-    }
-
     spacing: Theme.rowSpacing
 
     CurrencyRow {
         currency: root.ticker.dodoCurrency
-        onChosen: code => root.choose(code)
+        onChosen: code => root.ticker.chooseDodoCurrency(code)
     }
     EntryRow {
         width: root.width
@@ -24,6 +19,6 @@ Column {
         fieldName: "CURRENCY"
         value: root.ticker.dodoCurrency
         buttonText: "Apply"
-        onEntered: code => root.choose(code)
+        onEntered: code => root.ticker.chooseDodoCurrency(code)
     }
 }

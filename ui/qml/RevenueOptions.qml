@@ -12,16 +12,6 @@ Column {
     readonly property int metric: ticker.revenueMetric
     readonly property int period: ticker.revenueMode
 
-    function chooseProvider(choice: int) {
-        ticker.revenueProvider = choice;
-        ticker.fetchRevenue();
-    }
-
-    function choosePeriod(choice: int) {
-        ticker.revenueMode = choice;
-        ticker.fetchRevenue();
-    }
-
     spacing: 12
 
     Column {
@@ -44,7 +34,7 @@ Column {
                     width: (root.width - grid.spacing) / 2
                     provider: modelData
                     selected: root.provider === modelData
-                    onTapped: root.chooseProvider(modelData)
+                    onTapped: root.ticker.chooseRevenueProvider(modelData)
                 }
             }
         }
@@ -93,7 +83,7 @@ Column {
                 label: RevenueFaces.periodLabel(modelData)
                 symbol: RevenueFaces.periodSymbol(modelData)
                 selected: root.period === modelData
-                onTapped: root.choosePeriod(modelData)
+                onTapped: root.ticker.chooseRevenueMode(modelData)
             }
         }
     }

@@ -5,8 +5,5 @@ CurrencyRow {
     required property TickerViewModel ticker
 
     currency: ticker.stripeCurrency
-    onChosen: code => {
-        ticker.stripeCurrency = code;
-        ticker.fetchRevenue();
-    }
+    onChosen: code => ticker.chooseStripeCurrency(code)
 }
