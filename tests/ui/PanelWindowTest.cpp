@@ -28,6 +28,26 @@ protected:
         panel.window().show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
     }
+    /// The items that `type`.qml made, in the order of painting.
+    static QList<QQuickItem *> items(Panel &panel, const QString &type)
+    {
+        QList<QQuickItem *> found;
+        QList<QQuickItem *> rest{ view(panel).rootObject() };
+        while (!rest.isEmpty()) {
+            QQuickItem *item = rest.takeFirst();
+            if (QString::fromLatin1(item->metaObject()->className()).startsWith(type + u"_QMLTYPE"_s))
+                found.append(item);
+            rest = item->childItems() + rest;
+        }
+        return found;
+    }
+    static void click(Panel &panel, const QString &label)
+    {
+        for (QQuickItem *button : items(panel, u"PlainButton"_s)) {
+            if (button->property("text") == label)
+                QMetaObject::invokeMethod(button, "clicked");
+        }
+    }
     static QColor pixel(Panel &panel, QPoint position)
     {
         return view(panel).grabWindow().pixelColor(position);
@@ -183,6 +203,45 @@ TEST_F(PanelWindowTest, settingsSurviveItsClosing)
 
     EXPECT_EQ(view(*panel).rootObject()->property("ticker").value<TickerViewModel *>(), &ticker);
     EXPECT_EQ(shown(), u"still here"_s);
+}
+
+TEST_F(PanelWindowTest, keepsNoSheetNoRevealedKeyAndNoTypedTextAfterItsClosing)
+{
+    ticker.setMode(TickerMode::Revenue);
+    ticker.setRevenueProvider(RevenueProvider::Dodo);
+    ticker.setPolarAPIKey(u"pat_1"_s);
+    auto panel = makePanel(ticker);
+    show(*panel);
+    items(*panel, u"BorderedField"_s).first()->setProperty("text", u"half a co"_s);
+    click(*panel, u"API Keys"_s);
+    items(*panel, u"APIKeyField"_s).first()->setProperty("isRevealed", true);
+    ASSERT_EQ(items(*panel, u"SecretField"_s).first()->property("displayText"), u"pat_1"_s);
+
+    panel.reset();
+    panel = makePanel(ticker);
+    show(*panel);
+
+    EXPECT_TRUE(items(*panel, u"APIKeysSheet"_s).isEmpty());
+    EXPECT_EQ(items(*panel, u"BorderedField"_s).first()->property("text"), u"USD"_s);
+    click(*panel, u"API Keys"_s);
+    EXPECT_EQ(items(*panel, u"SecretField"_s).first()->property("displayText"), u"•••••"_s);
+}
+
+TEST_F(PanelWindowTest, escapeClosesASheetFirst)
+{
+    ticker.setMode(TickerMode::Revenue);
+    const auto panel = makePanel(ticker);
+    show(*panel);
+    panel->window().requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
+    click(*panel, u"API Keys"_s);
+
+    QTest::keyClick(&panel->window(), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return items(*panel, u"APIKeysSheet"_s).isEmpty(); }));
+    EXPECT_TRUE(panel->window().isVisible());
+    QTest::keyClick(&panel->window(), Qt::Key_Escape);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !panel->window().isVisible(); }));
 }
 
 TEST_F(PanelWindowTest, twoPanelsHaveTheirOwnSchemes)
