@@ -7,6 +7,8 @@ T.TextField {
     id: field
 
     property real cornerRadius: Theme.rowRadius
+    property real horizontalPadding: 12
+    property real verticalPadding: 9
     // What is shown until it is edited, and again whenever it changes.
     property string value
     readonly property string line: Wording.fieldText(value)
@@ -25,6 +27,10 @@ T.TextField {
 
     implicitWidth: 120
     maximumLength: 2147483647
+    leftPadding: horizontalPadding
+    rightPadding: horizontalPadding
+    topPadding: verticalPadding
+    bottomPadding: verticalPadding
     implicitHeight: Math.ceil(contentHeight) + topPadding + bottomPadding
     color: Theme.ink
     selectionColor: Theme.accent

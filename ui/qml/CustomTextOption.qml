@@ -10,10 +10,7 @@ Column {
 
     BorderedField {
         width: root.width
-        leftPadding: 12
-        rightPadding: 12
-        topPadding: 10
-        bottomPadding: 10
+        verticalPadding: 10
         cornerRadius: 9
         font.pixelSize: 14
         placeholderText: "Type your text…"

@@ -97,10 +97,6 @@ Column {
     BorderedField {
         id: newName
         width: root.width
-        leftPadding: 12
-        rightPadding: 12
-        topPadding: 9
-        bottomPadding: 9
         font.pixelSize: Theme.rowSize
         placeholderText: "Name (e.g. Math Exam)"
         value: form.title

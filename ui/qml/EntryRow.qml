@@ -33,10 +33,8 @@ Row {
     BorderedField {
         id: field
         width: root.width - button.width - root.spacing
-        leftPadding: 10
-        rightPadding: 10
-        topPadding: root.verticalPadding
-        bottomPadding: root.verticalPadding
+        horizontalPadding: 10
+        verticalPadding: root.verticalPadding
         cornerRadius: Theme.buttonRadius
         Accessible.name: root.fieldName
         onAccepted: root.entered(text)

@@ -22,10 +22,6 @@ Column {
     }
     BorderedField {
         width: root.width
-        leftPadding: 12
-        rightPadding: 12
-        topPadding: 9
-        bottomPadding: 9
         font.family: Theme.monospacedFamily
         placeholderText: root.placeholder
         value: root.text

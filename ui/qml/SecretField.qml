@@ -9,10 +9,6 @@ BorderedField {
     required property string name
     required property bool isRevealed
 
-    leftPadding: 12
-    rightPadding: 12
-    topPadding: 9
-    bottomPadding: 9
     font.family: Theme.monospacedFamily
     echoMode: isRevealed ? TextInput.Normal : TextInput.Password
     passwordCharacter: "•"
