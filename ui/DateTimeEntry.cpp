@@ -18,6 +18,23 @@ Instant startOfMinute(Instant moment)
     return { std::floor(moment.secondsSince2001 / minuteLength) * minuteLength };
 }
 
+/// Where a key moves the keyboard; nothing for a key that does not.
+std::optional<int> rowByKey(int key, int row, int lastRow)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return std::max(row - 1, 0);
+    case Qt::Key_Right:
+        return std::min(row + 1, lastRow);
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return lastRow;
+    default:
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 DateTimeEntry::DateTimeEntry(QObject *parent)
@@ -39,13 +56,21 @@ void DateTimeEntry::setTicker(const TickerViewModel *ticker)
 
 void DateTimeEntry::reset()
 {
-    beginResetModel();
-    m_conventions = dateTimeConventions(m_ticker->region().localeName());
-    m_places = m_conventions.dateFields + m_conventions.timeFields;
+    takeConventions(dateTimeConventions(m_ticker->region().localeName()));
     m_typing.reset();
     m_calendar.close();
     setMoment(m_ticker->now().advanced(dayLength));
     m_isDefault = true;
+}
+
+/// The rows become new ones only where they must: the keyboard may be in one of them.
+void DateTimeEntry::takeConventions(const DateTimeConventions &conventions)
+{
+    if (conventions == m_conventions)
+        return;
+    beginResetModel();
+    m_conventions = conventions;
+    m_places = m_conventions.dateFields + m_conventions.timeFields;
     endResetModel();
 }
 
@@ -75,38 +100,37 @@ int DateTimeEntry::pressKey(int row, int key, const QString &text)
 {
     if (!isRow(row))
         return -1;
-    const auto lastRow = static_cast<int>(m_places.size()) - 1;
-    switch (key) {
-    case Qt::Key_Up:
-        step(row, 1);
+    if (const auto next = rowByKey(key, row, rowCount() - 1))
+        return *next;
+    if (changeByKey(row, key))
         return row;
-    case Qt::Key_Down:
-        step(row, -1);
-        return row;
-    case Qt::Key_Left:
-        return std::max(row - 1, 0);
-    case Qt::Key_Right:
-        return std::min(row + 1, lastRow);
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return lastRow;
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-        m_typing.reset();
-        refresh();
-        return row;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        settle();
-        return row;
-    default:
-        break;
-    }
     if (fieldAt(row) == DateTimeField::DayPeriod)
         return typeDayPeriod(row, text) ? row : -1;
     const int digit = digitValue(text);
     return digit < 0 ? -1 : typeDigit(row, digit);
+}
+
+bool DateTimeEntry::changeByKey(int row, int key)
+{
+    switch (key) {
+    case Qt::Key_Up:
+        step(row, 1);
+        return true;
+    case Qt::Key_Down:
+        step(row, -1);
+        return true;
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        m_typing.reset();
+        refresh();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        settle();
+        return true;
+    default:
+        return false;
+    }
 }
 
 void DateTimeEntry::finish(int row)
@@ -267,7 +291,8 @@ QString DateTimeEntry::widestText(const FieldPlace &place) const
         return *std::max_element(periods.cbegin(), periods.cend(),
             [](const QString &one, const QString &other) { return one.size() < other.size(); });
     }
-    constexpr int widestDigit = 8;
+    // In the panel's font; elsewhere the digits are of one width, or a field grows with its text.
+    constexpr int widestDigit = 4;
     const int length = place.field == DateTimeField::Year ? 4 : 2;
     return localizedNumber(widestDigit, 1, m_conventions.zeroDigit).repeated(length);
 }

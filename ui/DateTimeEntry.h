@@ -66,6 +66,8 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 private:
+    void takeConventions(const DateTimeConventions &conventions);
+    bool changeByKey(int row, int key);
     void setFields(const DateTimeFields &fields);
     void setMoment(Instant moment);
     void renewDefault();

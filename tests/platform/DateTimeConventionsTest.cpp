@@ -57,6 +57,7 @@ TEST(DateTimeConventions, standAsTheEyeMeetsThemFromTheLeft)
 {
     EXPECT_EQ(datePattern("ar_EG"), u"y/MM/dd"_s);
     EXPECT_EQ(timePattern("ar_EG"), u"a h:mm"_s);
+    EXPECT_EQ(timePattern("ar_AE"), u"a h:mm"_s);
     EXPECT_EQ(datePattern("fa_IR"), u"y/MM/dd"_s);
     EXPECT_EQ(datePattern("he_IL"), u"dd.MM.y"_s);
 }

@@ -99,6 +99,20 @@ TEST(Geometry, theLastItemScrollsToTheEndAndNoFurther)
     EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(&item, &content, 0, 100), 300);
 }
 
+TEST(Geometry, anItemIsPartOfTheWholeThatAsksToBeRevealed)
+{
+    QQuickItem whole;
+    whole.setProperty("revealedWhole", true);
+    QQuickItem row(&whole);
+    QQuickItem item(&row);
+    QQuickItem elsewhere;
+
+    EXPECT_EQ(Geometry::wholeAround(&item), &whole);
+    EXPECT_EQ(Geometry::wholeAround(&whole), &whole);
+    EXPECT_EQ(Geometry::wholeAround(&elsewhere), nullptr);
+    EXPECT_EQ(Geometry::wholeAround(nullptr), nullptr);
+}
+
 TEST(Geometry, aRoundedRegionLeavesOnlyItsCornersOut)
 {
     const QRegion region = Geometry::roundedRegion({ 340, 540 }, 14);

@@ -24,7 +24,7 @@ T.AbstractButton {
     enabled: isOffered
     // The keyboard leaves after the cursor did.
     focusPolicy: isCursor || activeFocus ? Qt.TabFocus : Qt.NoFocus
-    opacity: !enabled ? Theme.disabledOpacity / 2 : pressed ? Theme.pressedOpacity : 1
+    opacity: enabled ? (pressed ? Theme.pressedOpacity : 1) : Theme.withheldOpacity
 
     Accessible.role: Accessible.Button
     Accessible.name: name

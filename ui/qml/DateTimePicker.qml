@@ -57,6 +57,10 @@ FocusScope {
                 }
             }
 
+            MouseArea {
+                anchors.fill: parent
+                onPressed: segments.takeKeyboard()
+            }
             DateTimeSegments {
                 id: segments
                 // The segments' own padding makes up for the rest of the field's.

@@ -69,7 +69,8 @@ Item {
         font.pixelSize: Theme.rowSize
         Accessible.ignored: true
     }
-    TapHandler {
-        onTapped: root.forceActiveFocus(Qt.MouseFocusReason)
+    MouseArea {
+        anchors.fill: parent
+        onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
     }
 }

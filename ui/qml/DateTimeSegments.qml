@@ -10,6 +10,10 @@ FocusScope {
 
     readonly property real padding: 2
 
+    function takeKeyboard() {
+        (places.itemAt(0) as DateTimePlace).takeKeyboard();
+    }
+
     implicitWidth: line.width
     implicitHeight: line.height
     onActiveFocusChanged: {

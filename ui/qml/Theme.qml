@@ -77,6 +77,7 @@ QtObject {
     readonly property real pressedOpacity: 0.6
     readonly property real disabledOpacity: 0.5
     readonly property real passedOpacity: 0.4
+    readonly property real withheldOpacity: 0.25
 
     // False where the user wants nothing to move for show; what moves only once then takes no time.
     readonly property bool animates: Appearance.animates

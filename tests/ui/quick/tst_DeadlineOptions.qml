@@ -309,6 +309,19 @@ PanelTestCase {
         verify(rows()[0].hasKeyboard);
     }
 
+    function test_theKeyboardStaysInADateThatBeginsAnew() {
+        type("exam");
+        const minute = all(options, DateTimeSegment)[4];
+        mouseClick(minute);
+        keyClick("7");
+
+        mouseClick(addButton());
+
+        compare(world.deadlines(), ["exam 2026-05-05T08:07:00Z"]);
+        verify(minute.activeFocus);
+        compare(minute.text, "05");
+    }
+
     function test_theKeyboardGoesToTheNameAfterAddingByTheButton() {
         type("exam");
         addButton().forceActiveFocus(Qt.TabFocusReason);

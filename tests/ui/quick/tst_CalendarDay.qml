@@ -1,0 +1,95 @@
+import QtQuick
+import QtTest
+import Glimmet
+
+PanelTestCase {
+    name: "CalendarDay"
+
+    CalendarDay {
+        id: day
+        width: 40
+        label: "5"
+        name: "Tuesday, 5 May 2026"
+        isInMonth: true
+        isOffered: true
+        isToday: false
+        isChosen: false
+        isCursor: false
+    }
+    SignalSpy {
+        id: clicks
+        target: day
+        signalName: "clicked"
+    }
+
+    function init() {
+        day.isInMonth = true;
+        day.isOffered = true;
+        day.isToday = false;
+        day.isChosen = false;
+        day.isCursor = false;
+        clicks.clear();
+    }
+
+    function test_showsItsNumberInTheMiddle() {
+        const label = textOf(day, "5");
+
+        compareFont(label, 12, 400);
+        compareInk(label.color, 1);
+        compare(label.horizontalAlignment, Text.AlignHCenter);
+        compare(day.height, 28);
+    }
+
+    function test_standsOutByWhatItIs_data() {
+        return [
+            {tag: "chosen", property: "isChosen", value: true, color: Appearance.background, opacity: 1, weight: 600},
+            {tag: "today", property: "isToday", value: true, color: Appearance.accent, opacity: 1, weight: 600},
+            {tag: "of another month", property: "isInMonth", value: false, color: Appearance.ink, opacity: 0.4,
+                weight: 400}
+        ];
+    }
+
+    function test_standsOutByWhatItIs(row) {
+        day[row.property] = row.value;
+
+        const label = textOf(day, "5");
+        verify(isColor(label.color, row.color, row.opacity));
+        compareFont(label, 12, row.weight);
+    }
+
+    function test_aChosenOneIsFilledWithInk() {
+        compareInk(day.background.color, 0);
+
+        day.isChosen = true;
+
+        compareInk(day.background.color, 1);
+    }
+
+    function test_isAStopOfTheTabKeyOnlyUnderTheCursor() {
+        verify(!day.activeFocusOnTab);
+
+        day.isCursor = true;
+
+        verify(day.activeFocusOnTab);
+    }
+
+    function test_isChosenByMouseKeysAndScreenReader() {
+        mouseClick(day);
+        compare(clicks.count, 1);
+        day.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Space);
+        compare(clicks.count, 3);
+        verify(reader.press(day, "Tuesday, 5 May 2026"));
+        compare(clicks.count, 4);
+    }
+
+    function test_oneThatIsNotOfferedIsDimAndCannotBeClicked() {
+        day.isOffered = false;
+
+        mouseClick(day);
+
+        compare(day.opacity, 0.25);
+        compare(clicks.count, 0);
+    }
+}
