@@ -11,22 +11,18 @@ RoundedBox {
     readonly property bool revealedWhole: true
     readonly property real cellWidth: (width - 2 * inset) / 7
     readonly property real inset: 8
-    readonly property bool showsKeyboard: cursorDay() !== null && cursorDay().visualFocus
-
-    signal chosen
 
     function cursorDay(): CalendarDay {
         return days.itemAt(month.cursorRow) as CalendarDay;
     }
 
-    function takeKeyboard(reason: int) {
-        cursorDay().forceActiveFocus(reason);
+    // Whether the keyboard's place is to be seen.
+    function showsKeyboard(): bool {
+        return cursorDay().visualFocus || back.visualFocus || next.visualFocus;
     }
 
-    function choose(row: int) {
-        // The keyboard goes first: what is hidden loses it.
-        chosen();
-        month.choose(row);
+    function takeKeyboard(reason: int) {
+        cursorDay().forceActiveFocus(reason);
     }
 
     function showMonths(further: int, button: PlainButton) {
@@ -121,7 +117,7 @@ RoundedBox {
 
                     width: root.cellWidth
                     isCursor: root.month.cursorRow === index
-                    onClicked: root.choose(index)
+                    onClicked: root.month.choose(index)
                 }
             }
         }

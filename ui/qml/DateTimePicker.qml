@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Glimmet
 
@@ -14,11 +13,12 @@ FocusScope {
         const reason = button.visualFocus ? Qt.TabFocusReason : Qt.MouseFocusReason;
         entry.toggleCalendar();
         if (calendar.isOpen)
-            view.takeKeyboard(reason);
+            (view.item as CalendarView).takeKeyboard(reason);
     }
 
     function takeKeyboardBack() {
-        button.forceActiveFocus(view.showsKeyboard ? Qt.TabFocusReason : Qt.MouseFocusReason);
+        const showsKeyboard = (view.item as CalendarView).showsKeyboard();
+        button.forceActiveFocus(showsKeyboard ? Qt.TabFocusReason : Qt.MouseFocusReason);
     }
 
     implicitHeight: column.height
@@ -37,6 +37,14 @@ FocusScope {
         }
     }
 
+    // The calendar is still there when it tells the day, and gone right after.
+    Connections {
+        target: root.calendar
+
+        function onDayChosen() {
+            root.takeKeyboardBack();
+        }
+    }
     Column {
         id: column
         width: root.width
@@ -85,12 +93,14 @@ FocusScope {
                 onClicked: root.toggle()
             }
         }
-        CalendarView {
+        Loader {
             id: view
             width: root.width
-            visible: root.calendar.isOpen
-            month: root.calendar
-            onChosen: root.takeKeyboardBack()
+            active: root.calendar.isOpen
+            visible: active
+            Component.onCompleted: setSource("CalendarView.qml", {
+                month: root.calendar
+            })
         }
     }
 }
