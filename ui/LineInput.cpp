@@ -18,6 +18,17 @@ void clean(QInputMethodEvent &event)
         singleLine(event.commitString()), event.replacementStart(), event.replacementLength());
 }
 
+/// The toolkit answers with the text itself, also where it is hidden.
+void answerInDots(QObject &field, QInputMethodQueryEvent &query)
+{
+    field.event(&query);
+    for (const auto text :
+        { Qt::ImSurroundingText, Qt::ImTextBeforeCursor, Qt::ImTextAfterCursor, Qt::ImCurrentSelection }) {
+        if (query.queries() & text)
+            query.setValue(text, QString(query.value(text).toString().size(), u'•'));
+    }
+}
+
 } // namespace
 
 void LineInput::setTarget(QQuickItem *field)
@@ -41,7 +52,10 @@ bool LineInput::eventFilter(QObject *, QEvent *event)
         return handleKey(*static_cast<QKeyEvent *>(event));
     if (event->type() == QEvent::InputMethod)
         clean(*static_cast<QInputMethodEvent *>(event));
-    return false;
+    if (event->type() != QEvent::InputMethodQuery || !isHidden())
+        return false;
+    answerInDots(*m_target, *static_cast<QInputMethodQueryEvent *>(event));
+    return true;
 }
 
 bool LineInput::handleKey(const QKeyEvent &event)
@@ -93,6 +107,13 @@ int LineInput::caret() const
 bool LineInput::hasSelection() const
 {
     return m_target->property("selectionStart") != m_target->property("selectionEnd");
+}
+
+bool LineInput::isHidden() const
+{
+    // Its echo mode is an enumeration that the toolkit keeps to itself: everything but Normal, its first,
+    // hides.
+    return m_target->property("echoMode").toInt() != 0;
 }
 
 void LineInput::replace(int length, const QString &text)

@@ -9,7 +9,8 @@ namespace glimmet {
 
 /// Makes a text field of the toolkit's take input as people expect of a line of text. A line break becomes a
 /// blank, whichever way it comes; what is pasted with the keyboard, or committed by an input method, can be
-/// undone all the same. Backspace removes an emoji whole, however many code points it is made of.
+/// undone all the same. Backspace removes an emoji whole, however many code points it is made of. An input
+/// method is told nothing of a hidden text but its length.
 class LineInput : public QValidator {
     Q_OBJECT
     QML_ELEMENT
@@ -41,6 +42,7 @@ private:
     void endStep();
     int caret() const;
     bool hasSelection() const;
+    bool isHidden() const;
 
     QQuickItem *m_target = nullptr;
 };

@@ -8,8 +8,8 @@
 namespace glimmet {
 
 /// While there is one, what the program puts of its secret onto the clipboard, or into the selection that a
-/// middle click pastes, is marked by the hint at which clipboard histories leave a text out. It does not matter
-/// which way it gets there: keys, mouse or an assistive program.
+/// middle click pastes, is marked by the hint at which clipboard histories leave a text out. It does not
+/// matter which way it gets there: keys, mouse or an assistive program.
 class SecretClipboard : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -18,4 +18,13 @@ void KeyboardProbe::commit(QQuickItem *field, const QString &text)
     QCoreApplication::sendEvent(field, &event);
 }
 
+QStringList KeyboardProbe::surroundings(QQuickItem *field)
+{
+    QInputMethodQueryEvent query(
+        Qt::ImSurroundingText | Qt::ImTextBeforeCursor | Qt::ImTextAfterCursor | Qt::ImCurrentSelection);
+    QCoreApplication::sendEvent(field, &query);
+    return { query.value(Qt::ImSurroundingText).toString(), query.value(Qt::ImTextBeforeCursor).toString(),
+        query.value(Qt::ImTextAfterCursor).toString(), query.value(Qt::ImCurrentSelection).toString() };
+}
+
 } // namespace glimmet

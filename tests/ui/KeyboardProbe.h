@@ -14,6 +14,8 @@ public:
     Q_INVOKABLE static void compose(QQuickItem *field, const QString &text);
     /// Ends composing with `text`.
     Q_INVOKABLE static void commit(QQuickItem *field, const QString &text);
+    /// All that an input method is told of the text in the field.
+    Q_INVOKABLE static QStringList surroundings(QQuickItem *field);
 };
 
 } // namespace glimmet

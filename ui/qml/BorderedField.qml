@@ -38,10 +38,10 @@ T.TextField {
     font.family: Theme.family
     font.pixelSize: Theme.fieldSize
     verticalAlignment: TextInput.AlignVCenter
-    selectByMouse: true
 
     Accessible.role: Accessible.EditableText
     Accessible.name: placeholderText
+    Accessible.ignored: !(parent?.enabled ?? true)
 
     background: RoundedBox {
         color: Theme.fieldFill

@@ -27,6 +27,7 @@ T.AbstractButton {
     opacity: enabled ? (pressed ? Theme.pressedOpacity : 1) : Theme.withheldOpacity
 
     Accessible.role: Accessible.Button
+    Accessible.ignored: !(parent?.enabled ?? true)
     Accessible.name: name
     Accessible.selectable: true
     Accessible.selected: isChosen

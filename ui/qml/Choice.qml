@@ -21,6 +21,12 @@ T.RadioButton {
     property color symbolColor: selected ? Theme.background : restingSymbol
     property color labelColor: selected ? Theme.background : restingLabel
 
+    // What an assistive program may ask for at any time.
+    function press() {
+        if (enabled)
+            tapped();
+    }
+
     text: label
     checked: selected
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
@@ -31,8 +37,9 @@ T.RadioButton {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: label
-    Accessible.onPressAction: choice.tapped()
-    Accessible.onToggleAction: choice.tapped()
+    Accessible.ignored: !(parent?.enabled ?? true)
+    Accessible.onPressAction: choice.press()
+    Accessible.onToggleAction: choice.press()
     Keys.onReturnPressed: choice.tapped()
     Keys.onEnterPressed: choice.tapped()
 

@@ -40,6 +40,7 @@ Item {
     }
 
     Accessible.role: Accessible.SpinBox
+    Accessible.ignored: !(parent?.enabled ?? true)
     Accessible.name: name
     Accessible.description: text
     Accessible.focusable: true

@@ -11,6 +11,8 @@ T.Switch {
 
     // The same as a click, for the keys that the toolkit leaves out.
     function press() {
+        if (!enabled)
+            return;
         toggle();
         toggled();
     }
@@ -26,6 +28,7 @@ T.Switch {
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
+    Accessible.ignored: !(parent?.enabled ?? true)
     Accessible.onPressAction: root.press()
     Accessible.onToggleAction: root.press()
     Keys.onReturnPressed: root.press()

@@ -8,4 +8,6 @@ Text {
     textFormat: Text.PlainText
     Accessible.role: Accessible.StaticText
     Accessible.name: text
+    // Out of use together with its page, as below a sheet. The toolkit tells assistive programs nothing of that.
+    Accessible.ignored: !(parent?.enabled ?? true)
 }

@@ -21,6 +21,7 @@ Item {
         lineWidth: 1.5
         Accessible.role: Accessible.Graphic
         Accessible.name: Wording.priceChart(root.shortName)
+        Accessible.ignored: !(parent?.enabled ?? true)
     }
     InkText {
         id: name

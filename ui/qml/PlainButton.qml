@@ -22,7 +22,11 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: button.clicked()
+    Accessible.ignored: !(parent?.enabled ?? true)
+    Accessible.onPressAction: {
+        if (button.enabled)
+            button.clicked();
+    }
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 

@@ -217,6 +217,16 @@ PanelTestCase {
         compare(entry().inputMethodHints & shy, shy);
     }
 
+    function test_anInputMethodIsToldNothingOfAHiddenKey() {
+        field.value = "rk_1";
+        entry().forceActiveFocus();
+        entry().select(1, 3);
+
+        compare(keyboard.surroundings(entry()), ["••••", "•••", "•", "••"]);
+        field.isRevealed = true;
+        verify(keyboard.surroundings(entry()).includes("rk_1"));
+    }
+
     function test_tabGoesFromTheEntryToItsButton() {
         tab();
         verify(entry().activeFocus);

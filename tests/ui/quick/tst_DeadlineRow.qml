@@ -118,6 +118,6 @@ PanelTestCase {
 
     function test_everythingIsToldByItsName() {
         compare(reader.told(row).filter(line => !line.startsWith("NoRole") && !line.startsWith("Client")),
-            ["Button Remove Math Exam", "StaticText Math Exam", "StaticText 5 May 2026, 09:05", "StaticText 2d 5h"]);
+            ["StaticText Math Exam", "StaticText 5 May 2026, 09:05", "StaticText 2d 5h", "Button Remove Math Exam"]);
     }
 }

@@ -98,4 +98,13 @@ PanelTestCase {
 
         compare(world.revenueFetches(), before + 1);
     }
+
+    function test_aScreenReaderStartsNoSecondFetch() {
+        verify(reader.press(row, "Refresh"));
+        const fetches = world.revenueFetches();
+
+        verify(reader.press(row, "Refresh"), "it is told of, though out of use");
+
+        compare(world.revenueFetches(), fetches);
+    }
 }

@@ -249,6 +249,20 @@ PanelTestCase {
         compare(world.ticker.mode, TickerMode.Revenue);
     }
 
+    function test_whatLiesBelowIsHiddenFromAScreenReader() {
+        world.finishFetch("$12");
+        const names = ["RadioButton Clock [ ]", "StaticText OPTIONS", "RadioButton Polar [x]", "Button Refresh",
+            "Button API Keys", "Button Quit"];
+        verify(names.every(name => reader.told(panel).includes(name)));
+
+        present();
+        verify(!names.some(name => reader.told(panel).includes(name)), reader.told(panel));
+        compare(reader.told(panel)[0], "Dialog API Keys");
+        stage().dismiss();
+
+        verify(names.every(name => reader.told(panel).includes(name)));
+    }
+
     function test_aSecondSheetDoesNotComeOverTheFirst() {
         present();
 
