@@ -1,7 +1,7 @@
 #include "ui/GlimmetPanelModule.h"
 
 #include "ui/PanelWindow.h"
-#include "ui/SecretAccessible.h"
+#include "ui/PanelAccessibility.h"
 
 namespace glimmet {
 
@@ -10,7 +10,7 @@ GlimmetPanelModule::GlimmetPanelModule()
     // Painted on the processor: the panel is small, and the graphics libraries would cost more memory than
     // all of it. It must be said before the first window.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    SecretAccessible::install();
+    installPanelAccessibility();
 }
 
 std::unique_ptr<Panel> GlimmetPanelModule::makePanel(TickerViewModel &ticker, const Options &options)

@@ -7,14 +7,6 @@ namespace glimmet {
 
 namespace {
 
-QAccessibleInterface *makeInterface(const QString &className, QObject *object)
-{
-    // What the engine calls the objects of SecretField.qml.
-    const bool isSecret = className.startsWith(QStringLiteral("SecretField_QMLTYPE"));
-    auto *item = isSecret ? qobject_cast<QQuickItem *>(object) : nullptr;
-    return item == nullptr ? nullptr : new SecretAccessible(*item);
-}
-
 QRectF caretAt(QQuickItem &field, int position)
 {
     QRectF caret;
@@ -25,41 +17,12 @@ QRectF caretAt(QQuickItem &field, int position)
 
 } // namespace
 
-void SecretAccessible::install()
-{
-    QAccessible::installFactory(makeInterface);
-}
-
-SecretAccessible::SecretAccessible(QQuickItem &field)
-    : QAccessibleObject(&field)
-{
-}
-
-QAccessibleInterface *SecretAccessible::parent() const
-{
-    for (QQuickItem *ancestor = item().parentItem(); ancestor != nullptr; ancestor = ancestor->parentItem()) {
-        if (QAccessibleInterface *found = QAccessible::queryAccessibleInterface(ancestor))
-            return found;
-    }
-    return QAccessible::queryAccessibleInterface(item().window());
-}
-
-QRect SecretAccessible::rect() const
-{
-    const QPointF corner = item().mapToGlobal({ 0, 0 });
-    return { corner.toPoint(), item().size().toSize() };
-}
-
 QAccessible::State SecretAccessible::state() const
 {
-    QAccessible::State state;
+    QAccessible::State state = ItemAccessible::state();
     state.editable = true;
     state.selectableText = true;
-    state.focusable = true;
-    state.focused = item().hasActiveFocus();
     state.passwordEdit = item().property("isRevealed") != true;
-    state.disabled = !item().isEnabled();
-    state.invisible = !item().isVisible();
     return state;
 }
 

@@ -1,29 +1,18 @@
 #pragma once
 
-#include <QAccessibleObject>
-#include <QQuickItem>
-#include <QQuickWindow>
+#include "ui/ItemAccessible.h"
 
 namespace glimmet {
 
 /// What assistive programs are told of a field whose text may be hidden. The toolkit's own answer gives them
 /// the text itself; this one gives dots, until the field shows its text. They can always write to it.
-class SecretAccessible final : public QAccessibleObject,
+class SecretAccessible final : public ItemAccessible,
                                public QAccessibleTextInterface,
                                public QAccessibleEditableTextInterface,
                                public QAccessibleActionInterface {
 public:
-    /// Answers for each SecretField of the panel from now on.
-    static void install();
+    using ItemAccessible::ItemAccessible;
 
-    explicit SecretAccessible(QQuickItem &field);
-
-    QAccessibleInterface *parent() const override;
-    QAccessibleInterface *child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
-    QWindow *window() const override { return item().window(); }
-    QRect rect() const override;
     QAccessible::Role role() const override { return QAccessible::EditableText; }
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
@@ -53,7 +42,6 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
-    QQuickItem &item() const { return *static_cast<QQuickItem *>(object()); }
     /// The text as it is seen: dots, or what they stand for.
     QString shownText() const { return item().property("displayText").toString(); }
 };

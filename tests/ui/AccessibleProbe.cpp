@@ -173,6 +173,12 @@ bool AccessibleProbe::isPassword(QQuickItem *root, const QString &name)
     return found != nullptr && found->state().passwordEdit;
 }
 
+bool AccessibleProbe::isDisabled(QQuickItem *root, const QString &name)
+{
+    const QAccessibleInterface *found = controlOf(*root, name);
+    return found != nullptr && found->state().disabled;
+}
+
 void AccessibleProbe::write(QQuickItem *root, const QString &name, const QString &text)
 {
     QAccessibleInterface *found = field(*root, name);

@@ -27,6 +27,8 @@ public:
     Q_INVOKABLE static QStringList read(QQuickItem *root, const QString &name);
     /// Whether the field is told as one whose text nobody shall see.
     Q_INVOKABLE static bool isPassword(QQuickItem *root, const QString &name);
+    /// Whether what is called `name` is told as out of use.
+    Q_INVOKABLE static bool isDisabled(QQuickItem *root, const QString &name);
     /// Sets a field's whole text, or inserts a text at `position`, as the desktop's bridge does on request.
     Q_INVOKABLE static void write(QQuickItem *root, const QString &name, const QString &text);
     Q_INVOKABLE static void insert(QQuickItem *root, const QString &name, int position, const QString &text);

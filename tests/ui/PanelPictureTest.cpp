@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPluginLoader>
+#include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
 
@@ -17,11 +18,54 @@ namespace {
 struct Scene {
     QString name;
     std::function<void(TestWorld &, TickerViewModel &)> prepare;
-    std::function<void(QQuickView &)> act = [](QQuickView &) {};
+    std::function<void(const QQuickView &)> act = [](const QQuickView &) {};
 };
 
 // Higher than any editor, so that nothing is scrolled away.
 constexpr QSize tallPanel(340, 1400);
+
+QQuickItem *findButton(QQuickItem &root, const char *property, const QString &value)
+{
+    if (root.inherits("QQuickAbstractButton") && root.property(property) == QVariant(value))
+        return &root;
+    for (QQuickItem *child : root.childItems()) {
+        if (QQuickItem *found = findButton(*child, property, value))
+            return found;
+    }
+    return nullptr;
+}
+
+/// Presses the first button whose property has this value.
+void press(const QQuickView &view, const char *property, const QString &value)
+{
+    QQuickItem *button = findButton(*view.rootObject(), property, value);
+    ASSERT_NE(button, nullptr) << "no button whose " << property << " is " << value.toStdString();
+    QMetaObject::invokeMethod(button, "clicked");
+}
+
+void pressKeys(const QQuickView &view)
+{
+    press(view, "text", u"API Keys"_s);
+}
+
+void showPrices(TestWorld &world, TickerViewModel &ticker, const QStringList &symbols)
+{
+    ticker.setCryptoSymbols(symbols);
+    ticker.setMode(TickerMode::Crypto);
+    ticker.fetchAllCryptoPrices();
+    for (std::size_t i = 0; i < static_cast<std::size_t>(world.prices.asked().size()); ++i) {
+        const QString symbol = world.prices.asked().at(static_cast<qsizetype>(i));
+        world.prices.answer(i, CryptoPrice{ symbol, 97'012, 1.3, { 95'000, 96'100, 95'500, 97'012 } });
+    }
+}
+
+void addDeadlines(TestWorld &world, TickerViewModel &ticker)
+{
+    ticker.setMode(TickerMode::Deadline);
+    ticker.addDeadline(world.deadline(u"Rent"_s, -60));
+    ticker.addDeadline(world.deadline(u"Math Exam"_s, 90'061));
+    ticker.addDeadline(world.deadline(u"A release with a name that is far too long for its row"_s, 2'700));
+}
 
 QList<Scene> scenes()
 {
@@ -55,6 +99,29 @@ QList<Scene> scenes()
         { u"revenue-of-revenuecat"_s, provider(RevenueProvider::RevenueCat) },
         { u"revenue-of-stripe"_s, provider(RevenueProvider::Stripe) },
         { u"revenue-of-dodo"_s, provider(RevenueProvider::Dodo) },
+        { u"prices"_s,
+            [](TestWorld &world, TickerViewModel &ticker) {
+                showPrices(
+                    world, ticker, { u"BTC-USD"_s, u"ETH-USD"_s, u"AAPL"_s, u"DOGE-USD"_s, u"TSLA"_s });
+            } },
+        { u"prices-fetching"_s, mode(TickerMode::Crypto) },
+        { u"prices-of-nothing"_s,
+            [](TestWorld &world, TickerViewModel &ticker) { showPrices(world, ticker, {}); } },
+        { u"deadlines"_s, addDeadlines },
+        { u"deadlines-of-none"_s, mode(TickerMode::Deadline) },
+        { u"deadlines-calendar"_s, addDeadlines,
+            [](const QQuickView &view) { press(view, "symbol", u"calendar"_s); } },
+        { u"keys"_s, provider(RevenueProvider::Stripe), pressKeys },
+        { u"keys-revealed"_s,
+            [provider](TestWorld &world, TickerViewModel &ticker) {
+                provider(RevenueProvider::Polar)(world, ticker);
+                ticker.setPolarAPIKey(u"polar_pat_1234"_s);
+                ticker.setStripeAPIKey(u"rk_live_1234"_s);
+            },
+            [](const QQuickView &view) {
+                pressKeys(view);
+                press(view, "symbol", u"eye.slash"_s);
+            } },
     };
 }
 

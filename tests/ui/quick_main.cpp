@@ -1,9 +1,9 @@
 #include "tests/ui/AccessibleProbe.h"
-#include "tests/ui/LookSwitch.h"
 #include "tests/ui/ClipboardProbe.h"
 #include "tests/ui/KeyboardProbe.h"
+#include "tests/ui/LookSwitch.h"
 #include "tests/ui/TickerFixture.h"
-#include "ui/SecretAccessible.h"
+#include "ui/PanelAccessibility.h"
 
 #include <QAccessible>
 #include <QQuickWindow>
@@ -21,7 +21,7 @@ public slots:
     {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         QAccessible::setActive(true);
-        SecretAccessible::install();
+        installPanelAccessibility();
         qmlRegisterType<TickerFixture>("GlimmetTests", 1, 0, "TickerFixture");
         qmlRegisterType<LookSwitch>("GlimmetTests", 1, 0, "LookSwitch");
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");

@@ -103,6 +103,7 @@ PanelTestCase {
         verify(reader.press(row, "Refresh"));
         const fetches = world.revenueFetches();
 
+        verify(reader.isDisabled(row, "Refresh"));
         verify(reader.press(row, "Refresh"), "it is told of, though out of use");
 
         compare(world.revenueFetches(), fetches);
