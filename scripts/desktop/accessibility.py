@@ -45,6 +45,10 @@ class Node:
     def checked(self):
         return self.has_state(4)
 
+    @property
+    def enabled(self):
+        return self.has_state(8)
+
     def children(self):
         return [Node(self._bus, *child) for child in self._call("Accessible", "GetChildren")[0]]
 
