@@ -1,15 +1,87 @@
-"""Pictures of the menu bar and of the open panel."""
+"""Pictures of the menu bar and of the open panel: every editor and sheet."""
 
-from desktop.program import Glimmet
+import time
+
 from desktop.processes import wait_for
+from desktop.program import Glimmet
 from desktop.screen import Area
 
-MODES = ("Clock", "Quote", "Custom")
 SCHEMES = ("light", "dark")
-FIRST_WORDS = {"Quote": "stay curious ✦", "Custom": "hello world ✦"}
 MARGIN = 16
+LONGEST_TRANSITION = 0.3
 # Room for the panel at either scale, and not much more.
 SCREEN_SIZES = {1: (1280, 800), 2: (1600, 1200)}
+FIELD = ("text", "entry", "password text")
+QUOTES = ("measure twice, cut once", "make it work, make it right, make it fast: in that order, and only as fast as needed")
+DEADLINES = ("Math Exam 🎓", "A release with a name that is much too long for its row", "Rent")
+SYMBOLS = "AAPL, TSLA, SOL-USD, DOGE-USD, NVDA"
+
+
+class Stage:
+    """The open panel of one launch, brought from scene to scene as an assistive program does it."""
+
+    def __init__(self, glimmet):
+        self.glimmet = glimmet
+        self.screen = glimmet.desktop.screen
+
+    def control(self, name, *roles):
+        return self.glimmet.control(name, *roles)
+
+
+def mode(name):
+    return lambda stage: stage.glimmet.choose_mode(name)
+
+
+def tap(name):
+    return lambda stage: stage.control(name, "push button", "radio button").press()
+
+
+def add(field, button, *texts):
+    """Writes each text into the field and presses the button."""
+    def added(stage):
+        for text in texts:
+            stage.control(field, *FIELD).write(text)
+            stage.control(button, "push button").press()
+
+    return added
+
+
+def label(wanted):
+    """Waits for what the menu bar shows."""
+    return lambda stage: stage.glimmet.wait_for_label(wanted, 15)
+
+
+def scroll_to_end(stage):
+    area = stage.screen.wait_for_window("glimmet")
+    x, y = area.middle
+    stage.screen.run("xdotool", "mousemove", str(x), str(y + area.height // 6),
+                     "click", "--repeat", "40", "--delay", "10", "5")
+    stage.screen.move(area.x // 2, stage.screen.area.bottom - MARGIN)
+
+
+# What each picture is called, and what is done before it is taken. Each scene goes on from the one before it.
+SCENES = (
+    ("clock", mode("Clock"), label(lambda text: text[:1].isdigit())),
+    ("quote", mode("Quote"), label(lambda text: text == "stay curious ✦")),
+    ("quote-own", add("stay curious ✦", "Add", *QUOTES), label(lambda text: text == QUOTES[0])),
+    ("custom", mode("Custom"), label(lambda text: text == "hello world ✦")),
+    ("revenue", mode("Revenue"), label(lambda text: text.startswith("💰"))),
+    ("revenue-end", scroll_to_end),
+    ("revenue-revenuecat", tap("RevenueCat"), scroll_to_end),
+    ("revenue-dodo", tap("Dodo"), scroll_to_end),
+    ("revenue-stripe", tap("Stripe"), scroll_to_end),
+    ("keys", tap("API Keys")),
+    ("keys-revealed", tap("Show key")),
+    ("keys-end", scroll_to_end),
+    ("crypto", tap("Close"), mode("Crypto"), label(lambda text: text.startswith("BTC $"))),
+    ("crypto-many", add("BTC, ETH-USD, AAPL…", "Add", SYMBOLS)),
+    ("crypto-end", scroll_to_end),
+    ("deadline-empty", mode("Deadline"), label(lambda text: text == "no deadlines")),
+    ("deadline", add("Name (e.g. Math Exam)", "Add Deadline", *DEADLINES),
+     label(lambda text: text.startswith(DEADLINES[0]))),
+    ("deadline-end", scroll_to_end),
+    ("deadline-calendar", tap("Due date"), scroll_to_end),
+)
 
 
 def take_menu_bar(glimmet, path):
@@ -36,35 +108,27 @@ def take_panel(glimmet, path):
 def _is_still(screen, area):
     # The options below the mode cards slide in; the header's dot and the clock never rest.
     lower = Area(area.x, area.y + area.height * 2 // 5, area.width, area.height * 3 // 5)
-    return screen.pixels(lower) == screen.pixels(lower)
+    before = screen.pixels(lower)
+    time.sleep(LONGEST_TRANSITION)
+    return screen.pixels(lower) == before
 
 
-def take_all(glimmet, folder, prefix):
-    """One picture of the menu bar and one of the panel for each mode, light and dark; returns the paths."""
-    paths = []
-    for scheme in SCHEMES:
-        glimmet.desktop.prefer(scheme)
-        for mode in MODES:
-            paths += take_mode(glimmet, mode, folder, f"{prefix}-{mode.lower()}-{scheme}")
-    return paths
-
-
-def take_mode(glimmet, mode, folder, stem):
-    """Chooses the mode in the panel, then takes both pictures; leaves the panel closed."""
-    bar, panel = folder / f"{stem}-menubar.png", folder / f"{stem}-panel.png"
+def play(glimmet, scenes, picture):
+    """Opens the panel, brings it from scene to scene and calls `picture(name)` at each."""
     glimmet.open_panel()
-    glimmet.choose_mode(mode)
-    wanted = FIRST_WORDS.get(mode)
-    glimmet.wait_for_label(lambda label: label == wanted if wanted else label[:1].isdigit())
-    take_panel(glimmet, panel)
-    glimmet.close_panel()
-    take_menu_bar(glimmet, bar)
-    return [bar, panel]
+    stage = Stage(glimmet)
+    for name, *steps in scenes:
+        for step in steps:
+            step(stage)
+        picture(name)
+    # What is open in the panel takes the first Escape.
+    stage.screen.key("Escape", "Escape")
+    stage.screen.wait_until_gone("glimmet")
 
 
-def start(desktop, binary, scale=1):
-    """Starts glimmet for its pictures, with the machine's network, and returns it once its text is in the menu bar."""
+def start(desktop, binary, scale=1, network=()):
+    """Starts glimmet for its pictures and returns it once its text is in the menu bar."""
     environment = {"QT_SCALE_FACTOR": str(scale)} if scale != 1 else {}
-    glimmet = Glimmet(desktop, binary, environment, network=()).wait_until_running()
+    glimmet = Glimmet(desktop, binary, environment, network=network).wait_until_running()
     glimmet.wait_until_clickable()
     return glimmet

@@ -12,11 +12,13 @@ T.AbstractButton {
     property color fill: Theme.buttonFill
     property real cornerRadius: Theme.buttonRadius
     property alias cursorShape: hover.cursorShape
+    readonly property bool isOutOfUse: !enabled && (parent?.enabled ?? true)
 
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
     implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
     focusPolicy: Qt.TabFocus
-    opacity: enabled ? (pressed ? Theme.pressedOpacity : 1) : Theme.disabledOpacity
+    // Below a sheet the whole page is out of use, and dimmed as a whole.
+    opacity: isOutOfUse ? Theme.disabledOpacity : (pressed ? Theme.pressedOpacity : 1)
     font.family: Theme.family
     font.pixelSize: Theme.buttonSize
 
