@@ -1,0 +1,135 @@
+"""The trial of the package in clean systems; scripts/package-test starts this."""
+
+import argparse
+import os
+import subprocess
+import sys
+from contextlib import ExitStack
+from pathlib import Path
+
+from package_login import NAME, Login, VirtualScreen, check, look_at, tell
+from package_room import HOME, Room
+
+KEY = "sk_trial_of_the_package"
+ITEM = ("service", NAME, "account", "stripe_api_key")
+PREFERENCES = '{"glimmet.customQuotes": ["kept from version to version"]}\n'
+LOGIN_ENTRY = f"{HOME}/.config/autostart/{NAME}.desktop"
+LOGIN_ENTRY_TEXT = "[Desktop Entry]\nType=Application\nName=glimmet\nExec=/usr/bin/glimmet\nTryExec=/usr/bin/glimmet\n"
+USER_DATA = (f".config/{NAME}", ".config/autostart", ".local/share/keyrings")
+
+
+def packages_of(room):
+    return set(room.run("dpkg-query", "-W", "-f", "${Package}\\n").split())
+
+
+def try_what_it_depends_on(options, virtual):
+    tell("With nothing but what it depends on")
+    with Room("dependent", options.cache) as room, Login(room, virtual) as login:
+        before = packages_of(room)
+        room.bring(options.plain, "/tmp/glimmet.deb")
+        room.apt("--no-install-recommends", "install", "/tmp/glimmet.deb")
+        check(room.version_of("glimmet"), "apt installs it and all it depends on")
+        qml = sorted(name for name in packages_of(room) - before if name.startswith("qml6"))
+        tell(f"  {len(packages_of(room) - before)} packages came, of QML: {' '.join(qml)}")
+        look_at(login, options.pictures / "dependent.png")
+
+
+def try_a_life(options, virtual):
+    tell("With what it recommends, from one version to the next")
+    with Room("recommended", options.cache) as room:
+        install(room, options)
+        with Login(room, virtual) as login:
+            begin_session(login)
+            store_user_data(login)
+            look_at(login, options.pictures / "installed.png")
+        upgrade(room, options)
+        with Login(room, virtual) as login:
+            begin_session(login)
+            look_at(login, options.pictures / "upgraded.png", LOGIN_ENTRY)
+            check_key(login)
+        remove(room)
+        with Login(room, virtual) as login:
+            begin_session(login)
+            check_key(login)
+
+
+def install(room, options):
+    room.bring(options.older, "/srv/glimmet")
+    deb = next(options.older.glob("*.deb"))
+    room.bring(deb, f"/tmp/{deb.name}")
+    room.apt("install", f"/tmp/{deb.name}")
+    check(room.version_of("glimmet"), "apt installs it")
+    missing = [name for name in ("fonts-inter", "fonts-noto-color-emoji", "gnome-keyring") if not room.version_of(name)]
+    check(not missing, "the fonts and a keyring come with it", " ".join(missing))
+    room.apt("install", "libsecret-tools")
+
+
+def begin_session(login):
+    login.start_bus()
+    login.start_keyring()
+
+
+def store_user_data(login):
+    login.room.write_as_user(f"{HOME}/.config/{NAME}/preferences.json", PREFERENCES)
+    login.room.write_as_user(LOGIN_ENTRY, LOGIN_ENTRY_TEXT)
+    login.run("secret-tool", "store", "--label=glimmet", *ITEM, input=KEY)
+
+
+def check_key(login):
+    check(login.run("secret-tool", "lookup", *ITEM) == KEY, "the user's key is in the keyring")
+
+
+def user_data(room):
+    data = room.fingerprint(*USER_DATA)
+    check(len(data) >= 3, f"the user has settings, a login entry and a keyring ({len(data)} files)")
+    return data
+
+
+def upgrade(room, options):
+    before = room.version_of("glimmet")
+    data = user_data(room)
+    room.bring(options.newer, "/srv/glimmet")
+    room.apt("update")
+    room.apt("--only-upgrade", "install", "glimmet")
+    after = room.version_of("glimmet")
+    room.run("dpkg", "--compare-versions", after, "gt", before)
+    tell(f"  ok: its own signed source upgrades it from {before} to {after}")
+    check(user_data(room) == data, "the upgrade leaves the user's data as they are")
+
+
+def remove(room):
+    data = user_data(room)
+    owned = [line for line in room.run("dpkg", "-L", "glimmet").splitlines() if "glimmet" in line]
+    configuration = "/etc/apt/sources.list.d/glimmet.sources"
+    room.apt("remove", "glimmet")
+    left = [path for path in owned if room.path(path).exists() and path != configuration]
+    check(not left, "removing it leaves none of its files but its source", " ".join(left))
+    check(user_data(room) == data, "removing it leaves the user's data as they are")
+    room.apt("purge", "glimmet")
+    check(not room.path(configuration).exists(), "purging it takes its source away too")
+    check(user_data(room) == data, "purging it leaves the user's data as they are")
+    room.apt("update")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    for name in ("plain", "older", "newer", "cache", "pictures"):
+        parser.add_argument(f"--{name}", type=Path, required=True)
+    parser.add_argument("--owner", required=True, help="whose the pictures are: user and group")
+    options = parser.parse_args()
+    options.cache = options.cache.resolve()
+    os.umask(0o022)
+    try:
+        with ExitStack() as stack:
+            virtual = VirtualScreen(stack)
+            try_what_it_depends_on(options, virtual)
+            try_a_life(options, virtual)
+    except (AssertionError, RuntimeError) as error:
+        sys.exit(f"package-test: {error}")
+    finally:
+        subprocess.run(["chown", "-R", options.owner, str(options.pictures)], check=True)
+    tell("The package holds.")
+
+
+if __name__ == "__main__":
+    main()
