@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+#include <QString>
+
+namespace glimmet {
+
+/// Tells the user by the desktop's notifications
+/// (https://specifications.freedesktop.org/notification-spec/) that there is an update, once a version. Where
+/// nobody shows notifications, nothing happens. Main thread.
+class UpdateNotification final : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    ~UpdateNotification() override;
+
+    /// `sessionBus` is the one that there is at the moment.
+    void show(const QDBusConnection &sessionBus, const QString &installedVersion, const QString &newVersion);
+    /// Takes the notification away, if it is there.
+    void close();
+
+signals:
+    void installChosen();
+
+private slots:
+    void handleAction(const QDBusMessage &signal);
+
+private:
+    void listen();
+    void handleShown(const QDBusMessage &reply);
+
+    QDBusConnection m_bus{ QString() };
+    QString m_lastVersion;
+    QString m_owner; ///< the unique name of who shows it
+    uint m_id = 0; ///< 0 while there is none
+};
+
+} // namespace glimmet
