@@ -2,6 +2,7 @@
 
 #include "ui/PanelWindow.h"
 #include "ui/PanelAccessibility.h"
+#include "ui/UpdateWindow.h"
 
 namespace glimmet {
 
@@ -16,6 +17,12 @@ GlimmetPanelModule::GlimmetPanelModule()
 std::unique_ptr<Panel> GlimmetPanelModule::makePanel(TickerViewModel &ticker, const Options &options)
 {
     return std::make_unique<PanelWindow>(ticker, options);
+}
+
+std::unique_ptr<Panel> GlimmetPanelModule::makeUpdateWindow(
+    UpdaterController &updater, const DesktopLook &look)
+{
+    return std::make_unique<UpdateWindow>(updater, look);
 }
 
 } // namespace glimmet

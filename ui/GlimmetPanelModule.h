@@ -16,6 +16,7 @@ public:
     GlimmetPanelModule();
 
     std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) override;
+    std::unique_ptr<Panel> makeUpdateWindow(UpdaterController &updater, const DesktopLook &look) override;
 };
 
 } // namespace glimmet

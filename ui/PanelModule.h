@@ -11,8 +11,10 @@ class QWindow;
 namespace glimmet {
 
 class TickerViewModel;
+class UpdaterController;
 
-/// An open panel. Destroying it closes its window and gives back the QML engine with everything in it.
+/// An open panel, or another window in its look. Destroying it closes its window and gives back the QML
+/// engine with everything in it.
 class Panel {
 public:
     virtual ~Panel() = default;
@@ -35,9 +37,13 @@ public:
     };
     /// A panel that edits `ticker`, which outlives it. Main thread.
     virtual std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) = 0;
+
+    /// The window that shows what `updater`, which outlives it, is doing: titled, as large as its words, not
+    /// shown yet. Main thread.
+    virtual std::unique_ptr<Panel> makeUpdateWindow(UpdaterController &updater, const DesktopLook &look) = 0;
 };
 
 } // namespace glimmet
 
-#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/1"
+#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/2"
 Q_DECLARE_INTERFACE(glimmet::PanelModule, GLIMMET_PANEL_MODULE_IID)

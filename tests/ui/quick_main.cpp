@@ -4,6 +4,7 @@
 #include "tests/ui/LookSwitch.h"
 #include "tests/ui/TickerFixture.h"
 #include "ui/PanelAccessibility.h"
+#include "tests/ui/UpdateScenes.h"
 
 #include <QAccessible>
 #include <QQuickWindow>
@@ -27,6 +28,7 @@ public slots:
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");
         qmlRegisterType<ClipboardProbe>("GlimmetTests", 1, 0, "ClipboardProbe");
         qmlRegisterType<KeyboardProbe>("GlimmetTests", 1, 0, "KeyboardProbe");
+        qmlRegisterType<UpdateScenes>("GlimmetTests", 1, 0, "UpdateScenes");
     }
 };
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ui/PanelModule.h"
+#include "ui/UpdateFace.h"
+
+#include <QQuickView>
+
+namespace glimmet {
+
+class Appearance;
+
+/// The window of software updates: titled, as high as what it says. It carries an engine of its own, so that
+/// closing it gives everything back.
+class UpdateWindow final : public Panel {
+public:
+    UpdateWindow(UpdaterController &updater, const DesktopLook &look);
+
+    QWindow &window() override { return m_view; }
+    void setLook(const DesktopLook &look) override;
+
+private:
+    void connectUpdater(UpdaterController &updater);
+    void fit();
+
+    UpdateFace m_face;
+    QQuickView m_view;
+    Appearance &m_appearance; ///< the engine's
+};
+
+} // namespace glimmet
