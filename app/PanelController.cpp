@@ -1,5 +1,6 @@
 #include "app/PanelController.h"
 
+#include "app/PanelLibrary.h"
 #include "app/Screens.h"
 #include "core/TickerViewModel.h"
 #include "platform/PressWatch.h"
@@ -40,7 +41,7 @@ bool hasPassed(const QElapsedTimer &timer, std::chrono::milliseconds duration)
 PanelController::PanelController(TickerViewModel &ticker, QObject *parent)
     : QObject(parent)
     , m_ticker(ticker)
-    , m_loader(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib/glimmet/libglimmet_ui.so"))
+    , m_loader(panelLibraryPath())
 {
     m_forgetTimer.setSingleShot(true);
     m_forgetTimer.setInterval(clickTime);

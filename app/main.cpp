@@ -1,5 +1,7 @@
 #include "app/MenuBar.h"
 #include "app/PanelController.h"
+#include "app/Restart.h"
+#include "app/UpdateWindowController.h"
 #include "core/TickerViewModel.h"
 #include "platform/Clock.h"
 #include "platform/CoreDumps.h"
@@ -13,6 +15,8 @@
 #include "platform/RepeatingTimer.h"
 #include "platform/SessionBus.h"
 #include "platform/StandardStreams.h"
+#include "platform/SystemBus.h"
+#include "platform/UpdaterViewModel.h"
 #include "platform/UserRegion.h"
 #include "prices/CryptoService.h"
 #include "revenue/RevenueServices.h"
@@ -37,7 +41,7 @@ bool chooseX11()
 }
 
 /// Everything meets here. Returns the exit status once the program has quit.
-int run(DiagnosticLog &log)
+int run(DiagnosticLog &log, Restart &restart)
 {
     SessionBus bus;
     bus.open();
@@ -59,16 +63,24 @@ int run(DiagnosticLog &log)
     CryptoService prices(http, log, CryptoService::yahooFinance);
     RevenueServices revenue(http, log, clock, region, RevenueEndpoints::live());
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
+    SystemBus systemBus;
+    UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
     MenuBar menuBar(bus);
     PanelController panel(ticker);
+    UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;
 
     const auto showText = [&] { menuBar.setText(ticker.currentDisplay()); };
     const auto showLook = [&] {
         menuBar.setColorScheme(look.look().scheme);
         panel.setLook(look.look());
+        updateWindow.setLook(look.look());
     };
     const auto followLook = [&] { look.follow(bus.connection()); };
+    const auto startAgain = [&] {
+        restart.want();
+        QCoreApplication::quit();
+    };
     const auto openPanel = [&] { panel.open(menuBar.anchor()); };
 
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
@@ -79,6 +91,10 @@ int run(DiagnosticLog &log)
         [&](const QString &place) { log.line(QStringLiteral("menu bar: ") + place); });
     QObject::connect(&panel, &PanelController::failed, &menuBar,
         [&](const QString &reason) { log.line(QStringLiteral("panel: ") + reason); });
+    QObject::connect(&updateWindow, &UpdateWindowController::failed, &menuBar,
+        [&](const QString &reason) { log.line(QStringLiteral("updates: ") + reason); });
+    QObject::connect(
+        &updater.updaterController(), &UpdaterController::restartRequested, &menuBar, startAgain);
     QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);
     QObject::connect(&look, &DesktopLookWatch::changed, &panel, showLook);
     QObject::connect(&bus, &SessionBus::connected, &look, followLook);
@@ -115,8 +131,13 @@ int main(int argc, char *argv[])
     // Else a sign that exists both as text and as emoji is drawn as text.
     QFont::insertSubstitution(QStringLiteral("Inter"), QStringLiteral("Noto Color Emoji"));
 
-    const int status = run(log);
+    Restart restart(argc, argv);
+    const int status = run(log, restart);
     std::fflush(nullptr);
+    if (restart.isWanted()) {
+        restart.now();
+        std::perror("glimmet could not start again");
+    }
     // Leaving main would wait for every name that is being looked up: where nobody answers, that takes longer
     // than a session has at its end. Everything of the program's own is gone by now.
     std::_Exit(status);

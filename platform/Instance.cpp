@@ -34,8 +34,11 @@ Instance::Launch Instance::handOver()
     const QDBusMessage reply = m_bus.connection().call(activate, QDBus::Block, handOverPatience);
     if (reply.type() == QDBusMessage::ReplyMessage)
         return Launch::HandedOver;
-    // The other one may have ended in the meantime.
-    return m_bus.ownerOf(programName).isEmpty() ? Launch::First : Launch::Refused;
+    if (!m_bus.ownerOf(programName).isEmpty())
+        return Launch::Refused;
+    // The other one has ended in the meantime, as it does where it starts again.
+    m_bus.claim(programName);
+    return Launch::First;
 }
 
 void Instance::claimName()

@@ -2,7 +2,9 @@
 #include "platform/SessionBus.h"
 #include "tests/support/PrivateBus.h"
 
+#include <QDBusVirtualObject>
 #include <QSignalSpy>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +19,48 @@ TEST(Instance, keepsItsNameAndHandsNothingOverWhenItIsTheFirst)
     Instance instance(bus);
 
     EXPECT_EQ(instance.handOver(), Instance::Launch::First);
+    EXPECT_EQ(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
+}
+
+/// Has the program's name, and leaves the bus when it is asked to open its panel.
+class EndingInstance final : public QDBusVirtualObject {
+public:
+    explicit EndingInstance(QDBusConnection connection)
+    {
+        connection.registerVirtualObject(QStringLiteral("/me/kerno/glimmet"), this);
+        connection.registerService(QStringLiteral("me.kerno.glimmet"));
+        moveToThread(&m_thread);
+        m_thread.start();
+    }
+    ~EndingInstance() override
+    {
+        m_thread.quit();
+        m_thread.wait();
+    }
+    Q_DISABLE_COPY_MOVE(EndingInstance)
+
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &, const QDBusConnection &connection) override
+    {
+        QDBusConnection::disconnectFromBus(connection.name());
+        return true;
+    }
+
+private:
+    QThread m_thread;
+};
+
+TEST(Instance, takesTheNameOfOneThatEndsInsteadOfAnswering)
+{
+    const PrivateBus daemon;
+    const EndingInstance before(daemon.peer(QStringLiteral("before")));
+    SessionBus bus;
+    bus.open();
+    Instance instance(bus);
+    ASSERT_NE(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
+
+    EXPECT_EQ(instance.handOver(), Instance::Launch::First);
+
     EXPECT_EQ(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
 }
 

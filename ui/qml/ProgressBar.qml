@@ -12,7 +12,8 @@ RoundedBox {
     readonly property real minimumValue: 0
     readonly property real maximumValue: 1
     readonly property bool isKnown: value >= 0
-    property real wandering: 0.5
+    property real wandering
+    readonly property real place: Theme.animates ? wandering : 0.5
 
     implicitHeight: 6
     radius: height / 2
@@ -30,7 +31,7 @@ RoundedBox {
         duration: 2 * Theme.pulseDuration
     }
     RoundedBox {
-        x: bar.isKnown ? 0 : bar.wandering * (bar.width - width)
+        x: bar.isKnown ? 0 : bar.place * (bar.width - width)
         width: bar.isKnown ? Math.max(height, bar.value * bar.width) : bar.width / 4
         height: bar.height
         radius: height / 2

@@ -31,7 +31,7 @@ FocusScope {
     SymbolImage {
         id: symbol
 
-        property real phase: 0
+        property real phase
 
         x: Theme.pageMargin
         y: Theme.pageMargin

@@ -1,0 +1,79 @@
+#include "app/UpdateWindowController.h"
+
+#include "app/PanelLibrary.h"
+#include "platform/UpdaterController.h"
+#include "platform/X11.h"
+#include "ui/PanelModule.h"
+
+#include <QTimer>
+#include <QWindow>
+
+#include <malloc.h>
+
+namespace glimmet {
+
+UpdateWindowController::UpdateWindowController(UpdaterController &updater, QObject *parent)
+    : QObject(parent)
+    , m_updater(updater)
+    , m_loader(panelLibraryPath())
+{
+    connect(&updater, &UpdaterController::windowWanted, this, &UpdateWindowController::open);
+    connect(&updater, &UpdaterController::stateChanged, this, &UpdateWindowController::follow);
+}
+
+UpdateWindowController::~UpdateWindowController() = default;
+
+void UpdateWindowController::setLook(const DesktopLook &look)
+{
+    m_look = look;
+    if (m_shown)
+        m_shown->setLook(look);
+}
+
+void UpdateWindowController::open()
+{
+    if (!m_shown && !make())
+        return m_updater.dismiss();
+    m_shown->window().show();
+    m_shown->window().raise();
+    X11::giveFocus(m_shown->window());
+}
+
+bool UpdateWindowController::make()
+{
+    auto *module = qobject_cast<PanelModule *>(m_loader.instance());
+    if (module == nullptr) {
+        emit failed(m_loader.errorString());
+        return false;
+    }
+    m_shown = module->makeUpdateWindow(m_updater, m_look);
+    // Queued: the window closes itself from inside its own event, and must not be destroyed there.
+    connect(&m_shown->window(), &QWindow::visibleChanged, this, &UpdateWindowController::handleVisible,
+        Qt::QueuedConnection);
+    return true;
+}
+
+void UpdateWindowController::follow()
+{
+    if (m_updater.state().phase == UpdatePhase::Idle)
+        close();
+}
+
+void UpdateWindowController::handleVisible(bool isVisible)
+{
+    if (isVisible || !m_shown || m_shown->window().isVisible())
+        return;
+    close();
+    m_updater.dismiss();
+}
+
+void UpdateWindowController::close()
+{
+    // Later in this turn of the loop: the call may come from the window itself.
+    QTimer::singleShot(0, this, [shown = std::shared_ptr<Panel>(std::move(m_shown))]() mutable {
+        shown.reset();
+        malloc_trim(0);
+    });
+}
+
+} // namespace glimmet

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/DesktopLook.h"
+
+#include <QObject>
+#include <QPluginLoader>
+
+#include <memory>
+
+namespace glimmet {
+
+class Panel;
+class UpdaterController;
+
+/// Opens the window of software updates when the updater wants it, and closes it when there is nothing more
+/// to show. Each opening builds it anew, each closing gives its memory back. Main thread.
+class UpdateWindowController final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `updater` outlives it.
+    explicit UpdateWindowController(UpdaterController &updater, QObject *parent = nullptr);
+    ~UpdateWindowController() override;
+
+    bool isOpen() const { return m_shown != nullptr; }
+    void setLook(const DesktopLook &look);
+
+signals:
+    /// The window could not be loaded, in words.
+    void failed(const QString &reason);
+
+private:
+    void open();
+    bool make();
+    void follow();
+    void handleVisible(bool isVisible);
+    void close();
+
+    UpdaterController &m_updater;
+    DesktopLook m_look;
+    QPluginLoader m_loader;
+    std::unique_ptr<Panel> m_shown;
+};
+
+} // namespace glimmet
