@@ -38,9 +38,10 @@ bool hasPassed(const QElapsedTimer &timer, std::chrono::milliseconds duration)
 
 } // namespace
 
-PanelController::PanelController(TickerViewModel &ticker, QObject *parent)
+PanelController::PanelController(TickerViewModel &ticker, PanelServices services, QObject *parent)
     : QObject(parent)
     , m_ticker(ticker)
+    , m_services(std::move(services))
     , m_loader(panelLibraryPath())
 {
     m_forgetTimer.setSingleShot(true);
@@ -66,7 +67,7 @@ void PanelController::open(std::optional<QPoint> anchor)
     if (panels == nullptr || QGuiApplication::screens().isEmpty())
         return;
     if (!isOpen()) {
-        m_panel = panels->makePanel(m_ticker, { m_look, X11::isCompositing() });
+        m_panel = panels->makePanel(m_ticker, m_services, { m_look, X11::isCompositing() });
         m_anchor = anchor;
         m_naturalSize = m_panel->window().size();
         place();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DesktopLook.h"
+#include "ui/PanelServices.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -28,7 +29,7 @@ class PanelController final : public QObject {
     Q_OBJECT
 
 public:
-    explicit PanelController(TickerViewModel &ticker, QObject *parent = nullptr);
+    PanelController(TickerViewModel &ticker, PanelServices services, QObject *parent = nullptr);
     ~PanelController() override;
 
     /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first
@@ -58,6 +59,7 @@ private:
     bool isClosingClick() const;
 
     TickerViewModel &m_ticker;
+    PanelServices m_services;
     DesktopLook m_look;
     QPluginLoader m_loader;
     std::unique_ptr<Panel> m_panel;

@@ -3,6 +3,7 @@
 #include "app/Restart.h"
 #include "app/UpdateWindowController.h"
 #include "core/TickerViewModel.h"
+#include "platform/AutostartLoginItem.h"
 #include "platform/Clock.h"
 #include "platform/CoreDumps.h"
 #include "platform/DesktopLookWatch.h"
@@ -11,6 +12,7 @@
 #include "platform/Instance.h"
 #include "platform/JsonPreferencesStore.h"
 #include "platform/KeychainHelper.h"
+#include "platform/PortalLoginItem.h"
 #include "platform/QuitSignals.h"
 #include "platform/RepeatingTimer.h"
 #include "platform/SessionBus.h"
@@ -26,6 +28,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 using namespace glimmet;
 
@@ -38,6 +41,16 @@ bool chooseX11()
         return true;
     qputenv("QT_QPA_PLATFORM", "xcb");
     return !qEnvironmentVariableIsEmpty("DISPLAY");
+}
+
+/// Out of a sandbox nothing but the portal starts a program at login.
+std::unique_ptr<LoginItem> makeLoginItem(const SessionBus &bus)
+{
+    if (PortalLoginItem::isNeeded())
+        return std::make_unique<PortalLoginItem>(
+            bus.connection(), QStringList{ QCoreApplication::applicationName() });
+    return std::make_unique<AutostartLoginItem>(
+        AutostartLoginItem::defaultFolder(), QCoreApplication::applicationFilePath());
 }
 
 /// Everything meets here. Returns the exit status once the program has quit.
@@ -66,7 +79,10 @@ int run(DiagnosticLog &log, Restart &restart)
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
     MenuBar menuBar(bus);
-    PanelController panel(ticker);
+    const std::unique_ptr<LoginItem> loginItem = makeLoginItem(bus);
+    PanelController panel(ticker,
+        { *loginItem, [&] { updater.checkForUpdates(); },
+            [&](const QString &line) { log.plainLine(line); } });
     UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;
 

@@ -3,6 +3,7 @@
 
 #include "bench/Measure.h"
 #include "platform/RepeatingTimer.h"
+#include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 #include "ui/PanelModule.h"
 
@@ -174,7 +175,8 @@ int main(int argc, char *argv[])
         return 1;
     }
     measureIdle("no panel");
-    auto panel = module->makePanel(live.ticker, { {}, true });
+    MemoryLoginItem loginItem;
+    auto panel = module->makePanel(live.ticker, { loginItem, [] {}, [](const QString &) {} }, { {}, true });
     auto &view = static_cast<QQuickView &>(panel->window());
     view.show();
     FrameWatch frames(view);

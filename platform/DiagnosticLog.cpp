@@ -93,7 +93,12 @@ DiagnosticLog::~DiagnosticLog()
 
 void DiagnosticLog::line(const QString &message)
 {
-    QByteArray bytes = "[glimmet] " + message.toUtf8();
+    plainLine(QStringLiteral("[glimmet] ") + message);
+}
+
+void DiagnosticLog::plainLine(const QString &message)
+{
+    QByteArray bytes = message.toUtf8();
     write(bytes.replace('\n', ' ').replace('\r', ' ').append('\n'));
 }
 

@@ -15,6 +15,8 @@ public:
 
     /// Writes "[glimmet] " and `message`. Line breaks in it become blanks.
     void line(const QString &message);
+    /// Writes `message` alone. Line breaks in it become blanks.
+    void plainLine(const QString &message);
     /// Writes "[glimmet] " and `title` as a line, and below it `text` as it is, line breaks too.
     void text(const QString &title, const QString &text);
 

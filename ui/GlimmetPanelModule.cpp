@@ -1,7 +1,7 @@
 #include "ui/GlimmetPanelModule.h"
 
-#include "ui/PanelWindow.h"
 #include "ui/PanelAccessibility.h"
+#include "ui/PanelWindow.h"
 #include "ui/UpdateWindow.h"
 
 namespace glimmet {
@@ -14,9 +14,10 @@ GlimmetPanelModule::GlimmetPanelModule()
     installPanelAccessibility();
 }
 
-std::unique_ptr<Panel> GlimmetPanelModule::makePanel(TickerViewModel &ticker, const Options &options)
+std::unique_ptr<Panel> GlimmetPanelModule::makePanel(
+    TickerViewModel &ticker, const PanelServices &services, const Options &options)
 {
-    return std::make_unique<PanelWindow>(ticker, options);
+    return std::make_unique<PanelWindow>(ticker, services, options);
 }
 
 std::unique_ptr<Panel> GlimmetPanelModule::makeUpdateWindow(

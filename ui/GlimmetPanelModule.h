@@ -15,7 +15,8 @@ class GlimmetPanelModule final : public QObject, public PanelModule {
 public:
     GlimmetPanelModule();
 
-    std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) override;
+    std::unique_ptr<Panel> makePanel(
+        TickerViewModel &ticker, const PanelServices &services, const Options &options) override;
     std::unique_ptr<Panel> makeUpdateWindow(UpdaterController &updater, const DesktopLook &look) override;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/PanelServices.h"
+
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
@@ -16,23 +18,32 @@ class PanelHost : public QObject {
     Q_PROPERTY(QString version READ version CONSTANT)
 
 public:
-    explicit PanelHost(QString version, QObject *parent = nullptr)
+    PanelHost(QString version, PanelServices services, QObject *parent = nullptr)
         : QObject(parent)
         , m_version(std::move(version))
+        , m_services(std::move(services))
     {
     }
 
     /// The program's version; empty where it has none.
     QString version() const { return m_version; }
 
+    /// Whether the program starts at login, as the system has it now.
+    Q_INVOKABLE bool launchesAtLogin() const;
+    /// Has the system start it at login, or no more. A failure is reported, and shows at the next look.
+    Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
+
 signals:
     /// The user wants the panel closed.
     void closeRequested();
     /// The user wants the program to end.
     void quitRequested();
+    /// The user wants to know whether there is an update.
+    void updateCheckRequested();
 
 private:
     QString m_version;
+    PanelServices m_services;
 };
 
 } // namespace glimmet

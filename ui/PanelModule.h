@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DesktopLook.h"
+#include "ui/PanelServices.h"
 
 #include <QtPlugin>
 
@@ -36,7 +37,8 @@ public:
         bool isTranslucent = true; ///< a compositor shows the rounded corners; without one they are masked
     };
     /// A panel that edits `ticker`, which outlives it. Main thread.
-    virtual std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const Options &options) = 0;
+    virtual std::unique_ptr<Panel> makePanel(
+        TickerViewModel &ticker, const PanelServices &services, const Options &options) = 0;
 
     /// The window that shows what `updater`, which outlives it, is doing: titled, as large as its words, not
     /// shown yet. Main thread.

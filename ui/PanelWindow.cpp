@@ -16,13 +16,14 @@ constexpr int cornerRadius = 14;
 
 } // namespace
 
-PanelWindow::PanelWindow(TickerViewModel &ticker, const PanelModule::Options &options)
+PanelWindow::PanelWindow(
+    TickerViewModel &ticker, const PanelServices &services, const PanelModule::Options &options)
     : m_isTranslucent(options.isTranslucent)
-    , m_host(QCoreApplication::applicationVersion())
+    , m_host(QCoreApplication::applicationVersion(), services)
     , m_appearance(*new Appearance(m_view.engine()))
 {
     dress();
-    connectHost();
+    connectHost(services);
     setLook(options.look);
     m_view.setInitialProperties({
         { QStringLiteral("ticker"), QVariant::fromValue(&ticker) },
@@ -43,7 +44,7 @@ void PanelWindow::dress()
     QObject::connect(&m_view, &QWindow::heightChanged, &m_view, [this] { maskCorners(); });
 }
 
-void PanelWindow::connectHost()
+void PanelWindow::connectHost(const PanelServices &services)
 {
     // Queued, since the owner may destroy the panel as soon as its window goes, and QML is still running
     // then.
@@ -51,6 +52,14 @@ void PanelWindow::connectHost()
         &m_host, &PanelHost::closeRequested, &m_view, [this] { m_view.close(); }, Qt::QueuedConnection);
     QObject::connect(
         &m_host, &PanelHost::quitRequested, &m_view, [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+    QObject::connect(
+        &m_host, &PanelHost::updateCheckRequested, &m_view,
+        [this, check = services.checkForUpdates] {
+            m_view.raise();
+            m_view.requestActivate();
+            check();
+        },
+        Qt::QueuedConnection);
 }
 
 void PanelWindow::setLook(const DesktopLook &look)

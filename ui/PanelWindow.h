@@ -12,14 +12,14 @@ class Appearance;
 /// The panel in its window. It carries an engine of its own, so that closing it gives everything back.
 class PanelWindow final : public Panel {
 public:
-    PanelWindow(TickerViewModel &ticker, const PanelModule::Options &options);
+    PanelWindow(TickerViewModel &ticker, const PanelServices &services, const PanelModule::Options &options);
 
     QWindow &window() override { return m_view; }
     void setLook(const DesktopLook &look) override;
 
 private:
     void dress();
-    void connectHost();
+    void connectHost(const PanelServices &services);
     void maskCorners();
 
     const bool m_isTranslucent;

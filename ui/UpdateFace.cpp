@@ -28,8 +28,7 @@ UpdateWords upToDate(const UpdateState &state)
 
 UpdateWords found(const UpdateState &state)
 {
-    return { QStringLiteral("arrow.down.circle"),
-        named(state.newVersion) + QStringLiteral(" is available"),
+    return { QStringLiteral("arrow.down.circle"), named(state.newVersion) + QStringLiteral(" is available"),
         QStringLiteral("You have %1. Would you like to install the newer version now?")
             .arg(state.installedVersion),
         QStringLiteral("Install"), later };
@@ -44,8 +43,7 @@ UpdateWords installing(const UpdateState &state)
 
 UpdateWords done(const UpdateState &state)
 {
-    return { QStringLiteral("checkmark.circle"),
-        named(state.newVersion) + QStringLiteral(" is installed"),
+    return { QStringLiteral("checkmark.circle"), named(state.newVersion) + QStringLiteral(" is installed"),
         QStringLiteral("Restart glimmet to use it."), QStringLiteral("Restart"), later };
 }
 
@@ -60,8 +58,7 @@ UpdateWords failed(const UpdateState &state)
 
 UpdateWords notPackaged()
 {
-    return { QStringLiteral("questionmark.circle"),
-        QStringLiteral("This copy cannot be updated from here"),
+    return { QStringLiteral("questionmark.circle"), QStringLiteral("This copy cannot be updated from here"),
         QStringLiteral("Updates come with the package that installs glimmet, and no package installed this "
                        "copy. Get newer versions where you got this one, or install the package."),
         ok };

@@ -24,12 +24,12 @@ class Glimmet:
 
     def __init__(self, desktop, binary, environment=None, wrapper=(), network=None, **options):
         self.desktop = desktop
-        self._binary = str(binary)
+        self.binary = str(binary)
         self.labels = []
         self._stop_following = desktop.bus.follow(NAME, ITEM_INTERFACE, "XAyatanaNewLabel", self._note_label)
         inside = without_network() if network is None else network
         self.started = time.monotonic()
-        self.process = desktop.start("glimmet", [*inside, *wrapper, self._binary], environment, **options)
+        self.process = desktop.start("glimmet", [*inside, *wrapper, self.binary], environment, **options)
 
     def __enter__(self):
         return self

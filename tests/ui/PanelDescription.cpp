@@ -45,6 +45,11 @@ bool isSurface(const QQuickItem &item)
     return qobject_cast<const RoundedBox *>(&item) != nullptr || item.inherits("QQuickRectangle");
 }
 
+bool isFilled(const QQuickItem &item)
+{
+    return isSurface(item) && item.property("color").value<QColor>().alpha() > 0;
+}
+
 QString styleOf(const QQuickItem &item)
 {
     if (const auto *box = qobject_cast<const RoundedBox *>(&item))
@@ -70,7 +75,7 @@ QString textOf(const QQuickItem &item)
 
 QColor pixelOf(const QQuickItem &item, const QRectF &area, const QImage &picture)
 {
-    if (!isSurface(item))
+    if (!isFilled(item))
         return {};
     const double inset = std::min<double>(surfaceInset, area.width() / 2);
     const QPointF point(area.left() + inset, area.center().y());

@@ -1,3 +1,4 @@
+#include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 #include "tests/ui/PanelDescription.h"
 #include "ui/PanelModule.h"
@@ -112,6 +113,8 @@ QList<Scene> scenes()
         { u"deadlines-calendar"_s, addDeadlines,
             [](const QQuickView &view) { press(view, "symbol", u"calendar"_s); } },
         { u"keys"_s, provider(RevenueProvider::Stripe), pressKeys },
+        { u"settings"_s, mode(TickerMode::Clock),
+            [](const QQuickView &view) { press(view, "symbol", u"gearshape.fill"_s); } },
         { u"keys-revealed"_s,
             [provider](TestWorld &world, TickerViewModel &ticker) {
                 provider(RevenueProvider::Polar)(world, ticker);
@@ -181,8 +184,11 @@ protected:
         QPluginLoader loader(QStringLiteral(GLIMMET_PANEL_FILE));
         auto *module = qobject_cast<PanelModule *>(loader.instance());
         // Nothing moves, so that whatever is drawn is drawn where it belongs.
-        return module->makePanel(ticker, { { GetParam().scheme, true }, true });
+        return module->makePanel(
+            ticker, { loginItem, [] {}, [](const QString &) {} }, { { GetParam().scheme, true }, true });
     }
+
+    MemoryLoginItem loginItem;
 };
 
 TEST_P(PanelPicture, isAsItWas)

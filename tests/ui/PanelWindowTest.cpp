@@ -1,5 +1,7 @@
+#include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 #include "ui/PanelColors.h"
+#include "ui/PanelHost.h"
 #include "ui/PanelModule.h"
 
 #include <QPluginLoader>
@@ -16,12 +18,19 @@ namespace glimmet {
 /// The panel as the program gets it: from the module, in a window of its own.
 class PanelWindowTest : public TickerTest {
 protected:
-    static std::unique_ptr<Panel> makePanel(TickerViewModel &ticker, const PanelModule::Options &options = {})
+    std::unique_ptr<Panel> makePanel(const PanelModule::Options &options = {})
     {
         QPluginLoader loader(QStringLiteral(GLIMMET_PANEL_FILE));
         auto *module = qobject_cast<PanelModule *>(loader.instance());
-        return module == nullptr ? nullptr : module->makePanel(ticker, options);
+        return module == nullptr
+            ? nullptr
+            : module->makePanel(
+                ticker, { loginItem, [this] { ++updateChecks; }, [](const QString &) {} }, options);
     }
+
+    MemoryLoginItem loginItem;
+    int updateChecks = 0;
+
     static QQuickView &view(Panel &panel) { return static_cast<QQuickView &>(panel.window()); }
     static void show(Panel &panel)
     {
@@ -56,7 +65,7 @@ protected:
 
 TEST_F(PanelWindowTest, isAFramelessWindowNamedAfterTheProgram)
 {
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
 
     ASSERT_NE(panel, nullptr);
     EXPECT_EQ(panel->window().title(), u"glimmet"_s);
@@ -67,14 +76,14 @@ TEST_F(PanelWindowTest, isAFramelessWindowNamedAfterTheProgram)
 
 TEST_F(PanelWindowTest, isAsLargeAsThePanel)
 {
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
 
     EXPECT_EQ(panel->window().size(), QSize(340, 540));
 }
 
 TEST_F(PanelWindowTest, isPaintedInSoftware)
 {
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     show(*panel);
 
     EXPECT_EQ(view(*panel).rendererInterface()->graphicsApi(), QSGRendererInterface::Software);
@@ -82,7 +91,7 @@ TEST_F(PanelWindowTest, isPaintedInSoftware)
 
 TEST_F(PanelWindowTest, cornersAreSeeThroughWhereACompositorShowsThem)
 {
-    const auto panel = makePanel(ticker, { { ColorScheme::Light }, true });
+    const auto panel = makePanel({ { ColorScheme::Light }, true });
     show(*panel);
 
     EXPECT_EQ(panel->window().requestedFormat().alphaBufferSize(), 8);
@@ -94,7 +103,7 @@ TEST_F(PanelWindowTest, cornersAreSeeThroughWhereACompositorShowsThem)
 
 TEST_F(PanelWindowTest, cornersAreMaskedWhereThereIsNoCompositor)
 {
-    const auto panel = makePanel(ticker, { { ColorScheme::Light }, false });
+    const auto panel = makePanel({ { ColorScheme::Light }, false });
 
     EXPECT_LE(panel->window().requestedFormat().alphaBufferSize(), 0);
     EXPECT_FALSE(panel->window().mask().contains(QPoint(0, 0)));
@@ -103,7 +112,7 @@ TEST_F(PanelWindowTest, cornersAreMaskedWhereThereIsNoCompositor)
 
 TEST_F(PanelWindowTest, theMaskFollowsTheHeight)
 {
-    const auto panel = makePanel(ticker, { { ColorScheme::Light }, false });
+    const auto panel = makePanel({ { ColorScheme::Light }, false });
 
     panel->window().resize(340, 400);
 
@@ -113,7 +122,7 @@ TEST_F(PanelWindowTest, theMaskFollowsTheHeight)
 
 TEST_F(PanelWindowTest, aLowerWindowMakesThePanelLower)
 {
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     show(*panel);
 
     panel->window().resize(340, 400);
@@ -123,7 +132,7 @@ TEST_F(PanelWindowTest, aLowerWindowMakesThePanelLower)
 
 TEST_F(PanelWindowTest, opensInTheSchemeOfTheDesktop)
 {
-    const auto panel = makePanel(ticker, { { ColorScheme::Dark }, true });
+    const auto panel = makePanel({ { ColorScheme::Dark }, true });
     show(*panel);
 
     EXPECT_EQ(pixel(*panel, { 170, 5 }).rgba(), panelColors(ColorScheme::Dark).background.rgba());
@@ -131,7 +140,7 @@ TEST_F(PanelWindowTest, opensInTheSchemeOfTheDesktop)
 
 TEST_F(PanelWindowTest, changesItsSchemeWhileItIsOpen)
 {
-    const auto panel = makePanel(ticker, { { ColorScheme::Light }, false });
+    const auto panel = makePanel({ { ColorScheme::Light }, false });
     show(*panel);
 
     panel->setLook({ ColorScheme::Dark });
@@ -142,7 +151,7 @@ TEST_F(PanelWindowTest, changesItsSchemeWhileItIsOpen)
 
 TEST_F(PanelWindowTest, escapeClosesIt)
 {
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     show(*panel);
     panel->window().requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
@@ -155,11 +164,11 @@ TEST_F(PanelWindowTest, escapeClosesIt)
 TEST_F(PanelWindowTest, escapeClosesItWhileATextIsEdited)
 {
     ticker.setMode(TickerMode::Custom);
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     show(*panel);
     panel->window().requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
-    for (int stop = 0; stop < 7; ++stop)
+    for (int stop = 0; stop < 8; ++stop)
         QTest::keyClick(&panel->window(), Qt::Key_Tab);
     QTest::keyClick(&panel->window(), Qt::Key_A);
     ASSERT_NE(ticker.customText(), u"hello world ✦"_s);
@@ -171,7 +180,7 @@ TEST_F(PanelWindowTest, escapeClosesItWhileATextIsEdited)
 
 TEST_F(PanelWindowTest, quitEndsTheProgram)
 {
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     show(*panel);
     // Where the button is: its middle is 20 from the right and 22 from the bottom.
     QTimer::singleShot(0, &panel->window(),
@@ -181,9 +190,23 @@ TEST_F(PanelWindowTest, quitEndsTheProgram)
     EXPECT_EQ(QCoreApplication::exec(), 0);
 }
 
+TEST_F(PanelWindowTest, asksForUpdatesOnceItIsInFront)
+{
+    const auto panel = makePanel();
+    show(*panel);
+    auto *host = view(*panel).rootObject()->property("host").value<PanelHost *>();
+    ASSERT_NE(host, nullptr);
+
+    emit host->updateCheckRequested();
+
+    EXPECT_EQ(updateChecks, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return updateChecks == 1; }));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
+}
+
 TEST_F(PanelWindowTest, itsEngineGoesWithIt)
 {
-    auto panel = makePanel(ticker);
+    auto panel = makePanel();
     const QPointer<QQmlEngine> engine = view(*panel).engine();
     ASSERT_FALSE(engine.isNull());
 
@@ -194,11 +217,11 @@ TEST_F(PanelWindowTest, itsEngineGoesWithIt)
 
 TEST_F(PanelWindowTest, settingsSurviveItsClosing)
 {
-    makePanel(ticker).reset();
+    makePanel().reset();
     ticker.setMode(TickerMode::Custom);
     ticker.setCustomText(u"still here"_s);
 
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     tick();
 
     EXPECT_EQ(view(*panel).rootObject()->property("ticker").value<TickerViewModel *>(), &ticker);
@@ -210,7 +233,7 @@ TEST_F(PanelWindowTest, keepsNoSheetNoRevealedKeyAndNoTypedTextAfterItsClosing)
     ticker.setMode(TickerMode::Revenue);
     ticker.setRevenueProvider(RevenueProvider::Dodo);
     ticker.setPolarAPIKey(u"pat_1"_s);
-    auto panel = makePanel(ticker);
+    auto panel = makePanel();
     show(*panel);
     items(*panel, u"BorderedField"_s).first()->setProperty("text", u"half a co"_s);
     click(*panel, u"API Keys"_s);
@@ -218,7 +241,7 @@ TEST_F(PanelWindowTest, keepsNoSheetNoRevealedKeyAndNoTypedTextAfterItsClosing)
     ASSERT_EQ(items(*panel, u"SecretField"_s).first()->property("displayText"), u"pat_1"_s);
 
     panel.reset();
-    panel = makePanel(ticker);
+    panel = makePanel();
     show(*panel);
 
     EXPECT_TRUE(items(*panel, u"APIKeysSheet"_s).isEmpty());
@@ -230,7 +253,7 @@ TEST_F(PanelWindowTest, keepsNoSheetNoRevealedKeyAndNoTypedTextAfterItsClosing)
 TEST_F(PanelWindowTest, escapeClosesASheetFirst)
 {
     ticker.setMode(TickerMode::Revenue);
-    const auto panel = makePanel(ticker);
+    const auto panel = makePanel();
     show(*panel);
     panel->window().requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
@@ -246,8 +269,8 @@ TEST_F(PanelWindowTest, escapeClosesASheetFirst)
 
 TEST_F(PanelWindowTest, twoPanelsHaveTheirOwnSchemes)
 {
-    const auto light = makePanel(ticker, { { ColorScheme::Light }, true });
-    const auto dark = makePanel(ticker, { { ColorScheme::Dark }, true });
+    const auto light = makePanel({ { ColorScheme::Light }, true });
+    const auto dark = makePanel({ { ColorScheme::Dark }, true });
     show(*light);
     show(*dark);
 

@@ -147,4 +147,26 @@ void TickerFixture::keyArrives(const QString &item, const QString &value)
     m_world.keys.unlock();
 }
 
+void TickerFixture::setLogin(const QString &state)
+{
+    m_loginItem.current = state == u"on"_s ? LoginItemStatus::Enabled
+        : state == u"off"_s                ? LoginItemStatus::NotRegistered
+                                           : LoginItemStatus::RequiresApproval;
+}
+
+void TickerFixture::refuseLogin(const QString &reason)
+{
+    m_loginItem.failure = reason;
+}
+
+QStringList TickerFixture::loginRequests() const
+{
+    return m_loginItem.asked;
+}
+
+QStringList TickerFixture::reported() const
+{
+    return m_reported;
+}
+
 } // namespace glimmet

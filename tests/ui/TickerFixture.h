@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/TickerViewModel.h"
+#include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 #include "ui/PanelHost.h"
 
@@ -63,14 +64,30 @@ public:
     /// The key store can be read now, and this is in it.
     Q_INVOKABLE void keyArrives(const QString &item, const QString &value);
 
+    /// Whether the program starts at login: "on", "off", or "disabled" elsewhere by the user.
+    Q_INVOKABLE void setLogin(const QString &state);
+    /// Lets the system refuse what it is asked next.
+    Q_INVOKABLE void refuseLogin(const QString &reason);
+    /// "register" and "unregister", in the order in which the system was asked.
+    Q_INVOKABLE QStringList loginRequests() const;
+    /// The lines that were reported.
+    Q_INVOKABLE QStringList reported() const;
+
 private:
     void answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price);
 
     TestWorld m_world;
     TickerViewModel m_ticker{ m_world.forTicker() };
     std::unique_ptr<TickerViewModel> m_tickerWithoutKeys;
-    PanelHost m_host{ QStringLiteral("1.2") };
-    PanelHost m_unversionedHost{ QString() };
+    PanelServices services()
+    {
+        return { m_loginItem, [] {}, [this](const QString &line) { m_reported.append(line); } };
+    }
+
+    MemoryLoginItem m_loginItem;
+    QStringList m_reported;
+    PanelHost m_host{ QStringLiteral("1.2"), services() };
+    PanelHost m_unversionedHost{ QString(), services() };
 };
 
 } // namespace glimmet

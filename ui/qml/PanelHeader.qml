@@ -4,6 +4,8 @@ import Glimmet
 Item {
     id: root
 
+    signal settingsRequested
+
     implicitHeight: titles.height + 18 + 14
 
     Column {
@@ -28,5 +30,20 @@ Item {
         anchors.leftMargin: 10
         anchors.verticalCenter: titles.verticalCenter
         running: root.visible && Theme.animates
+    }
+    PlainButton {
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.pageMargin
+        anchors.verticalCenter: titles.verticalCenter
+        leftPadding: 4
+        rightPadding: 4
+        topPadding: 4
+        bottomPadding: 4
+        symbol: "gearshape.fill"
+        symbolSize: Theme.symbolSize
+        ink: Theme.softText
+        fill: Theme.clear
+        Accessible.name: "Settings"
+        onClicked: root.settingsRequested()
     }
 }

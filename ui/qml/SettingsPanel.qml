@@ -26,6 +26,9 @@ Rectangle {
         PanelHeader {
             id: header
             width: root.width
+            onSettingsRequested: sheets.present("AppSettingsSheet.qml", {
+                host: root.host
+            })
         }
         Separator {
             id: separator

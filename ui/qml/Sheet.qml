@@ -9,6 +9,7 @@ FocusScope {
     required property string symbol
     required property string title
     default property alias content: column.data
+    property alias spacing: column.spacing
 
     signal dismissed
 

@@ -1,4 +1,5 @@
 import QtQuick
+import QtTest
 import Glimmet
 
 PanelTestCase {
@@ -7,6 +8,12 @@ PanelTestCase {
     PanelHeader {
         id: header
         width: 340
+    }
+
+    SignalSpy {
+        id: requests
+        target: header
+        signalName: "settingsRequested"
     }
 
     function dot(): Item {
@@ -71,7 +78,28 @@ PanelTestCase {
         compare(dot().opacity, 1);
     }
 
-    function test_hasNoButtonsYet() {
-        compare(all(header, PlainButton).length, 0);
+    function gear(): PlainButton {
+        return all(header, PlainButton)[0];
+    }
+
+    function test_theGearStandsAtTheRight() {
+        const symbol = all(gear(), SymbolImage)[0];
+
+        compare(symbol.name, "gearshape.fill");
+        compare(symbol.size, 14);
+        compareInk(symbol.color, 0.4);
+        compare(areaOf(gear(), header).right, 320);
+        compare(areaOf(symbol, gear()).x, 4);
+        compare(areaOf(symbol, gear()).y, 4);
+        compareInk(gear().fill, 0);
+    }
+
+    function test_theGearAsksForTheSettings() {
+        requests.clear();
+
+        mouseClick(gear());
+        verify(reader.press(header, "Settings"));
+
+        compare(requests.count, 2);
     }
 }

@@ -121,24 +121,48 @@ PanelTestCase {
             tab();
         }
 
+        // The gear has no words.
         compare(visited.map(item => item.text),
-            ["Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline", "Show seconds", "24-hour format", "Quit"]);
+            ["", "Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline", "Show seconds", "24-hour format", "Quit"]);
     }
 
     function test_whatGetsTheKeyboardScrollsIntoView() {
         panel.height = 360;
         const middle = only(ScrollArea);
-        tab(8);
+        tab(9);
 
         const focused = testCase.Window.activeFocusItem;
         compare(focused.text, "24-hour format");
         verify(middle.contentY > 0);
         const area = areaOf(focused, middle);
         verify(area.top >= 0 && area.bottom <= middle.height);
-        tab(2);
+        tab(3);
         compare(testCase.Window.activeFocusItem.text, "Clock");
         const first = areaOf(testCase.Window.activeFocusItem, middle);
         verify(first.top >= 0 && first.bottom <= middle.height);
+    }
+
+    function test_theGearBringsUpTheSettings() {
+        mouseClick(all(only(PanelHeader), PlainButton)[0]);
+
+        tryVerify(() => all(panel, AppSettingsSheet).length === 1);
+        compare(world.ticker.mode, TickerMode.Clock);
+        compare(all(panel, ClockOptions).length, 1);
+    }
+
+    function test_theSettingsLeaveThePanelAsItWas() {
+        world.ticker.mode = TickerMode.Custom;
+        tryVerify(() => all(panel, CustomTextOption).length === 1 && all(panel, ClockOptions).length === 0);
+        const editor = only(CustomTextOption);
+        mouseClick(all(only(PanelHeader), PlainButton)[0]);
+        tryVerify(() => all(panel, AppSettingsSheet).length === 1);
+
+        keyClick(Qt.Key_Escape);
+
+        tryVerify(() => all(panel, AppSettingsSheet).length === 0);
+        compare(world.ticker.mode, TickerMode.Custom);
+        compare(only(CustomTextOption), editor);
+        compare(closings.count, 0);
     }
 
     function test_escapeAsksToClose() {
@@ -160,7 +184,7 @@ PanelTestCase {
     }
 
     function test_theModeIsChangedWithTheKeyboardAlone() {
-        tab(2);
+        tab(3);
         keyClick(Qt.Key_Return);
         tryVerify(() => all(panel, QuoteOptions).length === 1 && all(panel, ClockOptions).length === 0);
         tab(5);

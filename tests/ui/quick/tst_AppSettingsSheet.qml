@@ -1,0 +1,164 @@
+import QtQuick
+import QtTest
+import Glimmet
+
+PanelTestCase {
+    id: testCase
+    name: "AppSettingsSheet"
+
+    Component {
+        id: sheets
+
+        AppSettingsSheet {
+            width: 340
+            height: implicitHeight
+            host: testCase.world.host
+        }
+    }
+    SignalSpy {
+        id: checks
+        signalName: "updateCheckRequested"
+    }
+    SignalSpy {
+        id: dismissals
+        signalName: "dismissed"
+    }
+
+    property AppSettingsSheet sheet: null
+
+    function init() {
+        makeWorld();
+        show();
+    }
+
+    function show() {
+        sheet = make(sheets);
+        checks.target = world.host;
+        checks.clear();
+        dismissals.target = sheet;
+        dismissals.clear();
+    }
+
+    function toggle(): GlimmetToggle {
+        return all(sheet, GlimmetToggle)[0];
+    }
+
+    function updatesRow(): Item {
+        return textOf(sheet, "App Updates").parent;
+    }
+
+    function test_isHeadedByItsSymbolAndTitle() {
+        const symbol = all(sheet, SymbolImage).find(image => image.name === "gearshape.fill");
+        const title = textOf(sheet, "Settings");
+
+        compareAccent(symbol.color, 1);
+        compare(symbol.size, 14);
+        compareFont(title, 16, 400);
+        compare(areaOf(symbol, sheet).x, 24);
+    }
+
+    function test_itsRowsStandTenApartInThePadding() {
+        const switchArea = areaOf(toggle(), sheet);
+        const updates = areaOf(updatesRow(), sheet);
+
+        compare(switchArea.x, 24);
+        compare(switchArea.right, 316);
+        compare(updates.x, 24);
+        compare(updates.right, 316);
+        compare(updates.y - switchArea.bottom, 10);
+        compare(sheet.height - updates.bottom, 24);
+    }
+
+    function test_theUpdatesRowLooksLikeASwitchRow() {
+        const row = updatesRow();
+        const label = textOf(sheet, "App Updates");
+        const button = buttonOf(sheet, "Check for Updates");
+
+        compareFont(label, 13, 400);
+        compareInk(label.color, 1);
+        compareInk(row.color, 0.05);
+        compare(row.radius, 8);
+        compare(areaOf(label, row).x, 12);
+        compare(row.width - areaOf(button, row).right, 12);
+        compare(areaOf(button, row).y, 9);
+        compare(row.height - areaOf(button, row).bottom, 9);
+        compare(button.font.pixelSize, 11);
+        compare(button.leftPadding, 10);
+        compare(button.topPadding, 6);
+        compareInk(button.fill, 0.07);
+    }
+
+    function test_theSwitchShowsWhatTheSystemSaysWhenTheSheetIsMade_data() {
+        return [
+            {tag: "enabled", state: "on", expected: true},
+            {tag: "not registered", state: "off", expected: false},
+            {tag: "disabled by the user", state: "disabled", expected: false}
+        ];
+    }
+
+    function test_theSwitchShowsWhatTheSystemSaysWhenTheSheetIsMade(row) {
+        world.setLogin(row.state);
+
+        show();
+
+        compare(toggle().label, "Launch on startup");
+        compare(toggle().checked, row.expected);
+        compare(world.loginRequests(), []);
+    }
+
+    function test_theSwitchAsksTheSystem() {
+        mouseClick(toggle());
+        compare(toggle().checked, true);
+        mouseClick(toggle());
+
+        compare(toggle().checked, false);
+        compare(world.loginRequests(), ["register", "unregister"]);
+    }
+
+    function test_whatTheUserDisabledElsewhereIsRegisteredAnew() {
+        world.setLogin("disabled");
+        show();
+
+        mouseClick(toggle());
+
+        compare(world.loginRequests(), ["register"]);
+    }
+
+    function test_aFailureIsReportedAndLeavesTheSwitchWhereItWasPut() {
+        world.refuseLogin("no room");
+
+        mouseClick(toggle());
+
+        compare(toggle().checked, true);
+        compare(world.reported(), ["Launch error: no room"]);
+    }
+
+    function test_theNextSheetShowsTheRealStateAgain() {
+        world.refuseLogin("no room");
+        mouseClick(toggle());
+
+        show();
+
+        compare(toggle().checked, false);
+    }
+
+    function test_checkingForUpdatesClosesTheSheetFirst() {
+        let order = [];
+        sheet.dismissed.connect(() => order.push("dismissed"));
+        world.host.updateCheckRequested.connect(() => order.push("asked"));
+
+        mouseClick(buttonOf(sheet, "Check for Updates"));
+
+        compare(order, ["dismissed", "asked"]);
+    }
+
+    function test_isUsedThroughAssistivePrograms() {
+        verify(reader.toggle(sheet, "Launch on startup"));
+        verify(reader.press(sheet, "Check for Updates"));
+        verify(reader.press(sheet, "Close"));
+
+        compare(world.loginRequests(), ["register"]);
+        compare(checks.count, 1);
+        compare(dismissals.count, 2);
+    }
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace glimmet {
+
+class LoginItem;
+
+/// What the panel asks of the program around it. All of it outlives every panel.
+struct PanelServices {
+    LoginItem &loginItem;
+    std::function<void()> checkForUpdates;
+    std::function<void(const QString &line)> report; ///< tells whoever looks for faults
+};
+
+} // namespace glimmet
