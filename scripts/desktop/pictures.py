@@ -62,7 +62,8 @@ def scroll_to_end(stage):
 # What each picture is called, and what is done before it is taken. Each scene goes on from the one before it.
 SCENES = (
     ("clock", mode("Clock"), label(lambda text: text[:1].isdigit())),
-    ("quote", mode("Quote"), label(lambda text: text == "stay curious ✦")),
+    ("settings", tap("Settings")),
+    ("quote", tap("Close"), mode("Quote"), label(lambda text: text == "stay curious ✦")),
     ("quote-own", add("stay curious ✦", "Add", *QUOTES), label(lambda text: text == QUOTES[0])),
     ("custom", mode("Custom"), label(lambda text: text == "hello world ✦")),
     ("revenue", mode("Revenue"), label(lambda text: text.startswith("💰"))),
