@@ -24,6 +24,9 @@ constexpr QStringView badFile =
 constexpr QStringView badSource =
     u"One of this computer's software sources could not be read, so newer versions may "
     u"be missing.";
+constexpr QStringView badSourceSignature = u"One of this computer's software sources is not signed by "
+                                           u"someone this computer trusts, so newer versions "
+                                           u"may be missing.";
 constexpr QStringView badDownload = u"The update could not be downloaded.";
 constexpr QStringView misfit = u"The update does not fit the other software on this computer.";
 constexpr QStringView halfInstalled =
@@ -76,12 +79,32 @@ constexpr std::array errorWords = {
     ErrorWords{ 67, busy },
 };
 
+struct TellTale {
+    QStringView text;
+    QStringView words;
+};
+
+/// What the backend for apt has no numbers of its own for, by what apt and gpg say.
+constexpr std::array tellTales = {
+    TellTale{ u"Hash Sum mismatch", badFile },
+    TellTale{ u"NO_PUBKEY", badSourceSignature },
+    TellTale{ u"BADSIG", badSourceSignature },
+    TellTale{ u"EXPKEYSIG", badSourceSignature },
+};
+
+QString wordsForFailure(const TransactionResult &result)
+{
+    const auto *found = std::find_if(tellTales.begin(), tellTales.end(),
+        [&](const TellTale &candidate) { return result.details.contains(candidate.text); });
+    return found == tellTales.end() ? wordsForErrorCode(result.errorCode) : found->words.toString();
+}
+
 QString wordsFor(const TransactionResult &result)
 {
     switch (result.end) {
     case TransactionEnd::Succeeded:
     case TransactionEnd::Failed:
-        return wordsForErrorCode(result.errorCode);
+        return wordsForFailure(result);
     case TransactionEnd::Cancelled:
         return QStringLiteral("It was cancelled.");
     case TransactionEnd::ServiceMissing:
@@ -130,6 +153,18 @@ PackageKitCall versionsOf(const QString &name)
 }
 
 } // namespace PackageKitCalls
+
+QString changesFrom(const QString &description, const QString &changelog)
+{
+    if (const QString words = description.trimmed(); !words.isEmpty())
+        return words;
+    const QString log = changelog.trimmed();
+    // In place of a changelog that its source does not have, the backend for apt has one of these,
+    // untranslated.
+    const bool isNone = log.startsWith(u"Changelog for this version is not yet available")
+        || log.startsWith(u"The list of changes is not available yet");
+    return isNone ? QString() : log;
+}
 
 QString wordsForErrorCode(uint code)
 {

@@ -37,6 +37,10 @@ PackageKitCall install(const PackageId &update);
 PackageKitCall versionsOf(const QString &name);
 } // namespace PackageKitCalls
 
+/// What is new, from the description and the changelog that the service has for an update. Empty where the
+/// changelog only says that there is none.
+QString changesFrom(const QString &description, const QString &changelog);
+
 struct FoundPackage {
     uint info = 0; ///< PackageKit's PkInfoEnum
     PackageId id;

@@ -3,7 +3,6 @@
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
-#include <QLocale>
 #include <QVariantMap>
 
 #include <limits>
@@ -21,6 +20,9 @@ const QString localPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const QString localInterface = QStringLiteral("org.freedesktop.DBus.Local");
 const QString anybody;
 
+/// The words around what the service says are English, too.
+const QString englishLocale = QStringLiteral("locale=C.UTF-8");
+
 /// The transaction's own timer knows what is too long.
 constexpr int withoutLimit = std::numeric_limits<int>::max();
 constexpr uint greatestPercentage = 100; // 101 stands for an unknown one.
@@ -34,8 +36,7 @@ QStringList hintsFor(Asking asking)
 {
     const bool isUserThere = asking == Asking::User;
     return { isUserThere ? QStringLiteral("interactive=true") : QStringLiteral("interactive=false"),
-        isUserThere ? QStringLiteral("background=false") : QStringLiteral("background=true"),
-        QStringLiteral("locale=%1.UTF-8").arg(QLocale::system().name()) };
+        isUserThere ? QStringLiteral("background=false") : QStringLiteral("background=true"), englishLocale };
 }
 
 bool isRefusal(const QString &errorName)
@@ -174,8 +175,7 @@ void PackageKitTransaction::handleSignal(const QDBusMessage &signal)
         m_result.errorCode = values.value(0).toUInt();
         m_result.details = values.value(1).toString();
     } else if (signal.member() == u"UpdateDetail") {
-        const QString words = values.value(7).toString().trimmed();
-        m_result.changes = words.isEmpty() ? values.value(8).toString().trimmed() : words;
+        m_result.changes = changesFrom(values.value(7).toString(), values.value(8).toString());
     } else if (signal.member() == u"Finished") {
         finishAs(values.value(0).toUInt());
     }

@@ -89,6 +89,17 @@ TEST(UpdateFinding, saysThatAnUpdateIsHeldBack)
     EXPECT_EQ(finding.failure.words, u"The update is held back by the package manager."_s);
 }
 
+TEST(Changes, areTheDescriptionOrElseTheChangelog)
+{
+    EXPECT_EQ(changesFrom(u" Faster\n"_s, u"1.1: faster"_s), u"Faster"_s);
+    EXPECT_EQ(changesFrom({}, u"1.1: faster\n"_s), u"1.1: faster"_s);
+}
+
+TEST(Changes, areNoneWhereTheChangelogOnlySaysSo)
+{
+    EXPECT_EQ(changesFrom({}, u"Changelog for this version is not yet available"_s), QString());
+}
+
 TEST(InstalledPackage, isTheOneThatIsInstalled)
 {
     EXPECT_EQ(installedAmong({ { availableInfo, version(u"1.1"_s) }, { installedInfo, version(u"1.0"_s) } }),
@@ -130,6 +141,18 @@ TEST(FailureOfATransaction, hasPlainWordsForWhatUsuallyGoesWrong)
     EXPECT_TRUE(wordsForErrorCode(40).contains(u"damaged"));
     EXPECT_EQ(wordsForErrorCode(4), u"The package manager could not do it."_s);
     EXPECT_EQ(wordsForErrorCode(4711), wordsForErrorCode(4));
+}
+
+TEST(FailureOfATransaction, tellsASpoiledFileAndAStrangersSignatureByWhatAptSays)
+{
+    const auto wordsFor = [](uint code, const QString &details) {
+        return failureOf({ .end = TransactionEnd::Failed, .errorCode = code, .details = details })->words;
+    };
+
+    EXPECT_EQ(
+        wordsFor(10, u"glimmet 1.1 is not (yet) available (Hash Sum mismatch)"_s), wordsForErrorCode(40));
+    EXPECT_TRUE(wordsFor(64, u"GPG error: NO_PUBKEY 940A95EF825CD2D9"_s).contains(u"not signed"));
+    EXPECT_EQ(wordsFor(10, u"404  Not Found"_s), wordsForErrorCode(10));
 }
 
 } // namespace
