@@ -41,6 +41,12 @@ BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration
 
 
 class OwnPackages:
+    """`program`: the file that is packaged as PROGRAM, none: a script; `libraries`: what is to be beside it."""
+
+    def __init__(self, program=None, libraries=None):
+        self._program = program
+        self._libraries = libraries
+
     def __enter__(self):
         if os.geteuid() != 0:
             raise RuntimeError("a package manager of its own takes root")
@@ -135,16 +141,17 @@ class OwnPackages:
         wait_for(lambda: self.run(question, check=False).returncode == 0, 10, name)
 
     @property
-    def _wrapper(self):
+    def wrapper(self):
+        """What to put before a program's command to have it see these packages and no others."""
         return ["nsenter", f"--target={self._holder.pid}", "--mount", "--"]
 
     def start(self, command, **options):
-        """Starts a program that sees these packages and no others."""
+        """Starts a program among these packages."""
         name = Path(command[0]).name
-        return self._processes.start(name, [*self._wrapper, *command], os.environ, **options)
+        return self._processes.start(name, [*self.wrapper, *command], os.environ, **options)
 
     def run(self, command, check=True):
-        return subprocess.run([*self._wrapper, *command], check=check, capture_output=True, text=True)
+        return subprocess.run([*self.wrapper, *command], check=check, capture_output=True, text=True)
 
     def install(self, version):
         """As if it had always been there."""
@@ -192,9 +199,15 @@ class OwnPackages:
             "Maintainer: Test <test@example.org>\nDescription: for a test\n")
         program = tree / PROGRAM.lstrip("/")
         program.parent.mkdir(parents=True)
-        program.write_text(f"#!/bin/sh\necho {version}\n")
+        if self._program:
+            shutil.copy(self._program, program)
+        else:
+            program.write_text(f"#!/bin/sh\necho {version}\n")
         program.chmod(0o755)
-        subprocess.run(["dpkg-deb", "--root-owner-group", "--build", str(tree), str(package)],
+        if self._libraries:
+            (program.parent.parent / "lib").mkdir()
+            (program.parent.parent / "lib/glimmet").symlink_to(self._libraries)
+        subprocess.run(["dpkg-deb", "--root-owner-group", "-Zgzip", "-z1", "--build", str(tree), str(package)],
                        check=True, capture_output=True)
         return package
 
