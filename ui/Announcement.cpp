@@ -7,6 +7,7 @@
 #include <algorithm>
 
 namespace glimmet {
+
 Announcement::Announcement(QObject *parent)
     : QObject(parent)
 {
@@ -48,9 +49,9 @@ void Announcement::say()
     if (m_text == m_lastSaid)
         return;
     m_lastSaid = m_text;
-    m_sinceSaid.start();
     if (m_text.isEmpty() || !m_item)
         return;
+    m_sinceSaid.start();
     emit said(m_text);
     if (!QAccessible::isActive())
         return;

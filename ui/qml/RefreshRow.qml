@@ -35,7 +35,7 @@ Item {
     }
     Announcement {
         item: fetching
-        text: fetching.visible ? fetching.text : ""
+        text: root.ticker.isFetchingRevenue ? fetching.text : ""
     }
     PlainButton {
         id: button

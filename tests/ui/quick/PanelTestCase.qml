@@ -8,6 +8,7 @@ TestCase {
     id: testCase
 
     property TickerFixture world: null
+    property real framesPassed: 0
     readonly property AccessibleProbe reader: AccessibleProbe {}
     readonly property LookSwitch desktop: LookSwitch {}
     readonly property ClipboardProbe clipboard: ClipboardProbe {}
@@ -24,12 +25,20 @@ TestCase {
         TickerFixture {}
     }
 
+    NumberAnimation {
+        id: frames
+        target: testCase
+        property: "framesPassed"
+        from: 0
+        to: 1
+        duration: 100
+    }
+
     // For tests with an `init` of their own to call first.
     function makeWorld() {
         failOnWarning(/./);
         // Outlives what the test makes, as the program's ticker outlives its panels.
         world = worlds.createObject(testCase) as TickerFixture;
-        desktop.wish(false, false);
     }
 
     // A new item that stands in its place.
@@ -42,6 +51,10 @@ TestCase {
 
     function init() {
         makeWorld();
+    }
+
+    function cleanup() {
+        desktop.wish(false, false);
     }
 
     // All items of a type below `root`, in the order of painting.
@@ -68,6 +81,17 @@ TestCase {
     // Where `item` is in `root`.
     function areaOf(item: Item, root: Item): rect {
         return item.mapToItem(root, 0, 0, item.width, item.height);
+    }
+
+    // What has `root` say its changes.
+    function announcementIn(root: Item): Announcement {
+        return Array.from(root.resources).find(object => object instanceof Announcement) ?? null;
+    }
+
+    // Long enough for whatever moves by itself to have moved.
+    function passFrames() {
+        frames.restart();
+        tryVerify(() => !frames.running);
     }
 
     function isColor(actual, expected, opacity = 1): bool {

@@ -30,6 +30,11 @@ PanelTestCase {
         signalName: "said"
     }
 
+    SignalSpy {
+        id: otherSaid
+        signalName: "said"
+    }
+
     property Announcement news: null
 
     function init() {
@@ -37,6 +42,14 @@ PanelTestCase {
         news = createTemporaryObject(announcements, testCase);
         said.target = news;
         said.clear();
+    }
+
+    // Until another text has been said that began to rest later, and rests longer.
+    function waitLongerThanARest() {
+        const other = createTemporaryObject(announcements, testCase, {rest: 2 * news.rest}) as Announcement;
+        otherSaid.target = other;
+        other.text = "elsewhere";
+        otherSaid.wait();
     }
 
     function words(): var {
@@ -93,6 +106,20 @@ PanelTestCase {
 
     function test_nothingIsSaidOfAnEmptyText() {
         news.text = "";
+        waitLongerThanARest();
+        compare(said.count, 0);
+
+        news.text = "something";
+
+        said.wait();
+        compare(words(), ["something"]);
+    }
+
+    function test_silenceDelaysNothing() {
+        news.gap = 20000;
+        news.text = "";
+        waitLongerThanARest();
+
         news.text = "something";
 
         said.wait();

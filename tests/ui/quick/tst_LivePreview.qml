@@ -1,4 +1,5 @@
 import QtQuick
+import QtTest
 import Glimmet
 
 PanelTestCase {
@@ -9,6 +10,11 @@ PanelTestCase {
         width: 340
         text: ""
         spokenText: ""
+    }
+
+    SignalSpy {
+        id: said
+        signalName: "said"
     }
 
     function init() {
@@ -32,6 +38,18 @@ PanelTestCase {
         preview.spokenText = "09:05";
 
         compare(reader.told(preview), ["StaticText 09:05", "StaticText LIVE"]);
+    }
+
+    function test_aChangeIsAnnouncedInItsOwnWords() {
+        const news = announcementIn(preview);
+        news.rest = 10;
+        said.target = news;
+
+        preview.spokenText = "nine o'clock";
+
+        said.wait();
+        compare(said.signalArguments[0][0], "nine o'clock");
+        compare(news.item, textOf(preview, "09:05:07"));
     }
 
     function test_isPaddedOnAFaintGround() {

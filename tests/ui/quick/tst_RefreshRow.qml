@@ -1,4 +1,5 @@
 import QtQuick
+import QtTest
 import Glimmet
 
 PanelTestCase {
@@ -12,6 +13,11 @@ PanelTestCase {
             width: 300
             ticker: testCase.world.ticker
         }
+    }
+
+    SignalSpy {
+        id: said
+        signalName: "said"
     }
 
     property RefreshRow row: null
@@ -68,6 +74,29 @@ PanelTestCase {
         compare(spinner.width, 10);
         const turn = spinner.turn;
         tryVerify(() => spinner.turn !== turn);
+    }
+
+    function test_aFetchIsAnnounced() {
+        const news = announcementIn(row);
+        news.rest = 10;
+        said.target = news;
+
+        world.ticker.fetchRevenue();
+
+        said.wait();
+        compare(said.signalArguments[0][0], "Fetching…");
+        verify(news.item.visible);
+    }
+
+    function test_theSpinnerStandsStillWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+        world.ticker.fetchRevenue();
+        const spinner = all(row, SymbolImage).find(symbol => symbol.name === "progress.indicator");
+        verify(spinner.visible);
+
+        passFrames();
+
+        compare(spinner.turn, 0);
     }
 
     function test_theSpinnerRestsWhileNothingIsFetched() {
