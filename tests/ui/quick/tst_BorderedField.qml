@@ -79,6 +79,14 @@ PanelTestCase {
         tryVerify(() => isColor(box.borderColor, Appearance.ink, 0.12));
     }
 
+    function test_itsBorderChangesAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+
+        mouseClick(field);
+
+        compareAccent(field.background.borderColor, 1);
+    }
+
     function test_itsPlaceholderEndsInAnEllipsis() {
         const placeholder = textOf(field, field.placeholderText);
 

@@ -208,6 +208,21 @@ PanelTestCase {
         tryVerify(() => flow().height === flow().implicitHeight);
     }
 
+    function test_theListChangesAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+        setSymbols(["AAAAAAAA", "B"]);
+        const b = chips()[1];
+
+        world.ticker.cryptoSymbols = ["B"];
+        tryVerify(() => !isPolishScheduled(flow()));
+        compare(b.x, 0);
+
+        world.ticker.cryptoSymbols = ["B"].concat(manySymbols);
+        tryVerify(() => !isPolishScheduled(flow()));
+        compare(flow().height, flow().implicitHeight);
+        verify(chips().every(chip => chip.opacity === 1));
+    }
+
     function test_theFieldHasItsMeasures() {
         compare(field().font.pixelSize, 12);
         compare(field().font.family, Appearance.monospacedFamily);

@@ -21,7 +21,12 @@ PanelTestCase {
         toggle.on = true;
         toggle.on = false;
         toggle.focus = false;
+        tryCompare(knob(), "x", 2);
         toggles.clear();
+    }
+
+    function knob(): Item {
+        return all(toggle.indicator, RoundedBox)[0];
     }
 
     function test_showsItsLabel() {
@@ -50,14 +55,22 @@ PanelTestCase {
     }
 
     function test_theSwitchTakesTheAccentWhenItIsOn() {
-        const knob = all(toggle.indicator, RoundedBox)[0];
-        const left = knob.x;
+        const left = knob().x;
 
         toggle.on = true;
 
         tryVerify(() => isColor(toggle.indicator.color, Appearance.accent));
-        tryVerify(() => knob.x > left);
-        tryCompare(knob, "x", toggle.indicator.width - knob.width - 2);
+        tryVerify(() => knob().x > left);
+        tryCompare(knob(), "x", toggle.indicator.width - knob().width - 2);
+    }
+
+    function test_theSwitchMovesAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+
+        toggle.on = true;
+
+        verify(isColor(toggle.indicator.color, Appearance.accent));
+        compare(knob().x, toggle.indicator.width - knob().width - 2);
     }
 
     function test_aClickAnywhereTogglesIt_data() {

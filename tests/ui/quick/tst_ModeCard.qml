@@ -46,6 +46,15 @@ PanelTestCase {
         fuzzyCompare(areaOf(textOf(card, "Clock"), card).bottom, card.height - 10, 1);
     }
 
+    function test_changesAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+
+        card.selected = true;
+
+        verify(isColor(card.labelColor, Appearance.background));
+        verify(isColor(card.background.color, Appearance.ink));
+    }
+
     function test_isFaintWhenItIsNotSelected() {
         compareInk(symbol().color, 0.6);
         compareInk(textOf(card, "Clock").color, 0.7);

@@ -86,6 +86,17 @@ PanelTestCase {
         waitUntilGone();
     }
 
+    function test_aSheetComesAndGoesAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+
+        opener().clicked();
+        compare(stage().presence, 1);
+        stage().dismiss();
+
+        compare(stage().presence, 0);
+        compare(sheet(), null);
+    }
+
     function test_whatLiesBelowIsDimmed() {
         present();
 

@@ -56,6 +56,16 @@ PanelTestCase {
         fuzzyCompare(chip.width - areaOf(label(), chip).right, 7, 1);
     }
 
+    function test_changesAtOnceWhereLessMotionIsWished() {
+        desktop.wish(false, true);
+
+        chip.selected = true;
+
+        verify(isColor(chip.labelColor, Appearance.background));
+        verify(isColor(chip.symbolColor, Appearance.background));
+        verify(isColor(chip.background.color, Appearance.ink));
+    }
+
     function test_isFaintInAHairlineWhenItIsNotSelected() {
         compareInk(symbol().color, 0.7);
         compareInk(label().color, 0.7);
