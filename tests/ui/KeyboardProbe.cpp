@@ -2,8 +2,19 @@
 
 #include <QCoreApplication>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 
 namespace glimmet {
+
+namespace {
+
+void send(QQuickWindow &window, QEvent::Type type, int key, bool isRepetition)
+{
+    QKeyEvent event(type, key, Qt::NoModifier, QString(), isRepetition);
+    QCoreApplication::sendEvent(&window, &event);
+}
+
+} // namespace
 
 void KeyboardProbe::compose(QQuickItem *field, const QString &text)
 {
@@ -16,6 +27,16 @@ void KeyboardProbe::commit(QQuickItem *field, const QString &text)
     QInputMethodEvent event;
     event.setCommitString(text);
     QCoreApplication::sendEvent(field, &event);
+}
+
+void KeyboardProbe::hold(QQuickWindow *window, int key, int repetitions)
+{
+    send(*window, QEvent::KeyPress, key, false);
+    for (int i = 0; i < repetitions; ++i) {
+        send(*window, QEvent::KeyRelease, key, true);
+        send(*window, QEvent::KeyPress, key, true);
+    }
+    send(*window, QEvent::KeyRelease, key, false);
 }
 
 QStringList KeyboardProbe::surroundings(QQuickItem *field)

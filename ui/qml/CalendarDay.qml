@@ -35,6 +35,10 @@ T.AbstractButton {
     Keys.onReturnPressed: day.clicked()
     Keys.onEnterPressed: day.clicked()
 
+    HeldKeyFilter {
+        target: day
+    }
+
     background: RoundedBox {
         margin: 1
         radius: Theme.buttonRadius

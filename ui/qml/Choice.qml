@@ -56,6 +56,10 @@ T.RadioButton {
         }
     }
 
+    HeldKeyFilter {
+        target: choice
+    }
+
     background: RoundedBox {
         color: choice.selected ? Theme.ink : Theme.buttonFill
         borderColor: choice.selected ? Theme.clear : choice.restingBorder

@@ -34,6 +34,10 @@ T.Switch {
     Keys.onReturnPressed: root.press()
     Keys.onEnterPressed: root.press()
 
+    HeldKeyFilter {
+        target: root
+    }
+
     background: RoundedBox {
         color: Theme.rowFill
         radius: Theme.rowRadius

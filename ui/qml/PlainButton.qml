@@ -61,6 +61,9 @@ T.AbstractButton {
         }
     }
 
+    HeldKeyFilter {
+        target: button
+    }
     HoverHandler {
         id: hover
     }

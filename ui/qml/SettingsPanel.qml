@@ -15,6 +15,8 @@ Rectangle {
 
     Shortcut {
         sequences: ["Escape"]
+        // Held, the key that closed a sheet or a calendar does not close the panel too.
+        autoRepeat: false
         enabled: !sheets.isUp
         onActivated: root.host.closeRequested()
     }

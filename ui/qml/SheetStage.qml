@@ -49,6 +49,7 @@ FocusScope {
 
     Shortcut {
         sequences: ["Escape"]
+        autoRepeat: false
         enabled: stage.isUp
         onActivated: stage.dismiss()
     }

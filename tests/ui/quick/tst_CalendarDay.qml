@@ -23,6 +23,7 @@ PanelTestCase {
     }
 
     function init() {
+        day.focus = false;
         day.isInMonth = true;
         day.isOffered = true;
         day.isToday = false;
@@ -82,6 +83,19 @@ PanelTestCase {
         compare(clicks.count, 3);
         verify(reader.press(day, "Tuesday, 5 May 2026"));
         compare(clicks.count, 4);
+    }
+
+    function test_aHeldKeyChoosesOnce_data() {
+        return [{tag: "Space", key: Qt.Key_Space}, {tag: "Return", key: Qt.Key_Return},
+            {tag: "Enter", key: Qt.Key_Enter}];
+    }
+
+    function test_aHeldKeyChoosesOnce(row) {
+        day.forceActiveFocus(Qt.TabFocusReason);
+
+        keyboard.hold(day.Window.window, row.key, 5);
+
+        compare(clicks.count, 1);
     }
 
     function test_oneThatIsNotOfferedIsDimAndCannotBeClicked() {

@@ -84,6 +84,19 @@ PanelTestCase {
         verify(toggle.checked);
     }
 
+    function test_aHeldKeyTogglesOnce_data() {
+        return [{tag: "Space", key: Qt.Key_Space}, {tag: "Return", key: Qt.Key_Return},
+            {tag: "Enter", key: Qt.Key_Enter}];
+    }
+
+    function test_aHeldKeyTogglesOnce(row) {
+        toggle.forceActiveFocus(Qt.TabFocusReason);
+
+        keyboard.hold(toggle.Window.window, row.key, 5);
+
+        compare(toggles.count, 1);
+    }
+
     function test_spaceReturnAndEnterToggleIt_data() {
         return [{key: Qt.Key_Space}, {key: Qt.Key_Return}, {key: Qt.Key_Enter}];
     }

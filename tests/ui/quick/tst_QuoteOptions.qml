@@ -247,4 +247,18 @@ PanelTestCase {
 
         compare(world.ticker.customQuotes, ["two"]);
     }
+
+    function test_aHeldKeyRemovesOneQuoteOnly_data() {
+        return [{tag: "Space", key: Qt.Key_Space}, {tag: "Return", key: Qt.Key_Return},
+            {tag: "Enter", key: Qt.Key_Enter}];
+    }
+
+    function test_aHeldKeyRemovesOneQuoteOnly(row) {
+        setQuotes(["a", "b", "c", "d"]);
+        rows()[1].takeKeyboard();
+
+        keyboard.hold(options.Window.window, row.key, 5);
+
+        compare(quotes(), ["a", "c", "d"]);
+    }
 }

@@ -34,6 +34,19 @@ PanelTestCase {
         return textOf(chip, "Orders");
     }
 
+    function test_aHeldKeyTapsOnce_data() {
+        return [{tag: "Space", key: Qt.Key_Space}, {tag: "Return", key: Qt.Key_Return},
+            {tag: "Enter", key: Qt.Key_Enter}];
+    }
+
+    function test_aHeldKeyTapsOnce(row) {
+        chip.forceActiveFocus(Qt.TabFocusReason);
+
+        keyboard.hold(chip.Window.window, row.key, 5);
+
+        compare(taps.count, 1);
+    }
+
     function test_showsItsSymbolBesideItsLabel() {
         compare(symbol().name, "bag");
         compare(symbol().width, 9);
