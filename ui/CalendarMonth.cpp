@@ -72,6 +72,14 @@ void CalendarMonth::open(QDate chosen, QDate today, const QByteArray &locale)
     emit isOpenChanged();
 }
 
+void CalendarMonth::setChosen(QDate chosen)
+{
+    if (!m_isOpen || chosen == m_chosen)
+        return;
+    m_chosen = chosen;
+    moveTo(chosen);
+}
+
 void CalendarMonth::close()
 {
     if (!m_isOpen)

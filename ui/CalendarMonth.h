@@ -44,6 +44,8 @@ public:
 
     /// Shows the month of `chosen` and puts the cursor there.
     void open(QDate chosen, QDate today, const QByteArray &locale);
+    /// Has another day be the chosen one, and shows its month.
+    void setChosen(QDate chosen);
     Q_INVOKABLE void close();
     Q_INVOKABLE void showMonths(int further);
     /// False where the key moves nothing.

@@ -275,6 +275,7 @@ void DateTimeEntry::refresh()
 {
     if (!m_places.isEmpty())
         emit dataChanged(index(0), index(rowCount() - 1), { TextRole, NumberRole });
+    m_calendar.setChosen(shownDate());
 }
 
 QString DateTimeEntry::textOf(const FieldPlace &place, int number) const

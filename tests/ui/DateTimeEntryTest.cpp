@@ -292,6 +292,30 @@ TEST_F(DateTimeEntryTest, isNowWhereTodayIsChosenAndItsTimeIsPast)
     EXPECT_EQ(shown(), u"04/05/2026 09:05"_s);
 }
 
+TEST_F(DateTimeEntryTest, showsTheEnteredDayInItsOpenCalendar)
+{
+    entry.toggleCalendar();
+
+    entry.step(1, 1);
+    entry.step(0, 2);
+
+    const CalendarMonth &calendar = *entry.calendar();
+    const QModelIndex shownDay = calendar.index(calendar.cursorRow());
+    EXPECT_EQ(calendar.title(), u"June 2026"_s);
+    EXPECT_EQ(shownDay.data(CalendarMonth::LabelRole).toString(), u"7"_s);
+    EXPECT_TRUE(shownDay.data(CalendarMonth::IsChosenRole).toBool());
+}
+
+TEST_F(DateTimeEntryTest, leavesItsCalendarWhereItIsWhileTheTimeIsEntered)
+{
+    entry.toggleCalendar();
+    entry.calendar()->showMonths(1);
+
+    entry.step(3, 1);
+
+    EXPECT_EQ(entry.calendar()->title(), u"June 2026"_s);
+}
+
 TEST_F(DateTimeEntryTest, closesItsCalendarWhenItIsLeftOrBegunAnew)
 {
     entry.toggleCalendar();
