@@ -12,6 +12,8 @@ Column {
     required property string name
     required property string value
 
+    // Scrolled into view with its caption and its hint.
+    readonly property bool revealedWhole: true
     property bool isRevealed: false
 
     signal edited(string text)

@@ -15,6 +15,14 @@ Column {
         newQuote.leaveKeyboard();
     }
 
+    // The button goes with the quotes.
+    function reset(button: PlainButton) {
+        const hadKeyboard = button.visualFocus;
+        ticker.resetQuotes();
+        if (hadKeyboard)
+            newQuote.takeKeyboard();
+    }
+
     function remove(row: QuoteRow, index: int) {
         const hadKeyboard = row.hasKeyboard;
         ticker.removeQuote(row.quote);
@@ -43,6 +51,7 @@ Column {
             text: "YOUR QUOTES"
         }
         PlainButton {
+            id: resetButton
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: "Reset to defaults"
@@ -50,7 +59,7 @@ Column {
             ink: Theme.faintText
             fill: Theme.clear
             visible: root.hasQuotes
-            onClicked: root.ticker.resetQuotes()
+            onClicked: root.reset(resetButton)
         }
         InkText {
             anchors.right: parent.right

@@ -234,6 +234,20 @@ PanelTestCase {
             "STRIPE RESTRICTED KEY", "Show key", "LEMON SQUEEZY API KEY", "Show key"]);
     }
 
+    function test_aFieldScrollsIntoViewWithItsCaptionAndHint() {
+        open();
+        sheet.height = 300;
+        verify(waitForRendering(sheet));
+        const area = all(sheet, ScrollArea)[0];
+        for (const index of [5, 0, 3]) {
+            entry(index).forceActiveFocus(Qt.TabFocusReason);
+
+            const place = areaOf(fields()[index], area);
+            verify(place.top >= 0, "the caption of field " + index + " stands at " + place.top);
+            verify(place.bottom <= area.height, "the hint of field " + index + " ends at " + place.bottom);
+        }
+    }
+
     function test_everythingIsToldByItsName() {
         open();
         const told = reader.told(sheet);

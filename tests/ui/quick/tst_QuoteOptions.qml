@@ -193,6 +193,16 @@ PanelTestCase {
         verify(field().activeFocus);
     }
 
+    function test_theKeyboardGoesToTheFieldWhenTheQuotesAreReset() {
+        setQuotes(["one", "two"]);
+        buttonOf(options, "Reset to defaults").forceActiveFocus(Qt.TabFocusReason);
+
+        keyClick(Qt.Key_Return);
+
+        compare(quotes(), []);
+        verify(field().activeFocus);
+    }
+
     function test_aMouseTakesNoKeyboardFocus() {
         setQuotes(["one", "two"]);
 
