@@ -156,7 +156,7 @@ PackageKitCall versionsOf(const QString &name)
 
 QString changesFrom(const QString &description, const QString &changelog)
 {
-    if (const QString words = description.trimmed(); !words.isEmpty())
+    if (QString words = description.trimmed(); !words.isEmpty())
         return words;
     const QString log = changelog.trimmed();
     // In place of a changelog that its source does not have, the backend for apt has one of these,

@@ -58,11 +58,10 @@ void PackageKitClient::abandon()
 
 void PackageKitClient::finish(const TransactionResult &result)
 {
-    const TransactionResult copy = result; // The transaction that owns it goes.
     const Completion done = std::exchange(m_done, nullptr);
     forgetTransaction();
     if (done)
-        done(copy);
+        done(result); // The transaction that it is of goes later.
 }
 
 void PackageKitClient::forgetTransaction()

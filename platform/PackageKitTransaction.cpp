@@ -58,10 +58,10 @@ bool isGone(const QString &errorName)
 
 } // namespace
 
-PackageKitTransaction::PackageKitTransaction(const QDBusConnection &systemBus, PackageKitCall call,
-    std::chrono::milliseconds patience, QObject *parent)
+PackageKitTransaction::PackageKitTransaction(
+    QDBusConnection systemBus, PackageKitCall call, std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
-    , m_bus(systemBus)
+    , m_bus(std::move(systemBus))
     , m_call(std::move(call))
 {
     m_silence.setSingleShot(true);

@@ -18,8 +18,8 @@ class PackageKitTransaction final : public QObject {
 
 public:
     /// Ends as timed out when for `patience` nothing is heard of it, unless the user is being asked.
-    PackageKitTransaction(const QDBusConnection &systemBus, PackageKitCall call,
-        std::chrono::milliseconds patience, QObject *parent = nullptr);
+    PackageKitTransaction(QDBusConnection systemBus, PackageKitCall call, std::chrono::milliseconds patience,
+        QObject *parent = nullptr);
     ~PackageKitTransaction() override;
 
     void start();

@@ -63,8 +63,7 @@ UpdateFinding findingOf(
 
 std::optional<PackageId> newerInstalled(const PackageId &before, const TransactionResult &versions)
 {
-    const auto installed = installedAmong(updatesOf(before, versions.packages));
-    return installed;
+    return installedAmong(updatesOf(before, versions.packages));
 }
 
 } // namespace glimmet

@@ -11,14 +11,15 @@
 namespace glimmet {
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.Notifications");
+const QString notifications = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
 const QString install = QStringLiteral("install");
 const QString anybody;
 
 QDBusMessage notify(const QString &installedVersion, const QString &newVersion)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, service, QStringLiteral("Notify"));
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(notifications, path, notifications, QStringLiteral("Notify"));
     const uint replacesNone = 0;
     const int desktopDecides = -1; // how long it is shown
     const QStringList actions{ install, QStringLiteral("Install"), QStringLiteral("later"),
@@ -55,8 +56,8 @@ void UpdateNotification::show(
 void UpdateNotification::listen()
 {
     // From anybody, for the reason told in PackageKitTransaction.
-    m_bus.connect(
-        anybody, path, service, QStringLiteral("ActionInvoked"), this, SLOT(handleAction(QDBusMessage)));
+    m_bus.connect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
+        SLOT(handleAction(QDBusMessage)));
 }
 
 void UpdateNotification::handleShown(const QDBusMessage &reply)
@@ -80,11 +81,11 @@ void UpdateNotification::handleAction(const QDBusMessage &signal)
 
 void UpdateNotification::close()
 {
-    m_bus.disconnect(
-        anybody, path, service, QStringLiteral("ActionInvoked"), this, SLOT(handleAction(QDBusMessage)));
+    m_bus.disconnect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
+        SLOT(handleAction(QDBusMessage)));
     if (const uint id = std::exchange(m_id, 0); id != 0) {
         QDBusMessage message =
-            QDBusMessage::createMethodCall(m_owner, path, service, QStringLiteral("CloseNotification"));
+            QDBusMessage::createMethodCall(m_owner, path, notifications, QStringLiteral("CloseNotification"));
         message << id;
         m_bus.send(message);
     }
