@@ -179,6 +179,12 @@ bool AccessibleProbe::isDisabled(QQuickItem *root, const QString &name)
     return found != nullptr && found->state().disabled;
 }
 
+bool AccessibleProbe::isSelected(QQuickItem *root, const QString &name)
+{
+    const QAccessibleInterface *found = controlOf(*root, name);
+    return found != nullptr && found->state().selectable && found->state().selected;
+}
+
 void AccessibleProbe::write(QQuickItem *root, const QString &name, const QString &text)
 {
     QAccessibleInterface *found = field(*root, name);

@@ -29,6 +29,8 @@ public:
     Q_INVOKABLE static bool isPassword(QQuickItem *root, const QString &name);
     /// Whether what is called `name` is told as out of use.
     Q_INVOKABLE static bool isDisabled(QQuickItem *root, const QString &name);
+    /// Whether what is called `name` is told as the one of several that counts.
+    Q_INVOKABLE static bool isSelected(QQuickItem *root, const QString &name);
     /// Sets a field's whole text, or inserts a text at `position`, as the desktop's bridge does on request.
     Q_INVOKABLE static void write(QQuickItem *root, const QString &name, const QString &text);
     Q_INVOKABLE static void insert(QQuickItem *root, const QString &name, int position, const QString &text);

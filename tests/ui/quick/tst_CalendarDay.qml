@@ -79,10 +79,19 @@ PanelTestCase {
         compare(clicks.count, 1);
         day.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Enter);
         keyClick(Qt.Key_Space);
-        compare(clicks.count, 3);
-        verify(reader.press(day, "Tuesday, 5 May 2026"));
         compare(clicks.count, 4);
+        verify(reader.press(day, "Tuesday, 5 May 2026"));
+        compare(clicks.count, 5);
+    }
+
+    function test_isToldAsSelectedWhereItIsChosen() {
+        verify(!reader.isSelected(day, "Tuesday, 5 May 2026"));
+
+        day.isChosen = true;
+
+        verify(reader.isSelected(day, "Tuesday, 5 May 2026"));
     }
 
     function test_aHeldKeyChoosesOnce_data() {

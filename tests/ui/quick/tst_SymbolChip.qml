@@ -147,4 +147,12 @@ PanelTestCase {
 
         compare(removals.count, 1);
     }
+
+    function test_isToldAsSelectedWhileItIsOnShow() {
+        verify(!reader.isSelected(chip, "AAPL"));
+
+        chip.shown = true;
+
+        verify(reader.isSelected(chip, "AAPL"));
+    }
 }
