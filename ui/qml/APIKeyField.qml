@@ -18,10 +18,10 @@ Column {
 
     signal edited(string text)
 
-    spacing: 5
+    spacing: Theme.captionGap
 
     Row {
-        spacing: 4
+        spacing: Theme.symbolSpacing
 
         SymbolImage {
             anchors.verticalCenter: parent.verticalCenter

@@ -7,7 +7,7 @@ T.TextField {
     id: field
 
     property real cornerRadius: Theme.rowRadius
-    property real horizontalPadding: 12
+    property real horizontalPadding: Theme.cardPadding
     property real verticalPadding: 9
     // What is shown until it is edited, and again whenever it changes.
     property string value

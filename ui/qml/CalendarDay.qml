@@ -31,7 +31,6 @@ T.AbstractButton {
     Accessible.name: name
     Accessible.selectable: true
     Accessible.selected: isChosen
-    Accessible.onPressAction: day.clicked()
     Keys.onReturnPressed: day.clicked()
     Keys.onEnterPressed: day.clicked()
 

@@ -18,7 +18,7 @@ Item {
     Row {
         id: line
         anchors.centerIn: parent
-        spacing: 4
+        spacing: Theme.symbolSpacing
 
         SymbolImage {
             anchors.verticalCenter: parent.verticalCenter

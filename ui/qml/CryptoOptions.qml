@@ -18,18 +18,10 @@ Column {
         const hadKeyboard = chip.hasKeyboard;
         ticker.removeCryptoSymbol(chip.symbol);
         if (hadKeyboard)
-            keepKeyboardNear(index);
+            chips.keepKeyboardNear(index);
     }
 
-    // Without this the keyboard would start again from the panel's top.
-    function keepKeyboardNear(index: int) {
-        if (hasSymbols)
-            (chips.itemAt(Math.min(index, chips.count - 1)) as SymbolChip).takeKeyboard();
-        else
-            newSymbol.takeKeyboard();
-    }
-
-    spacing: 12
+    spacing: Theme.editorSpacing
 
     ShownPrice {
         id: price
@@ -56,8 +48,9 @@ Column {
             }
         }
 
-        Repeater {
+        RowRepeater {
             id: chips
+            fallback: newSymbol.field
             model: TextListModel {
                 entries: root.ticker.cryptoSymbols
             }
@@ -118,11 +111,12 @@ Column {
         RoundedBox {
             id: area
             width: root.width
-            height: 80
+            height: chart.implicitHeight
             color: Theme.fieldFill
             radius: Theme.rowRadius
 
             MiniPriceChart {
+                id: chart
                 anchors.fill: parent
                 shortName: price.shortName
                 menuBarString: price.menuBarString
@@ -132,7 +126,7 @@ Column {
             Row {
                 id: busy
                 anchors.centerIn: parent
-                spacing: 6
+                spacing: Theme.rowSpacing
                 visible: !price.hasChart
 
                 Spinner {
@@ -149,10 +143,8 @@ Column {
             }
         }
         PlainButton {
-            leftPadding: 10
-            rightPadding: 10
-            topPadding: 5
-            bottomPadding: 5
+            horizontalPadding: Theme.buttonPadding
+            verticalPadding: 5
             text: "Refresh"
             onClicked: root.ticker.fetchAllCryptoPrices()
         }

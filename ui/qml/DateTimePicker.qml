@@ -72,19 +72,17 @@ FocusScope {
             DateTimeSegments {
                 id: segments
                 // The segments' own padding makes up for the rest of the field's.
-                x: 12 - padding
+                x: Theme.cardPadding - padding
                 anchors.verticalCenter: parent.verticalCenter
                 entry: root.entry
             }
             PlainButton {
                 id: button
                 anchors.right: parent.right
-                anchors.rightMargin: 12 - rightPadding
+                anchors.rightMargin: Theme.cardPadding - rightPadding
                 anchors.verticalCenter: parent.verticalCenter
-                leftPadding: 6
-                rightPadding: 6
-                topPadding: 5
-                bottomPadding: 5
+                horizontalPadding: 6
+                verticalPadding: 5
                 symbol: "calendar"
                 symbolSize: Theme.symbolSize
                 ink: root.calendar.isOpen ? Theme.accent : Theme.cardSymbol

@@ -22,7 +22,7 @@ Column {
             newName.forceActiveFocus(Qt.TabFocusReason);
     }
 
-    spacing: 12
+    spacing: Theme.editorSpacing
 
     DeadlineRows {
         id: deadlines
@@ -72,7 +72,7 @@ Column {
     }
     Column {
         width: root.width
-        spacing: 4
+        spacing: Theme.listSpacing
         visible: deadlines.count > 0
 
         RowRepeater {
@@ -110,8 +110,7 @@ Column {
     PlainButton {
         id: addButton
         width: root.width
-        topPadding: 9
-        bottomPadding: 9
+        verticalPadding: 9
         text: "Add Deadline"
         font.pixelSize: Theme.fieldSize
         ink: Theme.background

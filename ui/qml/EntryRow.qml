@@ -33,7 +33,7 @@ Row {
     BorderedField {
         id: field
         width: root.width - button.width - root.spacing
-        horizontalPadding: 10
+        horizontalPadding: Theme.buttonPadding
         verticalPadding: root.verticalPadding
         cornerRadius: Theme.buttonRadius
         Accessible.name: root.fieldName
@@ -42,10 +42,8 @@ Row {
     PlainButton {
         id: button
         height: field.height
-        leftPadding: 10
-        rightPadding: 10
-        topPadding: root.verticalPadding
-        bottomPadding: root.verticalPadding
+        horizontalPadding: Theme.buttonPadding
+        verticalPadding: root.verticalPadding
         text: root.buttonText
         onClicked: root.entered(field.text)
     }

@@ -13,7 +13,7 @@ Row {
 
     RoundedBox {
         anchors.verticalCenter: parent.verticalCenter
-        width: 5
+        width: Theme.dotSize
         height: width
         radius: width / 2
         color: root.isSaved ? Theme.accent : Theme.faintText

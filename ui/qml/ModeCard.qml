@@ -4,8 +4,7 @@ import Glimmet
 Choice {
     id: card
 
-    topPadding: 10
-    bottomPadding: 10
+    verticalPadding: 10
     restingSymbol: Theme.cardSymbol
     restingBorder: Theme.cardBorder
     cornerRadius: Theme.cardRadius

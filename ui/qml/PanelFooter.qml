@@ -26,10 +26,8 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 16
         y: divider.height + 10
-        leftPadding: 8
-        rightPadding: 8
-        topPadding: 5
-        bottomPadding: 5
+        horizontalPadding: 8
+        verticalPadding: 5
         text: "Quit"
         ink: Theme.softText
         cursorShape: Qt.PointingHandCursor

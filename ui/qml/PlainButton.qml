@@ -25,10 +25,6 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.ignored: !(parent?.enabled ?? true)
-    Accessible.onPressAction: {
-        if (button.enabled)
-            button.clicked();
-    }
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 
@@ -42,7 +38,7 @@ T.AbstractButton {
         }
     }
     contentItem: Row {
-        spacing: 4
+        spacing: Theme.symbolSpacing
 
         SymbolImage {
             anchors.verticalCenter: parent.verticalCenter

@@ -11,7 +11,7 @@ Column {
 
     signal edited(string text)
 
-    spacing: 5
+    spacing: Theme.captionGap
 
     InkText {
         text: root.caption

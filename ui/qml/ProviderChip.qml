@@ -4,10 +4,8 @@ import Glimmet
 Chip {
     required property int provider
 
-    leftPadding: 9
-    rightPadding: 9
-    topPadding: 7
-    bottomPadding: 7
+    horizontalPadding: 9
+    verticalPadding: 7
     label: RevenueFaces.providerLabel(provider)
     symbol: RevenueFaces.providerSymbol(provider)
     symbolSize: Theme.smallSize

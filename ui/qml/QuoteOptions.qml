@@ -30,7 +30,7 @@ Column {
             rows.keepKeyboardNear(index);
     }
 
-    spacing: 12
+    spacing: Theme.editorSpacing
 
     SectionLabel {
         text: "ADD QUOTE"
@@ -83,7 +83,7 @@ Column {
     }
     Column {
         width: root.width
-        spacing: 4
+        spacing: Theme.listSpacing
         visible: root.hasQuotes
 
         RowRepeater {

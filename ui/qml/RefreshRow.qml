@@ -17,7 +17,7 @@ Item {
     }
     Row {
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 6
+        spacing: Theme.rowSpacing
         visible: root.ticker.isFetchingRevenue
 
         Spinner {
@@ -40,10 +40,8 @@ Item {
     PlainButton {
         id: button
         anchors.right: parent.right
-        leftPadding: 10
-        rightPadding: 10
-        topPadding: 5
-        bottomPadding: 5
+        horizontalPadding: Theme.buttonPadding
+        verticalPadding: 5
         text: "Refresh"
         symbol: "arrow.clockwise"
         enabled: !root.ticker.isFetchingRevenue

@@ -1,23 +1,17 @@
 import QtQuick
 import Glimmet
 
-// A row of a list with a button at its end that removes it.
-RoundedBox {
+// A row of a list, whose button stands at its end.
+RemovableBox {
     id: root
 
     required property string subject
     default property alias content: room.data
 
-    readonly property bool hasKeyboard: removeButton.visualFocus
     // Where the row's own room ends.
-    readonly property real contentEnd: removeButton.x
+    readonly property real contentEnd: cross.x
 
-    signal removed
-
-    function takeKeyboard() {
-        removeButton.forceActiveFocus(Qt.TabFocusReason);
-    }
-
+    removeButton: cross
     radius: Theme.rowRadius
     color: Theme.rowFill
 
@@ -27,14 +21,13 @@ RoundedBox {
         anchors.fill: parent
     }
     PlainButton {
-        id: removeButton
+        id: cross
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
         // The paddings of the row make the button easier to hit.
         leftPadding: 8
         rightPadding: 10
-        topPadding: 7
-        bottomPadding: 7
+        verticalPadding: 7
         symbol: "xmark.circle.fill"
         symbolSize: Theme.symbolSize
         ink: Theme.quietSymbol

@@ -12,7 +12,7 @@ Column {
     readonly property int metric: ticker.revenueMetric
     readonly property int period: ticker.revenueMode
 
-    spacing: 12
+    spacing: Theme.editorSpacing
 
     Column {
         spacing: Theme.rowSpacing
@@ -92,10 +92,8 @@ Column {
         ticker: root.ticker
     }
     PlainButton {
-        leftPadding: 8
-        rightPadding: 8
-        topPadding: 6
-        bottomPadding: 6
+        horizontalPadding: 8
+        verticalPadding: 6
         text: "API Keys"
         symbol: "key.fill"
         symbolSize: Theme.captionSize

@@ -8,7 +8,7 @@ Rectangle {
     required property TickerViewModel ticker
     required property PanelHost host
 
-    implicitWidth: 340
+    implicitWidth: Theme.panelWidth
     implicitHeight: 540
     radius: Theme.panelRadius
     color: Theme.background

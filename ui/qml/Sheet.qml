@@ -13,7 +13,7 @@ FocusScope {
 
     signal dismissed
 
-    implicitWidth: 340
+    implicitWidth: Theme.panelWidth
     implicitHeight: area.y + column.height
 
     Accessible.role: Accessible.Dialog
@@ -47,10 +47,7 @@ FocusScope {
             id: close
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            leftPadding: 4
-            rightPadding: 4
-            topPadding: 4
-            bottomPadding: 4
+            padding: 4
             symbol: "xmark"
             symbolSize: Theme.rowSize
             ink: Theme.faintText
@@ -74,7 +71,7 @@ FocusScope {
             topPadding: 4
             bottomPadding: Theme.sheetMargin
             width: area.width
-            spacing: 12
+            spacing: Theme.editorSpacing
         }
     }
 }

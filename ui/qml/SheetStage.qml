@@ -64,7 +64,6 @@ FocusScope {
         anchors.fill: parent
         hoverEnabled: true
         onClicked: stage.dismiss()
-        onWheel: wheel => wheel.accepted = true
     }
     // Grows from the lower edge, so that its corners are round all the way up.
     Item {

@@ -2,23 +2,17 @@ import QtQuick
 import Glimmet
 
 // A symbol of the user's list. The one on show is marked by a fill and a dot.
-RoundedBox {
+RemovableBox {
     id: root
 
     required property string symbol
     required property bool shown
     required property real maximumWidth
 
-    readonly property bool hasKeyboard: removeButton.visualFocus
     property color ink: shown ? Theme.background : Theme.ink
 
-    signal removed
-
-    function takeKeyboard() {
-        removeButton.forceActiveFocus(Qt.TabFocusReason);
-    }
-
-    implicitWidth: label.x + label.width + removeButton.width
+    removeButton: cross
+    implicitWidth: label.x + label.width + cross.width
     implicitHeight: Math.ceil(label.implicitHeight) + 2 * 5
     radius: Theme.buttonRadius
     color: shown ? Theme.strongFill : Theme.chipFill
@@ -40,16 +34,16 @@ RoundedBox {
         id: dot
         x: 8
         anchors.verticalCenter: parent.verticalCenter
-        width: 5
-        height: 5
-        radius: height / 2
+        width: Theme.dotSize
+        height: width
+        radius: width / 2
         color: Theme.accent
         visible: root.shown
     }
     InkText {
         id: label
-        x: dot.visible ? dot.x + dot.width + 4 : dot.x
-        width: Math.min(Math.ceil(implicitWidth), root.maximumWidth - x - removeButton.width)
+        x: dot.visible ? dot.x + dot.width + Theme.symbolSpacing : dot.x
+        width: Math.min(Math.ceil(implicitWidth), root.maximumWidth - x - cross.width)
         anchors.verticalCenter: parent.verticalCenter
         text: Wording.oneLine(root.symbol)
         color: root.ink
@@ -60,7 +54,7 @@ RoundedBox {
         Accessible.selected: root.shown
     }
     PlainButton {
-        id: removeButton
+        id: cross
         x: label.x + label.width
         height: root.height
         // The paddings of the chip make the button easier to hit.

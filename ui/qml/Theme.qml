@@ -58,6 +58,7 @@ QtObject {
     readonly property real switchHeight: 0.8 * 22.5
     readonly property int switchRoom: 22
 
+    readonly property int panelWidth: 340
     readonly property int panelRadius: 14
     readonly property int cardRadius: 10
     readonly property int rowRadius: 8
@@ -68,7 +69,14 @@ QtObject {
     // What stays to be seen of the panel above the highest sheet.
     readonly property int sheetGap: 28
     readonly property int sectionSpacing: 10
+    readonly property int editorSpacing: 12
     readonly property int rowSpacing: 6
+    readonly property int captionGap: 5
+    readonly property int listSpacing: 4
+    // Between a symbol and the words beside it.
+    readonly property int symbolSpacing: 4
+    readonly property int buttonPadding: 10
+    readonly property int dotSize: 5
     readonly property int cardPadding: 12
     readonly property real captionSpacing: 1.4
     readonly property int hairline: 1
