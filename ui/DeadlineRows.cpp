@@ -1,6 +1,7 @@
 #include "ui/DeadlineRows.h"
 
 #include "platform/DateTimeText.h"
+#include "ui/RowChanges.h"
 #include "ui/Wording.h"
 
 #include <algorithm>
@@ -69,18 +70,53 @@ DeadlineRows::Row DeadlineRows::rowOf(const Deadline &deadline) const
         deadline.date <= now };
 }
 
+QStringList DeadlineRows::idsOf(const QList<Row> &rows)
+{
+    QStringList ids;
+    for (const Row &row : rows)
+        ids.append(row.id);
+    return ids;
+}
+
 void DeadlineRows::rebuild()
 {
-    beginResetModel();
-    m_rows.clear();
+    QList<Row> rows;
     if (m_ticker != nullptr) {
         for (const Deadline &deadline : m_ticker->deadlines())
-            m_rows.append(rowOf(deadline));
+            rows.append(rowOf(deadline));
         rememberRegion();
     }
-    endResetModel();
+    addAndRemove(rows);
+    for (int i = 0; i < count(); ++i)
+        setRow(i, rows.at(i));
     emit countChanged();
     recount();
+}
+
+void DeadlineRows::addAndRemove(const QList<Row> &wanted)
+{
+    for (const RowChange &change : rowChanges(idsOf(m_rows), idsOf(wanted))) {
+        const auto first = static_cast<int>(change.first);
+        const auto last = static_cast<int>(change.first + change.rows.size() - 1);
+        if (change.kind == RowChange::Kind::Remove) {
+            beginRemoveRows({}, first, last);
+            m_rows.remove(first, change.rows.size());
+            endRemoveRows();
+        } else {
+            beginInsertRows({}, first, last);
+            for (int i = first; i <= last; ++i)
+                m_rows.insert(i, wanted.at(i));
+            endInsertRows();
+        }
+    }
+}
+
+void DeadlineRows::setRow(int i, const Row &row)
+{
+    if (row == m_rows.at(i))
+        return;
+    m_rows[i] = row;
+    emit dataChanged(index(i), index(i));
 }
 
 void DeadlineRows::follow()
@@ -93,10 +129,7 @@ void DeadlineRows::follow()
         Row row = m_rows.at(i);
         row.countdown = countdown(deadlines.at(i), now);
         row.isPassed = deadlines.at(i).date <= now;
-        if (row == m_rows.at(i))
-            continue;
-        m_rows[i] = row;
-        emit dataChanged(index(i), index(i), { CountdownRole, IsPassedRole });
+        setRow(i, row);
     }
     recount();
 }

@@ -10,8 +10,8 @@ namespace glimmet {
 /// The time left until `deadline`, in words; from its own second on it has passed.
 QString countdown(const Deadline &deadline, Instant now);
 
-/// The ticker's deadlines as rows, in its order. Every tick tells which countdowns read anew; the rows
-/// themselves are new ones only when the list changes.
+/// The ticker's deadlines as rows, in its order. Every tick tells which countdowns read anew. Rows stay when
+/// the list changes around them, so that what shows them keeps the keyboard.
 class DeadlineRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -57,7 +57,10 @@ private:
     };
 
     Row rowOf(const Deadline &deadline) const;
+    static QStringList idsOf(const QList<Row> &rows);
     void rebuild();
+    void addAndRemove(const QList<Row> &wanted);
+    void setRow(int i, const Row &row);
     void follow();
     void recount();
     /// Whether the dates are written as the user's region writes them now.

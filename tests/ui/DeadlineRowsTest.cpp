@@ -72,11 +72,40 @@ TEST_F(DeadlineRowsTest, followsTheList)
     EXPECT_EQ(rows.count(), 0);
 }
 
+TEST_F(DeadlineRowsTest, keepsTheRowsThatStay)
+{
+    ticker.setDeadlines(
+        { world.deadline(u"a"_s, 10), world.deadline(u"b"_s, 20), world.deadline(u"c"_s, 30) });
+    const QPersistentModelIndex c = rows.index(2);
+    const QPersistentModelIndex b = rows.index(1);
+
+    ticker.removeDeadline(ticker.deadlines().first().id);
+    EXPECT_EQ(b.row(), 0);
+    EXPECT_EQ(c.row(), 1);
+    ticker.addDeadline(u"d"_s, world.clock.now().advanced(25));
+
+    EXPECT_THAT(texts(DeadlineRows::TitleRole), ElementsAre(u"b"_s, u"d"_s, u"c"_s));
+    EXPECT_EQ(b.row(), 0);
+}
+
 TEST_F(DeadlineRowsTest, putsATitleOnOneLine)
 {
     ticker.setDeadlines({ world.deadline(u"one\ntwo"_s, 10) });
 
     EXPECT_THAT(texts(DeadlineRows::TitleRole), ElementsAre(u"one two"_s));
+}
+
+TEST_F(DeadlineRowsTest, followsADeadlineThatChangesUnderItsIdentity)
+{
+    Deadline deadline = world.deadline(u"a"_s, 61);
+    ticker.setDeadlines({ deadline });
+
+    deadline.title = u"b"_s;
+    deadline.date = deadline.date.advanced(60);
+    ticker.setDeadlines({ deadline });
+
+    EXPECT_THAT(texts(DeadlineRows::TitleRole), ElementsAre(u"b"_s));
+    EXPECT_THAT(countdowns(), ElementsAre(u"2m"_s));
 }
 
 TEST_F(DeadlineRowsTest, countsDownWithTheTicksWithoutNewRows)

@@ -299,6 +299,20 @@ PanelTestCase {
         verify(field().activeFocus);
     }
 
+    function test_theKeyboardStaysWhereItIsWhenAnotherDeadlineGoes() {
+        add("one", 1);
+        add("two", 2);
+        add("three", 3);
+        rows()[2].takeKeyboard();
+
+        verify(reader.press(options, "Remove one"));
+        compare(rows().length, 2);
+        verify(rows()[1].hasKeyboard);
+
+        world.ticker.removeDeadline(rows()[0].deadlineId);
+        verify(rows()[0].hasKeyboard);
+    }
+
     function test_theKeyboardStaysWhereTheClockMovesOn() {
         add("one", 1);
         add("two", 120);
