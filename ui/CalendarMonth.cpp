@@ -6,6 +6,7 @@
 #include <array>
 
 namespace glimmet {
+
 namespace {
 
 constexpr int daysInWeek = 7;

@@ -8,6 +8,7 @@
 #include <cmath>
 
 namespace glimmet {
+
 namespace {
 
 constexpr double dayLength = 86400;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 namespace glimmet {
+
 namespace {
 
 constexpr int noon = 12;

@@ -4,6 +4,7 @@
 #include "ui/SecretAccessible.h"
 
 namespace glimmet {
+
 namespace {
 
 /// Whether the engine made the object from this type's file.

@@ -20,10 +20,6 @@ Row {
         field.clear();
     }
 
-    function takeKeyboard() {
-        field.forceActiveFocus(Qt.TabFocusReason);
-    }
-
     function leaveKeyboard() {
         field.focus = false;
     }

@@ -106,8 +106,8 @@ PanelTestCase {
         compare(entries.signalArguments[0][0], "");
     }
 
-    function test_theKeyboardGoesWhereItIsSent() {
-        row.takeKeyboard();
+    function test_theKeyboardLeavesTheField() {
+        mouseClick(field());
         verify(field().activeFocus);
         tryVerify(() => isColor(field().background.borderColor, Appearance.accent));
 
