@@ -1,12 +1,18 @@
 import QtQuick
 import Glimmet
 
-Item {
+// The row keeps the keyboard while its button is out of use: it goes on from here, and comes back to here.
+FocusScope {
     id: root
 
     required property TickerViewModel ticker
 
+    // As it was before the button went out of use.
+    property bool showsKeyboard: false
+
     implicitHeight: button.height
+    // The Tab key goes on only from what it stops at.
+    activeFocusOnTab: activeFocus && !button.enabled
 
     InkText {
         anchors.verticalCenter: parent.verticalCenter
@@ -45,6 +51,14 @@ Item {
         text: "Refresh"
         symbol: "arrow.clockwise"
         enabled: !root.ticker.isFetchingRevenue
+        onVisualFocusChanged: {
+            if (enabled)
+                root.showsKeyboard = visualFocus;
+        }
+        onEnabledChanged: {
+            if (activeFocus && root.showsKeyboard)
+                focusReason = Qt.TabFocusReason;
+        }
         onClicked: root.ticker.fetchRevenue()
     }
 }

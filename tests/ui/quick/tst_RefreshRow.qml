@@ -19,6 +19,13 @@ PanelTestCase {
         id: said
         signalName: "said"
     }
+    Component {
+        id: buttons
+
+        PlainButton {
+            text: "Next"
+        }
+    }
 
     property RefreshRow row: null
 
@@ -117,6 +124,31 @@ PanelTestCase {
         world.finishFetch("$13");
         verify(refresh().enabled);
         verify(textOf(row, "Auto-refreshes every 5 min") !== null);
+    }
+
+    function test_theKeyboardComesBackToTheButtonAfterAFetch() {
+        refresh().forceActiveFocus(Qt.TabFocusReason);
+
+        keyClick(Qt.Key_Return);
+        verify(!refresh().enabled);
+        world.finishFetch("$13");
+
+        verify(refresh().visualFocus);
+    }
+
+    function test_theKeyboardGoesOnFromTheButtonWhileAFetchRuns() {
+        // So that there is another one at the top.
+        make(buttons);
+        row = make(rows);
+        const next = make(buttons);
+        refresh().forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+
+        tab();
+        verify(next.visualFocus);
+        world.finishFetch("$13");
+
+        verify(next.visualFocus);
     }
 
     function test_isToldAsAButton() {
