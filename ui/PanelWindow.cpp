@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QQmlEngine>
+#include <QScreen>
 
 namespace glimmet {
 
@@ -42,6 +43,19 @@ void PanelWindow::dress()
         return;
     QObject::connect(&m_view, &QWindow::widthChanged, &m_view, [this] { maskCorners(); });
     QObject::connect(&m_view, &QWindow::heightChanged, &m_view, [this] { maskCorners(); });
+    QObject::connect(&m_view, &QWindow::screenChanged, &m_view, [this] { followScale(); });
+    followScale();
+}
+
+void PanelWindow::followScale()
+{
+    if (m_view.screen() == nullptr)
+        return;
+    // A mask is made of the screen's pixels. Queued, since they are known anew only after all have been told.
+    QObject::connect(
+        m_view.screen(), &QScreen::logicalDotsPerInchChanged, &m_view, [this] { maskCorners(); },
+        Qt::QueuedConnection);
+    maskCorners();
 }
 
 void PanelWindow::connectHost(const PanelServices &services)

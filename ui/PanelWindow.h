@@ -20,6 +20,8 @@ public:
 private:
     void dress();
     void connectHost(const PanelServices &services);
+    /// Makes the mask anew whenever the scale of the window's screen changes.
+    void followScale();
     void maskCorners();
 
     const bool m_isTranslucent;

@@ -81,6 +81,20 @@ class TextSize(DesktopCase):
 
         self.wait_for_panel(1.5)
 
+    def test_cuts_nothing_off_the_open_panel_when_it_changes(self):
+        self.glimmet.open_panel()
+
+        for scale in (1.5, 1):
+            self.change_text_to(scale)
+
+            self.wait_for_panel(scale)
+            size = "x".join(str(round(length * scale)) for length in SIZE)
+            wait_for(lambda: f"shape extents:  {size}+0+0" in self.shape(), 5, f"a shape of {size}")
+
+    def shape(self):
+        """What the window system leaves of the panel's window."""
+        return self.screen.run("xwininfo", "-shape", "-id", self.screen.windows("glimmet")[0])
+
     def test_scales_the_next_panel_when_it_changes(self):
         self.change_text_to(1)
         self.glimmet.open_panel()
