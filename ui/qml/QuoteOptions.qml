@@ -20,7 +20,7 @@ Column {
         const hadKeyboard = button.visualFocus;
         ticker.resetQuotes();
         if (hadKeyboard)
-            newQuote.takeKeyboard();
+            newQuote.field.forceActiveFocus(Qt.TabFocusReason);
     }
 
     function remove(row: QuoteRow, index: int) {
