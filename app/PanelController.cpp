@@ -141,7 +141,9 @@ void PanelController::handleFocus(const QWindow *focused)
 {
     if (!isOpen() || focused == &m_panel->window())
         return;
-    if (hasPassed(m_sinceOpening, settlingTime))
+    // Another window of our own takes it on purpose.
+    const bool isOurs = focused != nullptr;
+    if (isOurs || hasPassed(m_sinceOpening, settlingTime))
         close(Cause::OutsideClick);
     else
         X11::giveFocus(m_panel->window());

@@ -31,9 +31,18 @@ class PanelWalk(RevenueCase):
         super().setUp()
         for symbol, price, before in (("BTC-USD", 97012, 95767.0), ("ETH-USD", 3400, 3500.0), ("AAPL", 230.5, 228.0)):
             self.server.set_price(symbol, price, before, [before, before * 1.01, price])
+        self.begin_walk()
+
+    def begin_walk(self):
         self.launch()
         self.glimmet.ask_for_panel()
         self.panel = self.desktop.tree.program("glimmet")
+
+    def begin_again_with_keys(self):
+        self.keyring.put(KEYS)
+        self.glimmet.stop()
+        self.begin_walk()
+        self.glimmet.choose_mode("Revenue")
 
     def shown(self):
         """All that the panel tells of, as (role, name)."""
@@ -132,12 +141,7 @@ class PanelWalk(RevenueCase):
         self.glimmet.wait_for_label(lambda label: label == "no deadlines")
 
     def test_every_platform_metric_period_and_currency_can_be_chosen(self):
-        self.keyring.put(KEYS)
-        self.glimmet.stop()
-        self.launch()
-        self.glimmet.ask_for_panel()
-        self.panel = self.desktop.tree.program("glimmet")
-        self.glimmet.choose_mode("Revenue")
+        self.begin_again_with_keys()
         for platform in PLATFORMS:
             self.choose(platform.name)
             for metric in ("Orders", "Avg", "Top", "METRIC Revenue"):
@@ -157,12 +161,7 @@ class PanelWalk(RevenueCase):
         self.glimmet.wait_for_label(lambda label: label == "💰 $17.00")
 
     def test_any_currency_can_be_applied(self):
-        self.keyring.put(KEYS)
-        self.glimmet.stop()
-        self.launch()
-        self.glimmet.ask_for_panel()
-        self.panel = self.desktop.tree.program("glimmet")
-        self.glimmet.choose_mode("Revenue")
+        self.begin_again_with_keys()
         self.choose(DODO.name)
         self.server.currency = "sek"
         self.write("CURRENCY", "sek")

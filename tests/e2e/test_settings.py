@@ -8,6 +8,7 @@ from desktop_case import DesktopCase
 
 SWITCH = ("check box", "toggle button", "switch")
 LABEL = "Launch on startup"
+UPDATES = "glimmet – Software Update"
 
 
 class Settings(DesktopCase):
@@ -71,6 +72,18 @@ class Settings(DesktopCase):
         self.assertTrue(lines[0].startswith("Launch error: "), lines)
         self.close_sheet()
         self.assertFalse(self.open_sheet().checked)
+
+    def test_a_check_for_updates_opens_its_window_and_the_panel_gives_way(self):
+        self.open_sheet()
+
+        self.glimmet.control("Check for Updates", "push button").press()
+
+        self.screen.wait_for_window(UPDATES)
+        self.screen.wait_until_gone("glimmet")
+        # Nobody manages packages in this desktop.
+        self.glimmet.control("Could not check for updates", "heading")
+        self.glimmet.control("OK", "push button").press()
+        self.screen.wait_until_gone(UPDATES)
 
 
 if __name__ == "__main__":
