@@ -6,8 +6,11 @@ import re
 import select
 import shlex
 import subprocess
-from contextlib import ExitStack
+from contextlib import ExitStack, contextmanager
 
+from desktop.accessibility import AccessibilityTree
+from desktop.bus import Bus
+from desktop.network import without_network
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area, Screen
 from package_room import RUNTIME, USER
@@ -17,6 +20,8 @@ MENU_ENTRY = f"/usr/share/applications/{NAME}.desktop"
 STRIP, PANEL = "glimmet strip", "glimmet"
 SIZE = (1280, 800)
 PASSWORD = b"password"
+LOGIN_GENERATOR = "/usr/lib/systemd/user-generators/systemd-xdg-autostart-generator"
+LOGIN_UNITS = f"{RUNTIME}/units"
 COMPLAINTS = re.compile(r"qml|module|panel:|symbol|cannot|error|fail", re.IGNORECASE)
 
 
@@ -37,6 +42,19 @@ def end(process, seconds=10):
     except subprocess.TimeoutExpired:
         process.kill()
         return process.wait()
+
+
+@contextmanager
+def as_user():
+    """To a bus of the user's, which takes nobody else, not even root."""
+    user, group = map(int, USER.split(":"))
+    os.setegid(group)
+    os.seteuid(user)
+    try:
+        yield
+    finally:
+        os.seteuid(0)
+        os.setegid(0)
 
 
 class VirtualScreen:
@@ -71,6 +89,7 @@ class Login:
         self.screen = virtual.screen
         self.environment = {"DISPLAY": virtual.display, "XDG_RUNTIME_DIR": RUNTIME}
         self._stack = ExitStack()
+        self._bus = None
 
     def __enter__(self):
         return self
@@ -78,9 +97,10 @@ class Login:
     def __exit__(self, *_):
         self._stack.close()
 
-    def start(self, *command, **options):
+    def start(self, *command, before=(), **options):
+        """Starts a command of the clean system; `before` is what to put before it, of this machine's."""
         line, environment = self.room.command(*command, user=USER, environment=self.environment)
-        process = subprocess.Popen(line, env=environment, **options)
+        process = subprocess.Popen([*before, *line], env=environment, **options)
         self._stack.callback(end, process)
         return process
 
@@ -90,7 +110,7 @@ class Login:
     def start_bus(self):
         address = f"unix:path={RUNTIME}/bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
-        self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}")
+        self._bus = self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}")
         wait_for(lambda: self._answers("org.freedesktop.DBus"), 15, "the session bus")
 
     def start_keyring(self):
@@ -99,6 +119,22 @@ class Login:
         keyring.stdin.write(PASSWORD)
         keyring.stdin.close()
         wait_for(lambda: self._answers("org.freedesktop.secrets"), 15, "the keyring")
+
+    def open_tree(self):
+        """Connects from this machine to the session's bus and its accessibility tree, and returns both. What is started
+        from then on is in the tree."""
+        self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        bus = self._connect(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+        self._stack.callback(bus.close)
+        tree = AccessibilityTree(bus, self._connect)
+        self._stack.callback(tree.close)
+        return bus, tree
+
+    def _connect(self, address):
+        # The way to the folder of the clean system may be longer than an address can be, and closed to its user.
+        inside = f"/proc/{self._bus.pid}/root"
+        with as_user():
+            return Bus(address.replace("unix:path=", f"unix:path={inside}"))
 
     def _answers(self, name):
         try:
@@ -123,9 +159,21 @@ class Login:
         """Starts what a desktop entry says, as a desktop does; returns the process and the log of its output."""
         reader = configparser.ConfigParser(interpolation=None)
         reader.read(self.room.path(entry))
+        return self.launch_line(reader["Desktop Entry"]["Exec"])
+
+    def launch_line(self, line):
+        """Starts a program, without a network: nothing that is typed here is to reach anybody."""
         log = self.room.path("/tmp/glimmet.log")
         with open(log, "wb") as output:
-            return self.start(*shlex.split(reader["Desktop Entry"]["Exec"]), stdout=output, stderr=output), log
+            return self.start(*shlex.split(line), before=without_network(), stdout=output, stderr=output), log
+
+    def line_at_login(self):
+        """What systemd starts of the program at a login, by its own reading of the entries; None: nothing."""
+        self.run("rm", "-rf", LOGIN_UNITS)
+        self.run("mkdir", LOGIN_UNITS)
+        self.run(LOGIN_GENERATOR, *[LOGIN_UNITS] * 3)
+        unit = self.room.path(f"{LOGIN_UNITS}/app-{NAME}@autostart.service")
+        return re.search(r"^ExecStart=:?(.+)$", unit.read_text(), re.MULTILINE)[1] if unit.exists() else None
 
 
 def colours(screen, area):

@@ -5,6 +5,7 @@ Needs root, a mount namespace and a process namespace of its own, with which eve
 import hashlib
 import os
 import shutil
+import signal
 import subprocess
 from pathlib import Path
 
@@ -93,12 +94,22 @@ class Room:
         self.close()
 
     def close(self):
+        self._end_processes()
         for target in reversed(self._mounts):
             run_quietly("umount", "--lazy", str(target))
         self._mounts = []
         # Never across what is still mounted: the machine's own files would be deleted through it.
         if not any(str(self.root) in line for line in Path("/proc/self/mounts").read_text().splitlines()):
             shutil.rmtree(self.root, ignore_errors=True)
+
+    def _end_processes(self):
+        """Ends what was started in here by whatever: services that a bus starts have no other owner."""
+        for process in Path("/proc").glob("[0-9]*"):
+            try:
+                if (process / "root").readlink() == self.root:
+                    os.kill(int(process.name), signal.SIGKILL)
+            except OSError:
+                pass  # It ended meanwhile.
 
     def _mount_all(self):
         archives = self._cache / "archives"

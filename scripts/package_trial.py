@@ -7,15 +7,13 @@ import sys
 from contextlib import ExitStack
 from pathlib import Path
 
-from package_login import NAME, Login, VirtualScreen, check, look_at, tell
-from package_room import HOME, Room
+from package_data import ITEM, KEY, LOGIN_ENTRY, PREFERENCES, begin_session, check_key, remove, user_data
+from package_login import Login, VirtualScreen, check, look_at, tell
+from package_newcomer import try_as_newcomer
+from package_room import Room
 
-KEY = "sk_trial_of_the_package"
-ITEM = ("service", NAME, "account", "stripe_api_key")
-PREFERENCES = '{"glimmet.customQuotes": ["kept from version to version"]}\n'
-LOGIN_ENTRY = f"{HOME}/.config/autostart/{NAME}.desktop"
+SETTINGS = '{"me.kerno.glimmet.quotes": ["kept from version to version"]}\n'
 LOGIN_ENTRY_TEXT = "[Desktop Entry]\nType=Application\nName=glimmet\nExec=/usr/bin/glimmet\nTryExec=/usr/bin/glimmet\n"
-USER_DATA = (f".config/{NAME}", ".config/autostart", ".local/share/keyrings")
 
 
 def packages_of(room):
@@ -64,25 +62,10 @@ def install(room, options):
     room.apt("install", "libsecret-tools")
 
 
-def begin_session(login):
-    login.start_bus()
-    login.start_keyring()
-
-
 def store_user_data(login):
-    login.room.write_as_user(f"{HOME}/.config/{NAME}/preferences.json", PREFERENCES)
+    login.room.write_as_user(PREFERENCES, SETTINGS)
     login.room.write_as_user(LOGIN_ENTRY, LOGIN_ENTRY_TEXT)
     login.run("secret-tool", "store", "--label=glimmet", *ITEM, input=KEY)
-
-
-def check_key(login):
-    check(login.run("secret-tool", "lookup", *ITEM) == KEY, "the user's key is in the keyring")
-
-
-def user_data(room):
-    data = room.fingerprint(*USER_DATA)
-    check(len(data) >= 3, f"the user has settings, a login entry and a keyring ({len(data)} files)")
-    return data
 
 
 def upgrade(room, options):
@@ -97,23 +80,9 @@ def upgrade(room, options):
     check(user_data(room) == data, "the upgrade leaves the user's data as they are")
 
 
-def remove(room):
-    data = user_data(room)
-    owned = [line for line in room.run("dpkg", "-L", "glimmet").splitlines() if "glimmet" in line]
-    configuration = "/etc/apt/sources.list.d/glimmet.sources"
-    room.apt("remove", "glimmet")
-    left = [path for path in owned if room.path(path).exists() and path != configuration]
-    check(not left, "removing it leaves none of its files but its source", " ".join(left))
-    check(user_data(room) == data, "removing it leaves the user's data as they are")
-    room.apt("purge", "glimmet")
-    check(not room.path(configuration).exists(), "purging it takes its source away too")
-    check(user_data(room) == data, "purging it leaves the user's data as they are")
-    room.apt("update")
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    for name in ("plain", "older", "newer", "cache", "pictures"):
+    for name in ("plain", "older", "newer", "apt-source", "apt-key", "cache", "pictures"):
         parser.add_argument(f"--{name}", type=Path, required=True)
     parser.add_argument("--owner", required=True, help="whose the pictures are: user and group")
     options = parser.parse_args()
@@ -124,6 +93,7 @@ def main():
             virtual = VirtualScreen(stack)
             try_what_it_depends_on(options, virtual)
             try_a_life(options, virtual)
+            try_as_newcomer(options, virtual)
     except (AssertionError, RuntimeError) as error:
         sys.exit(f"package-test: {error}")
     finally:

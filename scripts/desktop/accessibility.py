@@ -80,11 +80,11 @@ class Node:
 
 
 class AccessibilityTree:
-    """All programs of a desktop that speak to assistive ones."""
+    """All programs of a desktop that speak to assistive ones. `connect` makes the client of the bus at an address."""
 
-    def __init__(self, session_bus):
+    def __init__(self, session_bus, connect=Bus):
         address = session_bus.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
-        self._bus = Bus(address)
+        self._bus = connect(address)
 
     def program(self, name, seconds=10):
         """The root of the program with this name, once it has come."""
