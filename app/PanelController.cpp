@@ -1,6 +1,5 @@
 #include "app/PanelController.h"
 
-#include "app/PanelLibrary.h"
 #include "app/Screens.h"
 #include "core/TickerViewModel.h"
 #include "platform/PressWatch.h"
@@ -42,7 +41,6 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
     : QObject(parent)
     , m_ticker(ticker)
     , m_services(std::move(services))
-    , m_loader(panelLibraryPath())
 {
     m_forgetTimer.setSingleShot(true);
     m_forgetTimer.setInterval(clickTime);
@@ -92,9 +90,11 @@ void PanelController::setLook(const DesktopLook &look)
 
 PanelModule *PanelController::module()
 {
-    auto *panels = qobject_cast<PanelModule *>(m_loader.instance());
+    PanelModule *panels = m_library.module();
     if (panels == nullptr)
-        emit failed(m_loader.errorString());
+        emit failed(m_library.error());
+    if (m_library.isReplaced())
+        emit replaced();
     return panels;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "app/PanelLibrary.h"
 #include "platform/DesktopLook.h"
 #include "ui/PanelServices.h"
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QPluginLoader>
 #include <QPoint>
 #include <QSize>
 #include <QTimer>
@@ -18,7 +18,6 @@ class QWindow;
 namespace glimmet {
 
 class Panel;
-class PanelModule;
 class PressWatch;
 class TickerViewModel;
 
@@ -45,6 +44,8 @@ public:
 signals:
     /// The panel could not be loaded, in words.
     void failed(const QString &reason);
+    /// An update has replaced the program: it has to start again to have a panel.
+    void replaced();
 
 private:
     enum class Cause { Request, OutsideClick };
@@ -61,7 +62,7 @@ private:
     TickerViewModel &m_ticker;
     PanelServices m_services;
     DesktopLook m_look;
-    QPluginLoader m_loader;
+    PanelLibrary m_library;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<PressWatch> m_presses;
     std::optional<QPoint> m_anchor;

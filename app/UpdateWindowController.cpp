@@ -1,6 +1,5 @@
 #include "app/UpdateWindowController.h"
 
-#include "app/PanelLibrary.h"
 #include "platform/UpdaterController.h"
 #include "platform/X11.h"
 #include "ui/PanelModule.h"
@@ -15,7 +14,6 @@ namespace glimmet {
 UpdateWindowController::UpdateWindowController(UpdaterController &updater, QObject *parent)
     : QObject(parent)
     , m_updater(updater)
-    , m_loader(panelLibraryPath())
 {
     connect(&updater, &UpdaterController::windowWanted, this, &UpdateWindowController::open);
     connect(&updater, &UpdaterController::stateChanged, this, &UpdateWindowController::follow);
@@ -41,9 +39,11 @@ void UpdateWindowController::open()
 
 bool UpdateWindowController::make()
 {
-    auto *module = qobject_cast<PanelModule *>(m_loader.instance());
+    PanelModule *module = m_library.module();
     if (module == nullptr) {
-        emit failed(m_loader.errorString());
+        emit failed(m_library.error());
+        if (m_library.isReplaced())
+            emit replaced();
         return false;
     }
     m_shown = module->makeUpdateWindow(m_updater, m_look);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/PanelLibrary.h"
 #include "platform/DesktopLook.h"
 
 #include <QObject>
-#include <QPluginLoader>
 
 #include <memory>
 
@@ -28,6 +28,8 @@ public:
 signals:
     /// The window could not be loaded, in words.
     void failed(const QString &reason);
+    /// An update has replaced the program: it has to start again to have a window.
+    void replaced();
 
 private:
     void open();
@@ -38,7 +40,7 @@ private:
 
     UpdaterController &m_updater;
     DesktopLook m_look;
-    QPluginLoader m_loader;
+    PanelLibrary m_library;
     std::unique_ptr<Panel> m_shown;
 };
 

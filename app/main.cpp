@@ -109,6 +109,8 @@ int run(DiagnosticLog &log, Restart &restart)
         [&](const QString &reason) { log.line(QStringLiteral("panel: ") + reason); });
     QObject::connect(&updateWindow, &UpdateWindowController::failed, &menuBar,
         [&](const QString &reason) { log.line(QStringLiteral("updates: ") + reason); });
+    QObject::connect(&panel, &PanelController::replaced, &menuBar, startAgain);
+    QObject::connect(&updateWindow, &UpdateWindowController::replaced, &menuBar, startAgain);
     QObject::connect(
         &updater.updaterController(), &UpdaterController::restartRequested, &menuBar, startAgain);
     QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);

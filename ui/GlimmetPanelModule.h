@@ -9,7 +9,7 @@ namespace glimmet {
 /// What the program finds when it loads this library.
 class GlimmetPanelModule final : public QObject, public PanelModule {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID GLIMMET_PANEL_MODULE_IID)
+    Q_PLUGIN_METADATA(IID GLIMMET_PANEL_MODULE_IID FILE "GlimmetPanelModule.json")
     Q_INTERFACES(glimmet::PanelModule)
 
 public:

@@ -10,5 +10,7 @@ int main(int argc, char *argv[])
     qunsetenv("XDG_RUNTIME_DIR");
     testing::InitGoogleMock(&argc, argv);
     const QGuiApplication application(argc, argv);
+    // The module is loaded by the program of its own version only.
+    QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
     return RUN_ALL_TESTS();
 }
