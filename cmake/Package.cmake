@@ -37,9 +37,16 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS "${qmlPackages}, ca-certificates, tzdata")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, fonts-inter, \
 fonts-noto-color-emoji, gnome-keyring | keepassxc | libkf5wallet-bin, packagekit")
 
+# A source that the administrator has edited or removed stays so.
+set(conffiles "")
 if(GLIMMET_APT_SOURCE)
-  # A source that the administrator has edited or removed stays so.
-  file(WRITE ${CMAKE_BINARY_DIR}/conffiles "/etc/apt/sources.list.d/glimmet.sources\n")
+  string(APPEND conffiles "/etc/apt/sources.list.d/glimmet.sources\n")
+endif()
+if(GLIMMET_APT_KEY)
+  string(APPEND conffiles "/etc/apt/keyrings/glimmet.gpg\n")
+endif()
+if(conffiles)
+  file(WRITE ${CMAKE_BINARY_DIR}/conffiles "${conffiles}")
   set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${CMAKE_BINARY_DIR}/conffiles)
 endif()
 include(CPack)
