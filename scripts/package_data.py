@@ -3,12 +3,13 @@
 from package_login import NAME, check
 from package_room import HOME
 
-KEY = "sk_trial_of_the_package"
-ITEM = ("service", NAME, "account", "stripe_api_key")
+KEY = "pat_trial_of_the_package"
+ITEM = ("service", NAME, "account", "polar_api_key")
 LOGIN_ENTRY = f"{HOME}/.config/autostart/{NAME}.desktop"
 PREFERENCES = f"{HOME}/.config/{NAME}/preferences.json"
 USER_DATA = (f".config/{NAME}", ".config/autostart", ".local/share/keyrings")
-CONFIGURATION = "/etc/apt/sources.list.d/glimmet.sources"
+SOURCE = "/etc/apt/sources.list.d/glimmet.sources"
+KEYRING = "/etc/apt/keyrings/glimmet.gpg"
 
 
 def begin_session(login):
@@ -30,10 +31,11 @@ def remove(room):
     data = user_data(room)
     owned = [line for line in room.run("dpkg", "-L", "glimmet").splitlines() if "glimmet" in line]
     room.apt("remove", "glimmet")
-    left = [path for path in owned if room.path(path).exists() and path != CONFIGURATION]
-    check(not left, "removing it leaves none of its files but its source", " ".join(left))
+    left = [path for path in owned if room.path(path).exists() and path not in (SOURCE, KEYRING)]
+    check(not left, "removing it leaves none of its files but its source with the key", " ".join(left))
+    check("NO_PUBKEY" not in room.apt("update"), "apt can still read that source")
     check(user_data(room) == data, "removing it leaves the user's data as they are")
     room.apt("purge", "glimmet")
-    check(not room.path(CONFIGURATION).exists(), "purging it takes its source away too")
+    check(not room.path(SOURCE).exists() and not room.path(KEYRING).exists(), "purging it takes its source away too")
     check(user_data(room) == data, "purging it leaves the user's data as they are")
     room.apt("update")

@@ -110,7 +110,9 @@ class Login:
     def start_bus(self):
         address = f"unix:path={RUNTIME}/bus"
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
-        self._bus = self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}")
+        with open(self.room.path("/tmp/session-bus.log"), "wb") as log:
+            self._bus = self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}",
+                                   stdout=log, stderr=log)
         wait_for(lambda: self._answers("org.freedesktop.DBus"), 15, "the session bus")
 
     def start_keyring(self):

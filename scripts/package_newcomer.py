@@ -3,10 +3,12 @@
 The session is a plain user's in a clean system. The controls are found and pressed through the accessibility tree, and
 every step leaves a picture."""
 
+from gi.repository import GLib
+
 from desktop.accessibility import find_when_there
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area
-from package_data import CONFIGURATION, KEY, LOGIN_ENTRY, PREFERENCES, begin_session, check_key, remove
+from package_data import KEY, KEYRING, LOGIN_ENTRY, PREFERENCES, SOURCE, begin_session, check_key, remove
 from package_login import COMPLAINTS, MENU_ENTRY, NAME, PANEL, STRIP, Login, check, colours, end, tell
 from package_room import Room
 from package_system import SystemServices
@@ -17,7 +19,7 @@ FIELD = ("text", "entry", "password text")
 UPDATE_WINDOW = "glimmet – Software Update"
 QUOTE, DEADLINE = "measure twice", "Math Exam"
 HEADER = 75  # pixels
-KEY_FIELD = "STRIPE RESTRICTED KEY"
+KEY_FIELD = "POLAR PERSONAL ACCESS TOKEN"
 
 
 def try_as_newcomer(options, virtual):
@@ -34,8 +36,8 @@ def try_as_newcomer(options, virtual):
 
 def install(room, options):
     room.bring(options.older, "/srv/glimmet")
-    room.bring(options.apt_key, "/usr/share/keyrings/glimmet.gpg")
-    room.bring(options.apt_source, CONFIGURATION)
+    room.bring(options.apt_key, KEYRING)
+    room.bring(options.apt_source, SOURCE)
     room.apt("update")
     room.apt("install", "glimmet")
     check(room.version_of("glimmet"), f"apt installs {room.version_of('glimmet')} from its signed source")
@@ -111,10 +113,10 @@ def at_login(steps):
             person = Person(login, options.pictures)
             try:
                 steps(person, options, *rest)
-            except (DesktopError, AssertionError) as error:
+            except (DesktopError, AssertionError, GLib.Error) as error:
                 picture = options.pictures / "newcomer-failed.png"
                 login.screen.screenshot(picture)
-                said = room.path("/tmp/glimmet.log").read_text(errors="replace")
+                said = "".join(log.read_text(errors="replace") for log in sorted(room.path("/tmp").glob("*.log")))
                 raise AssertionError(f"{error}\n{said}seen: {picture}") from None
     return run
 
@@ -170,6 +172,7 @@ def enter_key(person):
     person.wait_until_gone(KEY_FIELD)
     check_key(person.login)
     person.choose("Deadline")
+    person.wait_for_label(f"{DEADLINE}: ")
 
 
 def switch_on_at_login(person):

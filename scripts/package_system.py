@@ -26,7 +26,8 @@ class SystemServices:
         rule.chmod(0o644)
         self._room.path(SOCKET).parent.mkdir(exist_ok=True)
         line, environment = self._room.command("dbus-daemon", "--system", "--nofork", "--nopidfile")
-        self._bus = subprocess.Popen(line, env=environment)
+        with open(self._room.path("/tmp/system-bus.log"), "wb") as log:
+            self._bus = subprocess.Popen(line, env=environment, stdout=log, stderr=log)
         try:
             wait_for(self._room.path(SOCKET).exists, 15, "the system bus")
         except BaseException:

@@ -2,13 +2,15 @@
 
 import argparse
 import os
+import signal
 import subprocess
 import sys
 from contextlib import ExitStack
 from pathlib import Path
 
+from desktop.processes import wait_for
 from package_data import ITEM, KEY, LOGIN_ENTRY, PREFERENCES, begin_session, check_key, remove, user_data
-from package_login import Login, VirtualScreen, check, look_at, tell
+from package_login import MENU_ENTRY, STRIP, Login, VirtualScreen, check, end, look_at, look_at_windows, tell
 from package_newcomer import try_as_newcomer
 from package_room import Room
 
@@ -40,7 +42,7 @@ def try_a_life(options, virtual):
             begin_session(login)
             store_user_data(login)
             look_at(login, options.pictures / "installed.png")
-        upgrade(room, options)
+            upgrade_beneath(login, options)
         with Login(room, virtual) as login:
             begin_session(login)
             look_at(login, options.pictures / "upgraded.png", LOGIN_ENTRY)
@@ -68,6 +70,18 @@ def store_user_data(login):
     login.run("secret-tool", "store", "--label=glimmet", *ITEM, input=KEY)
 
 
+def upgrade_beneath(login, options):
+    """Upgrades it while it runs and before its panel was ever opened, whose library then is the new one."""
+    process, log = login.launch(MENU_ENTRY)
+    strip = login.screen.wait_for_window(STRIP, 20)
+    wait_for(login.label, 10, "the text on the bus")
+    upgrade(login.room, options)
+    login.screen.click(strip.right - 30, strip.middle[1])
+    wait_for(lambda: log.read_text().count("shown as a strip") == 2, 15, "it to start again")
+    look_at_windows(login, options.pictures / "upgraded-beneath.png")
+    check(end(process) == 0, "it started again as the new version at the first click, with the second it has a panel")
+
+
 def upgrade(room, options):
     before = room.version_of("glimmet")
     data = user_data(room)
@@ -88,6 +102,8 @@ def main():
     options = parser.parse_args()
     options.cache = options.cache.resolve()
     os.umask(0o022)
+    # Ended from outside, the clean systems are still taken down.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
     try:
         with ExitStack() as stack:
             virtual = VirtualScreen(stack)
