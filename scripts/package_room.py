@@ -79,9 +79,10 @@ class Room:
     def __enter__(self):
         shutil.rmtree(self.root, ignore_errors=True)
         self.root.parent.mkdir(parents=True, exist_ok=True)
-        run_quietly("cp", "-a", "--reflink=auto", str(base_system(self._cache)), str(self.root))
-        shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
+        base = base_system(self._cache)
         try:
+            run_quietly("cp", "-a", "--reflink=auto", str(base), str(self.root))
+            shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
             self._mount_all()
             self._add_user()
             self.apt("update")
