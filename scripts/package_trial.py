@@ -94,6 +94,13 @@ def upgrade(room, options):
     check(user_data(room) == data, "the upgrade leaves the user's data as they are")
 
 
+def end_from_outside(*_):
+    # What is taken down then is not to be interrupted again.
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, signal.SIG_IGN)
+    sys.exit(143)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     for name in ("plain", "older", "newer", "apt-source", "apt-key", "cache", "pictures"):
@@ -103,7 +110,7 @@ def main():
     options.cache = options.cache.resolve()
     os.umask(0o022)
     # Ended from outside, the clean systems are still taken down.
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
+    signal.signal(signal.SIGTERM, end_from_outside)
     try:
         with ExitStack() as stack:
             virtual = VirtualScreen(stack)
