@@ -18,6 +18,11 @@ FocusScope {
     Keys.onEnterPressed: face.chooseDefault()
     Keys.onEscapePressed: face.escape()
 
+    // The Return that asked for the check may still be held when it has found something.
+    HeldKeyFilter {
+        target: root
+    }
+
     Announcement {
         item: heading
         rest: 300

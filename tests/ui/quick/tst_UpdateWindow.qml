@@ -131,6 +131,19 @@ PanelTestCase {
         compare(answers.count, 1);
     }
 
+    function test_aHeldReturnAnswersOnce_data() {
+        return [{key: Qt.Key_Return}, {key: Qt.Key_Enter}];
+    }
+
+    function test_aHeldReturnAnswersOnce(row) {
+        scenes.showFound("");
+        expect("installChosen");
+
+        keyboard.hold(page.Window.window, row.key, 5);
+
+        compare(answers.count, 1);
+    }
+
     function test_returnOnLaterIsLater() {
         scenes.showFound("");
         buttonOf(page, "Later").forceActiveFocus(Qt.TabFocusReason);
