@@ -47,9 +47,10 @@ void UpdateNotification::show(
     m_lastVersion = newVersion;
     listen();
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(notify(installedVersion, newVersion)), this);
+    m_pending = watcher;
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *answered) {
         answered->deleteLater();
-        handleShown(answered->reply());
+        handleAnswer(*answered);
     });
 }
 
@@ -60,12 +61,25 @@ void UpdateNotification::listen()
         SLOT(handleAction(QDBusMessage)));
 }
 
-void UpdateNotification::handleShown(const QDBusMessage &reply)
+void UpdateNotification::handleAnswer(const QDBusPendingCallWatcher &answered)
 {
-    if (reply.type() != QDBusMessage::ReplyMessage)
-        return;
+    const bool isWanted = m_pending == &answered;
+    if (isWanted)
+        m_pending = nullptr;
+    if (!answered.isError())
+        return handleShown(answered.reply(), isWanted);
+    // Nobody has seen it. Only one that was not answered may be on the screen all the same.
+    if (isWanted && answered.error().type() != QDBusError::NoReply)
+        m_lastVersion.clear();
+}
+
+void UpdateNotification::handleShown(const QDBusMessage &reply, bool isWanted)
+{
+    const uint id = reply.arguments().value(0).toUInt();
+    if (!isWanted)
+        return takeAway(reply.service(), id);
     m_owner = reply.service();
-    m_id = reply.arguments().value(0).toUInt();
+    m_id = id;
 }
 
 void UpdateNotification::handleAction(const QDBusMessage &signal)
@@ -83,12 +97,17 @@ void UpdateNotification::close()
 {
     m_bus.disconnect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
         SLOT(handleAction(QDBusMessage)));
-    if (const uint id = std::exchange(m_id, 0); id != 0) {
-        QDBusMessage message =
-            QDBusMessage::createMethodCall(m_owner, path, notifications, QStringLiteral("CloseNotification"));
-        message << id;
-        m_bus.send(message);
-    }
+    m_pending = nullptr; // It is taken away once its number is known.
+    if (const uint id = std::exchange(m_id, 0); id != 0)
+        takeAway(m_owner, id);
+}
+
+void UpdateNotification::takeAway(const QString &owner, uint id)
+{
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(owner, path, notifications, QStringLiteral("CloseNotification"));
+    message << id;
+    m_bus.send(message);
 }
 
 } // namespace glimmet

@@ -5,11 +5,13 @@
 #include <QObject>
 #include <QString>
 
+class QDBusPendingCallWatcher;
+
 namespace glimmet {
 
 /// Tells the user by the desktop's notifications
 /// (https://specifications.freedesktop.org/notification-spec/) that there is an update, once a version. Where
-/// nobody shows notifications, nothing happens. Main thread.
+/// nobody shows notifications, nothing happens, and the next time counts. Main thread.
 class UpdateNotification final : public QObject {
     Q_OBJECT
 
@@ -30,12 +32,15 @@ private slots:
 
 private:
     void listen();
-    void handleShown(const QDBusMessage &reply);
+    void handleAnswer(const QDBusPendingCallWatcher &answered);
+    void handleShown(const QDBusMessage &reply, bool isWanted);
+    void takeAway(const QString &owner, uint id);
 
     QDBusConnection m_bus{ QString() };
     QString m_lastVersion;
     QString m_owner; ///< the unique name of who shows it
     uint m_id = 0; ///< 0 while there is none
+    const QDBusPendingCallWatcher *m_pending = nullptr; ///< of the one that is wanted and not answered yet
 };
 
 } // namespace glimmet

@@ -118,6 +118,41 @@ TEST_F(UpdateNotificationTest, goesWithTheProgram)
     EXPECT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7 }; }));
 }
 
+TEST_F(UpdateNotificationTest, goesAlsoIfItWasClosedBeforeItWasThere)
+{
+    notification.show(bus, u"1.0"_s, u"1.1"_s);
+    notification.close();
+
+    EXPECT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7 }; }));
+}
+
+TEST_F(UpdateNotificationTest, theNextOneStaysWhereOneWasClosedBeforeItWasThere)
+{
+    notification.show(bus, u"1.0"_s, u"1.1"_s);
+    ASSERT_TRUE(show(u"1.2"_s));
+    ASSERT_TRUE(waitFor([this] { return desktop.shown.size() == 2; }) && isAnswered(notification));
+
+    desktop.choose(8, u"install"_s);
+
+    EXPECT_TRUE(waitFor([this] { return installs.count() == 1; }));
+    EXPECT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7, 8 }; }));
+}
+
+TEST(UpdateNotificationWithoutADesktop, tellsOfTheVersionOnceThereIsOne)
+{
+    const PrivateBus daemon;
+    UpdateNotification notification;
+    const QDBusConnection bus = daemon.peer(QStringLiteral("own"));
+    notification.show(bus, QStringLiteral("1.0"), QStringLiteral("1.1"));
+    ASSERT_TRUE(waitFor([&] { return notification.children().isEmpty(); }));
+    const FakeNotifications desktop(daemon);
+
+    notification.show(bus, QStringLiteral("1.0"), QStringLiteral("1.1"));
+
+    EXPECT_TRUE(waitFor([&] { return desktop.shown.size() == 1; }));
+    QDBusConnection::disconnectFromBus(QStringLiteral("own"));
+}
+
 TEST(UpdateNotificationWithoutADesktop, isSilent)
 {
     const PrivateBus daemon;
