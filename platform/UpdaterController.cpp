@@ -73,7 +73,7 @@ void UpdaterController::checkForUpdates()
 {
     if (!isPending(m_state.phase))
         startCheck(Asking::User);
-    emit windowWanted();
+    showWindow();
 }
 
 void UpdaterController::checkByItself()
@@ -115,12 +115,12 @@ void UpdaterController::handleOwnFinding(const UpdateFinding &finding)
 void UpdaterController::handleNotification()
 {
     if (isPending(m_state.phase))
-        return emit windowWanted();
+        return showWindow();
     if (m_finding.verdict != Verdict::Found)
         return checkForUpdates();
     setState(stateOf(m_finding));
     install();
-    emit windowWanted();
+    showWindow();
 }
 
 void UpdaterController::install()
@@ -165,7 +165,7 @@ void UpdaterController::handleInstallation(const InstallationResult &result)
     }
     setState(after);
     if (m_isDismissed && after.phase != UpdatePhase::Idle)
-        emit windowWanted();
+        showWindow();
 }
 
 void UpdaterController::cancel()
@@ -199,6 +199,12 @@ void UpdaterController::endWork()
     endLater(m_check);
     endLater(m_installation);
     m_client.abandon();
+}
+
+void UpdaterController::showWindow()
+{
+    m_isDismissed = false;
+    emit windowWanted();
 }
 
 void UpdaterController::setState(const UpdateState &state)

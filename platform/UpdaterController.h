@@ -72,6 +72,7 @@ private:
     void handleProgress(const TransactionProgress &progress);
     void handleInstallation(const InstallationResult &result);
     void endWork();
+    void showWindow();
     void setState(const UpdateState &state);
 
     const SessionBus &m_sessionBus;

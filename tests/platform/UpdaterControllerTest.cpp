@@ -362,6 +362,21 @@ TEST_F(UpdaterControllerTest, anInstallationThatWasClosedShowsItselfAtItsEnd)
     EXPECT_EQ(windows.count(), 2);
 }
 
+TEST_F(UpdaterControllerTest, anInstallationThatWasOpenedAgainStaysOpenWhenItIsCancelled)
+{
+    check();
+    service->courses[u"UpdatePackages"_s] = { Kind::Hangs };
+    updater.install();
+    ASSERT_TRUE(hangs(u"UpdatePackages"_s));
+    updater.dismiss();
+
+    viewModel.checkForUpdates();
+    updater.cancel();
+
+    ASSERT_TRUE(waitFor([this] { return updater.state().phase != UpdatePhase::Installing; }));
+    EXPECT_EQ(updater.state().phase, UpdatePhase::Found);
+}
+
 TEST_F(UpdaterControllerTest, restartsOnlyOnceThereIsSomethingNewToRun)
 {
     updater.restart();
