@@ -46,11 +46,10 @@ bool chooseX11()
 /// Out of a sandbox nothing but the portal starts a program at login.
 std::unique_ptr<LoginItem> makeLoginItem(const SessionBus &bus)
 {
-    if (PortalLoginItem::isNeeded())
-        return std::make_unique<PortalLoginItem>(
-            bus.connection(), QStringList{ QCoreApplication::applicationName() });
-    return std::make_unique<AutostartLoginItem>(
-        AutostartLoginItem::defaultFolder(), QCoreApplication::applicationFilePath());
+    const QString program = QCoreApplication::applicationFilePath();
+    if (PortalLoginItem::isNeeded(program))
+        return std::make_unique<PortalLoginItem>(bus, QStringList{ QCoreApplication::applicationName() });
+    return std::make_unique<AutostartLoginItem>(AutostartLoginItem::defaultFolder(), program);
 }
 
 /// Everything meets here. Returns the exit status once the program has quit.

@@ -1,5 +1,7 @@
 #include "platform/PortalLoginItem.h"
 
+#include "platform/SessionBus.h"
+
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -31,16 +33,19 @@ QString requestPath(const QDBusConnection &bus, const QString &token)
 
 } // namespace
 
-PortalLoginItem::PortalLoginItem(const QDBusConnection &bus, QStringList command, QObject *parent)
+PortalLoginItem::PortalLoginItem(const SessionBus &bus, QStringList command, QObject *parent)
     : QObject(parent)
-    , m_bus(bus)
+    , m_sessionBus(bus)
     , m_command(std::move(command))
 {
 }
 
-bool PortalLoginItem::isNeeded()
+bool PortalLoginItem::isNeeded(const QString &program)
 {
-    return QFile::exists(QStringLiteral("/.flatpak-info")) || !qEnvironmentVariableIsEmpty("SNAP");
+    // What a snap starts outside of itself inherits the variable: a terminal's programs, for one.
+    const QString snap = qEnvironmentVariable("SNAP");
+    const bool isInSnap = !snap.isEmpty() && program.startsWith(snap + u'/');
+    return isInSnap || QFile::exists(QStringLiteral("/.flatpak-info"));
 }
 
 void PortalLoginItem::registerItem(const Completion &completion)
@@ -56,6 +61,7 @@ void PortalLoginItem::unregisterItem(const Completion &completion)
 void PortalLoginItem::ask(bool autostart, const Completion &completion)
 {
     finish(QStringLiteral("asked anew"));
+    m_bus = m_sessionBus.connection();
     const QString token = newToken();
     m_wantsAutostart = autostart;
     m_completion = completion;

@@ -9,6 +9,8 @@
 
 namespace glimmet {
 
+class SessionBus;
+
 /// Asks the background portal to start the program at login, which is the only way out of a sandbox
 /// (https://flatpak.github.io/xdg-desktop-portal/docs/doc-org.freedesktop.portal.Background.html). The portal
 /// cannot be asked what it did before, so that each run begins without knowing.
@@ -16,10 +18,10 @@ class PortalLoginItem final : public QObject, public LoginItem {
     Q_OBJECT
 
 public:
-    /// `command` is what is started, inside the sandbox.
-    PortalLoginItem(const QDBusConnection &bus, QStringList command, QObject *parent = nullptr);
-    /// Whether this process is in a sandbox.
-    static bool isNeeded();
+    /// `command` is what is started, inside the sandbox. `bus` outlives it.
+    PortalLoginItem(const SessionBus &bus, QStringList command, QObject *parent = nullptr);
+    /// Whether this process, which runs from the file `program`, is in a sandbox.
+    static bool isNeeded(const QString &program);
 
     LoginItemStatus status() const override { return m_status; }
     void registerItem(const Completion &completion) override;
@@ -32,7 +34,8 @@ private:
     void ask(bool autostart, const Completion &completion);
     void finish(const std::optional<QString> &failure);
 
-    QDBusConnection m_bus;
+    const SessionBus &m_sessionBus;
+    QDBusConnection m_bus{ QString() }; ///< of the request that is answered last
     QStringList m_command;
     LoginItemStatus m_status = LoginItemStatus::NotRegistered;
     bool m_wantsAutostart = false;

@@ -1,4 +1,5 @@
 #include "platform/PortalLoginItem.h"
+#include "platform/SessionBus.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusArgument>
@@ -54,11 +55,8 @@ private:
 
 class PortalLoginItemTest : public testing::Test {
 protected:
-    ~PortalLoginItemTest() override
-    {
-        for (const QString &name : { u"own"_s, u"desktop"_s })
-            QDBusConnection::disconnectFromBus(name);
-    }
+    PortalLoginItemTest() { bus.open(); }
+    ~PortalLoginItemTest() override { QDBusConnection::disconnectFromBus(u"desktop"_s); }
 
     std::optional<QString> failureOf(void (PortalLoginItem::*operation)(const LoginItem::Completion &))
     {
@@ -74,7 +72,8 @@ protected:
 
     PrivateBus daemon;
     Portal portal{ daemon.peer(u"desktop"_s) };
-    PortalLoginItem item{ daemon.peer(u"own"_s), { u"glimmet"_s } };
+    SessionBus bus;
+    PortalLoginItem item{ bus, { u"glimmet"_s } };
 };
 
 TEST_F(PortalLoginItemTest, asksToBeStartedAtLogin)
@@ -118,6 +117,42 @@ TEST_F(PortalLoginItemTest, saysWhyThePortalRefuses)
 
     EXPECT_EQ(failureOf(&PortalLoginItem::registerItem), u"not in this session"_s);
     EXPECT_EQ(item.status(), LoginItemStatus::NotRegistered);
+}
+
+TEST_F(PortalLoginItemTest, saysThatThereIsNoBus)
+{
+    daemon.kill();
+    ASSERT_TRUE(waitFor([this] { return !bus.isConnected(); }));
+
+    EXPECT_TRUE(failureOf(&PortalLoginItem::registerItem).has_value());
+}
+
+TEST_F(PortalLoginItemTest, asksOnTheBusThatThereIsNow)
+{
+    ASSERT_EQ(failureOf(&PortalLoginItem::unregisterItem), std::nullopt);
+    daemon.kill();
+    ASSERT_TRUE(waitFor([this] { return !bus.isConnected(); }));
+    QDBusConnection::disconnectFromBus(u"desktop"_s);
+    daemon.start();
+    const Portal next(daemon.peer(u"desktop"_s));
+    ASSERT_TRUE(waitFor([this] { return bus.isConnected(); }));
+
+    EXPECT_EQ(failureOf(&PortalLoginItem::registerItem), std::nullopt);
+
+    EXPECT_EQ(item.status(), LoginItemStatus::Enabled);
+}
+
+TEST(PortalLoginItemChoice, isForProgramsOfASnapAndNotForThoseThatASnapStarts)
+{
+    ASSERT_FALSE(PortalLoginItem::isNeeded(u"/usr/bin/glimmet"_s));
+    qputenv("SNAP", "/snap/glimmet/7");
+
+    const bool isForItsOwn = PortalLoginItem::isNeeded(u"/snap/glimmet/7/usr/bin/glimmet"_s);
+    const bool isForAnother = PortalLoginItem::isNeeded(u"/usr/bin/glimmet"_s);
+    qunsetenv("SNAP");
+
+    EXPECT_TRUE(isForItsOwn);
+    EXPECT_FALSE(isForAnother);
 }
 
 } // namespace
