@@ -92,6 +92,14 @@ constexpr std::array tellTales = {
     TellTale{ u"EXPKEYSIG", badSourceSignature },
 };
 
+/// A longer text nobody reads, while laying out one of megabytes would stop everything for seconds.
+constexpr qsizetype longestText = 20'000;
+
+QString shortened(const QString &text)
+{
+    return text.size() <= longestText ? text : text.left(longestText) + u'…';
+}
+
 QString wordsForFailure(const TransactionResult &result)
 {
     const auto *found = std::find_if(tellTales.begin(), tellTales.end(),
@@ -156,14 +164,14 @@ PackageKitCall versionsOf(const QString &name)
 
 QString changesFrom(const QString &description, const QString &changelog)
 {
-    if (QString words = description.trimmed(); !words.isEmpty())
-        return words;
+    if (const QString words = description.trimmed(); !words.isEmpty())
+        return shortened(words);
     const QString log = changelog.trimmed();
     // In place of a changelog that its source does not have, the backend for apt has one of these,
     // untranslated.
     const bool isNone = log.startsWith(u"Changelog for this version is not yet available")
         || log.startsWith(u"The list of changes is not available yet");
-    return isNone ? QString() : log;
+    return isNone ? QString() : shortened(log);
 }
 
 QString wordsForErrorCode(uint code)
@@ -177,7 +185,7 @@ std::optional<UpdateFailure> failureOf(const TransactionResult &result)
 {
     if (result.end == TransactionEnd::Succeeded)
         return std::nullopt;
-    return UpdateFailure{ wordsFor(result), result.details };
+    return UpdateFailure{ wordsFor(result), shortened(result.details) };
 }
 
 } // namespace glimmet

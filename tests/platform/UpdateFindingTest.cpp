@@ -100,6 +100,22 @@ TEST(Changes, areNoneWhereTheChangelogOnlySaysSo)
     EXPECT_EQ(changesFrom({}, u"Changelog for this version is not yet available"_s), QString());
 }
 
+TEST(UpdateChanges, areNoLongerThanSomebodyReads)
+{
+    const QString endless = QString(5'000'000, u'x');
+
+    EXPECT_LT(changesFrom(endless, {}).size(), 50'000);
+    EXPECT_LT(changesFrom({}, endless).size(), 50'000);
+    EXPECT_TRUE(changesFrom({}, endless).endsWith(u'…'));
+}
+
+TEST(UpdateFailure, hasDetailsNoLongerThanSomebodyReads)
+{
+    const TransactionResult result{ .end = TransactionEnd::Failed, .details = QString(5'000'000, u'x') };
+
+    EXPECT_LT(failureOf(result)->details.size(), 50'000);
+}
+
 TEST(InstalledPackage, isTheOneThatIsInstalled)
 {
     EXPECT_EQ(installedAmong({ { availableInfo, version(u"1.1"_s) }, { installedInfo, version(u"1.0"_s) } }),
