@@ -33,6 +33,21 @@ FILES = {
     f"share/metainfo/{ID}.metainfo.xml",
 }
 
+# What the projects call themselves, by how their libraries' names begin.
+NAMES = {
+    "libQt6": "Qt 6",
+    "libicu": "ICU",
+    "libsimdjson": "simdjson",
+    "libglib": "GLib",
+    "libxcb": "libxcb",
+    "libz": "zlib",
+    "libstdc": "the GNU C++ library",
+    "libgcc_s": "the GNU C++ library",
+    "libc": "the GNU C library",
+    "libm": "the GNU C library",
+    "ld": "the GNU C library",
+}
+
 
 def run(*command, **options):
     return subprocess.run(command, capture_output=True, text=True, timeout=50, **options)
@@ -168,6 +183,18 @@ class Documents(Installed):
 
         self.assertTrue(text.startswith("Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/\n"))
         self.assertEqual(stanzas, {"*": "none-chosen", f"{ID}.metainfo.xml": "FSFAP"})
+
+    def test_theCopyrightFileNamesEveryLibraryThatIsLinked(self):
+        files = [self.prefix / "bin/glimmet", *(self.prefix / "lib/glimmet").iterdir()]
+        listed = "".join(self.passes("objdump", "-p", path).stdout for path in files)
+        linked = set(re.findall(r"NEEDED +(\w+?)[\d.-]*\.so", listed)) - {path.stem for path in files}
+        words = (self.prefix / "share/doc/glimmet/copyright").read_text()
+
+        self.assertIn("libz", linked)
+        for library in linked:
+            with self.subTest(library=library):
+                name = next((name for start, name in NAMES.items() if library.startswith(start)), library)
+                self.assertIn(f"{name} (", " ".join(words.split()))
 
 
 class Dependencies(unittest.TestCase):
