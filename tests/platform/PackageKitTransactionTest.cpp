@@ -254,12 +254,13 @@ TEST_F(PackageKitTransactionTest, isPatientAsLongAsItProgresses)
 TEST_F(PackageKitTransactionTest, waitsForTheUserWithoutLimit)
 {
     service->courses[u"UpdatePackages"_s] = { Kind::Hangs };
-    start(PackageKitCalls::install(update), 100ms);
+    start(PackageKitCalls::install(update), 1s);
     ASSERT_TRUE(hangs(u"UpdatePackages"_s));
     const uint waitingForAuthorization = 31;
     service->tell({ { u"Status"_s, waitingForAuthorization } });
 
-    QTest::qWait(300);
+    // Longer than it waits for anybody else.
+    QTest::qWait(1500);
     EXPECT_EQ(endings, 0);
 
     const uint running = 3;
