@@ -63,6 +63,9 @@ void AutostartLoginItem::registerItem(const Completion &completion)
     errno = 0;
     if (!QDir().mkpath(folder))
         return completion(failure(QStringLiteral("cannot make"), folder));
+    // What a link leads to is no entry of ours: one of the menu, or a file of the system's.
+    if (QFileInfo(m_path).isSymLink())
+        QFile::remove(m_path);
     if (!replaceFile(m_path, autostartEntry(m_executable)))
         return completion(failure(QStringLiteral("cannot write"), m_path));
     completion(std::nullopt);

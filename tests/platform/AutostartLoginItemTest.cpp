@@ -160,6 +160,24 @@ TEST_F(AutostartLoginItemTest, isNotFoundWhereTheEntryIsNone)
     EXPECT_EQ(item().status(), LoginItemStatus::NotFound);
 }
 
+TEST_F(AutostartLoginItemTest, replacesALinkAndNotWhatItLeadsTo)
+{
+    const QString menuEntry = folder.path() + u"/menu.desktop"_s;
+    QDir().mkpath(autostart());
+    putFile(menuEntry, "[Desktop Entry]\nType=Application\nExec=/opt/glimmet\n");
+    const QByteArray before = contentOf(menuEntry);
+
+    for (const QString &end : { menuEntry, u"/nowhere/menu.desktop"_s }) {
+        QFile::remove(entry());
+        ASSERT_TRUE(QFile::link(end, entry()));
+        ASSERT_EQ(item().status(), LoginItemStatus::NotFound);
+
+        EXPECT_EQ(failureOfRegistering(), std::nullopt);
+        EXPECT_EQ(item().status(), LoginItemStatus::Enabled);
+    }
+    EXPECT_EQ(contentOf(menuEntry), before);
+}
+
 TEST_F(AutostartLoginItemTest, saysWhyItCannotBeRegistered)
 {
     putFile(folder.path() + u"/config"_s, "not a folder");
