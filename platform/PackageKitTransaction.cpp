@@ -71,8 +71,7 @@ PackageKitTransaction::PackageKitTransaction(
 
 PackageKitTransaction::~PackageKitTransaction()
 {
-    if (!m_hasEnded)
-        cancel();
+    cancel();
 }
 
 void PackageKitTransaction::start()
@@ -89,11 +88,13 @@ void PackageKitTransaction::start()
 
 void PackageKitTransaction::cancel()
 {
-    if (!m_path.isEmpty())
-        m_bus.send(method(QStringLiteral("Cancel")));
-    else if (!m_hasEnded)
-        // What is created later and never used, the service forgets by itself.
-        finishLater(TransactionEnd::Cancelled);
+    if (m_hasEnded)
+        return;
+    // What is created later and never used, the service forgets by itself.
+    if (m_path.isEmpty())
+        return finishLater(TransactionEnd::Cancelled);
+    m_bus.send(method(QStringLiteral("Cancel")));
+    m_silence.start(); // Also while the user is being asked: nobody waits for that answer any more.
 }
 
 void PackageKitTransaction::send(const QDBusMessage &message, Use use)

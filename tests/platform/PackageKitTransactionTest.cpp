@@ -269,6 +269,21 @@ TEST_F(PackageKitTransactionTest, waitsForTheUserWithoutLimit)
     EXPECT_EQ(result.end, TransactionEnd::TimedOut);
 }
 
+TEST_F(PackageKitTransactionTest, endsWhereACancelledQuestionToTheUserIsNeverTakenBack)
+{
+    service->courses = { { u"UpdatePackages"_s, { Kind::Hangs } }, { u"Cancel"_s, { Kind::Hangs } } };
+    start(PackageKitCalls::install(update), 500ms);
+    ASSERT_TRUE(hangs(u"UpdatePackages"_s));
+    const uint waitingForAuthorization = 31;
+    service->tell({ { u"Status"_s, waitingForAuthorization }, { u"Percentage"_s, 0U } });
+    ASSERT_TRUE(waitFor([this] { return !progress.isEmpty(); }));
+
+    transaction->cancel();
+
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(result.end, TransactionEnd::TimedOut);
+}
+
 TEST_F(PackageKitTransactionTest, tellsHowFarItIsAndWhetherItCanBeStopped)
 {
     service->courses[u"UpdatePackages"_s] = { Kind::Hangs };
