@@ -3,8 +3,8 @@
 #include "tests/ui/KeyboardProbe.h"
 #include "tests/ui/LookSwitch.h"
 #include "tests/ui/TickerFixture.h"
-#include "ui/PanelAccessibility.h"
 #include "tests/ui/UpdateScenes.h"
+#include "ui/PanelAccessibility.h"
 
 #include <QAccessible>
 #include <QQuickWindow>
