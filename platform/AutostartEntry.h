@@ -15,9 +15,9 @@ namespace glimmet {
 /// The entry that starts `executable`, an absolute path of any characters, everywhere.
 QByteArray autostartEntry(const QString &executable);
 
-/// What an entry says. `isExecutable` tells whether there is a program of a path or, without a slash, of a
-/// name.
+/// What an entry of this content says. `isExecutable` tells whether there is a program of a path or, without
+/// a slash, of a name.
 LoginItemStatus statusOfAutostartEntry(
-    const QByteArray &entry, const std::function<bool(const QString &)> &isExecutable);
+    const QByteArray &content, const std::function<bool(const QString &)> &isExecutable);
 
 } // namespace glimmet

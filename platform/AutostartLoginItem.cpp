@@ -16,7 +16,7 @@ namespace glimmet {
 namespace {
 
 // No entry that a person or a desktop writes comes near it.
-constexpr qint64 largestEntry = 64 * 1024;
+constexpr qint64 largestEntry = 65'536;
 
 bool isExecutable(const QString &program)
 {

@@ -88,7 +88,7 @@ void PortalLoginItem::handleResponse(const QDBusMessage &response)
     if (response.path() != m_request)
         return;
     const QVariantList arguments = response.arguments();
-    const QVariantMap results = qdbus_cast<QVariantMap>(arguments.value(1));
+    const auto results = qdbus_cast<QVariantMap>(arguments.value(1));
     const bool isGranted = arguments.value(0).toUInt() == 0
         && results.value(QStringLiteral("autostart")).toBool() == m_wantsAutostart;
     if (!isGranted)
