@@ -18,9 +18,17 @@ def interrupted(_number, _frame):
 
 
 def take_pictures(glimmet):
+    """The text in the menu bar, and the panel under it."""
     PICTURES.mkdir(parents=True, exist_ok=True)
-    for path in pictures.take_mode(glimmet, "Clock", PICTURES, f"{glimmet.desktop.kind}-now"):
+    kind = glimmet.desktop.kind
+
+    def told(take, name):
+        path = PICTURES / f"{kind}-now-{name}.png"
+        take(glimmet, path)
         print(f"Screenshot: {path.relative_to(ROOT)}", flush=True)
+
+    told(pictures.take_menu_bar, "menubar")
+    pictures.play(glimmet, pictures.SCENES[:1], lambda _name: told(pictures.take_panel, "panel"))
 
 
 def print_labels(glimmet):
@@ -48,6 +56,7 @@ def main():
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         signal.signal(number, interrupted)
     try:
+        print(f"Starting glimmet on a virtual screen ({options.desktop}) …", file=sys.stderr, flush=True)
         with VirtualDesktop(options.desktop) as desktop:
             glimmet = pictures.start(desktop, options.binary.resolve())
             take_pictures(glimmet)

@@ -1,0 +1,119 @@
+"""scripts/run as a new user meets it on a machine without a screen: it sets up, builds, shows glimmet and ends."""
+
+import os
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+KIND = os.environ.get("GLIMMET_DESKTOP", "strip")
+# On two busy cores the packages and the build may take that long.
+WHOLE_SETUP = 2400  # seconds
+CLOCK = re.compile(r"^\d\d:\d\d:\d\d$")
+PICTURE = re.compile(r"^Screenshot: (\S+)$")
+
+
+def processes_of(folder):
+    """Who runs with this folder in its environment, as everything of a virtual desktop does that was made in it."""
+    found = {}
+    for entry in Path("/proc").glob("[0-9]*"):
+        try:
+            if os.fsencode(folder) in (entry / "environ").read_bytes():
+                found[int(entry.name)] = (entry / "cmdline").read_bytes().replace(b"\0", b" ").decode(errors="replace")
+        except OSError:
+            pass  # It ended meanwhile.
+    return found
+
+
+class Run:
+    """One start of scripts/run in a process group of its own, as a terminal gives it one."""
+
+    def __init__(self, folder, *arguments):
+        environment = {name: value for name, value in os.environ.items()
+                       if name not in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
+        environment["TMPDIR"] = str(folder)
+        self._said = tempfile.NamedTemporaryFile("w+", errors="replace")
+        self._process = subprocess.Popen([ROOT / "scripts" / "run", *arguments], env=environment, cwd="/",
+                                         stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said,
+                                         start_new_session=True)
+
+    def said(self):
+        return Path(self._said.name).read_text(errors="replace").splitlines()
+
+    def find(self, pattern):
+        return [match for match in map(pattern.match, self.said()) if match]
+
+    def wait_for(self, condition, what, seconds=WHOLE_SETUP):
+        end = time.monotonic() + seconds
+        while not condition():
+            if self._process.poll() is not None or time.monotonic() > end:
+                raise AssertionError("\n".join([f"no {what}; scripts/run said:", *self.said()[-40:]]))
+            time.sleep(0.05)
+
+    def interrupt(self):
+        """Presses Ctrl-C and returns the exit status."""
+        os.killpg(self._process.pid, signal.SIGINT)
+        return self._process.wait(30)
+
+    def close(self):
+        if self._process.poll() is None:
+            os.killpg(self._process.pid, signal.SIGKILL)
+            self._process.wait()
+        self._said.close()
+
+
+class RunOnAVirtualScreen(unittest.TestCase):
+    def setUp(self):
+        shutil.rmtree(ROOT / "out" / "screenshots", ignore_errors=True)
+        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def start(self):
+        chosen = [] if KIND == "strip" else ["--desktop", KIND]
+        run = Run(self.folder, *chosen)
+        self.addCleanup(run.close)
+        return run
+
+    def assert_nothing_is_left(self):
+        self.assertEqual(processes_of(self.folder), {})
+        self.assertEqual(list(self.folder.iterdir()), [])
+
+    def test_showsPicturesAndTheTextEachSecondUntilItIsInterrupted(self):
+        run = self.start()
+
+        run.wait_for(lambda: len(run.find(PICTURE)) == 2, "two pictures")
+        run.wait_for(lambda: len(run.find(CLOCK)) >= 3, "three lines of text", 30)
+        status = run.interrupt()
+
+        self.assertEqual(status, 0, run.said())
+        for match in run.find(PICTURE):
+            self.assert_shows_something(ROOT / match[1])
+        texts = [match[0] for match in run.find(CLOCK)]
+        self.assertEqual(len(texts), len(set(texts)), "each text once")
+        self.assertNotIn("Traceback", "\n".join(run.said()))
+        self.assert_nothing_is_left()
+
+    def assert_shows_something(self, picture):
+        """More colours than a bar without text or a panel that was never painted."""
+        colours = subprocess.run(["identify", "-format", "%k", picture], check=True, capture_output=True, text=True)
+        self.assertGreater(int(colours.stdout), 20, picture)
+
+    def test_endsQuietlyWhereItIsInterruptedWhileTheDesktopStarts(self):
+        run = self.start()
+        run.wait_for(lambda: any(line.startswith("Starting glimmet") for line in run.said()), "start")
+
+        status = run.interrupt()
+
+        self.assertEqual(status, 0, run.said())
+        self.assertNotIn("Traceback", "\n".join(run.said()))
+        self.assert_nothing_is_left()
+
+    def test_refusesADesktopThatItDoesNotKnow(self):
+        result = subprocess.run([ROOT / "scripts" / "run", "--desktop", "nonsense"], capture_output=True, text=True)
+
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("Usage: scripts/run", result.stderr)
