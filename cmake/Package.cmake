@@ -1,5 +1,5 @@
-# The Debian package, made by CPack out of what is installed (scripts/package). Debian 12 and Ubuntu 24.04 name and
-# count their libraries differently: each gets a package that was built on it.
+# The Debian package, made by CPack out of what is installed (scripts/package). Releases name and count
+# their libraries differently: each gets a package that was built on it, and is named by it.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME glimmet)
 set(CPACK_PACKAGE_VENDOR glimmet)

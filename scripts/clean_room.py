@@ -71,6 +71,11 @@ def own_release():
     return number if fields.get("ID") == "debian" and number in RELEASES else None
 
 
+def chosen_release():
+    """The release of a clean system where none was asked for: this machine's own, else the newest."""
+    return own_release() or max(RELEASES)
+
+
 def sources(name):
     """This machine's Debian package sources as lines of sources.list, for the release called `name`; other vendors'
     are left out. The release's pristine source comes first."""
@@ -239,3 +244,7 @@ class Room:
         """Every file below these folders of the user with what is in it."""
         files = [path for folder in folders for path in self.path(f"{HOME}/{folder}").rglob("*") if path.is_file()]
         return {str(path.relative_to(self.root)): hashlib.sha256(path.read_bytes()).hexdigest() for path in files}
+
+
+if __name__ == "__main__":
+    print(chosen_release())

@@ -8,7 +8,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from clean_room import HOME, PERSON, RELEASES, USER, Room, locked, own_release, run_quietly
+from clean_room import HOME, PERSON, USER, Room, chosen_release, locked, run_quietly
 
 
 def tell(line):
@@ -67,7 +67,7 @@ def main():
     os.umask(0o022)
     for number in (signal.SIGTERM, signal.SIGHUP):
         signal.signal(number, ask_to_end)
-    release = options.release or own_release() or max(RELEASES)
+    release = options.release or chosen_release()
     name = f"{release}-{options.who}"
     home = HOME if options.who == "user" else "/root"
     place = f"{home}/glimmet"

@@ -8,12 +8,12 @@ import shlex
 import subprocess
 from contextlib import ExitStack, contextmanager
 
+from clean_room import RUNTIME, USER, Room
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import Bus
 from desktop.network import without_network
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area, Screen
-from package_room import RUNTIME, USER
 
 NAME = "me.kerno.glimmet"
 MENU_ENTRY = f"/usr/share/applications/{NAME}.desktop"
@@ -23,6 +23,14 @@ PASSWORD = b"password"
 LOGIN_GENERATOR = "/usr/lib/systemd/user-generators/systemd-xdg-autostart-generator"
 LOGIN_UNITS = f"{RUNTIME}/units"
 COMPLAINTS = re.compile(r"qml|module|panel:|symbol|cannot|error|fail", re.IGNORECASE)
+
+
+@contextmanager
+def clean_system(name, options):
+    """A room that shows its windows on this machine's virtual screen, and knows which packages there are."""
+    with Room(name, options.cache, options.release, shared=["/tmp/.X11-unix"]) as room:
+        room.apt("update")
+        yield room
 
 
 def tell(line):

@@ -9,8 +9,7 @@ from desktop.accessibility import find_when_there
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area
 from package_data import KEY, KEYRING, LOGIN_ENTRY, PREFERENCES, SOURCE, begin_session, check_key, remove
-from package_login import COMPLAINTS, MENU_ENTRY, NAME, PANEL, STRIP, Login, check, colours, end, tell
-from package_room import Room
+from package_login import COMPLAINTS, MENU_ENTRY, NAME, PANEL, STRIP, Login, check, clean_system, colours, end, tell
 from package_system import SystemServices
 
 BUTTON, CHOICE, HEADING = "push button", "radio button", "heading"
@@ -24,7 +23,7 @@ KEY_FIELD = "POLAR PERSONAL ACCESS TOKEN"
 
 def try_as_newcomer(options, virtual):
     tell("As a new user, from the menu entry to the removal")
-    with Room("newcomer", options.cache) as room:
+    with clean_system("newcomer", options) as room:
         install(room, options)
         with SystemServices(room):
             first_login(room, options, virtual)

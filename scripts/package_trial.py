@@ -10,9 +10,9 @@ from pathlib import Path
 
 from desktop.processes import wait_for
 from package_data import ITEM, KEY, LOGIN_ENTRY, PREFERENCES, begin_session, check_key, remove, user_data
-from package_login import MENU_ENTRY, STRIP, Login, VirtualScreen, check, end, look_at, look_at_windows, tell
+from package_login import (MENU_ENTRY, STRIP, Login, VirtualScreen, check, clean_system, end, look_at, look_at_windows,
+                           tell)
 from package_newcomer import try_as_newcomer
-from package_room import Room
 
 SETTINGS = '{"me.kerno.glimmet.quotes": ["kept from version to version"]}\n'
 LOGIN_ENTRY_TEXT = "[Desktop Entry]\nType=Application\nName=glimmet\nExec=/usr/bin/glimmet\nTryExec=/usr/bin/glimmet\n"
@@ -24,7 +24,7 @@ def packages_of(room):
 
 def try_what_it_depends_on(options, virtual):
     tell("With nothing but what it depends on")
-    with Room("dependent", options.cache) as room, Login(room, virtual) as login:
+    with clean_system("dependent", options) as room, Login(room, virtual) as login:
         before = packages_of(room)
         room.bring(options.plain, "/tmp/glimmet.deb")
         room.apt("--no-install-recommends", "install", "/tmp/glimmet.deb")
@@ -36,7 +36,7 @@ def try_what_it_depends_on(options, virtual):
 
 def try_a_life(options, virtual):
     tell("With what it recommends, from one version to the next")
-    with Room("recommended", options.cache) as room:
+    with clean_system("recommended", options) as room:
         install(room, options)
         with Login(room, virtual) as login:
             begin_session(login)
@@ -105,6 +105,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     for name in ("plain", "older", "newer", "apt-source", "apt-key", "cache", "pictures"):
         parser.add_argument(f"--{name}", type=Path, required=True)
+    parser.add_argument("--release", required=True)
     parser.add_argument("--owner", required=True, help="whose the pictures are: user and group")
     options = parser.parse_args()
     options.cache = options.cache.resolve()

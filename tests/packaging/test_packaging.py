@@ -25,6 +25,7 @@ FILES = {
     "lib/glimmet/libglimmet_ui.so",
     f"share/applications/{ID}.desktop",
     "share/doc/glimmet/changelog.Debian.gz",
+    "share/doc/glimmet/changelog.gz",
     "share/doc/glimmet/copyright",
     f"share/icons/hicolor/scalable/apps/{ID}.svg",
     f"share/icons/hicolor/symbolic/apps/{ID}-symbolic.svg",
@@ -176,6 +177,13 @@ class Documents(Installed):
 
         self.assertEqual(parsed.stderr, "")
         self.assertIn(f"\nVersion: {VERSION}-", parsed.stdout)
+
+    def test_whatIsNewIsToldOfThisVersionFirst(self):
+        packed = self.prefix / "share/doc/glimmet/changelog.gz"
+
+        text = subprocess.run(["gzip", "-dc", packed], capture_output=True, check=True, text=True).stdout
+
+        self.assertEqual(re.findall(r"^## (\S+)$", text, re.MULTILINE)[:1], [VERSION])
 
     def test_theCopyrightFileChoosesNoLicence(self):
         text = (self.prefix / "share/doc/glimmet/copyright").read_text()
