@@ -15,10 +15,13 @@ function(glimmet_target name)
 endfunction()
 
 # One shared library a folder: the panel is a module of its own, loaded on its first opening, and it must see the
-# very same classes as the program that loads it.
+# very same classes as the program that loads it. What nearly every file of it includes is compiled once: half of the time
+# that a file takes. The presets `lint` and `package` do without, so that no file relies on it.
 function(glimmet_library folder)
   set(name glimmet_${folder})
   add_library(${name} SHARED ${ARGN})
   glimmet_target(${name})
+  target_precompile_headers(${name} PRIVATE <QByteArray> <QObject> <QString> <QStringList> <chrono> <functional>
+    <memory> <optional> <vector>)
   install(TARGETS ${name} LIBRARY DESTINATION lib/glimmet)
 endfunction()
