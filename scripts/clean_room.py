@@ -82,9 +82,10 @@ def sources(name):
     listed = output_of("apt-get", "indextargets", "--format", "$(SITE) $(RELEASE) $(COMPONENT)",
                        "Created-By: Packages").splitlines()
     lines = [line.split() for line in dict.fromkeys(listed)]
-    own = [(site, suite.partition("-"), component) for site, suite, component in lines
-           if component == "main" and suite.partition("-")[0] in RELEASES.values()]
-    found = [f"{site} {name}{dash}{rest} {component}" for site, (_, dash, rest), component in own]
+    own = [(site, suite.partition("-")) for site, suite, component in lines
+           if component == "main" and suite.partition("-")[0] in RELEASES.values()
+           and suite.partition("-")[2] in ("", "updates", "security")]
+    found = [f"{site} {name}{dash}{rest} main" for site, (_, dash, rest) in own]
     found.sort(key=lambda line: line.split()[1] != name)
     if not found or found[0].split()[1] != name:
         raise RuntimeError("this machine has no package source of a Debian release")
