@@ -1,3 +1,4 @@
+#include "app/CommandLine.h"
 #include "app/MenuBar.h"
 #include "app/PanelController.h"
 #include "app/Restart.h"
@@ -20,27 +21,46 @@
 #include "platform/SystemBus.h"
 #include "platform/UpdaterViewModel.h"
 #include "platform/UserRegion.h"
+#include "platform/XDisplay.h"
 #include "prices/CryptoService.h"
 #include "revenue/RevenueServices.h"
 
 #include <QFont>
 #include <QGuiApplication>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 using namespace glimmet;
 
 namespace {
 
-/// The panel places itself, which only an X server lets a program do; under Wayland that is XWayland.
+// At a busy login XWayland starts only with its first client, which waits for it.
+constexpr std::chrono::seconds patienceWithTheDisplay{ 30 };
+
+/// The panel places itself, which only an X server lets a program do; under Wayland that is XWayland. Where
+/// there is none, the user is told.
 bool chooseX11()
 {
-    if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", platformFor(qgetenv("QT_QPA_PLATFORM")));
+    const QByteArray name = qgetenv("DISPLAY");
+    switch (lookAtDisplay(patienceWithTheDisplay)) {
+    case XDisplay::Unset:
+        std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
+        return false;
+    case XDisplay::Unreachable:
+        std::fprintf(stderr, "glimmet needs an X display (cannot connect to %s)\n", name.constData());
+        return false;
+    case XDisplay::Silent:
+        std::fprintf(stderr, "glimmet needs an X display (%s does not answer)\n", name.constData());
+        return false;
+    case XDisplay::Answers:
         return true;
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    return !qEnvironmentVariableIsEmpty("DISPLAY");
+    }
+    Q_UNREACHABLE();
 }
 
 /// Out of a sandbox nothing but the portal starts a program at login.
@@ -131,15 +151,16 @@ int run(DiagnosticLog &log, Restart &restart)
 int main(int argc, char *argv[])
 {
     openClosedStandardStreams();
+    if (const std::optional<int> status = answered(readCommandLine(argc, argv), GLIMMET_VERSION))
+        return *status;
     forbidCoreDumps();
     // Qt's accessibility asks the bus for names in a way at which the D-Bus library ends the process if the
     // bus has just gone; as a warning it does no harm.
     qputenv("DBUS_FATAL_WARNINGS", "0");
     DiagnosticLog log;
-    if (!chooseX11()) {
-        std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
-        return 1;
-    }
+    // At once: a thread may still be waiting for the display.
+    if (!chooseX11())
+        std::_Exit(1);
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("glimmet"));
     QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));

@@ -22,14 +22,15 @@ class Glimmet:
     `network` is what to put before the command to give it its network: none at all unless said otherwise, the
     machine's with (). `wrapper` runs inside that."""
 
-    def __init__(self, desktop, binary, environment=None, wrapper=(), network=None, **options):
+    def __init__(self, desktop, binary, environment=None, wrapper=(), network=None, arguments=(),
+                 **options):
         self.desktop = desktop
         self.binary = str(binary)
         self.labels = []
         self._stop_following = desktop.bus.follow(NAME, ITEM_INTERFACE, "XAyatanaNewLabel", self._note_label)
         inside = without_network() if network is None else network
         self.started = time.monotonic()
-        self.process = desktop.start("glimmet", [*inside, *wrapper, self.binary], environment, **options)
+        self.process = desktop.start("glimmet", [*inside, *wrapper, self.binary, *arguments], environment, **options)
 
     def __enter__(self):
         return self

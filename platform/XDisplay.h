@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <chrono>
+
+namespace glimmet {
+
+/// What stands behind DISPLAY, before Qt asks: Qt ends the process with advice to reinstall where no server
+/// answers, and waits without an end for one that takes the connection and then says nothing.
+enum class XDisplay {
+    Unset, ///< DISPLAY has no value
+    Unreachable, ///< nobody takes the connection, or the server refuses it
+    Silent, ///< no answer came within the patience
+    Answers,
+};
+
+/// Connects to the display and leaves it again. Blocks until it knows, at most as long as `patience`. Where
+/// the display is silent, a thread keeps waiting for it: the process is then to end.
+XDisplay lookAtDisplay(std::chrono::milliseconds patience);
+
+/// Which of Qt's platforms the program takes where the user's QT_QPA_PLATFORM is `wanted`: always "xcb", with
+/// the user's parameters for it if there are some. Other platforms are wished for in a whole session's
+/// settings, and there a window cannot place itself.
+QByteArray platformFor(const QByteArray &wanted);
+
+} // namespace glimmet
