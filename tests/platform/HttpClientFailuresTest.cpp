@@ -41,7 +41,7 @@ public:
         EXPECT_TRUE(m_server.listen(QHostAddress::LocalHost));
     }
 
-    QByteArray origin() const { return "https://localhost:" + QByteArray::number(m_server.serverPort()); }
+    QByteArray origin() const { return originAt(m_server.serverPort()); }
     QByteArray received() const { return m_received; }
 
 private:
@@ -155,6 +155,20 @@ TEST(HttpClientTrust, isInTheAuthoritiesOfTheSystemUnlessSetOtherwise)
 
     EXPECT_EQ(fetched(client, server.origin() + "/"), HttpResult(TransportFailure::ServerNotTrusted));
     EXPECT_THAT(server.requests(), IsEmpty());
+}
+
+TEST(HttpClientTrust, isInTheNameByWhichTheServerIsAsked)
+{
+    const HttpsServer good(hello);
+    const HttpsServer other(hello, HttpsServer::Certificate::OtherHost);
+    HttpClient client(trustingSettings());
+    const auto byName = [](const HttpsServer &server) {
+        return "https://localhost:" + QByteArray::number(server.port()) + "/";
+    };
+
+    EXPECT_EQ(fetched(client, byName(good)), answer(200, "hello"));
+    EXPECT_EQ(fetched(client, byName(other)), HttpResult(TransportFailure::ServerNotTrusted));
+    EXPECT_THAT(other.requests(), IsEmpty());
 }
 
 TEST(HttpClientFailure, isAConnectionThatBreaksBeforeTheAnswer)

@@ -46,7 +46,7 @@ public:
     Q_DISABLE_COPY_MOVE(Http2Server)
 
     quint16 port() const { return m_port; }
-    QByteArray origin() const { return "https://localhost:" + QByteArray::number(m_port); }
+    QByteArray origin() const { return originAt(m_port); }
     /// Whether the server says `text` within the deadline.
     bool says(const QByteArray &text)
     {

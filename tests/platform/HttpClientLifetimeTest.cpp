@@ -126,7 +126,7 @@ TEST_F(HttpClientLifetime, endsAtOnceWhileRequestsAreOut)
     for (int i = 0; i < 20; ++i) {
         askInVain(server.origin() + "/silence");
         askInVain(server.origin() + "/middle");
-        askInVain("https://localhost:" + QByteArray::number(mute.serverPort()) + "/");
+        askInVain(originAt(mute.serverPort()) + "/");
     }
     ASSERT_TRUE(QTest::qWaitFor([this] { return server.requests().size() >= 6; }, deadline));
     QElapsedTimer elapsed;

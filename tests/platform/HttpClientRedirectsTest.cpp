@@ -75,7 +75,7 @@ TEST_F(HttpClientRedirections, areTheAnswerWhereTheyCannotBeFollowed)
     QByteArray plain = somewhere.origin();
     plain.replace("https", "http");
     QByteArray otherName = somewhere.origin();
-    otherName.replace("localhost", "127.0.0.1");
+    otherName.replace("127.0.0.1", "localhost");
     QByteArray file = somewhere.origin();
     file.replace("https", "ftp");
 

@@ -75,7 +75,7 @@ TEST(HttpClientTime, runsOutWhileTheServerDoesNotEncrypt)
     QTcpServer mute;
     ASSERT_TRUE(mute.listen(QHostAddress::LocalHost));
 
-    expectTimeOut(timed("https://localhost:" + QByteArray::number(mute.serverPort()) + "/", 400ms));
+    expectTimeOut(timed(originAt(mute.serverPort()) + "/", 400ms));
 }
 
 TEST(HttpClientTime, runsOutForEachStepOfARedirectionByItself)

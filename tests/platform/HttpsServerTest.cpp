@@ -24,7 +24,7 @@ constexpr int deadline = 10'000; // milliseconds, for what takes a few
 /// A client's end of a connection, which trusts the tests' authority and nobody else.
 class Client {
 public:
-    explicit Client(const HttpsServer &server, const QString &host = u"localhost"_s)
+    explicit Client(const HttpsServer &server, const QString &host = u"127.0.0.1"_s)
     {
         QSslConfiguration encryption = QSslConfiguration::defaultConfiguration();
         encryption.setCaCertificates(QSslCertificate::fromData(HttpsServer::authority()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/HttpsServer.h"
+
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -25,7 +27,7 @@ public:
         m_listener.listen(QHostAddress::LocalHost);
     }
 
-    QByteArray origin() const { return "https://localhost:" + QByteArray::number(m_listener.serverPort()); }
+    QByteArray origin() const { return originAt(m_listener.serverPort()); }
     int connections() const { return m_connections; }
     /// From now on for every connection that is there; later ones work.
     void silence()

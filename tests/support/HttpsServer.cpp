@@ -8,6 +8,11 @@
 
 namespace glimmet {
 
+QByteArray originAt(quint16 port)
+{
+    return "https://127.0.0.1:" + QByteArray::number(port);
+}
+
 class HttpsServer::Impl {
 public:
     Impl(Handler handler, Certificate certificate);
@@ -93,7 +98,7 @@ HttpsServer::~HttpsServer() = default;
 
 QByteArray HttpsServer::origin() const
 {
-    return "https://localhost:" + QByteArray::number(port());
+    return originAt(port());
 }
 
 quint16 HttpsServer::port() const

@@ -41,6 +41,11 @@ struct ServerAnswer {
     std::chrono::milliseconds pause{ 0 }; ///< so long apart
 };
 
+/// Where a server of the tests is that listens at 127.0.0.1: "https://127.0.0.1:PORT". By a name,
+/// "localhost", it would be another matter on each machine: the name has one address here and two there, and
+/// at the other one the machine refuses.
+QByteArray originAt(quint16 port);
+
 /// A real HTTPS server on loopback (127.0.0.1), HTTP/1.1 with kept connections, on a thread of its own. Its
 /// certificate is for "localhost" and 127.0.0.1, from an authority that only the tests know.
 /// It serves requests without a body; a connection's further requests wait for the answer to its first.
@@ -59,7 +64,6 @@ public:
     ~HttpsServer();
     Q_DISABLE_COPY_MOVE(HttpsServer)
 
-    /// "https://localhost:PORT"
     QByteArray origin() const;
     quint16 port() const;
     /// All requests so far, in the order of arrival; each is here before the handler sees it.
