@@ -12,7 +12,6 @@ The servers live in the test's process all the same: a listening socket belongs 
 process that holds the network open (network_holder.py) makes it there and hands it out."""
 
 import json
-import os
 import shutil
 import socket
 import subprocess
@@ -20,10 +19,9 @@ import sys
 from pathlib import Path
 
 from desktop.processes import DesktopError
+from own_namespaces import IS_ROOT, NETWORK_AND_MOUNTS, inside_own
 
 HOLDER = Path(__file__).with_name("network_holder.py")
-OWN = ["--net", "--mount"]
-IS_ROOT = os.geteuid() == 0
 
 
 class OwnNetwork:
@@ -38,11 +36,9 @@ class OwnNetwork:
         self._known_names = "".join(f"127.0.0.1 {name}\n" for name in ("localhost", *hosts))
         self._write_files(authority)
         self._channel, theirs = socket.socketpair(socket.AF_UNIX, socket.SOCK_SEQPACKET)
-        # A plain user may do all this only in a user namespace, and must stay the same user there for the bus.
-        user = [] if IS_ROOT else ["--user", "--map-current-user", "--keep-caps"]
         with theirs:
             self._holder = desktop.start("network", [
-                "unshare", *user, *OWN, sys.executable, "-B", str(HOLDER),
+                *inside_own(NETWORK_AND_MOUNTS), sys.executable, "-B", str(HOLDER),
                 str(self._hosts), str(self._resolver), str(self._trusted)], stdin=theirs)
         self._ask("run", "ip", "link", "set", "lo", "up")
 
@@ -60,7 +56,7 @@ class OwnNetwork:
     def wrapper(self):
         """What to put before a program's command to start it inside."""
         user = [] if IS_ROOT else ["--user", "--preserve-credentials"]
-        return ["nsenter", f"--target={self._holder.pid}", *user, *OWN, "--"]
+        return ["nsenter", f"--target={self._holder.pid}", *user, *NETWORK_AND_MOUNTS, "--"]
 
     def listen(self, port):
         """A socket that listens inside, at all of the names."""

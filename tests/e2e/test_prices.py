@@ -6,6 +6,7 @@ import time
 import unittest
 from pathlib import Path
 
+import own_namespaces
 from desktop.processes import wait_for, watch_for
 from desktop_case import DesktopCase
 from https_server import Ending
@@ -14,6 +15,7 @@ from price_server import HOST, PriceServer
 from watcher import Watcher
 
 MAKE_CERTIFICATES = Path(__file__).parent.with_name("support") / "make_certificates"
+reason_to_skip = own_namespaces.reason_to_skip
 # A turn of the rotation takes ten seconds, and the first one may have begun already.
 TURN = 10
 WITHIN_A_TURN = TURN + 3

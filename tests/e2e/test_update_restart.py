@@ -11,6 +11,7 @@ from desktop_case import BINARY, DesktopCase
 from notifications import Notifications
 from own_packages import PROGRAM, OwnPackages
 
+reason_to_skip = OwnPackages.reason_to_skip
 WINDOW = "glimmet – Software Update"
 
 

@@ -3,7 +3,9 @@
 import http.server
 import json
 import os
+import shutil
 import subprocess
+import tempfile
 import threading
 import unittest
 from pathlib import Path
@@ -11,7 +13,9 @@ from pathlib import Path
 from desktop.processes import wait_for
 from own_packages import PROGRAM, OwnPackages
 
+reason_to_skip = OwnPackages.reason_to_skip
 PROBE = Path(os.environ["GLIMMET_UPDATE_PROBE"]).resolve(strict=True)
+LIBRARY = PROBE.parent.parent / "lib/glimmet/libglimmet_platform.so"
 BROKEN = "deb [trusted=yes] file:/nowhere/at/all ./"
 BROKEN_SOURCE = "One of this computer's software sources could not be read, so newer versions may be missing."
 STRANGER = ("One of this computer's software sources is not signed by someone this computer trusts, so newer versions "
@@ -23,11 +27,12 @@ NOT_ALLOWED = "You may not install software here, or the password was not given.
 
 
 class Updater:
-    """The updater of a program at `path`, run by a user."""
+    """The updater of a program at `path`, run by a user; its libraries are beside `probe`."""
 
-    def __init__(self, packages, path=PROGRAM, user=()):
-        self._process = packages.start([*user, str(PROBE), path], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                       text=True, bufsize=1)
+    def __init__(self, packages, probe, path=PROGRAM, user=()):
+        beside = ["env", f"LD_LIBRARY_PATH={probe.parent}"]
+        self._process = packages.start([*user, *beside, str(probe), path], stdin=subprocess.PIPE,
+                                       stdout=subprocess.PIPE, text=True, bufsize=1)
         self.states = []
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
@@ -95,13 +100,22 @@ class Server:
 
 
 class Updates(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        # Where every user may look, which need not be so where the program was built.
+        folder = Path(cls.enterClassContext(tempfile.TemporaryDirectory(prefix="glimmet-updater-")))
+        folder.chmod(0o755)
+        for file in (PROBE, LIBRARY):
+            Path(shutil.copy(file, folder)).chmod(0o755)
+        cls.probe = folder / PROBE.name
+
     def setUp(self):
         self.packages = self.enterContext(OwnPackages())
         self.packages.publish("1.0")
         self.packages.install("1.0")
 
     def updater(self, *arguments, **options):
-        updater = Updater(self.packages, *arguments, **options)
+        updater = Updater(self.packages, self.probe, *arguments, **options)
         self.addCleanup(updater.end)
         return updater
 
