@@ -42,6 +42,7 @@ class HttpsServer(http.server.ThreadingHTTPServer):
         self.socket = listening
         self.requests = []
         self.ended_connections = 0
+        self.greeting_delay = 0  # seconds, before a connection's encryption begins
         self.closing = threading.Event()
         self._connections = set()
         self._context = ssl.create_default_context(ssl.Purpose.CLIENT_AUTH)
@@ -79,6 +80,10 @@ class Connection(http.server.BaseHTTPRequestHandler):
     protocol_version = "HTTP/1.1"
     wbufsize = -1
     disable_nagle_algorithm = True
+
+    def setup(self):
+        super().setup()
+        self.server.closing.wait(self.server.greeting_delay)
 
     def do_GET(self):
         request = Request(time.monotonic(), self.command, self.path, self.headers)

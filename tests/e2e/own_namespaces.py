@@ -4,6 +4,7 @@ Root makes them as it likes. A plain user may do so only in a user namespace, wh
 without any rights in it; what needs one says so by `reason_to_skip`."""
 
 import os
+import socket
 import subprocess
 
 IS_ROOT = os.geteuid() == 0
@@ -29,3 +30,12 @@ def reason_to_skip():
     reason: where root cannot, that is a failure."""
     trial = [*inside_own(NETWORK_AND_MOUNTS), "mount", "-t", "tmpfs", "none", "/tmp"]
     return None if IS_ROOT else reason_of_failure(trial)
+
+
+def reason_to_skip_ipv6():
+    """The same for what needs IPv6 there, which a system may have been started without."""
+    try:
+        socket.socket(socket.AF_INET6).close()
+    except OSError as error:
+        return f"this system has no IPv6 ({error.strerror})"
+    return reason_to_skip()

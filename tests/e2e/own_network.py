@@ -22,18 +22,21 @@ from desktop.processes import DesktopError
 from own_namespaces import IS_ROOT, NETWORK_AND_MOUNTS, inside_own
 
 HOLDER = Path(__file__).with_name("network_holder.py")
+LOOPBACK = ("127.0.0.1",)
+TWO_ADDRESSES = ("::1", "127.0.0.1")
 
 
 class OwnNetwork:
-    """Lives as long as the desktop; plugged in at first."""
+    """Lives as long as the desktop; plugged in at first. Each name has all of `addresses`."""
 
-    def __init__(self, desktop, hosts, authority):
+    def __init__(self, desktop, hosts, authority, addresses=LOOPBACK):
         self._desktop = desktop
         self._folder = desktop.folder / "network"
         self._hosts = self._folder / "hosts"
         self._resolver = self._folder / "resolv.conf"
         self._trusted = self._folder / "trusted"
-        self._known_names = "".join(f"127.0.0.1 {name}\n" for name in ("localhost", *hosts))
+        self._known_names = "".join(
+            f"{address} {name}\n" for name in ("localhost", *hosts) for address in addresses)
         self._write_files(authority)
         self._channel, theirs = socket.socketpair(socket.AF_UNIX, socket.SOCK_SEQPACKET)
         with theirs:
@@ -58,10 +61,15 @@ class OwnNetwork:
         user = [] if IS_ROOT else ["--user", "--preserve-credentials"]
         return ["nsenter", f"--target={self._holder.pid}", *user, *NETWORK_AND_MOUNTS, "--"]
 
-    def listen(self, port):
-        """A socket that listens inside, at all of the names."""
-        number, = self._ask("listen", port)
+    def listen(self, port, address=""):
+        """A socket that listens inside, at one address, or at all that are IPv4."""
+        number, = self._ask("listen", port, address)
         return socket.socket(fileno=number)
+
+    def swallow(self, port, address):
+        """Has what is sent there come to nothing, as on a network that leads nowhere: no answer, and no refusal.
+        Returns the socket that listens there, and the connection that takes all the room that it has."""
+        return [socket.socket(fileno=number) for number in self._ask("swallow", port, address)]
 
     def unplug(self):
         """Takes the network away as far as the program can see: no address, no way out, no names."""
@@ -82,7 +90,7 @@ class OwnNetwork:
         """Has the holder do something inside and returns the descriptors that it answers with."""
         try:
             self._channel.send(json.dumps(request).encode())
-            answer, descriptors, _, _ = socket.recv_fds(self._channel, 16, 1)
+            answer, descriptors, _, _ = socket.recv_fds(self._channel, 16, 2)
         except OSError:
             answer, descriptors = b"", []
         if not answer:

@@ -6,7 +6,7 @@ from pathlib import Path
 from desktop.processes import wait_for
 from desktop_case import DesktopCase
 from keyring import Keyring
-from own_network import OwnNetwork
+from own_network import LOOPBACK, OwnNetwork
 from price_server import HOST as PRICES
 from revenue_server import PLATFORMS, POLAR, RevenueServer
 from watcher import Watcher
@@ -18,6 +18,7 @@ FIGURE = "💰 $17.00"
 
 class RevenueCase(DesktopCase):
     server_class = RevenueServer
+    addresses = LOOPBACK
 
     @classmethod
     def setUpClass(cls):
@@ -28,7 +29,7 @@ class RevenueCase(DesktopCase):
         cls.certificates = cls.desktop.folder / "certificates"
         hosts = [PRICES, *(platform.host for platform in PLATFORMS)]
         subprocess.run([MAKE_CERTIFICATES, cls.certificates, *hosts], check=True)
-        cls.network = OwnNetwork(cls.desktop, hosts, cls.certificates / "authority.pem")
+        cls.network = OwnNetwork(cls.desktop, hosts, cls.certificates / "authority.pem", cls.addresses)
 
     def setUp(self):
         super().setUp()

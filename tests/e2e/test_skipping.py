@@ -13,7 +13,7 @@ SKIPPED = 77
 AS_A_USER = ["unshare", "--user", "--map-user=1000", "--map-group=1000", "--keep-caps", "--"]
 # No process from there on may make a namespace of its own.
 WITHOUT_NAMESPACES = ["sh", "-c", 'echo 0 > /proc/sys/user/max_user_namespaces && exec "$@"', "sh"]
-NEEDS_NAMESPACES = ("prices", "revenue", "keys", "time_zone")
+NEEDS_NAMESPACES = ("prices", "revenue", "keys", "two_addresses", "time_zone")
 NEEDS_ROOT = ("updates", "update_restart")
 
 
