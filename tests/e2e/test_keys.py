@@ -87,6 +87,8 @@ class Keys(RevenueCase):
         self.begin_locked()
 
         self.dismiss_dialog()
+        # The dialog may have taken the keyboard from the panel, which then closed.
+        self.glimmet.ask_for_panel()
         self.press("Revenue")
         watch_for(2, lambda: self.assertEqual(self.screen.windows(DIALOG), []))
         self.assertEqual(self.glimmet.label, MISSING)
