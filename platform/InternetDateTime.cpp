@@ -1,7 +1,8 @@
 #include "platform/InternetDateTime.h"
 
-#include <QDateTime>
+#include <QDate>
 #include <QRegularExpression>
+#include <QTime>
 
 namespace glimmet {
 namespace {
@@ -25,6 +26,13 @@ std::optional<int> offset(const QRegularExpressionMatch &match)
     return match.capturedView(8) == u"-" ? -seconds : seconds;
 }
 
+/// Of a clock that shows UTC.
+qint64 secondsSinceEpoch(QDate date, QTime time)
+{
+    constexpr qint64 secondsOfDay = 86'400;
+    return QDate(1970, 1, 1).daysTo(date) * secondsOfDay + QTime(0, 0).secsTo(time);
+}
+
 } // namespace
 
 std::optional<Instant> parseInternetDateTime(QStringView text)
@@ -38,7 +46,7 @@ std::optional<Instant> parseInternetDateTime(QStringView text)
     const auto ahead = offset(match);
     if (!date.isValid() || !time.isValid() || !ahead)
         return std::nullopt;
-    const qint64 seconds = QDateTime(date, time, Qt::UTC).toSecsSinceEpoch() - *ahead;
+    const qint64 seconds = secondsSinceEpoch(date, time) - *ahead;
     const double fraction = match.capturedView(7).toDouble(); // 0 where there is none
     return Instant::fromUnixSeconds(static_cast<double>(seconds)).advanced(fraction);
 }

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <chrono>
+#include <utility>
 
 namespace glimmet {
 namespace {
@@ -42,7 +43,7 @@ void SessionBus::open()
 void SessionBus::reopen()
 {
     // The connection itself closes only after the last copy of it is gone, too late for its successor.
-    for (const QString &name : qAsConst(m_names))
+    for (const QString &name : std::as_const(m_names))
         m_connection.unregisterService(name);
     handleDisconnected();
     tryToConnect();

@@ -6,6 +6,7 @@
 #include <QDBusVariant>
 
 #include <thread>
+#include <utility>
 
 namespace glimmet {
 namespace {
@@ -47,7 +48,7 @@ FakeSecretService::FakeSecretService(const PrivateBus &bus, int lives)
     moveToThread(&m_thread);
     m_thread.start();
     // The bus hands the name on to the next life by itself.
-    for (const QString &name : qAsConst(m_connections)) {
+    for (const QString &name : std::as_const(m_connections)) {
         QDBusConnectionInterface *daemon = QDBusConnection(name).interface();
         daemon->registerService(service, QDBusConnectionInterface::QueueService);
     }
@@ -57,7 +58,7 @@ FakeSecretService::~FakeSecretService()
 {
     m_thread.quit();
     m_thread.wait();
-    for (const QString &name : qAsConst(m_connections))
+    for (const QString &name : std::as_const(m_connections))
         QDBusConnection::disconnectFromBus(name);
 }
 

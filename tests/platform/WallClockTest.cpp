@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 QString utc(Instant moment)
 {
     const auto milliseconds = static_cast<qint64>(moment.unixMilliseconds());
-    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODate);
+    return QDateTime::fromMSecsSinceEpoch(milliseconds).toUTC().toString(Qt::ISODate);
 }
 
 /// When the clock of a zone shows a minute: once, or "first, last".

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 QString utc(Instant moment)
 {
     const auto milliseconds = static_cast<qint64>(moment.unixMilliseconds());
-    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs);
+    return QDateTime::fromMSecsSinceEpoch(milliseconds).toUTC().toString(Qt::ISODateWithMs);
 }
 
 /// When the period that goes on at `now` began, in UTC.

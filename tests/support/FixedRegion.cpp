@@ -17,7 +17,7 @@ FixedRegion::FixedRegion(QByteArray locale, const QByteArray &zone)
 int FixedRegion::utcOffset(Instant moment) const
 {
     const auto milliseconds = static_cast<qint64>(std::floor(moment.unixMilliseconds()));
-    return m_zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC));
+    return m_zone.offsetFromUtc(QDateTime::fromMSecsSinceEpoch(milliseconds));
 }
 
 void FixedRegion::setZone(const QByteArray &zone)

@@ -37,7 +37,7 @@ protected:
     QString saved()
     {
         const auto milliseconds = static_cast<qint64>(entry.settledMoment().unixMilliseconds());
-        return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODate);
+        return QDateTime::fromMSecsSinceEpoch(milliseconds).toUTC().toString(Qt::ISODate);
     }
     /// Types into a field, going along where the entry moves on; the row with the keyboard in the end.
     int type(int row, const QString &letters)

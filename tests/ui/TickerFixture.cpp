@@ -12,7 +12,7 @@ QStringList linesOf(const QList<Deadline> &deadlines)
     QStringList lines;
     for (const Deadline &deadline : deadlines) {
         const auto milliseconds = static_cast<qint64>(deadline.date.unixMilliseconds());
-        const QDateTime date = QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+        const QDateTime date = QDateTime::fromMSecsSinceEpoch(milliseconds).toUTC();
         lines.append(deadline.title + u' ' + date.toString(Qt::ISODate));
     }
     return lines;
