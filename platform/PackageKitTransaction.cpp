@@ -1,5 +1,7 @@
 #include "platform/PackageKitTransaction.h"
 
+#include "platform/BusDaemon.h"
+
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -15,7 +17,6 @@ const QString service = QStringLiteral("org.freedesktop.PackageKit");
 const QString servicePath = QStringLiteral("/org/freedesktop/PackageKit");
 const QString transactionInterface = QStringLiteral("org.freedesktop.PackageKit.Transaction");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
-const QString busName = QStringLiteral("org.freedesktop.DBus");
 const QString localPath = QStringLiteral("/org/freedesktop/DBus/Local");
 const QString localInterface = QStringLiteral("org.freedesktop.DBus.Local");
 const QString anybody;
@@ -82,8 +83,8 @@ void PackageKitTransaction::start()
     noteLife();
     m_bus.connect(
         anybody, localPath, localInterface, QStringLiteral("Disconnected"), this, SLOT(handleDisconnected()));
-    send(QDBusMessage::createMethodCall(service, servicePath, service, QStringLiteral("CreateTransaction")),
-        &PackageKitTransaction::handleCreated);
+    BusDaemon::findOwner(
+        m_bus, service, this, [this](const QDBusPendingReply<QString> &owner) { handleFound(owner); });
 }
 
 void PackageKitTransaction::cancel()
@@ -111,6 +112,19 @@ void PackageKitTransaction::send(const QDBusMessage &message, Use use)
         });
 }
 
+void PackageKitTransaction::handleFound(const QDBusPendingReply<QString> &owner)
+{
+    if (m_hasEnded)
+        return;
+    if (owner.isError())
+        return handleError(owner.reply());
+    noteLife();
+    m_owner = owner.value();
+    BusDaemon::followOwner(m_bus, m_owner, this, SLOT(handleOwner(QDBusMessage)));
+    send(QDBusMessage::createMethodCall(m_owner, servicePath, service, QStringLiteral("CreateTransaction")),
+        &PackageKitTransaction::handleCreated);
+}
+
 QDBusMessage PackageKitTransaction::method(const QString &name) const
 {
     return QDBusMessage::createMethodCall(m_owner, m_path, transactionInterface, name);
@@ -119,7 +133,6 @@ QDBusMessage PackageKitTransaction::method(const QString &name) const
 void PackageKitTransaction::handleCreated(const QDBusMessage &reply)
 {
     noteLife();
-    m_owner = reply.service();
     m_path = reply.arguments().value(0).value<QDBusObjectPath>().path();
     if (m_path.isEmpty())
         return finish(TransactionEnd::Failed);
@@ -136,8 +149,6 @@ void PackageKitTransaction::listen()
     m_bus.connect(anybody, m_path, transactionInterface, QString(), this, SLOT(handleSignal(QDBusMessage)));
     m_bus.connect(anybody, m_path, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
         SLOT(handleProperties(QDBusMessage)));
-    m_bus.connect(anybody, QStringLiteral("/org/freedesktop/DBus"), busName,
-        QStringLiteral("NameOwnerChanged"), { m_owner }, QString(), this, SLOT(handleOwner(QDBusMessage)));
 }
 
 void PackageKitTransaction::handleHinted(const QDBusMessage &)
@@ -158,7 +169,7 @@ void PackageKitTransaction::handleError(const QDBusMessage &error)
     m_result.details = error.errorMessage();
     if (isRefusal(name))
         m_result.errorCode = Error::NotAuthorized;
-    if (m_path.isEmpty() && isMissing(name))
+    if (m_owner.isEmpty() && isMissing(name))
         return finish(TransactionEnd::ServiceMissing);
     finish(isGone(name) ? TransactionEnd::ServiceGone : TransactionEnd::Failed);
 }
@@ -207,11 +218,10 @@ void PackageKitTransaction::noteProperties(const QVariantMap &properties)
         emit progressed(m_progress);
 }
 
-void PackageKitTransaction::handleOwner(const QDBusMessage &change)
+void PackageKitTransaction::handleOwner(const QDBusMessage &signal)
 {
-    const QVariantList values = change.arguments();
-    const bool isGone = values.value(0).toString() == m_owner && values.value(2).toString().isEmpty();
-    if (change.service() == busName && isGone)
+    const auto change = BusDaemon::ownerChange(signal);
+    if (change && change->name == m_owner && change->owner.isEmpty())
         finish(TransactionEnd::ServiceGone);
 }
 

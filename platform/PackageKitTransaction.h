@@ -4,6 +4,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingReply>
 #include <QObject>
 #include <QTimer>
 
@@ -34,7 +35,7 @@ signals:
 private slots:
     void handleSignal(const QDBusMessage &signal);
     void handleProperties(const QDBusMessage &change);
-    void handleOwner(const QDBusMessage &change);
+    void handleOwner(const QDBusMessage &signal);
     void handleDisconnected();
 
 private:
@@ -42,6 +43,7 @@ private:
 
     void send(const QDBusMessage &message, Use use);
     QDBusMessage method(const QString &name) const;
+    void handleFound(const QDBusPendingReply<QString> &owner);
     void handleCreated(const QDBusMessage &reply);
     void handleHinted(const QDBusMessage &reply);
     void handleStarted(const QDBusMessage &reply);

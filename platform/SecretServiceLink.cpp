@@ -1,5 +1,6 @@
 #include "platform/SecretServiceLink.h"
 
+#include "platform/BusDaemon.h"
 #include "platform/SecretServiceNames.h"
 #include "platform/SecretServiceTypes.h"
 #include "platform/SessionBus.h"
@@ -13,15 +14,6 @@ namespace glimmet {
 namespace {
 
 using namespace SecretServiceNames;
-
-const QString busName = QStringLiteral("org.freedesktop.DBus");
-const QString busInterface = QStringLiteral("org.freedesktop.DBus");
-const QString busPath = QStringLiteral("/org/freedesktop/DBus");
-
-QDBusMessage busMethod(const QString &name)
-{
-    return QDBusMessage::createMethodCall(busName, busPath, busInterface, name);
-}
 
 /// Every connection that is made has a name of its own: the one before closes only after its last user.
 QString freshConnectionName()
@@ -69,7 +61,7 @@ bool SecretServiceLink::connectToBus(std::chrono::milliseconds timeout)
         return true;
     close();
     // A bus that does not answer would hold up a new connection far beyond any budget.
-    if (!answerOf(m_bus.connection(), busMethod(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
+    if (!answerOf(m_bus.connection(), BusDaemon::method(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
         return false;
     m_connection = QDBusConnection::connectToBus(sessionBusAddress(), freshConnectionName());
     if (m_connection.isConnected())
@@ -101,16 +93,14 @@ bool SecretServiceLink::findService(const CallBudget::Call &call)
 {
     if (!m_owner.isEmpty())
         return true;
-    QDBusMessage getOwner = busMethod(QStringLiteral("GetNameOwner"));
-    getOwner << service;
+    const QDBusMessage question = BusDaemon::ownerQuestion(service);
     const QString one = QStringLiteral("s");
-    std::optional<QVariantList> owner = answerOf(m_connection, getOwner, one, call.remaining());
+    std::optional<QVariantList> owner = answerOf(m_connection, question, one, call.remaining());
     if (!owner) {
-        QDBusMessage start = busMethod(QStringLiteral("StartServiceByName"));
-        start << service << 0U;
+        const QDBusMessage start = BusDaemon::startRequest(service);
         if (!answerOf(m_connection, start, QStringLiteral("u"), call.remaining()))
             return false;
-        owner = answerOf(m_connection, getOwner, one, call.remaining());
+        owner = answerOf(m_connection, question, one, call.remaining());
     }
     if (owner)
         m_owner = owner->first().toString();
@@ -144,8 +134,7 @@ void SecretServiceLink::listen()
         SLOT(handlePrompt(QDBusMessage)));
     m_connection.connect(anybody, anyPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
         { collectionInterface }, QString(), this, SIGNAL(changed()));
-    m_connection.connect(anybody, busPath, busInterface, QStringLiteral("NameOwnerChanged"), { service },
-        QString(), this, SLOT(handleOwner(QDBusMessage)));
+    BusDaemon::followOwner(m_connection, service, this, SLOT(handleOwner(QDBusMessage)));
 }
 
 void SecretServiceLink::handlePrompt(const QDBusMessage &completed)
@@ -155,14 +144,14 @@ void SecretServiceLink::handlePrompt(const QDBusMessage &completed)
         emit changed();
 }
 
-void SecretServiceLink::handleOwner(const QDBusMessage &change)
+void SecretServiceLink::handleOwner(const QDBusMessage &signal)
 {
-    const QString owner = change.arguments().value(2).toString();
-    if (change.service() != busName || owner == m_owner)
+    const auto change = BusDaemon::ownerChange(signal);
+    if (!change || change->owner == m_owner)
         return;
     m_owner.clear();
     m_session = QDBusObjectPath();
-    if (!owner.isEmpty())
+    if (!change->owner.isEmpty())
         emit changed();
 }
 

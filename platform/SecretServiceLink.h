@@ -50,7 +50,7 @@ signals:
     void changed();
 
 private slots:
-    void handleOwner(const QDBusMessage &change);
+    void handleOwner(const QDBusMessage &signal);
     void handlePrompt(const QDBusMessage &completed);
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/UpdateNotification.h"
 
+#include "platform/BusDaemon.h"
 #include "platform/ProgramName.h"
 
 #include <QDBusPendingCallWatcher>
@@ -16,18 +17,20 @@ const QString path = QStringLiteral("/org/freedesktop/Notifications");
 const QString install = QStringLiteral("install");
 const QString anybody;
 
-QDBusMessage notify(const QString &installedVersion, const QString &newVersion)
+QDBusMessage method(const QString &owner, const QString &name)
 {
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(notifications, path, notifications, QStringLiteral("Notify"));
+    return QDBusMessage::createMethodCall(owner, path, notifications, name);
+}
+
+QVariantList notice(const QString &installedVersion, const QString &newVersion)
+{
     const uint replacesNone = 0;
     const int desktopDecides = -1; // how long it is shown
     const QStringList actions{ install, QStringLiteral("Install"), QStringLiteral("later"),
         QStringLiteral("Later") };
-    message << QStringLiteral("glimmet") << replacesNone << programName << QStringLiteral("Update available")
-            << QStringLiteral("glimmet %1 can be installed. You have %2.").arg(newVersion, installedVersion)
-            << actions << QVariantMap{ { QStringLiteral("desktop-entry"), programName } } << desktopDecides;
-    return message;
+    return { QStringLiteral("glimmet"), replacesNone, programName, QStringLiteral("Update available"),
+        QStringLiteral("glimmet %1 can be installed. You have %2.").arg(newVersion, installedVersion),
+        actions, QVariantMap{ { QStringLiteral("desktop-entry"), programName } }, desktopDecides };
 }
 
 } // namespace
@@ -46,39 +49,51 @@ void UpdateNotification::show(
     m_bus = sessionBus;
     m_lastVersion = newVersion;
     listen();
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(notify(installedVersion, newVersion)), this);
-    m_pending = watcher;
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *answered) {
+    const QVariantList content = notice(installedVersion, newVersion);
+    const auto showBy = [this, showing = m_showing, content](const QDBusPendingReply<QString> &owner) {
+        if (showing != m_showing)
+            return;
+        if (owner.isError())
+            return m_lastVersion.clear();
+        send(owner.value(), content);
+    };
+    BusDaemon::findOwner(m_bus, notifications, this, showBy);
+}
+
+void UpdateNotification::send(const QString &owner, const QVariantList &content)
+{
+    QDBusMessage message = method(owner, QStringLiteral("Notify"));
+    message.setArguments(content);
+    const auto take = [this, owner, showing = m_showing](QDBusPendingCallWatcher *answered) {
         answered->deleteLater();
-        handleAnswer(*answered);
-    });
+        handleAnswer(*answered, owner, showing == m_showing);
+    };
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, take);
 }
 
 void UpdateNotification::listen()
 {
-    // From anybody, for the reason told in PackageKitTransaction.
+    // From anybody, for the reason told in PackageKitTransaction; `handleAction` knows the owner.
     m_bus.connect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
         SLOT(handleAction(QDBusMessage)));
 }
 
-void UpdateNotification::handleAnswer(const QDBusPendingCallWatcher &answered)
+void UpdateNotification::handleAnswer(
+    const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted)
 {
-    const bool isWanted = m_pending == &answered;
-    if (isWanted)
-        m_pending = nullptr;
-    if (!answered.isError())
-        return handleShown(answered.reply(), isWanted);
+    if (!id.isError())
+        return handleShown(id.value(), owner, isWanted);
     // Nobody has seen it. Only one that was not answered may be on the screen all the same.
-    if (isWanted && answered.error().type() != QDBusError::NoReply)
+    if (isWanted && id.error().type() != QDBusError::NoReply)
         m_lastVersion.clear();
 }
 
-void UpdateNotification::handleShown(const QDBusMessage &reply, bool isWanted)
+void UpdateNotification::handleShown(uint id, const QString &owner, bool isWanted)
 {
-    const uint id = reply.arguments().value(0).toUInt();
     if (!isWanted)
-        return takeAway(reply.service(), id);
-    m_owner = reply.service();
+        return takeAway(owner, id);
+    m_owner = owner;
     m_id = id;
 }
 
@@ -97,15 +112,14 @@ void UpdateNotification::close()
 {
     m_bus.disconnect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
         SLOT(handleAction(QDBusMessage)));
-    m_pending = nullptr; // It is taken away once its number is known.
+    ++m_showing; // One that is on its way is taken away once its number is known.
     if (const uint id = std::exchange(m_id, 0); id != 0)
         takeAway(m_owner, id);
 }
 
 void UpdateNotification::takeAway(const QString &owner, uint id)
 {
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(owner, path, notifications, QStringLiteral("CloseNotification"));
+    QDBusMessage message = method(owner, QStringLiteral("CloseNotification"));
     message << id;
     m_bus.send(message);
 }

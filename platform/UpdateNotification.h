@@ -2,10 +2,10 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingReply>
 #include <QObject>
 #include <QString>
-
-class QDBusPendingCallWatcher;
+#include <QVariantList>
 
 namespace glimmet {
 
@@ -32,15 +32,16 @@ private slots:
 
 private:
     void listen();
-    void handleAnswer(const QDBusPendingCallWatcher &answered);
-    void handleShown(const QDBusMessage &reply, bool isWanted);
+    void send(const QString &owner, const QVariantList &content);
+    void handleAnswer(const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted);
+    void handleShown(uint id, const QString &owner, bool isWanted);
     void takeAway(const QString &owner, uint id);
 
     QDBusConnection m_bus{ QString() };
     QString m_lastVersion;
     QString m_owner; ///< the unique name of who shows it
     uint m_id = 0; ///< 0 while there is none
-    const QDBusPendingCallWatcher *m_pending = nullptr; ///< of the one that is wanted and not answered yet
+    quint64 m_showing = 0; ///< counts up with each closing: what was sent before is not wanted any more
 };
 
 } // namespace glimmet

@@ -180,6 +180,17 @@ TEST_F(PackageKitTransactionTest, noticesThatTheServiceDiesInsteadOfCreatingIt)
     EXPECT_EQ(result.end, TransactionEnd::ServiceGone);
 }
 
+TEST_F(PackageKitTransactionTest, doesNotGoOnWithTheNextLifeOfTheService)
+{
+    service->courses[u"CreateTransaction"_s] = { Kind::DiesAfterwards };
+
+    start(PackageKitCalls::updates());
+
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(result.end, TransactionEnd::ServiceGone);
+    EXPECT_FALSE(service->wasCalled(u"GetUpdates"_s));
+}
+
 TEST_F(PackageKitTransactionTest, noticesThatTheServiceDiesInsteadOfAnswering)
 {
     service->courses[u"GetUpdates"_s] = { Kind::Dies };

@@ -2,26 +2,38 @@
 
 #include <QDBusArgument>
 
+#include <utility>
+
 namespace glimmet {
 namespace {
 
 const QString service = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
-const QString connectionName = QStringLiteral("fake-notifications");
 constexpr uint firstId = 7;
 
 } // namespace
 
 FakeNotifications::FakeNotifications(const PrivateBus &bus)
+    : m_bus(bus)
 {
-    QDBusConnection connection = bus.peer(connectionName);
-    connection.registerVirtualObject(path, this);
-    connection.registerService(service);
+    restart();
 }
 
 FakeNotifications::~FakeNotifications()
 {
-    QDBusConnection::disconnectFromBus(connectionName);
+    QDBusConnection::disconnectFromBus(m_connectionName);
+}
+
+void FakeNotifications::restart()
+{
+    if (!m_connectionName.isEmpty())
+        connection().unregisterService(service);
+    QDBusConnection::disconnectFromBus(m_connectionName);
+    m_connectionName = QStringLiteral("fake-notifications-%1").arg(++m_lives);
+    shown.clear();
+    QDBusConnection next = m_bus.peer(m_connectionName);
+    next.registerVirtualObject(path, this);
+    next.registerService(service);
 }
 
 QString FakeNotifications::introspect(const QString &) const
@@ -41,7 +53,16 @@ bool FakeNotifications::handleMessage(const QDBusMessage &message, const QDBusCo
     shown.append({ values.value(0).toString(), values.value(2).toString(), values.value(3).toString(),
         values.value(4).toString(), values.value(5).toStringList(),
         qdbus_cast<QVariantMap>(values.value(6)) });
-    return connection.send(message.createReply(firstId + static_cast<uint>(shown.size()) - 1));
+    m_waiting.append(message.createReply(firstId + static_cast<uint>(shown.size()) - 1));
+    if (!isSlow)
+        answer();
+    return true;
+}
+
+void FakeNotifications::answer()
+{
+    for (const QDBusMessage &reply : std::exchange(m_waiting, {}))
+        connection().send(reply);
 }
 
 void FakeNotifications::choose(QDBusConnection connection, uint id, const QString &action)
@@ -53,7 +74,7 @@ void FakeNotifications::choose(QDBusConnection connection, uint id, const QStrin
 
 void FakeNotifications::choose(uint id, const QString &action) const
 {
-    choose(QDBusConnection(connectionName), id, action);
+    choose(connection(), id, action);
 }
 
 } // namespace glimmet

@@ -41,6 +41,12 @@ void FakePackageKit::die()
     QDBusConnection::disconnectFromBus(m_connection);
 }
 
+void FakePackageKit::restart()
+{
+    die();
+    comeBack();
+}
+
 QString FakePackageKit::introspect(const QString &) const
 {
     return {};
@@ -52,13 +58,16 @@ bool FakePackageKit::handleMessage(const QDBusMessage &message, const QDBusConne
     if (method == u"CreateTransaction") {
         const Course course = courses.value(method);
         const QString path = QStringLiteral("/%1_abcdef").arg(++m_transactions);
-        if (course.kind == Kind::Works)
+        if (course.kind == Kind::Works || course.kind == Kind::DiesAfterwards)
             connection.send(message.createReply(QVariant::fromValue(QDBusObjectPath(path))));
-        else if (course.kind == Kind::Refuses)
+        if (course.kind == Kind::Refuses)
             connection.send(message.createErrorReply(course.details, QStringLiteral("no")));
-        else if (course.kind == Kind::Dies)
+        if (course.kind == Kind::Dies)
             QMetaObject::invokeMethod(
                 this, [this] { die(); }, Qt::QueuedConnection);
+        if (course.kind == Kind::DiesAfterwards)
+            QMetaObject::invokeMethod(
+                this, [this] { restart(); }, Qt::QueuedConnection);
         return true;
     }
     if (method == u"SetHints") {
@@ -110,8 +119,7 @@ void FakePackageKit::work(const QDBusMessage &message)
     answer(path, message.member());
     if (course.kind == Kind::Works)
         return finish(1);
-    die();
-    comeBack();
+    restart();
 }
 
 void FakePackageKit::answer(const QString &path, const QString &method)

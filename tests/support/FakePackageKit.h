@@ -62,6 +62,7 @@ public:
     /// Leaves the bus, as a service that crashes.
     void die();
     void comeBack();
+    void restart();
 
     QString introspect(const QString &path) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
