@@ -31,6 +31,17 @@ from gi.repository import GLib  # noqa: E402
 KINDS = ("strip", "gnome")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
+SESSION_BUS_WITHOUT_SERVICES = """<busconfig>
+  <type>session</type>
+  <listen>{address}</listen>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
 
 class VirtualDesktop:
     def __init__(self, kind="strip", size=(1280, 800), compositor=False):
@@ -101,11 +112,20 @@ class VirtualDesktop:
     def start_session_bus(self):
         """Starts the session bus and its services, or after stop_session_bus again, under the same address."""
         socket = self.runtime / "bus"
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
+        address = self.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={socket}"
         self._session_bus = self.start("session-bus", [
-            "dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:path={socket}"])
-        self.bus = connect_when_there(self.environment["DBUS_SESSION_BUS_ADDRESS"])
+            "dbus-daemon", self._session_configuration(address), "--nofork", "--nopidfile", f"--address={address}"])
+        self.bus = connect_when_there(address)
         self._start_services()
+
+    def _session_configuration(self, address):
+        """A shell has the machine's services started that belong to it. Without one they would bring whatever other
+        desktop the machine has; all that is needed then is started here."""
+        if self.kind == "gnome":
+            return "--session"
+        configuration = self.folder / "session-bus.conf"
+        configuration.write_text(SESSION_BUS_WITHOUT_SERVICES.format(address=address))
+        return f"--config-file={configuration}"
 
     def stop_session_bus(self):
         """Kills the session bus, as a crash of it would; its services end with it."""

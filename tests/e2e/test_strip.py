@@ -4,6 +4,7 @@ import re
 import time
 import unittest
 
+from desktop.bus import DAEMON
 from desktop.processes import wait_for, watch_for
 from desktop.program import PANEL, STRIP
 from desktop.screen import Area
@@ -39,6 +40,9 @@ class Strip(DesktopCase):
         seconds = watch_for(4, lambda: pictures.add(self.screen.pixels(self.strip)))
 
         self.assertAlmostEqual(len(pictures), seconds, delta=1.5)
+
+    def test_has_nothing_of_the_machine_that_the_bus_would_start(self):
+        self.assertEqual(self.desktop.bus.call(*DAEMON, "ListActivatableNames"), (["org.freedesktop.DBus"],))
 
     def brightness(self):
         """Of the strip's left end, where no text is, from 0 to 255."""

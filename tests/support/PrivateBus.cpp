@@ -10,8 +10,9 @@
 namespace glimmet {
 namespace {
 
-/// Everybody may do everything, and nothing is started but what is in the folder.
-const QString ownServicesOnly = QStringLiteral(R"xml(<busconfig>
+/// Everybody may do everything, and nothing is started but what is in the folder. The configuration of a
+/// user's session would start whatever desktop the machine has.
+const QString configuration = QStringLiteral(R"xml(<busconfig>
   <type>session</type>
   <listen>%1</listen>
   <servicedir>%2</servicedir>
@@ -25,22 +26,10 @@ const QString ownServicesOnly = QStringLiteral(R"xml(<busconfig>
 
 } // namespace
 
-PrivateBus::PrivateBus()
-    : PrivateBus(QString())
-{
-}
-
 PrivateBus::PrivateBus(const QString &servicesFolder)
     : m_address(QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus")))
-    , m_configuration(QStringLiteral("--session"))
 {
-    if (!servicesFolder.isEmpty()) {
-        QFile file(m_folder.filePath(QStringLiteral("bus.conf")));
-        if (!file.open(QIODevice::WriteOnly))
-            throw std::runtime_error("the test's bus could not be configured");
-        file.write(ownServicesOnly.arg(m_address, servicesFolder).toUtf8());
-        m_configuration = QStringLiteral("--config-file=") + file.fileName();
-    }
+    configure(servicesFolder.isEmpty() ? m_folder.filePath(QStringLiteral("no-services")) : servicesFolder);
     qputenv("DBUS_SESSION_BUS_ADDRESS", m_address.toUtf8());
     start();
 }
@@ -54,8 +43,8 @@ PrivateBus::~PrivateBus()
 void PrivateBus::start()
 {
     m_daemon.start(QStringLiteral("dbus-daemon"),
-        { m_configuration, QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-            QStringLiteral("--address=") + m_address, QStringLiteral("--print-address=1") });
+        { QStringLiteral("--config-file=") + configurationFile(), QStringLiteral("--nofork"),
+            QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1") });
     if (!m_daemon.waitForReadyRead(10'000))
         throw std::runtime_error("the test's bus did not start");
 }
@@ -80,6 +69,19 @@ void PrivateBus::goOn() const
 QDBusConnection PrivateBus::peer(const QString &name) const
 {
     return QDBusConnection::connectToBus(m_address, name);
+}
+
+void PrivateBus::configure(const QString &servicesFolder) const
+{
+    QFile file(configurationFile());
+    if (!file.open(QIODevice::WriteOnly))
+        throw std::runtime_error("the test's bus could not be configured");
+    file.write(configuration.arg(m_address, servicesFolder).toUtf8());
+}
+
+QString PrivateBus::configurationFile() const
+{
+    return m_folder.filePath(QStringLiteral("bus.conf"));
 }
 
 bool waitFor(const std::function<bool()> &condition)

@@ -9,12 +9,11 @@
 
 namespace glimmet {
 
-/// A real session bus of the test's own, at one address for its whole life, also over a restart. It starts
-/// the services of the machine where they are asked for, or only those in a folder of the test's.
+/// A real session bus of the test's own, at one address for its whole life, also over a restart. It starts no
+/// services, or those in a folder of the test's, but never the machine's.
 class PrivateBus {
 public:
-    PrivateBus();
-    explicit PrivateBus(const QString &servicesFolder);
+    explicit PrivateBus(const QString &servicesFolder = {});
     ~PrivateBus();
     Q_DISABLE_COPY_MOVE(PrivateBus)
 
@@ -27,9 +26,11 @@ public:
     QDBusConnection peer(const QString &name) const;
 
 private:
+    void configure(const QString &servicesFolder) const;
+    QString configurationFile() const;
+
     QTemporaryDir m_folder;
     QString m_address;
-    QString m_configuration;
     QProcess m_daemon;
 };
 
