@@ -57,9 +57,14 @@ simdjson::error_code parseDeepest(
     return error == simdjson::SUCCESS && levels(root) > mostLevels ? simdjson::DEPTH_ERROR : error;
 }
 
+bool beginsWithByteOrderMark(QByteArrayView bytes)
+{
+    return bytes.startsWith("\xEF\xBB\xBF");
+}
+
 QByteArrayView withoutByteOrderMark(QByteArrayView bytes)
 {
-    return bytes.startsWith("\xEF\xBB\xBF") ? bytes.sliced(3) : bytes;
+    return beginsWithByteOrderMark(bytes) ? bytes.sliced(3) : bytes;
 }
 
 } // namespace
@@ -161,6 +166,8 @@ std::optional<JsonDocument> JsonDocument::read(QByteArrayView bytes)
 {
     const QByteArrayView text = withoutByteOrderMark(bytes);
     if (text.isEmpty()) // Perhaps a null pointer, which the parser would copy from.
+        return std::nullopt;
+    if (beginsWithByteOrderMark(text)) // A second one, which some releases of the parser skip.
         return std::nullopt;
     auto parser = parserFor(static_cast<size_t>(text.size()));
     if (!parser)
