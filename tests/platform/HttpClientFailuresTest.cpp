@@ -15,6 +15,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+using testing::AnyOf;
 using testing::Each;
 using testing::IsEmpty;
 
@@ -262,7 +263,7 @@ TEST(HttpClientFailure, isNotPrintedByQt)
     EXPECT_THAT(printed.messages(), IsEmpty());
 }
 
-TEST(HttpClientFailure, isThatOfEverythingThatIsOutAfterAnInterimAnswer)
+TEST(HttpClientFailure, isThatOfEverythingThatIsOutWhereOnlyAnInterimAnswerComes)
 {
     HttpsServer server([](const ReceivedRequest &request) {
         if (request.target == "/good")
@@ -271,11 +272,16 @@ TEST(HttpClientFailure, isThatOfEverythingThatIsOutAfterAnInterimAnswer)
             return ServerAnswer{ .status = 103 };
         return ServerAnswer{ .ending = Ending::Silence };
     });
-    HttpClient client(trustingSettings());
+    HttpSettings settings = trustingSettings();
+    settings.idleTimeout = 1s;
+    HttpClient client(settings);
 
     const auto results = fetchedAtOnce(client, { server.origin() + "/slow", server.origin() + "/early" });
 
-    EXPECT_THAT(results, Each(HttpResult(TransportFailure::ConnectionLost)));
+    // Qt 6.4 takes it for the answer, so that the connection is given up; Qt 6.8 waits for the answer behind it.
+    const HttpResult lost = TransportFailure::ConnectionLost;
+    const HttpResult timedOut = TransportFailure::TimedOut;
+    EXPECT_THAT(results, AnyOf(Each(lost), Each(timedOut)));
     EXPECT_EQ(fetched(client, server.origin() + "/good"), answer(200, "good"));
 }
 

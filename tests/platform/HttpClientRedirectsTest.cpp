@@ -8,7 +8,6 @@
 namespace glimmet {
 namespace {
 
-using testing::Contains;
 using testing::IsEmpty;
 using testing::Pair;
 
@@ -49,7 +48,7 @@ TEST_P(HttpClientRedirection, isFollowedToTheSameOriginWithTheSameHeaders)
     ASSERT_EQ(targetsOf(server), QList<QByteArray>({ "/start", "/there?a=b" }));
     for (const ReceivedRequest &request : server.requests()) {
         EXPECT_EQ(request.method, "GET");
-        EXPECT_THAT(request.headers, Contains(key.first()));
+        EXPECT_EQ(request.header(key.first().first), key.first().second);
     }
 }
 

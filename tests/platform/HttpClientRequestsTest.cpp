@@ -78,10 +78,8 @@ TEST_F(HttpClientRequest, bearsItsHeadersAsTheyAre)
 
     const ReceivedRequest request = received(headers);
 
-    for (const auto &header : headers)
-        EXPECT_THAT(request.headers, Contains(header));
     for (const auto &[name, value] : headers)
-        EXPECT_EQ(valuesOf(request, name).size(), 1);
+        EXPECT_EQ(valuesOf(request, name), QList<QByteArray>{ value });
 }
 
 TEST_F(HttpClientRequest, namesItselfOnceAsItIsTold)
