@@ -121,8 +121,13 @@ class DesktopFiles(Installed):
         self.assertEqual(self.entry()["Icon"], ID)
 
     def test_theMetainfoIsValidAndDescribesTheMenuEntry(self):
-        self.passes("appstreamcli", "validate", "--no-net", self.prefix / f"share/metainfo/{ID}.metainfo.xml")
+        result = run("appstreamcli", "validate", "--no-net", self.prefix / f"share/metainfo/{ID}.metainfo.xml")
 
+        # The project has no home page. Newer validators warn of that, older ones do not know an override for it.
+        complaints = set(re.findall(r"^[EW]: \S+ (\S+)$", result.stdout, re.MULTILINE))
+        self.assertLessEqual(complaints, {"url-homepage-missing"}, result.stdout)
+        if not complaints:
+            self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
         self.assertEqual(self.metainfo().findtext("id"), ID)
         self.assertEqual(self.metainfo().findtext("launchable"), f"{ID}.desktop")
         self.assertEqual(self.metainfo().findtext("name"), self.entry()["Name"])
