@@ -28,8 +28,12 @@ const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Propert
 /// nor a further name of the same connection; a new participant of the bus does.
 constexpr auto unseenPatience = 3s;
 constexpr int mostRegistrations = 4;
-/// Hosts gather changes for up to 60 ms: a shorter absence might go unnoticed and leave their menu open.
-constexpr auto menuClosingTime = 80ms;
+/// The panel opens once the host has closed its menu, since that keeps the keyboard till then. A host that is
+/// slow with it is not waited for longer than this.
+constexpr auto clickPatience = 1s;
+/// A host that reads the item only after it is back leaves its menu open, so this is for those that never
+/// tell.
+constexpr auto menuPatience = 5s;
 /// Between a press, which opens the menu, and its release, which activates.
 constexpr std::chrono::milliseconds sameClickTime = 1s;
 
@@ -52,14 +56,18 @@ ItemHost::ItemHost(SessionBus &bus, QObject *parent)
     m_unseenTimer.setSingleShot(true);
     m_unseenTimer.setInterval(unseenPatience);
     m_menuTimer.setSingleShot(true);
-    m_menuTimer.setInterval(menuClosingTime);
+    m_menuTimer.setInterval(menuPatience);
+    m_clickTimer.setSingleShot(true);
+    m_clickTimer.setInterval(clickPatience);
     connect(&m_unseenTimer, &QTimer::timeout, this, &ItemHost::startOver);
-    connect(&m_menuTimer, &QTimer::timeout, this, &ItemHost::handleMenuClosed);
+    connect(&m_menuTimer, &QTimer::timeout, this, &ItemHost::comeBack);
+    connect(&m_clickTimer, &QTimer::timeout, this, &ItemHost::clicked);
     connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
     connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
     connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
     connect(m_item.get(), &StatusNotifierItem::activatedBesideMenu, this, &ItemHost::handleEarlyClick);
     connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::closeMenu);
+    connect(m_menu.get(), &NotifierMenu::closed, this, &ItemHost::handleMenuClosed);
     connect(m_menu.get(), &NotifierMenu::openChosen, this, &ItemHost::openChosen);
     connect(m_menu.get(), &NotifierMenu::quitChosen, this, &ItemHost::quitChosen);
     connect(&m_bus, &SessionBus::connected, this, &ItemHost::handleConnected);
@@ -226,12 +234,23 @@ void ItemHost::closeMenu()
     noteAnchor(m_anchor.value_or(QPoint()));
     m_item->setActive(false);
     m_menuTimer.start();
+    m_clickTimer.start();
 }
 
 void ItemHost::handleMenuClosed()
 {
+    if (m_menuTimer.isActive())
+        comeBack();
+    if (m_clickTimer.isActive()) {
+        m_clickTimer.stop();
+        emit clicked();
+    }
+}
+
+void ItemHost::comeBack()
+{
+    m_menuTimer.stop();
     m_item->setActive(true);
-    emit clicked();
 }
 
 } // namespace glimmet

@@ -55,6 +55,7 @@ private:
     void handleEarlyClick(QPoint position);
     void closeMenu();
     void handleMenuClosed();
+    void comeBack();
 
     SessionBus &m_bus;
     std::unique_ptr<StatusNotifierItem> m_item;
@@ -62,6 +63,7 @@ private:
     std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
     QTimer m_unseenTimer;
     QTimer m_menuTimer;
+    QTimer m_clickTimer;
     QElapsedTimer m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
     bool m_showsMenu = false;

@@ -179,6 +179,8 @@ void NotifierMenu::handleEvent(int entry, const QString &event)
 {
     if (entry == rootEntry && event == u"opened")
         emit opened();
+    if (entry == rootEntry && event == u"closed")
+        emit closed();
     if (entry == openEntry && event == u"clicked")
         emit openChosen();
     if (entry == quitEntry && event == u"clicked")

@@ -27,6 +27,8 @@ signals:
     void wasRead();
     /// The host opened the menu.
     void opened();
+    /// The host closed the menu, and with it the grab that kept the keyboard for it.
+    void closed();
     void openChosen();
     void quitChosen();
 

@@ -74,12 +74,17 @@ TEST_F(NotifierMenuTest, namesItsEntries)
 TEST_F(NotifierMenuTest, tellsThatItOpenedAndWhatWasChosen)
 {
     QSignalSpy opened(&menu, &NotifierMenu::opened);
+    QSignalSpy closed(&menu, &NotifierMenu::closed);
     QSignalSpy openChosen(&menu, &NotifierMenu::openChosen);
     QSignalSpy quitChosen(&menu, &NotifierMenu::quitChosen);
 
     sendEvent(0, QStringLiteral("opened"));
     EXPECT_EQ(opened.count(), 1);
-    EXPECT_EQ(openChosen.count() + quitChosen.count(), 0);
+    EXPECT_EQ(closed.count() + openChosen.count() + quitChosen.count(), 0);
+
+    sendEvent(0, QStringLiteral("closed"));
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_EQ(opened.count() + openChosen.count() + quitChosen.count(), 1);
 
     sendEvent(1, QStringLiteral("clicked"));
     sendEvent(2, QStringLiteral("clicked"));
