@@ -19,8 +19,10 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A click on the item closes the open panel at its press already, since it is a click elsewhere; the host
-/// tells of the same click up to this long afterwards.
-constexpr std::chrono::milliseconds clickTime = 700ms;
+/// tells of the same click up to this long afterwards. Any later click is told apart by its own press.
+constexpr std::chrono::milliseconds pressTime = 5s;
+/// The same where only the keyboard's going away told of the click: a later click cannot be told apart.
+constexpr std::chrono::milliseconds focusTime = 700ms;
 /// While a host's own menu or grab goes away, the keyboard may pass by the new panel.
 constexpr std::chrono::milliseconds settlingTime = 400ms;
 
@@ -43,7 +45,7 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
     , m_services(std::move(services))
 {
     m_forgetTimer.setSingleShot(true);
-    m_forgetTimer.setInterval(clickTime);
+    m_forgetTimer.setInterval(pressTime);
     connect(&m_forgetTimer, &QTimer::timeout, this, &PanelController::forgetPresses);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelController::handleFocus);
 }
@@ -52,11 +54,13 @@ PanelController::~PanelController() = default;
 
 void PanelController::toggle(std::optional<QPoint> anchor)
 {
+    if (m_presses)
+        m_presses->catchUp();
     if (isOpen())
         close(Cause::Request);
     else if (!isClosingClick())
         open(anchor);
-    m_sinceOutsideClick.invalidate();
+    m_sinceClosing.invalidate();
 }
 
 void PanelController::open(std::optional<QPoint> anchor)
@@ -134,7 +138,7 @@ void PanelController::handlePress(QPoint position)
     }
     const QWindow &window = m_panel->window();
     if (!spaceOf(*window.screen()).toNative(window.geometry()).contains(position))
-        close(Cause::OutsideClick);
+        close(Cause::PressElsewhere);
 }
 
 void PanelController::handleFocus(const QWindow *focused)
@@ -144,7 +148,7 @@ void PanelController::handleFocus(const QWindow *focused)
     // Another window of our own takes it on purpose.
     const bool isOurs = focused != nullptr;
     if (isOurs || hasPassed(m_sinceOpening, settlingTime))
-        close(Cause::OutsideClick);
+        close(Cause::FocusElsewhere);
     else
         X11::giveFocus(m_panel->window());
 }
@@ -154,8 +158,8 @@ void PanelController::close(Cause cause)
     if (!isOpen())
         return;
     m_wasPressedSince = false;
-    if (cause == Cause::OutsideClick)
-        m_sinceOutsideClick.start();
+    m_closing = cause;
+    m_sinceClosing.start();
     m_forgetTimer.start();
     // Later in this turn of the loop: the call may come from the panel's own window.
     QTimer::singleShot(0, this, [panel = std::shared_ptr<Panel>(std::move(m_panel))]() mutable {
@@ -172,7 +176,9 @@ void PanelController::forgetPresses()
 
 bool PanelController::isClosingClick() const
 {
-    return !hasPassed(m_sinceOutsideClick, clickTime) && !m_wasPressedSince;
+    if (m_closing == Cause::Request || m_wasPressedSince)
+        return false;
+    return !hasPassed(m_sinceClosing, m_closing == Cause::PressElsewhere ? pressTime : focusTime);
 }
 
 } // namespace glimmet

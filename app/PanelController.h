@@ -48,7 +48,7 @@ signals:
     void replaced();
 
 private:
-    enum class Cause { Request, OutsideClick };
+    enum class Cause { Request, PressElsewhere, FocusElsewhere };
 
     PanelModule *module();
     void place();
@@ -69,7 +69,8 @@ private:
     QSize m_naturalSize;
     QTimer m_forgetTimer;
     QElapsedTimer m_sinceOpening;
-    QElapsedTimer m_sinceOutsideClick;
+    Cause m_closing = Cause::Request;
+    QElapsedTimer m_sinceClosing;
     bool m_wasPressedSince = false;
 };
 

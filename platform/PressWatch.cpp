@@ -58,6 +58,15 @@ PressWatch::~PressWatch()
     xcb_disconnect(m_connection);
 }
 
+void PressWatch::catchUp()
+{
+    if (!m_notifier)
+        return;
+    // The answer comes behind every event of before.
+    pointerPosition();
+    readEvents();
+}
+
 void PressWatch::readEvents()
 {
     // Asking for the pointer may bring in further events, of which the socket then no longer tells.

@@ -20,6 +20,9 @@ public:
     explicit PressWatch(QObject *parent = nullptr);
     ~PressWatch() override;
 
+    /// Tells now of all presses so far, so that a click which came by another way comes after its own press.
+    void catchUp();
+
 signals:
     /// Where the pointer is now, in native pixels of the root window.
     void pressed(QPoint position);
