@@ -46,6 +46,10 @@ class Node:
         return self.has_state(4)
 
     @property
+    def focused(self):
+        return self.has_state(12)
+
+    @property
     def enabled(self):
         return self.has_state(8)
 
@@ -55,12 +59,20 @@ class Node:
     def walk(self):
         """This node and all below it, parents first; what vanishes on the way is left out."""
         yield self
-        try:
-            children = self.children()
-        except GLib.Error:
-            return
-        for child in children:
+        for child in self._children_left():
             yield from child.walk()
+
+    def branches(self, depth):
+        """The nodes so many levels below this one."""
+        if depth == 0:
+            return [self]
+        return [node for child in self._children_left() for node in child.branches(depth - 1)]
+
+    def _children_left(self):
+        try:
+            return self.children()
+        except GLib.Error:
+            return []
 
     def press(self):
         """Does what the object does first: a press, a click, a toggle."""
@@ -77,6 +89,9 @@ class Node:
 
     def find(self, name, *roles):
         return next((node for node in self.walk() if node.is_called(name, roles)), None)
+
+    def find_all(self, name, *roles):
+        return [node for node in self.walk() if node.is_called(name, roles)]
 
 
 class AccessibilityTree:

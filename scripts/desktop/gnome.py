@@ -1,6 +1,9 @@
 """GNOME Shell with the AppIndicator extension on a virtual screen."""
 
+import os
+import signal
 import sys
+from contextlib import contextmanager
 
 from gi.repository import GLib
 
@@ -86,3 +89,14 @@ def set_indicators(desktop, wanted):
     method = "EnableExtension" if wanted else "DisableExtension"
     desktop.bus.call(SHELL, "/org/gnome/Shell", EXTENSIONS, method, GLib.Variant("(s)", (INDICATORS,)))
     wait_for(lambda: bool(desktop.bus.owner(WATCHER)) == wanted, 20, f"{method} to take effect")
+
+
+@contextmanager
+def halted(desktop):
+    """The shell stands still meanwhile, as one that has too much to do."""
+    shell = desktop.bus.process_of(SHELL)
+    os.kill(shell, signal.SIGSTOP)
+    try:
+        yield
+    finally:
+        os.kill(shell, signal.SIGCONT)

@@ -6,7 +6,7 @@ from gi.repository import GLib
 
 from desktop.accessibility import find_when_there
 from desktop.network import without_network
-from desktop.processes import DesktopError, wait_for
+from desktop.processes import DesktopError, dispatch_events, wait_for
 
 NAME = "me.kerno.glimmet"
 ITEM = "/StatusNotifierItem"
@@ -14,6 +14,8 @@ ITEM_INTERFACE = "org.kde.StatusNotifierItem"
 MENU_ENTRY = "Open glimmet"
 PANEL = "glimmet"
 STRIP = "glimmet strip"
+# How deep in the shell's tree its parts are, each menu one of them: application, stage, group of all.
+SHELL_PARTS = 3
 
 
 class Glimmet:
@@ -26,7 +28,8 @@ class Glimmet:
                  **options):
         self.desktop = desktop
         self.binary = str(binary)
-        self.labels = []
+        self._labels = []
+        self._branches = {}
         self._stop_following = desktop.bus.follow(NAME, ITEM_INTERFACE, "XAyatanaNewLabel", self._note_label)
         inside = without_network() if network is None else network
         self.started = time.monotonic()
@@ -39,7 +42,13 @@ class Glimmet:
         self.stop()
 
     def _note_label(self, label, _guide):
-        self.labels.append((time.monotonic(), label))
+        self._labels.append((time.monotonic(), label))
+
+    @property
+    def labels(self):
+        """All labels of which the item has told by now, each with the time at which that was noticed."""
+        dispatch_events()
+        return self._labels
 
     def wait_until_running(self, seconds=15):
         """Returns once the item is on the bus."""
@@ -75,16 +84,34 @@ class Glimmet:
         """Where the text is in the menu bar: the strip, or the item in the shell's top bar. None while it is not."""
         if self.desktop.kind == "strip":
             return self.desktop.screen.area_of(STRIP)
-        return next((item.area for item in self._items() if self._shows_label(item)), None)
+        return next(filter(None, map(self._area_with_label, self._items())), None)
 
     def _items(self):
         """The items in the shell's top bar that bear the program's name, also one that is about to go."""
-        shell = self.desktop.tree.program("gnome-shell")
-        return [node for node in shell.walk() if node.is_called("glimmet", ("menu",))]
+        return self._in_the_shell("glimmet", "menu")
 
-    def _shows_label(self, item):
-        label = self.label
-        return label and self.desktop.screen.area.contains(item.area) and item.find(label, "label") is not None
+    def _in_the_shell(self, name, role):
+        """All objects of the shell with this name in the part of it where they were the last time, else in the first
+        part that has any: to look through the whole shell takes seconds on a busy machine."""
+        shell = self.desktop.tree.program("gnome-shell")
+        known = self._branches.get(name)
+        found = known.find_all(name, role) if known else []
+        if found:
+            return found
+        for branch in shell.branches(SHELL_PARTS):
+            found = branch.find_all(name, role)
+            if found:
+                self._branches[name] = branch
+                return found
+        return []
+
+    def _area_with_label(self, item):
+        """Where an item is, None where it does not show the label."""
+        try:
+            area, label = item.area, self.label
+            return area if self.desktop.screen.area.contains(area) and label and item.find(label, "label") else None
+        except GLib.Error:
+            return None  # It went while it was looked at.
 
     def wait_until_off_the_shell(self, seconds=10):
         """Returns once the shell has taken the item of an ended program away."""
@@ -100,7 +127,7 @@ class Glimmet:
         return self.wait_for_menu_bar(seconds)
 
     def _has_menu(self):
-        return self.desktop.tree.program("gnome-shell").find(MENU_ENTRY, "label") is not None
+        return bool(self._in_the_shell(MENU_ENTRY, "label"))
 
     def click_point(self):
         """A point on the text. The strip's text stands at its right end."""
@@ -108,9 +135,15 @@ class Glimmet:
         return area.middle if self.desktop.kind == "gnome" else (area.right - 30, area.middle[1])
 
     def open_panel(self):
-        """Opens the panel by a click and returns where it is."""
+        """Opens the panel by a click and returns where it is, once it has the keyboard."""
         self.desktop.screen.click(*self.click_point())
-        return self.desktop.screen.wait_for_window(PANEL)
+        return self.wait_for_panel()
+
+    def wait_for_panel(self):
+        """Returns where the panel is that is just opening, once it has the keyboard."""
+        area = self.desktop.screen.wait_for_window(PANEL)
+        self.desktop.screen.wait_until_typed_into(PANEL)
+        return area
 
     def ask_for_panel(self):
         """Opens the panel as a launcher does, without a pointer."""

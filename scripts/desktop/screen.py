@@ -73,6 +73,13 @@ class Screen:
     def wait_until_gone(self, name, seconds=10):
         wait_for(lambda: not self.windows(name), seconds, f"the window “{name}” to go")
 
+    def has_keyboard(self, name):
+        """Whether what is typed now goes to the window of this name: a grab, too, would take it elsewhere."""
+        return self.run("xdotool", "getwindowfocus", check=False).strip() in self.windows(name)
+
+    def wait_until_typed_into(self, name, seconds=10):
+        wait_for(lambda: self.has_keyboard(name), seconds, f"the window “{name}” to have the keyboard")
+
     def root_property(self, name):
         return self.run("xprop", "-root", name)
 

@@ -1,15 +1,20 @@
 """The text as an item in GNOME Shell's top bar."""
 
+import time
 import unittest
+
+from gi.repository import GLib
 
 from desktop import gnome
 from desktop.processes import wait_for, watch_for
-from desktop.program import PANEL, STRIP
+from desktop.program import ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop_case import DesktopCase
 
 ROUNDS = 10
 # Seconds; two clicks that are closer to each other are one double click.
 DOUBLE_CLICK_TIME = 0.4
+# Seconds; longer than any host takes to tell of a click while it has nothing else to do.
+BUSY_TIME = 1.2
 
 
 class GnomeItem(DesktopCase):
@@ -19,6 +24,8 @@ class GnomeItem(DesktopCase):
         super().setUp()
         self.launch()
         self.item = self.glimmet.wait_until_clickable()
+        self.statuses = []
+        self.addCleanup(self.desktop.bus.follow(NAME, ITEM_INTERFACE, "NewStatus", self.statuses.append))
 
     def shown_text(self):
         """The text that the shell itself shows in its top bar."""
@@ -27,7 +34,21 @@ class GnomeItem(DesktopCase):
         return next((label.name for label in labels if self.screen.area.contains(label.area)), None)
 
     def toggle(self, button=1):
+        self.item = self.glimmet.wait_until_clickable()
         self.screen.click(*self.item.middle, button)
+
+    def wait_for_status(self, status):
+        wait_for(lambda: status in self.statuses, 10, f"the item to be {status}")
+
+    def focused(self):
+        """What has the keyboard in the panel, None while nothing has."""
+        for node in self.desktop.tree.program("glimmet").walk():
+            try:
+                if node.focused and node.role not in ("frame", "window"):
+                    return node.role, node.name
+            except GLib.Error:
+                pass  # It went while it was looked at.
+        return None
 
     def test_shows_the_clock_in_the_top_bar(self):
         text = wait_for(self.shown_text, 5, "the label in the top bar")
@@ -37,34 +58,79 @@ class GnomeItem(DesktopCase):
     def test_changes_the_shown_text_each_second(self):
         pictures = set()
         already = len(self.glimmet.labels)
+        start = time.monotonic()
 
-        seconds = watch_for(4, lambda: pictures.add(self.screen.pixels(self.item)))
+        def has_changed_three_times():
+            pictures.add(self.screen.pixels(self.item))
+            return len(pictures) > 3
 
+        wait_for(has_changed_three_times, 15, "the shown text to change three times")
+
+        seconds = time.monotonic() - start
         texts = [text for _, text in self.glimmet.labels[already:]]
         self.assertAlmostEqual(len(texts), seconds, delta=1.5)
         self.assertEqual(len(set(texts)), len(texts))
-        self.assertGreaterEqual(len(pictures), 3)
 
     def test_opens_and_closes_by_single_clicks_ten_times_in_a_row(self):
         for _ in range(ROUNDS):
             self.toggle()
-            panel = self.screen.wait_for_window(PANEL, 3)
+            panel = self.glimmet.wait_for_panel()
             self.assert_under(panel, self.item)
             self.assert_on_screen(panel)
             watch_for(DOUBLE_CLICK_TIME)
             self.toggle()
-            self.screen.wait_until_gone(PANEL, 3)
+            self.screen.wait_until_gone(PANEL)
             watch_for(DOUBLE_CLICK_TIME)
 
     def test_opens_on_a_right_click(self):
         self.toggle(3)
 
-        self.assert_under(self.screen.wait_for_window(PANEL, 3), self.item)
+        self.assert_under(self.glimmet.wait_for_panel(), self.item)
 
     def test_opens_on_a_middle_click(self):
         self.toggle(2)
 
-        self.assert_under(self.screen.wait_for_window(PANEL, 3), self.item)
+        self.assert_under(self.glimmet.wait_for_panel(), self.item)
+
+    def test_the_open_panel_takes_what_is_typed(self):
+        self.toggle()
+        self.glimmet.wait_for_panel()
+
+        self.screen.key("Tab")
+        first = wait_for(self.focused, 5, "a control with the keyboard")
+        self.screen.key("Tab")
+
+        wait_for(lambda: self.focused() not in (None, first), 5, "the next control to have the keyboard")
+
+    def test_a_shell_that_is_slow_to_close_its_menu_leaves_the_keyboard_to_the_panel(self):
+        self.assertTrue(any(self.open_by_a_slow_shell() for _ in range(ROUNDS)))
+
+    def open_by_a_slow_shell(self):
+        """Whether the shell had not closed the item's menu yet when it began to stand still."""
+        self.statuses.clear()
+        self.toggle()
+        self.wait_for_status("Passive")
+        with gnome.halted(self.desktop):
+            watch_for(BUSY_TIME)
+            was_slow = "Active" not in self.statuses
+        self.glimmet.wait_for_panel()
+        self.glimmet.close_panel()
+        return was_slow
+
+    def test_a_closing_click_of_which_the_shell_tells_late_opens_nothing(self):
+        self.glimmet.open_panel()
+        point = self.glimmet.click_point()
+        self.statuses.clear()
+        with gnome.halted(self.desktop):
+            self.screen.click(*point)
+            self.screen.wait_until_gone(PANEL)
+            watch_for(BUSY_TIME)
+        self.wait_for_status("Active")
+
+        self.glimmet.wait_until_clickable()
+
+        self.assertFalse(self.glimmet.is_panel_open())
+        self.glimmet.open_panel()
 
     def test_closes_on_escape(self):
         self.glimmet.open_panel()

@@ -69,7 +69,7 @@ class Strip(DesktopCase):
     def test_opens_on_a_right_and_on_a_middle_click(self):
         for button in (3, 2):
             self.screen.click(*self.glimmet.click_point(), button)
-            self.screen.wait_for_window(PANEL, 3)
+            self.glimmet.wait_for_panel()
             self.glimmet.close_panel()
 
     def test_the_panel_closes_on_escape(self):
