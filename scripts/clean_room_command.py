@@ -67,6 +67,8 @@ def main():
     os.umask(0o022)
     for number in (signal.SIGTERM, signal.SIGHUP):
         signal.signal(number, ask_to_end)
+    # A shell starts what runs in the background with interrupts ignored, and so would the command.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     release = options.release or chosen_release()
     name = f"{release}-{options.who}"
     home = HOME if options.who == "user" else "/root"
