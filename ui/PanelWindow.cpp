@@ -51,10 +51,12 @@ void PanelWindow::followScale()
 {
     if (m_view.screen() == nullptr)
         return;
-    // A mask is made of the screen's pixels. Queued, since they are known anew only after all have been told.
+    // A mask is made of the screen's pixels. Queued, since they are known anew only after all have been told. With
+    // another scale Qt tells of other dots an inch (6.4) or of a screen of another size in its own units (6.8).
+    const auto mask = [this] { maskCorners(); };
     QObject::connect(
-        m_view.screen(), &QScreen::logicalDotsPerInchChanged, &m_view, [this] { maskCorners(); },
-        Qt::QueuedConnection);
+        m_view.screen(), &QScreen::logicalDotsPerInchChanged, &m_view, mask, Qt::QueuedConnection);
+    QObject::connect(m_view.screen(), &QScreen::geometryChanged, &m_view, mask, Qt::QueuedConnection);
     maskCorners();
 }
 
