@@ -16,6 +16,7 @@ struct DrawnItem {
     QString text; ///< of a text; empty elsewhere
     QString style; ///< colours, and the size and weight of a font
     QColor pixel; ///< of a surface: what is on the screen at its left, off the glyphs; else invalid
+    double measure = 0; ///< of a text: how wide its font sets it by itself, on one line
 
     /// The item on one line of a file, and back.
     QString toLine() const;
@@ -26,7 +27,9 @@ struct DrawnItem {
 QList<DrawnItem> drawnItems(QQuickWindow &window);
 
 /// What is different, one line a difference: an item that moved or changed its size by more than a pixel,
-/// took another text or style, or another colour on the screen.
+/// took another text or style, or another colour on the screen. Where the font sets the texts beside an item
+/// wider or narrower than it did (another version of it is installed), the item has so much more room to its
+/// sides.
 QStringList differences(const QList<DrawnItem> &expected, const QList<DrawnItem> &actual);
 
 } // namespace glimmet

@@ -229,6 +229,37 @@ TEST(PanelDescription, findsAnItemThatMovedByMoreThanAPixel)
     EXPECT_TRUE(differences({ item }, { moved }).isEmpty());
 }
 
+TEST(PanelDescription, letsAnItemMakeRoomForTheTextsBesideIt)
+{
+    const QString style = u"#ff000000 10px 400"_s;
+    const DrawnItem words{ u"Card.Text"_s, { 10, 20, 30, 10 }, u"words"_s, style, {}, 30 };
+    const DrawnItem beside{ u"Card.RoundedBox"_s, { 50, 15, 10, 20 }, {}, u"#ff000000"_s, {} };
+    const DrawnItem below{ u"Card.RoundedBox"_s, { 50, 40, 10, 20 }, {}, u"#ff000000"_s, {} };
+    DrawnItem wider = words;
+    wider.area.setWidth(33);
+    wider.measure = 33;
+    const auto found = [&](double besideBy, double belowBy) {
+        DrawnItem movedBeside = beside;
+        DrawnItem movedBelow = below;
+        movedBeside.area.translate(besideBy, 0);
+        movedBelow.area.translate(belowBy, 0);
+        return differences({ words, beside, below }, { wider, movedBeside, movedBelow }).size();
+    };
+
+    EXPECT_EQ(found(3.9, 0.9), 0);
+    EXPECT_EQ(found(4.1, 0), 1);
+    EXPECT_EQ(found(0, 1.1), 1);
+}
+
+TEST(PanelDescription, lendsNoRoomToATextThatIsWiderThanItsFontMakesIt)
+{
+    const DrawnItem words{ u"Card.Text"_s, { 10, 20, 30, 10 }, u"words"_s, u"#ff000000 10px 400"_s, {}, 30 };
+    DrawnItem wider = words;
+    wider.area.setWidth(33);
+
+    EXPECT_EQ(differences({ words }, { wider }).size(), 1);
+}
+
 TEST(PanelDescription, findsAnotherColorAnotherTextAndWhatIsMissing)
 {
     const DrawnItem item{ u"Card.RoundedBox"_s, { 10, 20, 30, 40 }, {}, u"#ff000000"_s, QColor(1, 2, 3) };
@@ -247,9 +278,12 @@ TEST(PanelDescription, findsAnotherColorAnotherTextAndWhatIsMissing)
 TEST(PanelDescription, readsBackWhatItWrites)
 {
     const DrawnItem item{ u"Card.Text"_s, { 10.5, 20, 30, 40.5 }, u"a, b"_s, u"#ff000000 10px"_s,
-        QColor(9, 8, 7) };
+        QColor(9, 8, 7), 12.25 };
 
-    EXPECT_TRUE(differences({ item }, { DrawnItem::fromLine(item.toLine()) }).isEmpty());
+    const DrawnItem read = DrawnItem::fromLine(item.toLine());
+
+    EXPECT_TRUE(differences({ item }, { read }).isEmpty());
+    EXPECT_EQ(read.measure, 12.25);
 }
 
 } // namespace
