@@ -141,21 +141,29 @@ class LowScreen(DesktopCase):
 
 
 class CornersCase(DesktopCase):
-    BACKDROP = "3465a4"
+    WHITE = "ffffff"  # which the panel is nowhere at its edges
 
     def colors(self, areas):
         return [self.screen.pixels(area).hex() for area in areas]
 
+    def put_white_behind(self):
+        """A window: not every compositor paints the root window's colour."""
+        whole = self.screen.area
+        behind = self.desktop.start("backdrop", ["xev", "-event", "mouse", "-geometry",
+                                                 f"{whole.width}x{whole.height}+0+0"])
+        self.addCleanup(self.desktop.stop, behind)
+        middle = Area(*whole.middle, 1, 1)
+        wait_for(lambda: self.colors([middle]) == [self.WHITE], 5, "a white window")
+
     def assert_corners_show_what_is_behind(self):
-        self.desktop.run("xsetroot", "-solid", f"#{self.BACKDROP}")
+        self.put_white_behind()
         self.launch().wait_for_strip()
         panel = self.glimmet.open_panel()
-        corners = [Area(x, panel.bottom - 1, 1, 1) for x in (panel.x, panel.right - 1)]
-        shown = self.colors(corners)
-        self.glimmet.close_panel()
 
-        self.assertNotIn("000000", shown)
-        wait_for(lambda: self.colors(corners) == shown, 5, f"{shown} where the panel was")
+        corners = [Area(x, panel.bottom - 1, 1, 1) for x in (panel.x, panel.right - 1)]
+        inside = Area(panel.middle[0], panel.bottom - 1, 1, 1)
+        wait_for(lambda: self.colors(corners) == [self.WHITE] * 2, 5, "the white window at the panel's corners")
+        self.assertNotEqual(self.colors([inside]), [self.WHITE])
 
 
 class Corners(CornersCase):
