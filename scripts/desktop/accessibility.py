@@ -100,6 +100,8 @@ class AccessibilityTree:
     def __init__(self, session_bus, connect=Bus):
         address = session_bus.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
         self._bus = connect(address)
+        # Where something was found the last time, for programs that are too large to be searched each time.
+        self.known_parts = {}
 
     def program(self, name, seconds=10):
         """The root of the program with this name, once it has come."""

@@ -17,6 +17,8 @@ EXTENSIONS = "org.gnome.Shell.Extensions"
 WATCHER = "org.kde.StatusNotifierWatcher"
 OVERVIEW = (SHELL, "/org/gnome/Shell", SHELL, "OverviewActive")
 TOP_BAR = Area(0, 0, 200, 24)
+# How deep in the shell's accessibility tree its parts are: application, stage, group of all.
+PARTS = 3
 
 SYSTEM_BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -82,6 +84,28 @@ def leave_overview(desktop):
 
     wait_for(lambda: is_open() and any(desktop.screen.pixels(TOP_BAR)), 30, "the shell's first picture")
     wait_for(has_closed, 30, "the overview to close")
+
+
+def find_all(desktop, name, role):
+    """All objects of the shell with this name, in the part of it that has any: the top bar, or one of the menus."""
+    return find_where_last(desktop, name, role) or _find_anywhere(desktop, name, role)
+
+
+def find_where_last(desktop, name, role):
+    """The same, but only where such were found the last time, in the whole shell the first time: that takes seconds on
+    a busy machine."""
+    part = desktop.tree.known_parts.get((name, role))
+    return part.find_all(name, role) if part else _find_anywhere(desktop, name, role)
+
+
+def _find_anywhere(desktop, name, role):
+    # Menus are in the order in which they were made.
+    for part in reversed(desktop.tree.program("gnome-shell").branches(PARTS)):
+        found = part.find_all(name, role)
+        if found:
+            desktop.tree.known_parts[name, role] = part
+            return found
+    return []
 
 
 def set_indicators(desktop, wanted):

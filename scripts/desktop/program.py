@@ -4,6 +4,7 @@ import time
 
 from gi.repository import GLib
 
+from desktop import gnome
 from desktop.accessibility import find_when_there
 from desktop.network import without_network
 from desktop.processes import DesktopError, dispatch_events, wait_for
@@ -11,11 +12,11 @@ from desktop.processes import DesktopError, dispatch_events, wait_for
 NAME = "me.kerno.glimmet"
 ITEM = "/StatusNotifierItem"
 ITEM_INTERFACE = "org.kde.StatusNotifierItem"
-MENU_ENTRY = "Open glimmet"
+# What the shell's accessibility tree has of the item and of its menu: name and role.
+ITEM_SIGHT = ("glimmet", "menu")
+MENU_SIGHT = ("Open glimmet", "label")
 PANEL = "glimmet"
 STRIP = "glimmet strip"
-# How deep in the shell's tree its parts are, each menu one of them: application, stage, group of all.
-SHELL_PARTS = 3
 
 
 class Glimmet:
@@ -29,7 +30,6 @@ class Glimmet:
         self.desktop = desktop
         self.binary = str(binary)
         self._labels = []
-        self._branches = {}
         self._stop_following = desktop.bus.follow(NAME, ITEM_INTERFACE, "XAyatanaNewLabel", self._note_label)
         inside = without_network() if network is None else network
         self.started = time.monotonic()
@@ -88,22 +88,7 @@ class Glimmet:
 
     def _items(self):
         """The items in the shell's top bar that bear the program's name, also one that is about to go."""
-        return self._in_the_shell("glimmet", "menu")
-
-    def _in_the_shell(self, name, role):
-        """All objects of the shell with this name in the part of it where they were the last time, else in the first
-        part that has any: to look through the whole shell takes seconds on a busy machine."""
-        shell = self.desktop.tree.program("gnome-shell")
-        known = self._branches.get(name)
-        found = known.find_all(name, role) if known else []
-        if found:
-            return found
-        for branch in shell.branches(SHELL_PARTS):
-            found = branch.find_all(name, role)
-            if found:
-                self._branches[name] = branch
-                return found
-        return []
+        return gnome.find_all(self.desktop, *ITEM_SIGHT)
 
     def _area_with_label(self, item):
         """Where an item is, None where it does not show the label."""
@@ -115,7 +100,8 @@ class Glimmet:
 
     def wait_until_off_the_shell(self, seconds=10):
         """Returns once the shell has taken the item of an ended program away."""
-        wait_for(lambda: not self._items() and not self._has_menu(), seconds, "the item to go from the top bar")
+        wait_for(lambda: not any(gnome.find_where_last(self.desktop, *sight) for sight in (ITEM_SIGHT, MENU_SIGHT)),
+                 seconds, "the item to go from the top bar")
 
     def wait_for_menu_bar(self, seconds=15):
         return wait_for(self.menu_bar_area, seconds, "the text in the menu bar")
@@ -127,7 +113,7 @@ class Glimmet:
         return self.wait_for_menu_bar(seconds)
 
     def _has_menu(self):
-        return bool(self._in_the_shell(MENU_ENTRY, "label"))
+        return bool(gnome.find_all(self.desktop, *MENU_SIGHT))
 
     def click_point(self):
         """A point on the text. The strip's text stands at its right end."""
