@@ -31,9 +31,13 @@ from gi.repository import GLib  # noqa: E402
 KINDS = ("strip", "gnome")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
-SESSION_BUS_WITHOUT_SERVICES = """<busconfig>
+# Of the machine's services the one that asks for a keyring's password: the keyring has the bus bring it.
+SERVICES = Path("/usr/share/dbus-1/services")
+PROMPTER = "org.gnome.keyring.SystemPrompter.service"
+SESSION_BUS = """<busconfig>
   <type>session</type>
   <listen>{address}</listen>
+  <servicedir>{services}</servicedir>
   <policy context="default">
     <allow send_destination="*" eavesdrop="true"/>
     <allow eavesdrop="true"/>
@@ -124,7 +128,10 @@ class VirtualDesktop:
         if self.kind == "gnome":
             return "--session"
         configuration = self.folder / "session-bus.conf"
-        configuration.write_text(SESSION_BUS_WITHOUT_SERVICES.format(address=address))
+        services = self.folder / "services"
+        services.mkdir(exist_ok=True)
+        shutil.copy(SERVICES / PROMPTER, services)
+        configuration.write_text(SESSION_BUS.format(address=address, services=services))
         return f"--config-file={configuration}"
 
     def stop_session_bus(self):
