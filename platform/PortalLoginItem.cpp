@@ -17,6 +17,7 @@ namespace {
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString request = QStringLiteral("org.freedesktop.portal.Request");
+const QString noBus = QStringLiteral("there is no session bus");
 
 QString newToken()
 {
@@ -38,6 +39,7 @@ PortalLoginItem::PortalLoginItem(const SessionBus &bus, QStringList command, QOb
     , m_sessionBus(bus)
     , m_command(std::move(command))
 {
+    connect(&bus, &SessionBus::lost, this, [this] { finish(noBus); });
 }
 
 bool PortalLoginItem::isNeeded(const QString &program)
@@ -62,6 +64,9 @@ void PortalLoginItem::ask(bool autostart, const Completion &completion)
 {
     finish(QStringLiteral("asked anew"));
     m_bus = m_sessionBus.connection();
+    // Qt answers no call of a connection that was closed.
+    if (!m_bus.isConnected())
+        return completion(noBus);
     const QString token = newToken();
     m_wantsAutostart = autostart;
     m_completion = completion;

@@ -5,6 +5,7 @@
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
+#include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,8 @@ public:
         const QString path = u"/org/freedesktop/portal/desktop/request/"_s
             + message.service().mid(1).replace(u'.', u'_') + u'/' + asked.value(u"handle_token"_s).toString();
         connection.send(message.createReply(QVariant::fromValue(QDBusObjectPath(path))));
+        if (!responds)
+            return true;
         QDBusMessage response =
             QDBusMessage::createSignal(path, u"org.freedesktop.portal.Request"_s, u"Response"_s);
         response << status << QVariantMap{ { u"background"_s, true }, { u"autostart"_s, grants(asked) } };
@@ -40,6 +43,7 @@ public:
     }
 
     bool refuses = false;
+    bool responds = true; ///< else the user still thinks about it
     uint status = 0;
     bool grantsAutostart = true;
     QVariantMap asked;
@@ -121,10 +125,25 @@ TEST_F(PortalLoginItemTest, saysWhyThePortalRefuses)
 
 TEST_F(PortalLoginItemTest, saysThatThereIsNoBus)
 {
+    const QSignalSpy losses(&bus, &SessionBus::lost);
     daemon.kill();
-    ASSERT_TRUE(waitFor([this] { return !bus.isConnected(); }));
+    ASSERT_TRUE(waitFor([&losses] { return !losses.isEmpty(); }));
 
-    EXPECT_TRUE(failureOf(&PortalLoginItem::registerItem).has_value());
+    EXPECT_EQ(failureOf(&PortalLoginItem::registerItem), u"there is no session bus"_s);
+    EXPECT_EQ(item.status(), LoginItemStatus::NotRegistered);
+}
+
+TEST_F(PortalLoginItemTest, saysThatTheBusEndedBeforeTheUserAnswered)
+{
+    portal.responds = false;
+    std::optional<QString> failure;
+    item.registerItem([&](const auto &answer) { failure = answer; });
+    ASSERT_TRUE(waitFor([this] { return !portal.asked.isEmpty(); }));
+
+    daemon.kill();
+
+    EXPECT_TRUE(waitFor([&failure] { return failure.has_value(); }));
+    EXPECT_EQ(item.status(), LoginItemStatus::NotRegistered);
 }
 
 TEST_F(PortalLoginItemTest, asksOnTheBusThatThereIsNow)
