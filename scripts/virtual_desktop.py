@@ -157,11 +157,16 @@ class VirtualDesktop:
 
     def _start_window_manager(self):
         self.start("openbox", ["openbox", "--sm-disable"])
-        wait_for(lambda: "window id #" in self.screen.root_property("_NET_SUPPORTING_WM_CHECK"), 15,
-                 "the window manager")
+        wait_for(self._follows_wishes, 15, "the window manager")
         if self._compositor:
             self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
             wait_for(lambda: self.screen.windows("picom") or self._is_composited(), 15, "the compositor")
+
+    def _follows_wishes(self):
+        """Whether the window manager does what it is asked. It announces itself long before it handles events, and
+        a window that appears in between may never be shown."""
+        self.screen.run("xdotool", "set_num_desktops", "1", check=False)
+        return self.screen.run("xdotool", "get_num_desktops", check=False).strip() == "1"
 
     def _is_composited(self):
         return "picom" in self.screen.run("xwininfo", "-root", "-tree")
