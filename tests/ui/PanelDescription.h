@@ -28,8 +28,8 @@ QList<DrawnItem> drawnItems(QQuickWindow &window);
 
 /// What is different, one line a difference: an item that moved or changed its size by more than a pixel,
 /// took another text or style, or another colour on the screen. Where the font sets the texts beside an item
-/// wider or narrower than it did (another version of it is installed), the item has so much more room to its
-/// sides.
+/// wider or narrower than it did (another version of it is installed), the item has so many whole pixels more
+/// to its sides.
 QStringList differences(const QList<DrawnItem> &expected, const QList<DrawnItem> &actual);
 
 } // namespace glimmet
