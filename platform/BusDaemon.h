@@ -26,13 +26,13 @@ QDBusMessage ownerQuestion(const QString &name);
 QDBusMessage startRequest(const QString &name);
 
 /// Finds the unique name of the program that serves `name`, which is started if it does not run, or tells why
-/// there is none. Whoever then talks to the unique name talks to one life of the service: the next one neither
-/// gets what was meant for this one nor can speak for it. The sender of a reply is no substitute, since Qt 6.8
-/// leaves it empty.
+/// there is none. Whoever then talks to the unique name talks to one life of the service: the next one
+/// neither gets what was meant for this one nor can speak for it. The sender of a reply is no substitute,
+/// since Qt 6.8 leaves it empty.
 ///
-/// Calls `found` once, from the event loop, unless the receiver is gone. The bus limits how long a start takes.
-void findOwner(
-    const QDBusConnection &bus, const QString &name, QObject *receiver, const OwnerFound &found);
+/// Calls `found` once, from the event loop, unless the receiver is gone. The bus limits how long a start
+/// takes.
+void findOwner(const QDBusConnection &bus, const QString &name, QObject *receiver, const OwnerFound &found);
 
 /// Has `slot`, which takes a QDBusMessage, called with what `ownerChange` reads.
 void followOwner(QDBusConnection bus, const QString &name, QObject *receiver, const char *slot);

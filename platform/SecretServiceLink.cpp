@@ -61,7 +61,8 @@ bool SecretServiceLink::connectToBus(std::chrono::milliseconds timeout)
         return true;
     close();
     // A bus that does not answer would hold up a new connection far beyond any budget.
-    if (!answerOf(m_bus.connection(), BusDaemon::method(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
+    if (!answerOf(
+            m_bus.connection(), BusDaemon::method(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
         return false;
     m_connection = QDBusConnection::connectToBus(sessionBusAddress(), freshConnectionName());
     if (m_connection.isConnected())

@@ -79,8 +79,7 @@ void UpdateNotification::listen()
         SLOT(handleAction(QDBusMessage)));
 }
 
-void UpdateNotification::handleAnswer(
-    const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted)
+void UpdateNotification::handleAnswer(const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted)
 {
     if (!id.isError())
         return handleShown(id.value(), owner, isWanted);

@@ -51,8 +51,9 @@ void PanelWindow::followScale()
 {
     if (m_view.screen() == nullptr)
         return;
-    // A mask is made of the screen's pixels. Queued, since they are known anew only after all have been told. With
-    // another scale Qt tells of other dots an inch (6.4) or of a screen of another size in its own units (6.8).
+    // A mask is made of the screen's pixels. Queued, since they are known anew only after all have been told.
+    // With another scale Qt tells of other dots an inch (6.4) or of a screen of another size in its own units
+    // (6.8).
     const auto mask = [this] { maskCorners(); };
     QObject::connect(
         m_view.screen(), &QScreen::logicalDotsPerInchChanged, &m_view, mask, Qt::QueuedConnection);

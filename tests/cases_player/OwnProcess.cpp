@@ -14,7 +14,7 @@ PlayEnd playInOwnProcess(const std::function<bool()> &play)
     if (child == 0) {
         const bool hasPassed = play();
         std::fflush(stdout);
-        // What libraries have registered for the end of a process may run into threads of theirs that still live.
+        // What libraries do at the end of a process may run into threads of theirs that still live.
         _exit(hasPassed ? EXIT_SUCCESS : EXIT_FAILURE);
     }
     int status = 0;

@@ -278,7 +278,7 @@ TEST(HttpClientFailure, isThatOfEverythingThatIsOutWhereOnlyAnInterimAnswerComes
 
     const auto results = fetchedAtOnce(client, { server.origin() + "/slow", server.origin() + "/early" });
 
-    // Qt 6.4 takes it for the answer, so that the connection is given up; Qt 6.8 waits for the answer behind it.
+    // Qt 6.4 takes it for the answer, so that the connection is given up; Qt 6.8 waits for what follows it.
     const HttpResult lost = TransportFailure::ConnectionLost;
     const HttpResult timedOut = TransportFailure::TimedOut;
     EXPECT_THAT(results, AnyOf(Each(lost), Each(timedOut)));
