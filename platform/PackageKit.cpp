@@ -84,12 +84,14 @@ struct TellTale {
     QStringView words;
 };
 
-/// What the backend for apt has no numbers of its own for, by what apt and gpg say.
+/// What the backend for apt has no numbers of its own for, by what is the same in every language: gpg's words
+/// for signatures, and the name of the program that checks them since Debian 13.
 constexpr std::array tellTales = {
     TellTale{ u"Hash Sum mismatch", badFile },
     TellTale{ u"NO_PUBKEY", badSourceSignature },
     TellTale{ u"BADSIG", badSourceSignature },
     TellTale{ u"EXPKEYSIG", badSourceSignature },
+    TellTale{ u"/usr/bin/sqv", badSourceSignature },
 };
 
 /// A longer text nobody reads, while laying out one of megabytes would stop everything for seconds.
