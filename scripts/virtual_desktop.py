@@ -23,7 +23,7 @@ gi.require_version("Gio", "2.0")
 from desktop import gnome, settings_portal  # noqa: E402
 from desktop.accessibility import AccessibilityTree  # noqa: E402
 from desktop.bus import connect_when_there  # noqa: E402
-from desktop.processes import DesktopError, Processes, wait_for  # noqa: E402
+from desktop.processes import REQUESTS_TO_END, DesktopError, Processes, wait_for  # noqa: E402
 from desktop.screen import Screen  # noqa: E402
 
 from gi.repository import GLib  # noqa: E402
@@ -62,11 +62,11 @@ class VirtualDesktop:
     def __enter__(self):
         self.folder = Path(tempfile.mkdtemp(prefix="glimmet-desktop-"))
         self.home, self.runtime, logs = (self.folder / name for name in ("home", "run", "log"))
-        for folder in (self.home, self.runtime, logs):
-            folder.mkdir(mode=0o700)
-        self.environment = self._fresh_environment()
         self._processes = Processes(self.folder, logs)
         try:
+            for folder in (self.home, self.runtime, logs):
+                folder.mkdir(mode=0o700)
+            self.environment = self._fresh_environment()
             self._start_parts()
         except BaseException:
             self._print_logs()
@@ -207,7 +207,7 @@ class VirtualDesktop:
 
     def close(self):
         """Ends everything; an interruption meanwhile waits until that is done."""
-        before = {number: signal.signal(number, signal.SIG_IGN) for number in (signal.SIGINT, signal.SIGTERM)}
+        before = {number: signal.signal(number, signal.SIG_IGN) for number in REQUESTS_TO_END}
         try:
             for connection in (self._tree, self.bus):
                 if connection:

@@ -5,11 +5,13 @@ import os
 import signal
 import subprocess
 import time
+from contextlib import contextmanager
 from pathlib import Path
 
 from gi.repository import GLib
 
 MARK = "GLIMMET_VIRTUAL_DESKTOP"
+REQUESTS_TO_END = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
 PR_SET_PDEATHSIG = 1
 _libc = ctypes.CDLL(None, use_errno=True)
 
@@ -56,6 +58,16 @@ def _die_with_parent():
     _libc.prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
+@contextmanager
+def _requests_to_end_held():
+    """Lets what asks this process to end wait for the end of the block; gives the mask of signals of before."""
+    before = signal.pthread_sigmask(signal.SIG_BLOCK, REQUESTS_TO_END)
+    try:
+        yield before
+    finally:
+        signal.pthread_sigmask(signal.SIG_SETMASK, before)
+
+
 def _environment_of(pid):
     try:
         return Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")
@@ -79,12 +91,14 @@ class Processes:
         options.setdefault("stdout", log)
         options.setdefault("stderr", log)
         marked = dict(environment, **dict([self._mark.decode().split("=", 1)]))
-        try:
-            process = subprocess.Popen(command, env=marked, start_new_session=True,
-                                       preexec_fn=_die_with_parent, **options)
-        finally:
-            log.close()
-        self._started.append(process)
+        # A process gets its mark only with its program: one that was abandoned before would not be found.
+        with log, _requests_to_end_held() as mask:
+            def prepare():
+                signal.pthread_sigmask(signal.SIG_SETMASK, mask)
+                _die_with_parent()
+
+            process = subprocess.Popen(command, env=marked, start_new_session=True, preexec_fn=prepare, **options)
+            self._started.append(process)
         return process
 
     def log(self, name):
