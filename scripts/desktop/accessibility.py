@@ -125,6 +125,6 @@ class AccessibilityTree:
         self._bus.close()
 
 
-def find_when_there(root, name, *roles, seconds=5):
+def find_when_there(root, name, *roles, seconds=15):
     """The object of this name (and one of the roles, where given), once the tree has it."""
     return wait_for(lambda: root.find(name, *roles), seconds, f"“{name}” in the accessibility tree")

@@ -30,7 +30,7 @@ class Bus:
         self._connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
         self._connection.set_exit_on_close(False)
 
-    def call(self, name, path, interface, method, arguments=None, timeout=5000):
+    def call(self, name, path, interface, method, arguments=None, timeout=15_000):
         """Returns the reply's values as a tuple; a D-Bus error raises GLib.Error."""
         reply = self._connection.call_sync(name, path, interface, method, arguments, None,
                                            Gio.DBusCallFlags.NONE, timeout, None)

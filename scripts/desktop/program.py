@@ -66,7 +66,7 @@ class Glimmet:
         except GLib.Error:
             return ""
 
-    def wait_for_label(self, wanted, seconds=5):
+    def wait_for_label(self, wanted, seconds=15):
         """Returns the first label, now or later, for which `wanted(label)` holds."""
         def label_if_wanted():
             label = self.label
@@ -151,7 +151,7 @@ class Glimmet:
     def choose_mode(self, mode):
         card = self.control(mode, "radio button")
         card.press()
-        wait_for(lambda: card.checked, 5, f"the card “{mode}” to be chosen")
+        wait_for(lambda: card.checked, 15, f"the card “{mode}” to be chosen")
 
     def output(self):
         return self.desktop.log("glimmet")

@@ -55,11 +55,11 @@ class Keyring:
 
     def lock(self):
         self._ask(SERVICE, "Lock", "(ao)", [self._collection])
-        wait_for(self.is_locked, 5, "the keyring to be locked")
+        wait_for(self.is_locked, 15, "the keyring to be locked")
 
     def unlock(self):
         self._ask(UNLOCKING, "UnlockWithMasterPassword", "(o(oayays))", self._collection, self._secret(PASSWORD))
-        wait_for(lambda: not self.is_locked(), 5, "the keyring to be unlocked")
+        wait_for(lambda: not self.is_locked(), 15, "the keyring to be unlocked")
 
     def is_locked(self):
         return self._bus.get(NAME, self._collection, COLLECTION, "Locked")

@@ -53,11 +53,11 @@ class RevenueCase(DesktopCase):
         self.keyring.put({POLAR.account: POLAR.key})
         self.launch()
         self.show_revenue()
-        wait_for(lambda: len(self.server.asked(POLAR)) >= 2, 5, "the requests of the beginning")
+        wait_for(lambda: len(self.server.asked(POLAR)) >= 2, 15, "the requests of the beginning")
         self.wait_for_text(FIGURE)
 
     def press(self, name):
         self.glimmet.control(name, "radio button").press()
 
-    def wait_for_text(self, text, seconds=5):
+    def wait_for_text(self, text, seconds=10):
         self.glimmet.wait_for_label(lambda label: label == text, seconds)

@@ -57,7 +57,7 @@ class TextSize(DesktopCase):
         self.prefer_text_at(1.25)
         self.daemon = self.desktop.start("xsettings", ["xsettingsd", "-c", str(self.settings)])
         self.addCleanup(self.desktop.stop, self.daemon)
-        wait_for(self.has_settings, 5, "the desktop's settings")
+        wait_for(self.has_settings, 15, "the desktop's settings")
         self.launch().wait_for_strip()
 
     def has_settings(self):
@@ -65,7 +65,7 @@ class TextSize(DesktopCase):
 
     def wait_for_panel(self, scale):
         wanted = tuple(round(length * scale) for length in SIZE)
-        wait_for(lambda: (area := self.screen.area_of("glimmet")) and (area.width, area.height) == wanted, 5,
+        wait_for(lambda: (area := self.screen.area_of("glimmet")) and (area.width, area.height) == wanted, 15,
                  f"a panel {scale} times as large")
         self.assert_on_screen(self.screen.area_of("glimmet"))
 
@@ -89,7 +89,7 @@ class TextSize(DesktopCase):
 
             self.wait_for_panel(scale)
             size = "x".join(str(round(length * scale)) for length in SIZE)
-            wait_for(lambda: f"shape extents:  {size}+0+0" in self.shape(), 5, f"a shape of {size}")
+            wait_for(lambda: f"shape extents:  {size}+0+0" in self.shape(), 15, f"a shape of {size}")
 
     def shape(self):
         """What the window system leaves of the panel's window."""
@@ -118,7 +118,7 @@ class ShrinkingScreen(DesktopCase):
 
         smaller = self.shrink()
 
-        wait_for(lambda: smaller.contains(self.screen.area_of("glimmet")), 5, "the panel on the smaller screen")
+        wait_for(lambda: smaller.contains(self.screen.area_of("glimmet")), 15, "the panel on the smaller screen")
 
 
 class LowScreen(DesktopCase):
@@ -153,7 +153,7 @@ class CornersCase(DesktopCase):
                                                  f"{whole.width}x{whole.height}+0+0"])
         self.addCleanup(self.desktop.stop, behind)
         middle = Area(*whole.middle, 1, 1)
-        wait_for(lambda: self.colors([middle]) == [self.WHITE], 5, "a white window")
+        wait_for(lambda: self.colors([middle]) == [self.WHITE], 15, "a white window")
 
     def assert_corners_show_what_is_behind(self):
         self.put_white_behind()
@@ -162,7 +162,7 @@ class CornersCase(DesktopCase):
 
         corners = [Area(x, panel.bottom - 1, 1, 1) for x in (panel.x, panel.right - 1)]
         inside = Area(panel.middle[0], panel.bottom - 1, 1, 1)
-        wait_for(lambda: self.colors(corners) == [self.WHITE] * 2, 5, "the white window at the panel's corners")
+        wait_for(lambda: self.colors(corners) == [self.WHITE] * 2, 15, "the white window at the panel's corners")
         self.assertNotEqual(self.colors([inside]), [self.WHITE])
 
 

@@ -96,7 +96,7 @@ class Hosts(DesktopCase):
 
         strip = self.glimmet.wait_for_strip()
         pictures = set()
-        wait_for(lambda: pictures.add(self.screen.pixels(strip)) or len(pictures) > 2, 5, "a text that goes on")
+        wait_for(lambda: pictures.add(self.screen.pixels(strip)) or len(pictures) > 2, 15, "a text that goes on")
         self.assertIsNone(self.glimmet.process.poll())
 
     def test_survives_a_session_bus_that_is_lost_in_the_midst_of_its_start(self):

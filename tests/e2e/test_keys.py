@@ -39,7 +39,7 @@ class Keys(RevenueCase):
         self.screen.wait_until_gone(DIALOG)
 
     def wait_for_stored(self, texts):
-        wait_for(lambda: self.keyring.texts() == self.stored(texts), 5, "the items in the keyring")
+        wait_for(lambda: self.keyring.texts() == self.stored(texts), 15, "the items in the keyring")
 
     def test_a_first_start_stores_seven_items(self):
         self.launch()
@@ -52,7 +52,7 @@ class Keys(RevenueCase):
 
         for _ in range(3):
             self.launch()
-            wait_for(lambda: self.server.asked(POLAR), 5, "the request of the start")
+            wait_for(lambda: self.server.asked(POLAR), 15, "the request of the start")
             self.assertEqual(self.glimmet.stop(), 0)
             self.assertEqual(self.keyring.texts(), self.stored(texts))
 
@@ -106,7 +106,7 @@ class Keys(RevenueCase):
         self.launch()
 
         self.assertLess(time.monotonic() - start, 4)
-        wait_for(lambda: len(self.glimmet.labels) >= 3, 5, "a clock that goes on")
+        wait_for(lambda: len(self.glimmet.labels) >= 3, 15, "a clock that goes on")
         self.show_revenue()
         self.wait_for_text(MISSING)
         self.keyring.thaw()

@@ -27,7 +27,7 @@ DEADLINE = '[{"date":2934567890.1234565,"title":"launch","id":"E621E1F8-C36C-495
 class Launches(DesktopCase):
     def second_launch(self):
         second = self.desktop.start("second", [*without_network(), str(BINARY)])
-        return wait_for(lambda: second.poll() is not None, 5, "the second launch to end") and second.returncode
+        return wait_for(lambda: second.poll() is not None, 15, "the second launch to end") and second.returncode
 
     def seed_lists(self):
         self.seed({

@@ -30,7 +30,7 @@ def full_pipe():
 class Output(DesktopCase):
     def assert_goes_on(self):
         already = len(self.glimmet.labels)
-        wait_for(lambda: len(self.glimmet.labels) >= already + 2, 5, "two more labels")
+        wait_for(lambda: len(self.glimmet.labels) >= already + 2, 15, "two more labels")
         self.glimmet.ask_for_panel()
         self.glimmet.close_panel()
         self.assertIsNone(self.glimmet.process.poll())

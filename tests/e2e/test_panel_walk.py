@@ -63,16 +63,16 @@ class PanelWalk(RevenueCase):
     def choose(self, name):
         chip = self.glimmet.control(name, CHIP)
         chip.press()
-        wait_for(lambda: self.glimmet.control(name, CHIP).checked, 5, f"“{name}” to be chosen")
+        wait_for(lambda: self.glimmet.control(name, CHIP).checked, 15, f"“{name}” to be chosen")
 
     def write(self, name, text):
         self.glimmet.control(name, *FIELD).write(text)
 
     def wait_for_name(self, name):
-        wait_for(lambda: name in self.names(), 5, f"“{name}” in the panel")
+        wait_for(lambda: name in self.names(), 15, f"“{name}” in the panel")
 
     def wait_until_gone(self, name):
-        wait_for(lambda: name not in self.names(), 5, f"“{name}” to go")
+        wait_for(lambda: name not in self.names(), 15, f"“{name}” to go")
 
     def kept(self, key):
         return self.stored().get(f"me.kerno.glimmet.{key}")
@@ -87,7 +87,7 @@ class PanelWalk(RevenueCase):
         self.tap("Remove measure twice")
 
         self.wait_until_gone("Remove measure twice")
-        wait_for(lambda: self.kept("quotes") == [], 3, "the empty list in the file")
+        wait_for(lambda: self.kept("quotes") == [], 15, "the empty list in the file")
 
     def test_symbols_are_added_and_removed(self):
         self.glimmet.choose_mode("Crypto")
@@ -126,7 +126,7 @@ class PanelWalk(RevenueCase):
         self.assertFalse(self.glimmet.control("Add Deadline", BUTTON).enabled)
         for title in ("Math Exam", "Rent"):
             self.write("Name (e.g. Math Exam)", title)
-            wait_for(lambda: self.glimmet.control("Add Deadline", BUTTON).enabled, 3, "“Add Deadline” to be in use")
+            wait_for(lambda: self.glimmet.control("Add Deadline", BUTTON).enabled, 15, "“Add Deadline” to be in use")
             self.tap("Add Deadline")
             self.wait_for_name(f"Remove {title}")
         # A day ahead, and a moment of it has passed.
@@ -175,17 +175,17 @@ class PanelWalk(RevenueCase):
         self.tap("API Keys")
         for account, field in KEY_FIELDS.items():
             self.write(field, KEYS[account])
-        wait_for(lambda: dict(self.keyring.texts()).items() >= KEYS.items(), 5, "the keys in the keyring")
+        wait_for(lambda: dict(self.keyring.texts()).items() >= KEYS.items(), 15, "the keys in the keyring")
 
         self.assertNotIn(KEYS["stripe_api_key"], self.told_texts())
         for hidden in [node for node in self.panel.walk() if node.is_called("Show key", (BUTTON,))]:
             hidden.press()
-        wait_for(lambda: set(KEYS.values()) <= set(self.told_texts()), 5, "the revealed keys")
+        wait_for(lambda: set(KEYS.values()) <= set(self.told_texts()), 15, "the revealed keys")
         for field in KEY_FIELDS.values():
             self.write(field, "")
 
-        wait_for(lambda: self.names().count("No key saved") == 5, 5, "five badges without a key")
-        wait_for(lambda: {text for account, text in self.keyring.texts() if account in KEYS} == {""}, 5,
+        wait_for(lambda: self.names().count("No key saved") == 5, 15, "five badges without a key")
+        wait_for(lambda: {text for account, text in self.keyring.texts() if account in KEYS} == {""}, 15,
                  "no keys in the keyring")
 
     def told_texts(self):
@@ -211,7 +211,7 @@ class PanelWalk(RevenueCase):
         self.glimmet.choose_mode("Revenue")
         self.tap("API Keys")
         self.wait_for_name("REVENUECAT PROJECT ID")
-        wait_for(lambda: "Quit" not in self.names(), 5, "the panel behind the sheet not to be told of")
+        wait_for(lambda: "Quit" not in self.names(), 15, "the panel behind the sheet not to be told of")
 
         self.tap("Close")
 

@@ -60,22 +60,22 @@ class Prices(DesktopCase):
         """Returns once the first price is on show; all were asked for twice, at the start and by the choice."""
         self.begin_with(*symbols)
         self.show_prices()
-        wait_for(lambda: len(self.server.requests) >= 2 * len(symbols), 5, "the requests of the beginning")
+        wait_for(lambda: len(self.server.requests) >= 2 * len(symbols), 15, "the requests of the beginning")
         self.wait_for_text(BTC)
 
     def ask_anew(self):
         """Chooses the prices once more, which asks for all of them, and returns once the server has heard it."""
         asked = len(self.server.requests)
         self.glimmet.control("Crypto", "radio button").press()
-        wait_for(lambda: len(self.server.requests) > asked, 5, "another request")
+        wait_for(lambda: len(self.server.requests) > asked, 15, "another request")
 
-    def wait_for_text(self, text, seconds=5):
+    def wait_for_text(self, text, seconds=10):
         """Waits for the text, and until the change to it is among the labels, which lag behind the bus."""
         self.glimmet.wait_for_label(lambda label: label == text, seconds)
-        wait_for(lambda: self.glimmet.labels and self.glimmet.labels[-1][1] == text, 5, f"the change to “{text}”")
+        wait_for(lambda: self.glimmet.labels and self.glimmet.labels[-1][1] == text, 15, f"the change to “{text}”")
 
     def wait_for_log(self, *lines):
-        wait_for(lambda: set(lines) <= set(self.glimmet.output().splitlines()), 5, f"the lines {lines}")
+        wait_for(lambda: set(lines) <= set(self.glimmet.output().splitlines()), 15, f"the lines {lines}")
 
     def texts(self):
         """The labels so far without repetition."""
@@ -99,7 +99,7 @@ class Prices(DesktopCase):
     def test_asks_for_every_symbol_at_the_start_and_as_the_server_expects_it(self):
         self.begin_with("BTC", "^GSPC", "ETH-USD")
 
-        wait_for(lambda: len(self.server.requests) >= 3, 5, "three requests")
+        wait_for(lambda: len(self.server.requests) >= 3, 15, "three requests")
 
         watch_for(1)
         self.assertEqual(sorted(request.target for request in self.server.requests), [
@@ -121,7 +121,7 @@ class Prices(DesktopCase):
         self.begin_with("BTC", "^GSPC", "NONE-USD")
 
         self.wait_for_log("[glimmet] BTC: $97000.0 +1.3%  24pts", "[glimmet] ^GSPC: $5881.63 -0.4%  0pts")
-        wait_for(lambda: "NONE-USD" in self.server.asked_symbols(), 5, "the request of an unknown symbol")
+        wait_for(lambda: "NONE-USD" in self.server.asked_symbols(), 15, "the request of an unknown symbol")
         self.assertNotIn("NONE", self.glimmet.output())
 
     def test_keeps_the_price_through_every_kind_of_failure(self):
@@ -207,13 +207,13 @@ class Prices(DesktopCase):
 
     def assert_turned_away_since(self, before):
         """More connections than `before` ended, and none of them brought a request."""
-        wait_for(lambda: self.server.requests or self.server.ended_connections > before, 5, "another connection")
+        wait_for(lambda: self.server.requests or self.server.ended_connections > before, 15, "another connection")
         self.assertEqual(self.server.requests, [])
 
     def test_quits_at_once_while_an_answer_does_not_come(self):
         self.server.ending = Ending.SILENCE
         self.begin_with("BTC-USD", "DOGE-USD")
-        wait_for(lambda: len(self.server.requests) == 2, 5, "both requests")
+        wait_for(lambda: len(self.server.requests) == 2, 15, "both requests")
         start = time.monotonic()
 
         status = self.glimmet.stop()

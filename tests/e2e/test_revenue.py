@@ -54,7 +54,7 @@ class Revenue(RevenueCase):
 
         before = asked()
         self.press("Revenue")
-        wait_for(lambda: asked() > before, 5, "another request")
+        wait_for(lambda: asked() > before, 15, "another request")
 
     def assert_tells_no_key(self, text):
         for key in KEYS.values():
@@ -64,7 +64,7 @@ class Revenue(RevenueCase):
         self.keyring.put({POLAR.account: POLAR.key})
         self.launch()
 
-        wait_for(lambda: self.server.asked(POLAR), 5, "the request of the start")
+        wait_for(lambda: self.server.asked(POLAR), 15, "the request of the start")
 
         self.server.ending = Ending.SILENCE
         self.assertRegex(self.glimmet.label, CLOCK)
@@ -119,7 +119,7 @@ class Revenue(RevenueCase):
 
         self.press("Today")
         self.press(POLAR.name)
-        wait_for(lambda: self.server.targets(POLAR)[-1].endswith("interval=day"), 5, "the question for one day")
+        wait_for(lambda: self.server.targets(POLAR)[-1].endswith("interval=day"), 15, "the question for one day")
         self.assertRegex(self.server.targets(POLAR)[-1], r"\?start_date=(20[\d-]+)&end_date=\1&interval=day$")
 
     def test_counts_in_the_stripe_currency_of_the_keyring(self):
@@ -213,7 +213,7 @@ class Revenue(RevenueCase):
         self.ask_anew()
         self.glimmet.labels.clear()
         self.glimmet.choose_mode("Clock")
-        wait_for(lambda: len(self.glimmet.labels) >= 2, 3, "two seconds of the clock")
+        wait_for(lambda: len(self.glimmet.labels) >= 2, 15, "two seconds of the clock")
         clock = [label for _, label in self.glimmet.labels]
         self.glimmet.choose_mode("Revenue")
         self.wait_for_text(FIGURE, 2)
@@ -241,7 +241,7 @@ class Revenue(RevenueCase):
         self.server.ending = Ending.SILENCE
         self.keyring.put({POLAR.account: POLAR.key})
         self.launch()
-        wait_for(lambda: self.server.asked(POLAR), 5, "the request of the start")
+        wait_for(lambda: self.server.asked(POLAR), 15, "the request of the start")
         start = time.monotonic()
 
         status = self.glimmet.stop()

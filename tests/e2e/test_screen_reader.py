@@ -33,7 +33,7 @@ class ScreenReader(DesktopCase):
         self.assertLessEqual(len(self.heard), 1)
 
     def test_finds_the_time_without_its_seconds(self):
-        wait_for(lambda: self.glimmet.label[:5] in self.preview(), 3, "the time among what is told")
+        wait_for(lambda: self.glimmet.label[:5] in self.preview(), 15, "the time among what is told")
 
 
 if __name__ == "__main__":

@@ -31,30 +31,30 @@ class Settings(DesktopCase):
 
     def close_sheet(self):
         self.glimmet.control("Close", "push button").press()
-        wait_for(lambda: self.desktop.tree.program("glimmet").find(LABEL) is None, 5, "the sheet to go")
+        wait_for(lambda: self.desktop.tree.program("glimmet").find(LABEL) is None, 15, "the sheet to go")
 
     def test_starting_at_login_is_switched_on_and_off(self):
         switch = self.open_sheet()
         self.assertFalse(switch.checked)
 
         switch.press()
-        wait_for(self.entry.exists, 3, "the entry")
+        wait_for(self.entry.exists, 15, "the entry")
         lines = self.entry.read_text().splitlines()
         self.assertIn(f'Exec="{self.glimmet.binary}"', lines)
         self.glimmet.control(LABEL, *SWITCH).press()
 
-        wait_for(lambda: not self.entry.exists(), 3, "the entry to go")
+        wait_for(lambda: not self.entry.exists(), 15, "the entry to go")
 
     def test_every_sheet_shows_what_the_system_says_then(self):
         self.open_sheet().press()
-        wait_for(self.entry.exists, 3, "the entry")
+        wait_for(self.entry.exists, 15, "the entry")
         self.close_sheet()
         self.entry.write_text(self.entry.read_text() + "Hidden=true\n")
 
         self.assertFalse(self.open_sheet().checked)
 
         self.glimmet.control(LABEL, *SWITCH).press()
-        wait_for(lambda: "Hidden" not in self.entry.read_text(), 3, "an entry without what the user disabled")
+        wait_for(lambda: "Hidden" not in self.entry.read_text(), 15, "an entry without what the user disabled")
         self.close_sheet()
         self.assertTrue(self.open_sheet().checked)
 
@@ -65,7 +65,7 @@ class Settings(DesktopCase):
 
         switch.press()
 
-        wait_for(lambda: "Launch error: " in self.glimmet.output(), 3, "the line")
+        wait_for(lambda: "Launch error: " in self.glimmet.output(), 15, "the line")
         self.assertTrue(self.glimmet.control(LABEL, *SWITCH).checked)
         lines = [line for line in self.glimmet.output().splitlines() if "Launch error" in line]
         self.assertEqual(len(lines), 1)

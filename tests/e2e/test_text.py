@@ -21,7 +21,7 @@ class Text(DesktopCase):
 
     def test_loads_what_the_panel_needs_only_with_the_panel(self):
         self.launch()
-        wait_for(lambda: len(self.glimmet.labels) >= 2, 5, "two labels")
+        wait_for(lambda: len(self.glimmet.labels) >= 2, 15, "two labels")
         before = self.libraries()
 
         self.glimmet.ask_for_panel()
@@ -32,7 +32,7 @@ class Text(DesktopCase):
 
     def test_sends_each_second_of_the_clock_once(self):
         self.launch()
-        wait_for(lambda: self.glimmet.labels, 5, "a label")
+        wait_for(lambda: self.glimmet.labels, 15, "a label")
         self.glimmet.labels.clear()
 
         watch_for(4)
@@ -56,7 +56,7 @@ class Text(DesktopCase):
         self.launch()
         already = len(self.glimmet.labels)
 
-        wait_for(lambda: len(self.glimmet.labels) > already, 3, "a label")
+        wait_for(lambda: len(self.glimmet.labels) > already, 15, "a label")
 
         self.assertEqual(self.glimmet.label, self.glimmet.labels[-1][1])
 

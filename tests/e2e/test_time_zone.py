@@ -47,12 +47,12 @@ class TimeZone(DesktopCase):
         self.set_zone("Etc/UTC")
         own_etc = [*own_namespaces.inside_own(own_namespaces.NETWORK_AND_MOUNTS), "sh", "-c", IN_OWN_ETC, "sh",
                    str(self.etc)]
-        self.launch(network=own_etc).wait_for_label(self.is_time_in("Etc/UTC"), 3)
+        self.launch(network=own_etc).wait_for_label(self.is_time_in("Etc/UTC"))
 
         for zone in ("Asia/Kathmandu", "America/St_Johns"):
             self.set_zone(zone)
 
-            self.glimmet.wait_for_label(self.is_time_in(zone), 2)
+            self.glimmet.wait_for_label(self.is_time_in(zone))
 
 
 if __name__ == "__main__":

@@ -23,11 +23,11 @@ class Watcher:
         """Ends the host without a farewell."""
         self._process.kill()
         self._process.wait()
-        wait_for(lambda: not self._desktop.bus.owner(NAME), 5, "the host to be gone")
+        wait_for(lambda: not self._desktop.bus.owner(NAME), 15, "the host to be gone")
 
     def items(self):
         """What registered since the start, each as [bus name, path]."""
         return [line.split() for line in self._desktop.log("watcher").splitlines()]
 
-    def wait_for_item(self, seconds=5):
+    def wait_for_item(self, seconds=15):
         return wait_for(self.items, seconds, "an item to register")[0]
