@@ -42,23 +42,24 @@ namespace {
 constexpr std::chrono::seconds patienceWithTheDisplay{ 30 };
 
 /// The panel places itself, which only an X server lets a program do; under Wayland that is XWayland. Where
-/// there is none, the user is told.
-bool chooseX11()
+/// there is none, the user is told and there is no connection.
+std::shared_ptr<xcb_connection_t> chooseX11()
 {
     qputenv("QT_QPA_PLATFORM", platformFor(qgetenv("QT_QPA_PLATFORM")));
     const QByteArray name = qgetenv("DISPLAY");
-    switch (lookAtDisplay(patienceWithTheDisplay)) {
+    const XDisplayLook look = lookAtDisplay(patienceWithTheDisplay);
+    switch (look.display) {
     case XDisplay::Unset:
         std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
-        return false;
+        return nullptr;
     case XDisplay::Unreachable:
         std::fprintf(stderr, "glimmet needs an X display (cannot connect to %s)\n", name.constData());
-        return false;
+        return nullptr;
     case XDisplay::Silent:
         std::fprintf(stderr, "glimmet needs an X display (%s does not answer)\n", name.constData());
-        return false;
+        return nullptr;
     case XDisplay::Answers:
-        return true;
+        return look.connection;
     }
     Q_UNREACHABLE();
 }
@@ -158,10 +159,12 @@ int main(int argc, char *argv[])
     // bus has just gone; as a warning it does no harm.
     qputenv("DBUS_FATAL_WARNINGS", "0");
     DiagnosticLog log;
+    std::shared_ptr<xcb_connection_t> display = chooseX11();
     // At once: a thread may still be waiting for the display.
-    if (!chooseX11())
+    if (!display)
         std::_Exit(1);
     QGuiApplication application(argc, argv);
+    display.reset(); // Qt has its own now.
     QGuiApplication::setApplicationName(QStringLiteral("glimmet"));
     QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("me.kerno.glimmet"));

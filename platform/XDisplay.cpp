@@ -7,29 +7,32 @@
 #include <algorithm>
 #include <future>
 #include <thread>
+#include <utility>
 
 namespace glimmet {
 namespace {
 
-XDisplay connectOnce()
+XDisplayLook connectOnce()
 {
-    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
-    const bool isConnected = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isConnected ? XDisplay::Answers : XDisplay::Unreachable;
+    std::shared_ptr<xcb_connection_t> connection(xcb_connect(nullptr, nullptr), xcb_disconnect);
+    if (xcb_connection_has_error(connection.get()) != 0)
+        return { XDisplay::Unreachable, nullptr };
+    return { XDisplay::Answers, std::move(connection) };
 }
 
 } // namespace
 
-XDisplay lookAtDisplay(std::chrono::milliseconds patience)
+XDisplayLook lookAtDisplay(std::chrono::milliseconds patience)
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
-        return XDisplay::Unset;
+        return { XDisplay::Unset, nullptr };
     // Neither the connecting nor the greeting has a time-out of its own.
-    std::packaged_task<XDisplay()> look(connectOnce);
-    std::future<XDisplay> display = look.get_future();
+    std::packaged_task<XDisplayLook()> look(connectOnce);
+    std::future<XDisplayLook> found = look.get_future();
     std::thread(std::move(look)).detach();
-    return display.wait_for(patience) == std::future_status::ready ? display.get() : XDisplay::Silent;
+    if (found.wait_for(patience) != std::future_status::ready)
+        return { XDisplay::Silent, nullptr };
+    return found.get();
 }
 
 QByteArray platformFor(const QByteArray &wanted)

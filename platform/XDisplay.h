@@ -3,6 +3,9 @@
 #include <QByteArray>
 
 #include <chrono>
+#include <memory>
+
+struct xcb_connection_t;
 
 namespace glimmet {
 
@@ -15,9 +18,15 @@ enum class XDisplay {
     Answers,
 };
 
-/// Connects to the display and leaves it again. Blocks until it knows, at most as long as `patience`. Where
-/// the display is silent, a thread keeps waiting for it: the process is then to end.
-XDisplay lookAtDisplay(std::chrono::milliseconds patience);
+struct XDisplayLook {
+    XDisplay display = XDisplay::Unset;
+    /// Of a display that answers. To be kept until the next one stands: a server may end with its last client.
+    std::shared_ptr<xcb_connection_t> connection;
+};
+
+/// Connects to the display. Blocks until it knows, at most as long as `patience`. Where the display is silent,
+/// a thread keeps waiting for it: the process is then to end.
+XDisplayLook lookAtDisplay(std::chrono::milliseconds patience);
 
 /// Which of Qt's platforms the program takes where the user's QT_QPA_PLATFORM is `wanted`: always "xcb", with
 /// the user's parameters for it if there are some. Other platforms are wished for in a whole session's

@@ -68,8 +68,10 @@ class VirtualDesktop:
                 folder.mkdir(mode=0o700)
             self.environment = self._fresh_environment()
             self._start_parts()
-        except BaseException:
-            self._print_logs()
+        except BaseException as error:
+            # What was only interrupted has nothing to explain.
+            if isinstance(error, Exception):
+                self._print_logs()
             self.close()
             raise
         return self
@@ -89,7 +91,8 @@ class VirtualDesktop:
         } | (gnome.ENVIRONMENT if self.kind == "gnome" else {})
 
     def _start_parts(self):
-        self._start_screen()
+        self.environment["DISPLAY"] = self.start_screen("screen", "-noreset")
+        self.screen = Screen(self.environment, self._size)
         self.start_session_bus()
         if self.kind == "gnome":
             gnome.start_system_bus(self)
@@ -99,19 +102,19 @@ class VirtualDesktop:
         # Away from whatever reacts to a pointer over it.
         self.screen.move(self._size[0] // 2, self._size[1] - 20)
 
-    def _start_screen(self):
+    def start_screen(self, name, *options):
+        """Starts an X server and returns its display."""
         read, write = os.pipe()
         geometry = f"{self._size[0]}x{self._size[1]}x24"
-        self.start("screen", ["Xvfb", "-displayfd", str(write), "-screen", "0", geometry, "-nolisten", "tcp",
-                              "-noreset", "+extension", "RANDR", "+extension", "XTEST"], pass_fds=(write,))
+        self.start(name, ["Xvfb", "-displayfd", str(write), "-screen", "0", geometry, "-nolisten", "tcp",
+                          "+extension", "RANDR", "+extension", "XTEST", *options], pass_fds=(write,))
         os.close(write)
         with os.fdopen(read) as answer:
             ready, _, _ = select.select([answer], [], [], 20)
             number = answer.readline().strip() if ready else ""
         if not number:
             raise DesktopError("the virtual screen did not start")
-        self.environment["DISPLAY"] = f":{number}"
-        self.screen = Screen(self.environment, self._size)
+        return f":{number}"
 
     def start_session_bus(self):
         """Starts the session bus and its services, or after stop_session_bus again, under the same address."""

@@ -100,6 +100,13 @@ class Launches(DesktopCase):
 
                 self.assertEqual(self.glimmet.stop(), 0)
 
+    def test_runs_as_the_only_client_of_a_server_that_ends_with_its_last_one(self):
+        display = self.desktop.start_screen("ending-screen", "-terminate")
+
+        self.launch({"DISPLAY": display})
+
+        self.assertEqual(self.glimmet.stop(), 0)
+
     def test_runs_again_as_a_session_manager_starts_it(self):
         self.launch(arguments=["-session", "10d7-1700000000-42"]).ask_for_panel()
 
@@ -169,7 +176,7 @@ class WithoutADesktop(unittest.TestCase):
         self.assert_touched_nothing()
 
     def test_says_that_the_display_cannot_be_reached(self):
-        for name in (":54321", "127.0.0.1:54321", "nonsense"):
+        for name in (":59000", "127.0.0.1:59000", "nonsense"):
             self.assert_needs_a_display(self.launch(DISPLAY=name), f"cannot connect to {name}")
         self.assert_touched_nothing()
 
