@@ -20,9 +20,10 @@ using namespace std::chrono_literals;
 
 /// A click on the item closes the open panel at its press already, since it is a click elsewhere; the host
 /// tells of the same click up to this long afterwards. Any later click is told apart by its own press.
-constexpr std::chrono::milliseconds pressTime = 5s;
-/// The same where only the keyboard's going away told of the click: a later click cannot be told apart.
-constexpr std::chrono::milliseconds focusTime = 700ms;
+constexpr std::chrono::milliseconds busyHostTime = 5s;
+/// The same where a later click could not be told apart: where only the keyboard's going away told of the
+/// click, or where the press was not at a bar, so that the next one may be Wayland's alone.
+constexpr std::chrono::milliseconds hostTime = 700ms;
 /// While a host's own menu or grab goes away, the keyboard may pass by the new panel.
 constexpr std::chrono::milliseconds settlingTime = 400ms;
 
@@ -30,6 +31,14 @@ ScreenSpace screenFor(std::optional<QPoint> anchor)
 {
     const QList<ScreenSpace> screens = allScreens();
     return anchor ? screenAt(screens, *anchor) : screens.first();
+}
+
+/// Whether a press at this native position may have been at an item of a bar.
+bool isAtBar(QPoint position)
+{
+    const QList<ScreenSpace> screens = allScreens();
+    const ScreenSpace &screen = screenAt(screens, position);
+    return !screen.toNative(screen.available).contains(position);
 }
 
 bool hasPassed(const QElapsedTimer &timer, std::chrono::milliseconds duration)
@@ -45,7 +54,7 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
     , m_services(std::move(services))
 {
     m_forgetTimer.setSingleShot(true);
-    m_forgetTimer.setInterval(pressTime);
+    m_forgetTimer.setInterval(busyHostTime);
     connect(&m_forgetTimer, &QTimer::timeout, this, &PanelController::forgetPresses);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelController::handleFocus);
 }
@@ -138,12 +147,16 @@ void PanelController::handlePress(QPoint position)
     }
     const QWindow &window = m_panel->window();
     if (!spaceOf(*window.screen()).toNative(window.geometry()).contains(position))
-        close(Cause::PressElsewhere);
+        close(isAtBar(position) ? Cause::PressAtBar : Cause::PressElsewhere);
 }
 
 void PanelController::handleFocus(const QWindow *focused)
 {
     if (!isOpen() || focused == &m_panel->window())
+        return;
+    // The press that took the keyboard away may still be on its way, since it comes over another connection.
+    m_presses->catchUp();
+    if (!isOpen())
         return;
     // Another window of our own takes it on purpose.
     const bool isOurs = focused != nullptr;
@@ -178,7 +191,7 @@ bool PanelController::isClosingClick() const
 {
     if (m_closing == Cause::Request || m_wasPressedSince)
         return false;
-    return !hasPassed(m_sinceClosing, m_closing == Cause::PressElsewhere ? pressTime : focusTime);
+    return !hasPassed(m_sinceClosing, m_closing == Cause::PressAtBar ? busyHostTime : hostTime);
 }
 
 } // namespace glimmet

@@ -48,7 +48,7 @@ signals:
     void replaced();
 
 private:
-    enum class Cause { Request, PressElsewhere, FocusElsewhere };
+    enum class Cause { Request, PressAtBar, PressElsewhere, FocusElsewhere };
 
     PanelModule *module();
     void place();
