@@ -84,8 +84,8 @@ struct TellTale {
     QStringView words;
 };
 
-/// What the backend for apt has no numbers of its own for, by what is the same in every language: gpg's words
-/// for signatures, and the name of the program that checks them since Debian 13.
+/// What the backend for apt has no numbers of its own for, by what apt says in English and gpg in every
+/// language, and by the name of the program that checks signatures since Debian 13.
 constexpr std::array tellTales = {
     TellTale{ u"Hash Sum mismatch", badFile },
     TellTale{ u"NO_PUBKEY", badSourceSignature },

@@ -20,12 +20,13 @@ enum class XDisplay {
 
 struct XDisplayLook {
     XDisplay display = XDisplay::Unset;
-    /// Of a display that answers. To be kept until the next one stands: a server may end with its last client.
+    /// Of a display that answers. To be kept until the next one stands: a server may end with its last
+    /// client.
     std::shared_ptr<xcb_connection_t> connection;
 };
 
-/// Connects to the display. Blocks until it knows, at most as long as `patience`. Where the display is silent,
-/// a thread keeps waiting for it: the process is then to end.
+/// Connects to the display. Blocks until it knows, at most as long as `patience`. Where the display is
+/// silent, a thread keeps waiting for it: the process is then to end.
 XDisplayLook lookAtDisplay(std::chrono::milliseconds patience);
 
 /// Which of Qt's platforms the program takes where the user's QT_QPA_PLATFORM is `wanted`: always "xcb", with

@@ -151,12 +151,15 @@ class Room:
         self._release = release
         self._shared = shared
         self._holder = None
+        self._lock = None
 
     def __enter__(self):
-        shutil.rmtree(self.root, ignore_errors=True)
         self.root.parent.mkdir(parents=True, exist_ok=True)
-        base = base_system(self._cache, self._release)
+        # The rooms of a release share the packages that apt has fetched, which one apt only may use at a time.
+        self._lock = locked(self.root.parent / f"{self._release}.lock")
+        shutil.rmtree(self.root, ignore_errors=True)
         try:
+            base = base_system(self._cache, self._release)
             run_quietly("cp", "-a", "--reflink=auto", str(base), str(self.root))
             shutil.copy("/etc/resolv.conf", self.root / "etc/resolv.conf")
             self._move_in()
@@ -175,6 +178,7 @@ class Room:
             self._holder.wait()
         # What is mounted in it is mounted for its own processes only, and went with them.
         shutil.rmtree(self.root, ignore_errors=True)
+        self._lock.close()
 
     def _end_processes(self):
         """Ends what was started in here by whatever: services that a bus starts have no other owner."""

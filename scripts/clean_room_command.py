@@ -8,7 +8,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from clean_room import HOME, PERSON, USER, Room, chosen_release, locked, run_quietly
+from clean_room import HOME, PERSON, USER, Room, chosen_release, run_quietly
 
 
 def tell(line):
@@ -73,17 +73,15 @@ def main():
     name = f"{release}-{options.who}"
     home = HOME if options.who == "user" else "/root"
     place = f"{home}/glimmet"
-    rooms = options.cache.resolve() / "rooms"
-    rooms.mkdir(parents=True, exist_ok=True)
     try:
-        with locked(rooms / f"{name}.lock"), Room(name, options.cache.resolve(), release) as room:
+        with Room(name, options.cache.resolve(), release) as room:
             clone(room, options.source, place, USER if options.who == "user" else "0:0")
             tell(f"In a clean Debian {release} as {options.who}: {' '.join(options.command)}")
             status = run_in(room, options, place)
             keep_output(room, place, options.pictures / name, options.owner)
     except KeyboardInterrupt:
         return 130
-    except RuntimeError as error:
+    except (OSError, RuntimeError, subprocess.SubprocessError) as error:
         tell(f"clean-room: {error}")
         return 1
     finally:

@@ -168,8 +168,8 @@ TEST(FailureOfATransaction, tellsASpoiledFileAndAStrangersSignatureByWhatAptSays
     EXPECT_EQ(
         wordsFor(10, u"glimmet 1.1 is not (yet) available (Hash Sum mismatch)"_s), wordsForErrorCode(40));
     EXPECT_TRUE(wordsFor(64, u"GPG error: NO_PUBKEY 940A95EF825CD2D9"_s).contains(u"not signed"));
-    EXPECT_TRUE(wordsFor(64, u"Unterprozess /usr/bin/sqv hat Fehlercode (1) zurückgegeben"_s)
-                    .contains(u"not signed"));
+    EXPECT_TRUE(
+        wordsFor(64, u"Sub-process /usr/bin/sqv returned an error code (1)"_s).contains(u"not signed"));
     EXPECT_EQ(wordsFor(10, u"404  Not Found"_s), wordsForErrorCode(10));
 }
 

@@ -1,7 +1,10 @@
 """Where a clean system comes from, and what its command line refuses."""
 
+import os
+import signal
 import subprocess
 import sys
+import tempfile
 import unittest
 from pathlib import Path
 from unittest import mock
@@ -17,6 +20,16 @@ http://mirror.invalid/debian bookworm contrib
 http://mirror.invalid/debian-security bookworm-security main
 http://vendor.invalid/apt bookworm-tools main
 http://vendor.invalid/apt stable main
+"""
+
+# Says that it is there, and then which signal it got.
+TELLING = """
+import signal
+signals = {signal.SIGHUP, signal.SIGINT, signal.SIGTERM}
+signal.pthread_sigmask(signal.SIG_BLOCK, signals)
+print("ready", flush=True)
+print(int(signal.sigwait(signals)), flush=True)
+raise SystemExit(7)
 """
 
 
@@ -42,3 +55,20 @@ class CleanRoom(unittest.TestCase):
 
                 self.assertEqual(result.returncode, 2)
                 self.assertIn("Usage: scripts/clean-room", result.stderr)
+
+    def test_handsOnWhatAsksItToEnd(self):
+        if os.geteuid() != 0:
+            print("the end of a clean room is skipped: namespaces take root")
+            self.skipTest("takes root")
+        script = self.enterContext(tempfile.NamedTemporaryFile("w"))
+        script.write(TELLING)
+        script.flush()
+        for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
+            with self.subTest(number=number):
+                process = subprocess.Popen([SCRIPTS / "in-namespaces", script.name], stdout=subprocess.PIPE, text=True)
+                self.assertEqual(process.stdout.readline(), "ready\n")
+
+                process.send_signal(number)
+
+                self.assertEqual(process.communicate(timeout=30)[0], f"{int(number)}\n")
+                self.assertEqual(process.returncode, 7)

@@ -13,7 +13,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 KIND = os.environ.get("GLIMMET_DESKTOP", "strip")
 # On two busy cores the packages and the build may take that long.
-WHOLE_SETUP = 2400  # seconds
+WHOLE_SETUP = 1500  # seconds
 CLOCK = re.compile(r"^\d\d:\d\d:\d\d$")
 PICTURE = re.compile(r"^Screenshot: (\S+)$")
 

@@ -84,6 +84,12 @@ class Setup(Machine):
 
         self.assertEqual((result.returncode, result.stdout + result.stderr, self.calls()), (0, "", []))
 
+    def test_takesAHeldPackageForInstalled(self):
+        self.files["INSTALLED"].write_text("\n".join(self.packages_of("room")))
+        self.bring("dpkg-query", DPKG_QUERY.replace("ii ", "hi "))
+
+        self.assertEqual((self.set_up().returncode, self.calls()), (0, []))
+
     def test_fetchesEmptyPackageListsBeforeItInstallsAndComplainsOfNothing(self):
         result = self.set_up()
 
