@@ -69,15 +69,20 @@ class VirtualDesktop:
             self.environment = self._fresh_environment()
             self._start_parts()
         except BaseException as error:
-            # What was only interrupted has nothing to explain.
-            if isinstance(error, Exception):
-                self._print_logs()
-            self.close()
+            self._close_after(error)
             raise
         return self
 
-    def __exit__(self, *_):
-        self.close()
+    def __exit__(self, _kind, error, _traceback):
+        self._close_after(error)
+
+    def _close_after(self, error):
+        """Closes, and tells what the parts said where one of them failed; an interrupt needs no explanation."""
+        try:
+            if isinstance(error, Exception):
+                self._print_logs()
+        finally:
+            self.close()
 
     def _fresh_environment(self):
         kept = {name: os.environ[name] for name in PASSED_ON if name in os.environ}
