@@ -31,11 +31,13 @@ def processes_of(folder):
 
 
 class Run:
-    """One start of scripts/run in a process group of its own, as a terminal gives it one."""
+    """One start of scripts/run in a process group of its own, as a terminal gives it one. `session` is the
+    environment of a desktop that it is started in, if there is one."""
 
-    def __init__(self, folder, *arguments):
+    def __init__(self, folder, *arguments, session=()):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
+        environment |= dict(session)
         environment["TMPDIR"] = str(folder)
         self._said = tempfile.NamedTemporaryFile("w+", errors="replace")
         self._process = subprocess.Popen([ROOT / "scripts" / "run", *arguments], env=environment, cwd="/",
@@ -111,6 +113,20 @@ class RunOnAVirtualScreen(unittest.TestCase):
         self.assertEqual(status, 0, run.said())
         self.assertNotIn("Traceback", "\n".join(run.said()))
         self.assert_nothing_is_left()
+
+    def test_showsTheProgramOnTheScreenThatThereIs(self):
+        subprocess.run([ROOT / "scripts" / "setup", "screen"], check=True)
+        from virtual_desktop import VirtualDesktop  # Needs what was just set up.
+
+        with VirtualDesktop("strip") as desktop:
+            run = Run(self.folder, session=desktop.environment)
+            self.addCleanup(run.close)
+
+            run.wait_for(lambda: desktop.screen.windows("glimmet strip"), "text on the screen")
+            status = run.interrupt()
+
+        self.assertEqual(status, 0, run.said())
+        self.assertEqual(run.find(PICTURE), [])
 
     def test_refusesADesktopThatItDoesNotKnow(self):
         result = subprocess.run([ROOT / "scripts" / "run", "--desktop", "nonsense"], capture_output=True, text=True)
