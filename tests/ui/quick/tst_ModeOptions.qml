@@ -108,7 +108,8 @@ PanelTestCase {
         tryVerify(() => editors(ClockOptions).length === 0);
         tryCompare(slot(2), "presence", 1);
 
-        compare(options.height - areaOf(editors(CustomTextOption)[0], options).bottom, 16);
+        // The height follows with the next frame.
+        tryVerify(() => options.height - areaOf(editors(CustomTextOption)[0], options).bottom === 16);
     }
 
     function test_aTypedQuoteIsForgottenWhenItsEditorGoes() {
