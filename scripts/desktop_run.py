@@ -1,12 +1,13 @@
 """Runs glimmet in a virtual desktop of its own until it is interrupted; scripts/run starts this."""
 
 import argparse
+import os
 import signal
 import sys
 from pathlib import Path
 
 from desktop import pictures
-from desktop.processes import watch_for
+from desktop.processes import DesktopError, watch_for
 from virtual_desktop import KINDS, VirtualDesktop
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -19,7 +20,6 @@ def interrupted(_number, _frame):
 
 def take_pictures(glimmet):
     """The text in the menu bar, and the panel under it."""
-    PICTURES.mkdir(parents=True, exist_ok=True)
     kind = glimmet.desktop.kind
 
     def told(take, name):
@@ -48,6 +48,17 @@ def print_labels(glimmet):
     return glimmet.process.returncode
 
 
+def show(glimmet):
+    """Shows glimmet until it ends, or until whoever reads what is printed has seen enough; returns the exit status."""
+    try:
+        take_pictures(glimmet)
+        return print_labels(glimmet)
+    except BrokenPipeError:
+        # Python would complain once more when it flushes what is left at its end.
+        os.dup2(os.open(os.devnull, os.O_WRONLY), sys.stdout.fileno())
+        return 0
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--desktop", choices=KINDS, default="strip")
@@ -56,13 +67,15 @@ def main():
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         signal.signal(number, interrupted)
     try:
+        PICTURES.mkdir(parents=True, exist_ok=True)
         print(f"Starting glimmet on a virtual screen ({options.desktop}) …", file=sys.stderr, flush=True)
         with VirtualDesktop(options.desktop) as desktop:
-            glimmet = pictures.start(desktop, options.binary.resolve())
-            take_pictures(glimmet)
-            return print_labels(glimmet)
+            return show(pictures.start(desktop, options.binary.resolve()))
     except KeyboardInterrupt:
         return 0
+    except (DesktopError, OSError) as error:
+        print(f"scripts/run: {error}", file=sys.stderr)
+        return 1
 
 
 if __name__ == "__main__":

@@ -32,16 +32,17 @@ def processes_of(folder):
 
 class Run:
     """One start of scripts/run in a process group of its own, as a terminal gives it one. `session` is the
-    environment of a desktop that it is started in, if there is one."""
+    environment of a desktop that it is started in, if there is one; `reader` a pipe for what it prints."""
 
-    def __init__(self, folder, *arguments, session=()):
+    def __init__(self, folder, *arguments, session=(), reader=None):
         environment = {name: value for name, value in os.environ.items()
                        if name not in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS")}
         environment |= dict(session)
         environment["TMPDIR"] = str(folder)
         self._said = tempfile.NamedTemporaryFile("w+", errors="replace")
         self._process = subprocess.Popen([ROOT / "scripts" / "run", *arguments], env=environment, cwd="/",
-                                         stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said,
+                                         stdin=subprocess.DEVNULL, stdout=self._said if reader is None else reader,
+                                         stderr=self._said,
                                          start_new_session=True)
 
     def said(self):
@@ -56,6 +57,10 @@ class Run:
             if self._process.poll() is not None or time.monotonic() > end:
                 raise AssertionError("\n".join([f"no {what}; scripts/run said:", *self.said()[-40:]]))
             time.sleep(0.05)
+
+    def end(self, seconds):
+        """Waits until it ends by itself and returns the exit status."""
+        return self._process.wait(seconds)
 
     def interrupt(self):
         """Presses Ctrl-C and returns the exit status."""
@@ -74,9 +79,9 @@ class RunOnAVirtualScreen(unittest.TestCase):
         shutil.rmtree(ROOT / "out" / "screenshots", ignore_errors=True)
         self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
 
-    def start(self):
+    def start(self, **options):
         chosen = [] if KIND == "strip" else ["--desktop", KIND]
-        run = Run(self.folder, *chosen)
+        run = Run(self.folder, *chosen, **options)
         self.addCleanup(run.close)
         return run
 
@@ -111,6 +116,33 @@ class RunOnAVirtualScreen(unittest.TestCase):
         status = run.interrupt()
 
         self.assertEqual(status, 0, run.said())
+        self.assertNotIn("Traceback", "\n".join(run.said()))
+        self.assert_nothing_is_left()
+
+    def test_endsQuietlyOnceItsReaderHasSeenEnough(self):
+        read, write = os.pipe()
+        run = self.start(reader=write)
+        os.close(write)
+        with open(read, "rb") as printed:
+            # The lines of the build, if there was anything to build, come before the pictures.
+            self.assertTrue(any(line.startswith(b"Screenshot: ") for line in printed))
+
+        self.assertEqual(run.end(60), 0, run.said())
+        self.assertNotIn("BrokenPipe", "\n".join(run.said()))
+        self.assert_nothing_is_left()
+
+    def test_saysInOneLineThatItCannotKeepItsPictures(self):
+        # A file where the folder should be. `out` itself may hold what others made.
+        (ROOT / "out").mkdir(exist_ok=True)
+        (ROOT / "out" / "screenshots").touch()
+        self.addCleanup((ROOT / "out" / "screenshots").unlink)
+        run = self.start()
+
+        status = run.end(WHOLE_SETUP)
+
+        self.assertEqual(status, 1, run.said())
+        self.assertIn("out/screenshots", run.said()[-1])
+        self.assertTrue(run.said()[-1].startswith("scripts/run: "), run.said())
         self.assertNotIn("Traceback", "\n".join(run.said()))
         self.assert_nothing_is_left()
 
