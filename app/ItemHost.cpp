@@ -1,10 +1,10 @@
 #include "app/ItemHost.h"
 
-#include "platform/NotifierMenu.h"
 #include "platform/ProgramName.h"
-#include "platform/SessionBus.h"
-#include "platform/StatusNotifierItem.h"
-#include "platform/X11.h"
+#include "platform/bus/SessionBus.h"
+#include "platform/desktop/NotifierMenu.h"
+#include "platform/desktop/StatusNotifierItem.h"
+#include "platform/desktop/X11.h"
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>

@@ -2,8 +2,8 @@
 
 #include "app/Screens.h"
 #include "core/TickerViewModel.h"
-#include "platform/PressWatch.h"
-#include "platform/X11.h"
+#include "platform/desktop/PressWatch.h"
+#include "platform/desktop/X11.h"
 #include "ui/PanelModule.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/PanelLibrary.h"
-#include "platform/DesktopLook.h"
+#include "platform/desktop/DesktopLook.h"
 #include "ui/PanelServices.h"
 
 #include <QElapsedTimer>

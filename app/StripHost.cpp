@@ -1,7 +1,7 @@
 #include "app/StripHost.h"
 
 #include "app/Screens.h"
-#include "platform/X11.h"
+#include "platform/desktop/X11.h"
 #include "ui/PanelColors.h"
 
 #include <QFontMetrics>

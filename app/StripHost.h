@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/MenuBarHost.h"
-#include "platform/ColorScheme.h"
+#include "platform/desktop/ColorScheme.h"
 
 #include <QRasterWindow>
 

@@ -1,7 +1,7 @@
 #include "app/UpdateWindowController.h"
 
-#include "platform/UpdaterController.h"
-#include "platform/X11.h"
+#include "platform/desktop/X11.h"
+#include "platform/updates/UpdaterController.h"
 #include "ui/PanelModule.h"
 
 #include <QTimer>

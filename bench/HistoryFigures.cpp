@@ -8,7 +8,7 @@
 #include "bench/Measure.h"
 #include "platform/Clock.h"
 #include "platform/DiagnosticLog.h"
-#include "platform/HttpClient.h"
+#include "platform/net/HttpClient.h"
 #include "revenue/StripeService.h"
 #include "tests/support/FixedRegion.h"
 

@@ -2,8 +2,8 @@
 // without any copy, which is when a kill would lose it.
 
 #include "bench/Measure.h"
-#include "platform/KeychainHelper.h"
-#include "platform/SessionBus.h"
+#include "platform/bus/SessionBus.h"
+#include "platform/keys/KeychainHelper.h"
 #include "tests/support/SecretServiceDaemon.h"
 
 #include <QCoreApplication>

@@ -4,7 +4,7 @@
 #include "bench/Measure.h"
 #include "core/TickerViewModel.h"
 #include "platform/DiagnosticLog.h"
-#include "platform/HttpClient.h"
+#include "platform/net/HttpClient.h"
 #include "prices/CryptoService.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/ManualTimers.h"

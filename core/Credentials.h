@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/KeyStore.h"
+#include "platform/keys/KeyStore.h"
 
 #include <optional>
 #include <set>

@@ -1,7 +1,7 @@
 #include "prices/CryptoService.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/HttpClient.h"
+#include "platform/net/HttpClient.h"
 #include "prices/PriceChart.h"
 
 namespace glimmet {

@@ -1,7 +1,7 @@
 #include "prices/PriceChart.h"
 
-#include "platform/Json.h"
 #include "platform/Text.h"
+#include "platform/net/Json.h"
 
 #include <QLocale>
 #include <QSet>

@@ -1,7 +1,7 @@
 #include "revenue/Amount.h"
 
 #include "platform/CheckedInteger.h"
-#include "platform/Json.h"
+#include "platform/net/Json.h"
 
 namespace glimmet {
 

@@ -2,8 +2,8 @@
 
 #include "platform/Clock.h"
 #include "platform/InternetDateTime.h"
-#include "platform/Json.h"
 #include "platform/UserRegion.h"
+#include "platform/net/Json.h"
 #include "revenue/Periods.h"
 
 #include <QUrl>

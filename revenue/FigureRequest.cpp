@@ -1,6 +1,6 @@
 #include "revenue/FigureRequest.h"
 
-#include "platform/HttpClient.h"
+#include "platform/net/HttpClient.h"
 
 namespace glimmet {
 

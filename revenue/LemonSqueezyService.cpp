@@ -2,7 +2,7 @@
 
 #include "platform/CheckedInteger.h"
 #include "platform/InternetDateTime.h"
-#include "platform/Json.h"
+#include "platform/net/Json.h"
 
 namespace glimmet {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "platform/Clock.h"
 #include "platform/DiagnosticLog.h"
-#include "platform/HttpClient.h"
-#include "platform/Json.h"
+#include "platform/net/HttpClient.h"
+#include "platform/net/Json.h"
 #include "revenue/Periods.h"
 
 namespace glimmet {

@@ -3,7 +3,7 @@
 #include "platform/CheckedInteger.h"
 #include "platform/Clock.h"
 #include "platform/DiagnosticLog.h"
-#include "platform/Json.h"
+#include "platform/net/Json.h"
 #include "revenue/Amount.h"
 #include "revenue/FigureRequest.h"
 #include "revenue/Periods.h"

@@ -1,8 +1,8 @@
 #include "revenue/RevenueCatService.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/Json.h"
 #include "platform/Text.h"
+#include "platform/net/Json.h"
 #include "revenue/Amount.h"
 #include "revenue/FigureRequest.h"
 #include "revenue/RevenueFormat.h"

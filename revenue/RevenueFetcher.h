@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ApiKey.h"
+#include "platform/keys/ApiKey.h"
 #include "revenue/RevenueChoices.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/ApiKey.h"
-#include "platform/Http.h"
+#include "platform/keys/ApiKey.h"
+#include "platform/net/Http.h"
 
 #include <QString>
 

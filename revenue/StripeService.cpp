@@ -1,6 +1,6 @@
 #include "revenue/StripeService.h"
 
-#include "platform/Json.h"
+#include "platform/net/Json.h"
 
 #include <QUrl>
 

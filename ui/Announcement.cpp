@@ -1,6 +1,6 @@
 #include "ui/Announcement.h"
 
-#include "platform/ScreenReader.h"
+#include "platform/desktop/ScreenReader.h"
 
 #include <QAccessible>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ColorScheme.h"
+#include "platform/desktop/ColorScheme.h"
 
 #include <QColor>
 

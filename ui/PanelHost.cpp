@@ -1,6 +1,6 @@
 #include "ui/PanelHost.h"
 
-#include "platform/LoginItem.h"
+#include "platform/desktop/LoginItem.h"
 
 namespace glimmet {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/DesktopLook.h"
+#include "platform/desktop/DesktopLook.h"
 #include "ui/PanelServices.h"
 
 #include <QtPlugin>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/UpdateState.h"
+#include "platform/updates/UpdateState.h"
 
 #include <QObject>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "ui/UpdateWindow.h"
 
-#include "platform/UpdaterController.h"
+#include "platform/updates/UpdaterController.h"
 #include "ui/Appearance.h"
 
 #include <QQmlEngine>

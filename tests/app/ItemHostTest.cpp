@@ -1,6 +1,6 @@
 #include "app/ItemHost.h"
 #include "platform/ProgramName.h"
-#include "platform/SessionBus.h"
+#include "platform/bus/SessionBus.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusConnectionInterface>

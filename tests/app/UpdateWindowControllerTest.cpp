@@ -1,7 +1,7 @@
 #include "app/UpdateWindowController.h"
-#include "platform/SessionBus.h"
-#include "platform/SystemBus.h"
-#include "platform/UpdaterController.h"
+#include "platform/bus/SessionBus.h"
+#include "platform/bus/SystemBus.h"
+#include "platform/updates/UpdaterController.h"
 #include "tests/support/FakePackageKit.h"
 #include "tests/support/ManualTimers.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/TickerWorld.h"
-#include "platform/HttpClient.h"
+#include "platform/net/HttpClient.h"
 #include "tests/cases_player/AnswerCase.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/ManualTimers.h"

@@ -1,8 +1,8 @@
 #include "tests/cases_player/ExactTotals.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/Json.h"
 #include "platform/Text.h"
+#include "platform/net/Json.h"
 #include "revenue/Periods.h"
 #include "revenue/RevenueServices.h"
 #include "tests/support/FixedRegion.h"

@@ -2,9 +2,9 @@
 // "install", "cancel" or "dismiss" a line. Each new state is a line of JSON on standard output.
 
 #include "platform/Clock.h"
-#include "platform/SessionBus.h"
-#include "platform/SystemBus.h"
-#include "platform/UpdaterController.h"
+#include "platform/bus/SessionBus.h"
+#include "platform/bus/SystemBus.h"
+#include "platform/updates/UpdaterController.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>

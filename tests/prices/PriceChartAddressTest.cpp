@@ -1,4 +1,4 @@
-#include "platform/Http.h"
+#include "platform/net/Http.h"
 #include "prices/PriceChart.h"
 #include "tests/support/Printing.h"
 

@@ -1,6 +1,6 @@
 #include "revenue/PolarService.h"
 
-#include "platform/HttpClient.h"
+#include "platform/net/HttpClient.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/ManualClock.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/LoginItem.h"
+#include "platform/desktop/LoginItem.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #include "tests/support/SecretServiceDaemon.h"
 
-#include "platform/SecretServiceNames.h"
+#include "platform/keys/SecretServiceNames.h"
 
 #include <QDBusVariant>
 #include <QDir>

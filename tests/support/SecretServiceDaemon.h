@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SecretServiceTypes.h"
+#include "platform/keys/SecretServiceTypes.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QProcess>

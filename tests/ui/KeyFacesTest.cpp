@@ -1,6 +1,6 @@
 #include "ui/KeyFaces.h"
 #include "core/TickerViewModel.h"
-#include "platform/KeychainKey.h"
+#include "platform/keys/KeychainKey.h"
 #include "tests/support/Printing.h"
 
 #include <QMetaProperty>

@@ -1,0 +1,113 @@
+#include "platform/bus/SystemBus.h"
+
+#include <QLocalSocket>
+
+#include <unistd.h>
+#include <utility>
+
+namespace glimmet {
+namespace {
+
+const QString unixPath = QStringLiteral("unix:path=");
+
+QString systemAddress()
+{
+    return qEnvironmentVariable(
+        "DBUS_SYSTEM_BUS_ADDRESS", QStringLiteral("unix:path=/var/run/dbus/system_bus_socket"));
+}
+
+/// The socket's file in an address such as "unix:path=/run/bus,guid=12"; empty for other kinds.
+QString socketPath(const QString &address)
+{
+    if (!address.startsWith(unixPath))
+        return {};
+    return address.section(u';', 0, 0).section(u',', 0, 0).mid(unixPath.size());
+}
+
+/// How every client begins (https://dbus.freedesktop.org/doc/dbus-specification.html#auth-protocol).
+QByteArray greeting()
+{
+    return QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n";
+}
+
+/// Every connection that is made has a name of its own: the one before closes only after its last user.
+QString freshConnectionName()
+{
+    static int count = 0;
+    return QStringLiteral("glimmet-system-%1").arg(++count);
+}
+
+void endLater(std::unique_ptr<QLocalSocket> &probe)
+{
+    if (QLocalSocket *ended = probe.release()) {
+        ended->disconnect();
+        ended->deleteLater();
+    }
+}
+
+} // namespace
+
+SystemBus::SystemBus(QString address, QObject *parent)
+    : QObject(parent)
+    , m_address(address.isEmpty() ? systemAddress() : std::move(address))
+{
+}
+
+SystemBus::~SystemBus()
+{
+    close();
+}
+
+void SystemBus::open(const Ready &ready)
+{
+    m_ready = ready;
+    // Never from within the call.
+    QMetaObject::invokeMethod(this, &SystemBus::look, Qt::QueuedConnection);
+}
+
+void SystemBus::look()
+{
+    if (!m_ready || m_probe)
+        return;
+    if (m_connection.isConnected())
+        return finish();
+    const QString path = socketPath(m_address);
+    if (path.isEmpty())
+        return connectNow();
+    m_probe = std::make_unique<QLocalSocket>();
+    connect(m_probe.get(), &QLocalSocket::connected, this, &SystemBus::greet);
+    connect(m_probe.get(), &QLocalSocket::errorOccurred, this, &SystemBus::finish);
+    connect(m_probe.get(), &QLocalSocket::readyRead, this, &SystemBus::connectNow);
+    m_probe->connectToServer(path);
+}
+
+void SystemBus::greet()
+{
+    m_probe->write(greeting());
+}
+
+void SystemBus::connectNow()
+{
+    QDBusConnection::disconnectFromBus(m_connection.name());
+    m_connection = QDBusConnection::connectToBus(m_address, freshConnectionName());
+    finish();
+}
+
+void SystemBus::finish()
+{
+    endLater(m_probe);
+    if (const Ready ready = std::exchange(m_ready, nullptr))
+        ready(m_connection);
+}
+
+void SystemBus::close()
+{
+    m_ready = nullptr;
+    endLater(m_probe);
+    if (m_connection.name().isEmpty())
+        return;
+    QDBusConnection::disconnectFromBus(m_connection.name());
+    m_connection = QDBusConnection(QString());
+}
+
+} // namespace glimmet

@@ -1,0 +1,72 @@
+#include "platform/desktop/DesktopLook.h"
+
+#include <QByteArrayList>
+
+namespace glimmet {
+namespace {
+
+const DesktopSetting colorScheme{ QStringLiteral("org.freedesktop.appearance"),
+    QStringLiteral("color-scheme") };
+const DesktopSetting reducedMotion{ QStringLiteral("org.freedesktop.appearance"),
+    QStringLiteral("reduced-motion") };
+const DesktopSetting gnomeAnimations{ QStringLiteral("org.gnome.desktop.interface"),
+    QStringLiteral("enable-animations") };
+const DesktopSetting kdeAnimationTime{ QStringLiteral("org.kde.kdeglobals.KDE"),
+    QStringLiteral("AnimationDurationFactor") };
+
+/// The portal's numbers: 1 prefers dark, 2 prefers light, 0 has no preference.
+constexpr uint prefersDark = 1;
+constexpr uint prefersLight = 2;
+
+bool reducesMotion(const DesktopSettings &settings)
+{
+    // KDE's factor is a text; only its least one switches animations off.
+    bool isNumber = false;
+    const double factor = settings.value(kdeAnimationTime).toString().toDouble(&isNumber);
+    return settings.value(reducedMotion).toUInt() == 1 || !settings.value(gnomeAnimations, true).toBool()
+        || (isNumber && factor <= 0);
+}
+
+} // namespace
+
+QList<DesktopSetting> lookSettings()
+{
+    return { colorScheme, reducedMotion, gnomeAnimations, kdeAnimationTime };
+}
+
+std::optional<ColorScheme> preferredScheme(const DesktopSettings &settings)
+{
+    switch (settings.value(colorScheme).toUInt()) {
+    case prefersDark:
+        return ColorScheme::Dark;
+    case prefersLight:
+        return ColorScheme::Light;
+    default:
+        return std::nullopt;
+    }
+}
+
+DesktopLook desktopLook(const DesktopSettings &settings, ColorScheme palette)
+{
+    return { preferredScheme(settings).value_or(palette), reducesMotion(settings) };
+}
+
+DesktopSettings settingsOfGnome(const QByteArray &listing)
+{
+    DesktopSettings settings;
+    for (const QByteArray &line : listing.split('\n')) {
+        const QByteArrayList words = line.trimmed().split(' ');
+        const QByteArray key = words.value(1);
+        const QByteArray value = words.value(2);
+        if (key == "color-scheme")
+            settings.insert(colorScheme,
+                value == "'prefer-dark'"        ? prefersDark
+                    : value == "'prefer-light'" ? prefersLight
+                                                : 0);
+        else if (key == "enable-animations")
+            settings.insert(gnomeAnimations, value != "false");
+    }
+    return settings;
+}
+
+} // namespace glimmet

@@ -1,0 +1,190 @@
+#include "platform/desktop/NotifierMenu.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+
+namespace glimmet {
+namespace {
+
+constexpr int rootEntry = 0;
+constexpr int openEntry = 1;
+constexpr int quitEntry = 2;
+constexpr uint revision = 1;
+
+const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
+
+QVariantMap entryProperties(int entry)
+{
+    if (entry == openEntry)
+        return { { QStringLiteral("label"), QStringLiteral("Open glimmet") } };
+    if (entry == quitEntry)
+        return { { QStringLiteral("label"), QStringLiteral("Quit") } };
+    return { { QStringLiteral("children-display"), QStringLiteral("submenu") } };
+}
+
+/// A node of the layout, signature (ia{sv}av).
+struct MenuNode {
+    int id = rootEntry;
+    QVariantMap properties;
+    QVariantList children;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const MenuNode &node)
+{
+    argument.beginStructure();
+    argument << node.id << node.properties;
+    argument.beginArray(qMetaTypeId<QDBusVariant>());
+    for (const QVariant &child : node.children)
+        argument << QDBusVariant(child);
+    argument.endArray();
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, MenuNode &node)
+{
+    argument.beginStructure();
+    argument >> node.id >> node.properties >> node.children;
+    argument.endStructure();
+    return argument;
+}
+
+/// Properties of one entry, signature (ia{sv}).
+struct EntryProperties {
+    int id = rootEntry;
+    QVariantMap properties;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const EntryProperties &entry)
+{
+    argument.beginStructure();
+    argument << entry.id << entry.properties;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, EntryProperties &entry)
+{
+    argument.beginStructure();
+    argument >> entry.id >> entry.properties;
+    argument.endStructure();
+    return argument;
+}
+
+QVariant node(int entry)
+{
+    MenuNode menuNode{ entry, entryProperties(entry), {} };
+    if (entry == rootEntry)
+        menuNode.children = { node(openEntry), node(quitEntry) };
+    return QVariant::fromValue(menuNode);
+}
+
+QVariant groupProperties()
+{
+    QList<EntryProperties> group;
+    for (const int entry : { rootEntry, openEntry, quitEntry })
+        group.append({ entry, entryProperties(entry) });
+    return QVariant::fromValue(group);
+}
+
+QVariantMap menuProperties()
+{
+    return {
+        { QStringLiteral("Version"), 3U },
+        { QStringLiteral("TextDirection"), QStringLiteral("ltr") },
+        { QStringLiteral("Status"), QStringLiteral("normal") },
+        { QStringLiteral("IconThemePath"), QStringList() },
+    };
+}
+
+/// The answer to a call that only asks; an invalid list where the call is none of these.
+std::optional<QVariantList> answerTo(const QDBusMessage &message)
+{
+    const QString member = message.member();
+    const QVariantList arguments = message.arguments();
+    if (member == u"GetLayout")
+        return QVariantList{ revision, node(arguments.value(0).toInt()) };
+    if (member == u"GetGroupProperties")
+        return QVariantList{ groupProperties() };
+    if (member == u"GetProperty")
+        return QVariantList{ QVariant::fromValue(
+            QDBusVariant(entryProperties(arguments.value(0).toInt()).value(arguments.value(1).toString()))) };
+    if (member == u"AboutToShow")
+        return QVariantList{ false };
+    if (member == u"AboutToShowGroup")
+        return QVariantList{ QVariant::fromValue(QList<int>()), QVariant::fromValue(QList<int>()) };
+    if (member == u"Event")
+        return QVariantList{};
+    if (member == u"GetAll")
+        return QVariantList{ menuProperties() };
+    if (member == u"Get")
+        return QVariantList{ QVariant::fromValue(
+            QDBusVariant(menuProperties().value(arguments.value(1).toString()))) };
+    return std::nullopt;
+}
+
+} // namespace
+} // namespace glimmet
+
+Q_DECLARE_METATYPE(glimmet::MenuNode)
+Q_DECLARE_METATYPE(glimmet::EntryProperties)
+
+namespace glimmet {
+
+const QString NotifierMenu::path = QStringLiteral("/StatusNotifierItem/Menu");
+
+bool NotifierMenu::putOn(const QDBusConnection &connection)
+{
+    qDBusRegisterMetaType<MenuNode>();
+    qDBusRegisterMetaType<EntryProperties>();
+    qDBusRegisterMetaType<QList<EntryProperties>>();
+    qDBusRegisterMetaType<QList<int>>();
+    return QDBusConnection(connection).registerVirtualObject(path, this);
+}
+
+QString NotifierMenu::introspect(const QString &) const
+{
+    return QStringLiteral(R"xml(  <interface name="com.canonical.dbusmenu">
+    <property name="Version" type="u" access="read"/>
+    <property name="TextDirection" type="s" access="read"/>
+    <property name="Status" type="s" access="read"/>
+    <property name="IconThemePath" type="as" access="read"/>
+    <method name="GetLayout"><arg type="i" direction="in"/><arg type="i" direction="in"/><arg type="as" direction="in"/><arg type="u" direction="out"/><arg type="(ia{sv}av)" direction="out"/></method>
+    <method name="GetGroupProperties"><arg type="ai" direction="in"/><arg type="as" direction="in"/><arg type="a(ia{sv})" direction="out"/></method>
+    <method name="GetProperty"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/></method>
+    <method name="Event"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="in"/><arg type="u" direction="in"/></method>
+    <method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
+    <method name="AboutToShowGroup"><arg type="ai" direction="in"/><arg type="ai" direction="out"/><arg type="ai" direction="out"/></method>
+    <signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
+    <signal name="ItemsPropertiesUpdated"><arg type="a(ia{sv})"/><arg type="a(ias)"/></signal>
+  </interface>
+)xml");
+}
+
+bool NotifierMenu::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    const auto answer = answerTo(message);
+    if (!answer)
+        return false;
+    connection.send(message.createReply(*answer));
+    if (message.member() == u"GetLayout")
+        emit wasRead();
+    if (message.member() == u"Event")
+        handleEvent(message.arguments().value(0).toInt(), message.arguments().value(1).toString());
+    return true;
+}
+
+void NotifierMenu::handleEvent(int entry, const QString &event)
+{
+    if (entry == rootEntry && event == u"opened")
+        emit opened();
+    if (entry == rootEntry && event == u"closed")
+        emit closed();
+    if (entry == openEntry && event == u"clicked")
+        emit openChosen();
+    if (entry == quitEntry && event == u"clicked")
+        emit quitChosen();
+}
+
+} // namespace glimmet

@@ -1,0 +1,97 @@
+#include "platform/desktop/PressWatch.h"
+
+#include <xcb/xcb.h>
+#include <xcb/xinput.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace glimmet {
+namespace {
+
+xcb_window_t rootWindow(xcb_connection_t *x)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
+}
+
+void selectRawPresses(xcb_connection_t *x)
+{
+    // Raw events come to every client that asks, also during grabs of others, from version 2.1 on.
+    std::free(xcb_input_xi_query_version_reply(x, xcb_input_xi_query_version(x, 2, 2), nullptr));
+    struct {
+        xcb_input_event_mask_t head;
+        uint32_t mask;
+    } selection{ { XCB_INPUT_DEVICE_ALL_MASTER, 1 }, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS };
+    xcb_input_xi_select_events(x, rootWindow(x), 1, &selection.head);
+    xcb_flush(x);
+}
+
+bool isRawPress(const xcb_generic_event_t *event)
+{
+    return (event->response_type & 0x7f) == XCB_GE_GENERIC
+        && reinterpret_cast<const xcb_ge_generic_event_t *>(event)->event_type == XCB_INPUT_RAW_BUTTON_PRESS;
+}
+
+bool isWheel(const xcb_generic_event_t *event)
+{
+    const auto button = reinterpret_cast<const xcb_input_raw_button_press_event_t *>(event)->detail;
+    return button >= 4 && button <= 7;
+}
+
+} // namespace
+
+PressWatch::PressWatch(QObject *parent)
+    : QObject(parent)
+    , m_connection(xcb_connect(nullptr, nullptr))
+{
+    if (xcb_connection_has_error(m_connection) != 0)
+        return;
+    selectRawPresses(m_connection);
+    m_notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &PressWatch::readEvents);
+}
+
+PressWatch::~PressWatch()
+{
+    m_notifier.reset();
+    xcb_disconnect(m_connection);
+}
+
+void PressWatch::catchUp()
+{
+    if (!m_notifier)
+        return;
+    // The answer comes behind every event of before.
+    pointerPosition();
+    readEvents();
+}
+
+void PressWatch::readEvents()
+{
+    // Asking for the pointer may bring in further events, of which the socket then no longer tells.
+    while (takePresses())
+        emit pressed(pointerPosition());
+    if (xcb_connection_has_error(m_connection) != 0)
+        m_notifier->setEnabled(false);
+}
+
+bool PressWatch::takePresses()
+{
+    using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
+    bool wasPressed = false;
+    while (const Event event{ xcb_poll_for_event(m_connection), &std::free })
+        wasPressed = wasPressed || (isRawPress(event.get()) && !isWheel(event.get()));
+    return wasPressed;
+}
+
+QPoint PressWatch::pointerPosition() const
+{
+    auto *reply = xcb_query_pointer_reply(
+        m_connection, xcb_query_pointer(m_connection, rootWindow(m_connection)), nullptr);
+    const QPoint position = reply == nullptr ? QPoint(-1, -1) : QPoint(reply->root_x, reply->root_y);
+    std::free(reply);
+    return position;
+}
+
+} // namespace glimmet

@@ -1,0 +1,188 @@
+#include "platform/desktop/StatusNotifierItem.h"
+
+#include "platform/desktop/NotifierMenu.h"
+#include "platform/desktop/StatusNotifierTypes.h"
+
+#include <QDBusError>
+#include <QDBusMessage>
+
+namespace glimmet {
+namespace {
+
+const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+const QString memberXml = QStringLiteral(R"xml(  <interface name="org.kde.StatusNotifierItem">
+    <property name="Category" type="s" access="read"/>
+    <property name="Id" type="s" access="read"/>
+    <property name="Title" type="s" access="read"/>
+    <property name="Status" type="s" access="read"/>
+    <property name="WindowId" type="i" access="read"/>
+    <property name="IconName" type="s" access="read"/>
+    <property name="IconPixmap" type="a(iiay)" access="read"/>
+    <property name="ToolTip" type="(sa(iiay)ss)" access="read"/>
+    <property name="ItemIsMenu" type="b" access="read"/>
+    <property name="Menu" type="o" access="read"/>
+    <property name="XAyatanaLabel" type="s" access="read"/>
+    <property name="XAyatanaLabelGuide" type="s" access="read"/>
+    <property name="XAyatanaOrderingIndex" type="u" access="read"/>
+    <signal name="NewIcon"/>
+    <signal name="NewToolTip"/>
+    <signal name="NewStatus"><arg name="status" type="s"/></signal>
+    <signal name="XAyatanaNewLabel"><arg name="label" type="s"/><arg name="guide" type="s"/></signal>
+    <method name="Scroll"><arg type="i" direction="in"/><arg type="s" direction="in"/></method>
+    <method name="SecondaryActivate"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
+)xml");
+
+const QString clickXml = QStringLiteral(
+    R"xml(    <method name="Activate"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
+    <method name="ContextMenu"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
+)xml");
+
+const QString endXml = QStringLiteral("  </interface>\n");
+
+QPoint positionOf(const QDBusMessage &message)
+{
+    return { message.arguments().value(0).toInt(), message.arguments().value(1).toInt() };
+}
+
+} // namespace
+
+const QString StatusNotifierItem::path = QStringLiteral("/StatusNotifierItem");
+
+StatusNotifierItem::StatusNotifierItem(QObject *parent)
+    : QDBusVirtualObject(parent)
+    , m_connection(QString())
+{
+    registerNotifierTypes();
+}
+
+bool StatusNotifierItem::putOn(const QDBusConnection &connection)
+{
+    m_connection = connection;
+    return m_connection.registerVirtualObject(path, this);
+}
+
+void StatusNotifierItem::takeOff()
+{
+    m_connection = QDBusConnection(QString());
+}
+
+void StatusNotifierItem::setLabel(const QString &label)
+{
+    if (label == m_label)
+        return;
+    m_label = label;
+    announceLabel();
+    if (m_presentation == Presentation::Icon)
+        emitChange(QStringLiteral("NewToolTip"));
+}
+
+void StatusNotifierItem::announceLabel()
+{
+    emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
+}
+
+void StatusNotifierItem::setPresentation(Presentation presentation)
+{
+    if (presentation == m_presentation)
+        return;
+    m_presentation = presentation;
+    emitChange(QStringLiteral("NewIcon"));
+}
+
+void StatusNotifierItem::setActive(bool active)
+{
+    if (active == m_active)
+        return;
+    m_active = active;
+    emitChange(
+        QStringLiteral("NewStatus"), { m_active ? QStringLiteral("Active") : QStringLiteral("Passive") });
+}
+
+QString StatusNotifierItem::introspect(const QString &) const
+{
+    // Without Activate a host that knows menus opens the menu at once instead of waiting for a second click.
+    return memberXml + (m_presentation == Presentation::Menu ? QString() : clickXml) + endXml;
+}
+
+bool StatusNotifierItem::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    if (message.interface() == propertiesInterface)
+        return handleProperties(message, connection);
+    if (message.interface() != itemInterface && !message.interface().isEmpty())
+        return false;
+    // Hosts learn what an item cannot do by this very error.
+    if (handleCall(message))
+        connection.send(message.createReply());
+    else
+        connection.send(message.createErrorReply(QDBusError::UnknownMethod, message.member()));
+    return true;
+}
+
+bool StatusNotifierItem::handleCall(const QDBusMessage &message)
+{
+    const QString member = message.member();
+    if (member == u"Scroll" || member == u"ProvideXdgActivationToken")
+        return true;
+    // The menu reports the click; that Activate succeeds here would make the host wait for double clicks.
+    if (member == u"Activate" && m_presentation == Presentation::Menu) {
+        emit activatedBesideMenu(positionOf(message));
+        return false;
+    }
+    if (member != u"Activate" && member != u"SecondaryActivate" && member != u"XAyatanaSecondaryActivate"
+        && member != u"ContextMenu")
+        return false;
+    emit activated(positionOf(message));
+    return true;
+}
+
+bool StatusNotifierItem::handleProperties(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    emit wasRead();
+    const QVariantMap all = properties();
+    if (message.member() == u"GetAll") {
+        connection.send(message.createReply(QVariant(all)));
+        return true;
+    }
+    const QString name = message.arguments().value(1).toString();
+    if (message.member() != u"Get" || !all.contains(name))
+        return false;
+    connection.send(message.createReply(QVariant::fromValue(QDBusVariant(all.value(name)))));
+    return true;
+}
+
+QVariantMap StatusNotifierItem::properties() const
+{
+    const bool hasIcon = m_presentation == Presentation::Icon;
+    const QString menu =
+        m_presentation == Presentation::Menu ? NotifierMenu::path : QStringLiteral("/NO_DBUSMENU");
+    const QList<NotifierPixmap> icon{ hasIcon ? markPixmap(22) : emptyPixmap(1) };
+    const NotifierToolTip toolTip{ {}, {}, m_label, {} };
+    return {
+        { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
+        { QStringLiteral("Id"), QStringLiteral("glimmet") },
+        { QStringLiteral("Title"), QStringLiteral("glimmet") },
+        { QStringLiteral("Status"), m_active ? QStringLiteral("Active") : QStringLiteral("Passive") },
+        { QStringLiteral("WindowId"), 0 },
+        { QStringLiteral("IconName"), QString() },
+        { QStringLiteral("IconPixmap"), QVariant::fromValue(icon) },
+        { QStringLiteral("ToolTip"), QVariant::fromValue(toolTip) },
+        { QStringLiteral("ItemIsMenu"), false },
+        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menu)) },
+        { QStringLiteral("XAyatanaLabel"), m_label },
+        { QStringLiteral("XAyatanaLabelGuide"), QString() },
+        { QStringLiteral("XAyatanaOrderingIndex"), 0U },
+    };
+}
+
+void StatusNotifierItem::emitChange(const QString &signal, const QVariantList &arguments)
+{
+    if (!m_connection.isConnected())
+        return;
+    QDBusMessage message = QDBusMessage::createSignal(path, itemInterface, signal);
+    message.setArguments(arguments);
+    m_connection.send(message);
+}
+
+} // namespace glimmet

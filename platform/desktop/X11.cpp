@@ -1,0 +1,173 @@
+#include "platform/desktop/X11.h"
+
+#include <QGuiApplication>
+
+#include <xcb/xcb.h>
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+
+namespace glimmet::X11 {
+namespace {
+
+template <typename Reply> using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
+
+template <typename Reply> Owned<Reply> owned(Reply *reply)
+{
+    return Owned<Reply>(reply, &std::free);
+}
+
+xcb_connection_t *connection()
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 == nullptr ? nullptr : x11->connection();
+}
+
+xcb_window_t rootWindow(xcb_connection_t *x)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
+}
+
+xcb_window_t idOf(const QWindow &window)
+{
+    return static_cast<xcb_window_t>(window.winId());
+}
+
+xcb_atom_t atom(xcb_connection_t *x, const QByteArray &name)
+{
+    const auto cookie = xcb_intern_atom(x, 0, static_cast<uint16_t>(name.size()), name.constData());
+    const auto reply = owned(xcb_intern_atom_reply(x, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+template <size_t Count>
+void setProperty(xcb_connection_t *x, xcb_window_t window, const QByteArray &name, xcb_atom_t type,
+    const std::array<uint32_t, Count> &values)
+{
+    xcb_change_property(x, XCB_PROP_MODE_REPLACE, window, atom(x, name), type, 32,
+        static_cast<uint32_t>(Count), values.data());
+}
+
+bool hasWindowManager(xcb_connection_t *x)
+{
+    const auto cookie =
+        xcb_get_property(x, 0, rootWindow(x), atom(x, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
+    const auto reply = owned(xcb_get_property_reply(x, cookie, nullptr));
+    return reply && xcb_get_property_value_length(reply.get()) > 0;
+}
+
+bool isTimeOf(const xcb_generic_event_t *event, xcb_window_t window)
+{
+    return (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY
+        && reinterpret_cast<const xcb_property_notify_event_t *>(event)->window == window;
+}
+
+/// The server's present time, as the event of a changed property tells it: window managers refuse the
+/// keyboard to requests that seem older than the user's last action. A connection of its own leaves Qt's
+/// events alone.
+xcb_timestamp_t serverTime()
+{
+    xcb_connection_t *x = xcb_connect(nullptr, nullptr);
+    xcb_timestamp_t time = XCB_CURRENT_TIME;
+    if (xcb_connection_has_error(x) == 0) {
+        const xcb_window_t window = xcb_generate_id(x);
+        const std::array<uint32_t, 1> events{ XCB_EVENT_MASK_PROPERTY_CHANGE };
+        xcb_create_window(x, XCB_COPY_FROM_PARENT, window, rootWindow(x), 0, 0, 1, 1, 0,
+            XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, events.data());
+        setProperty(x, window, "WM_CLASS", XCB_ATOM_CARDINAL, std::array<uint32_t, 1>{ 0 });
+        xcb_flush(x);
+        while (const auto event = owned(xcb_wait_for_event(x))) {
+            if (!isTimeOf(event.get(), window))
+                continue;
+            time = reinterpret_cast<const xcb_property_notify_event_t *>(event.get())->time;
+            break;
+        }
+    }
+    xcb_disconnect(x);
+    return time;
+}
+
+void askForActivation(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t time)
+{
+    constexpr uint32_t fromTheUser = 2; // "source indication: pager", a direct action of the user
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atom(x, "_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = fromTheUser;
+    message.data.data32[1] = time;
+    xcb_send_event(x, 0, rootWindow(x),
+        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+        reinterpret_cast<const char *>(&message));
+}
+
+} // namespace
+
+void makeTopBar(const QWindow &window, const QRect &geometry, Reserve reserve)
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return;
+    const xcb_window_t id = idOf(window);
+    const auto reserved = static_cast<uint32_t>(reserve == Reserve::Space ? geometry.bottom() + 1 : 0);
+    const auto left = static_cast<uint32_t>(geometry.left());
+    const auto right = static_cast<uint32_t>(geometry.right());
+    setProperty(
+        x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_DOCK") });
+    setProperty(x, id, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, std::array<uint32_t, 4>{ 0, 0, reserved, 0 });
+    setProperty(x, id, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
+        std::array<uint32_t, 12>{ 0, 0, reserved, 0, 0, 0, 0, 0, left, right, 0, 0 });
+    xcb_flush(x);
+}
+
+void makeDropDown(const QWindow &window)
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return;
+    const xcb_window_t id = idOf(window);
+    setProperty(
+        x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_UTILITY") });
+    setProperty(x, id, "_NET_WM_STATE", XCB_ATOM_ATOM,
+        std::array{ atom(x, "_NET_WM_STATE_SKIP_TASKBAR"), atom(x, "_NET_WM_STATE_SKIP_PAGER"),
+            atom(x, "_NET_WM_STATE_ABOVE") });
+    xcb_flush(x);
+}
+
+void giveFocus(const QWindow &window)
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return;
+    const xcb_timestamp_t time = serverTime();
+    if (hasWindowManager(x))
+        askForActivation(x, idOf(window), time);
+    else
+        xcb_set_input_focus(x, XCB_INPUT_FOCUS_PARENT, idOf(window), time);
+    xcb_flush(x);
+}
+
+bool isCompositing()
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return false;
+    const auto reply = owned(
+        xcb_get_selection_owner_reply(x, xcb_get_selection_owner(x, atom(x, "_NET_WM_CM_S0")), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+std::optional<QPoint> pointerPosition()
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return std::nullopt;
+    const auto reply = owned(xcb_query_pointer_reply(x, xcb_query_pointer(x, rootWindow(x)), nullptr));
+    if (!reply)
+        return std::nullopt;
+    return QPoint(reply->root_x, reply->root_y);
+}
+
+} // namespace glimmet::X11

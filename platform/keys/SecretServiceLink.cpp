@@ -1,0 +1,159 @@
+#include "platform/keys/SecretServiceLink.h"
+
+#include "platform/bus/BusDaemon.h"
+#include "platform/bus/SessionBus.h"
+#include "platform/bus/SessionBusAddress.h"
+#include "platform/keys/SecretServiceNames.h"
+#include "platform/keys/SecretServiceTypes.h"
+
+#include <QDBusVariant>
+
+#include <algorithm>
+
+namespace glimmet {
+namespace {
+
+using namespace SecretServiceNames;
+
+/// Every connection that is made has a name of its own: the one before closes only after its last user.
+QString freshConnectionName()
+{
+    static int count = 0;
+    return QStringLiteral("glimmet-keys-%1").arg(++count);
+}
+
+std::optional<QVariantList> answerOf(const QDBusConnection &connection, const QDBusMessage &message,
+    const QString &signature, std::chrono::milliseconds timeout)
+{
+    if (timeout <= std::chrono::milliseconds::zero() || !connection.isConnected())
+        return std::nullopt;
+    // Qt's timer for it may be late by a twentieth.
+    const auto patience = std::max(timeout * 19 / 20, std::chrono::milliseconds(1));
+    const QDBusMessage reply = connection.call(message, QDBus::Block, static_cast<int>(patience.count()));
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != signature)
+        return std::nullopt;
+    return reply.arguments();
+}
+
+} // namespace
+
+SecretServiceLink::SecretServiceLink(const SessionBus &bus, QObject *parent)
+    : QObject(parent)
+    , m_bus(bus)
+    , m_connection(QString())
+{
+    registerSecretTypes();
+}
+
+SecretServiceLink::~SecretServiceLink()
+{
+    close();
+}
+
+bool SecretServiceLink::open(const CallBudget::Call &call)
+{
+    return connectToBus(call.remaining()) && findService(call) && openSession(call);
+}
+
+bool SecretServiceLink::connectToBus(std::chrono::milliseconds timeout)
+{
+    if (m_connection.isConnected())
+        return true;
+    close();
+    // A bus that does not answer would hold up a new connection far beyond any budget.
+    if (!answerOf(
+            m_bus.connection(), BusDaemon::method(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
+        return false;
+    m_connection = QDBusConnection::connectToBus(sessionBusAddress(), freshConnectionName());
+    if (m_connection.isConnected())
+        listen();
+    return m_connection.isConnected();
+}
+
+void SecretServiceLink::close()
+{
+    QDBusConnection::disconnectFromBus(m_connection.name());
+    m_connection = QDBusConnection(QString());
+    m_owner.clear();
+    m_session = QDBusObjectPath();
+}
+
+QDBusMessage SecretServiceLink::method(
+    const QString &path, const QString &interface, const QString &name) const
+{
+    return QDBusMessage::createMethodCall(m_owner, path, interface, name);
+}
+
+std::optional<QVariantList> SecretServiceLink::call(
+    const QDBusMessage &message, const QString &signature, std::chrono::milliseconds timeout) const
+{
+    return answerOf(m_connection, message, signature, timeout);
+}
+
+bool SecretServiceLink::findService(const CallBudget::Call &call)
+{
+    if (!m_owner.isEmpty())
+        return true;
+    const QDBusMessage question = BusDaemon::ownerQuestion(service);
+    const QString one = QStringLiteral("s");
+    std::optional<QVariantList> owner = answerOf(m_connection, question, one, call.remaining());
+    if (!owner) {
+        const QDBusMessage start = BusDaemon::startRequest(service);
+        if (!answerOf(m_connection, start, QStringLiteral("u"), call.remaining()))
+            return false;
+        owner = answerOf(m_connection, question, one, call.remaining());
+    }
+    if (owner)
+        m_owner = owner->first().toString();
+    return owner.has_value();
+}
+
+bool SecretServiceLink::openSession(const CallBudget::Call &call)
+{
+    if (isOpen())
+        return true;
+    QDBusMessage message = method(servicePath, serviceInterface, QStringLiteral("OpenSession"));
+    message << QStringLiteral("plain") << QVariant::fromValue(QDBusVariant(QString()));
+    const auto answer = answerOf(m_connection, message, QStringLiteral("vo"), call.remaining());
+    if (answer)
+        m_session = answer->at(1).value<QDBusObjectPath>();
+    return answer.has_value();
+}
+
+void SecretServiceLink::listen()
+{
+    // From anybody: to follow the owner of a well-known name, Qt asks for it in a way that ends the process
+    // if the bus is lost at that moment. A stranger's signal only has the store looked at once more.
+    const QString anybody;
+    const QString anyPath;
+    const auto onChange = [&](const QString &path, const QString &interface, const QString &signal) {
+        m_connection.connect(anybody, path, interface, signal, this, SIGNAL(changed()));
+    };
+    onChange(servicePath, serviceInterface, QStringLiteral("CollectionCreated"));
+    onChange(servicePath, serviceInterface, QStringLiteral("CollectionChanged"));
+    m_connection.connect(anybody, anyPath, promptInterface, QStringLiteral("Completed"), this,
+        SLOT(handlePrompt(QDBusMessage)));
+    m_connection.connect(anybody, anyPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
+        { collectionInterface }, QString(), this, SIGNAL(changed()));
+    BusDaemon::followOwner(m_connection, service, this, SLOT(handleOwner(QDBusMessage)));
+}
+
+void SecretServiceLink::handlePrompt(const QDBusMessage &completed)
+{
+    const bool isDismissed = completed.arguments().value(0).toBool();
+    if (!isDismissed)
+        emit changed();
+}
+
+void SecretServiceLink::handleOwner(const QDBusMessage &signal)
+{
+    const auto change = BusDaemon::ownerChange(signal);
+    if (!change || change->owner == m_owner)
+        return;
+    m_owner.clear();
+    m_session = QDBusObjectPath();
+    if (!change->owner.isEmpty())
+        emit changed();
+}
+
+} // namespace glimmet

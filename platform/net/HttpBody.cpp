@@ -1,0 +1,85 @@
+#include "platform/net/HttpBody.h"
+
+#include "platform/Fatal.h"
+
+#include <array>
+#include <zlib.h>
+
+namespace glimmet {
+namespace {
+
+constexpr int gzipOnly = MAX_WBITS + 16; // how zlib is told
+
+bool isGzip(const QByteArray &encoding)
+{
+    // RFC 9110, 8.4.1.3: the second name means the same.
+    return encoding.compare("gzip", Qt::CaseInsensitive) == 0
+        || encoding.compare("x-gzip", Qt::CaseInsensitive) == 0;
+}
+
+std::unique_ptr<z_stream> startedGzip()
+{
+    auto stream = std::make_unique<z_stream>();
+    if (inflateInit2(stream.get(), gzipOnly) != Z_OK)
+        fatal("out of memory");
+    return stream;
+}
+
+} // namespace
+
+HttpBody::HttpBody(const QByteArray &encoding, qint64 longest)
+    : m_longest(longest)
+    , m_gzip(isGzip(encoding) ? startedGzip() : nullptr)
+{
+}
+
+HttpBody::~HttpBody()
+{
+    if (m_gzip)
+        inflateEnd(m_gzip.get());
+}
+
+bool HttpBody::append(const QByteArray &piece)
+{
+    return m_gzip ? unpack(piece) : keep(piece);
+}
+
+bool HttpBody::keep(QByteArrayView bytes)
+{
+    if (bytes.size() > m_longest - m_bytes.size())
+        return false;
+    m_bytes.append(bytes);
+    return true;
+}
+
+bool HttpBody::unpack(const QByteArray &piece)
+{
+    QByteArray packed = piece; // zlib wants it writable, and leaves it as it is
+    m_gzip->next_in = reinterpret_cast<Bytef *>(packed.data());
+    m_gzip->avail_in = static_cast<uInt>(packed.size());
+    while (m_gzip->avail_in > 0)
+        if (!unpackNext())
+            return false;
+    return true;
+}
+
+bool HttpBody::unpackNext()
+{
+    std::array<char, 16384> unpacked;
+    // There may be several packed parts, one after the other.
+    if (m_isWhole)
+        inflateReset(m_gzip.get());
+    int state = Z_OK;
+    do {
+        m_gzip->next_out = reinterpret_cast<Bytef *>(unpacked.data());
+        m_gzip->avail_out = unpacked.size();
+        state = inflate(m_gzip.get(), Z_NO_FLUSH);
+        if (!keep({ unpacked.data(), static_cast<qsizetype>(unpacked.size() - m_gzip->avail_out) }))
+            return false;
+    } while (state == Z_OK && m_gzip->avail_out == 0);
+    m_isWhole = state == Z_STREAM_END;
+    // Z_BUF_ERROR: the last byte came just when there was no more room, and nothing is left.
+    return state == Z_OK || state == Z_STREAM_END || state == Z_BUF_ERROR;
+}
+
+} // namespace glimmet

@@ -1,0 +1,58 @@
+#include "platform/net/HttpClient.h"
+
+#include "platform/net/HttpNetwork.h"
+
+namespace glimmet {
+namespace {
+
+constexpr std::chrono::milliseconds patience = std::chrono::seconds(1);
+
+} // namespace
+
+HttpClient::HttpClient(HttpSettings settings, QObject *parent)
+    : QObject(parent)
+    , m_settings(std::move(settings))
+    , m_thread(new QThread)
+{
+    m_thread->setObjectName(QStringLiteral("http"));
+}
+
+HttpClient::~HttpClient()
+{
+    m_thread->quit();
+    // A server can keep Qt busy for minutes. That must not keep the program from ending, which ends the
+    // thread too.
+    if (m_thread->wait(patience))
+        delete m_thread;
+}
+
+HttpNetwork &HttpClient::network()
+{
+    // With the first request: who never sends one has no second thread.
+    if (m_network == nullptr) {
+        m_network = new HttpNetwork(m_settings);
+        m_network->moveToThread(m_thread);
+        connect(m_thread, &QThread::finished, m_network, &QObject::deleteLater);
+        m_thread->start();
+    }
+    return *m_network;
+}
+
+void HttpClient::send(const HttpRequest &request, QObject *receiver, Reader reader)
+{
+    const auto deliver = [this, asker = QPointer(receiver), reader = std::move(reader)](
+                             const HttpResult &result) {
+        QMetaObject::invokeMethod(
+            this,
+            [asker, delivery = reader(result)] {
+                if (asker)
+                    delivery();
+            },
+            Qt::QueuedConnection);
+    };
+    QMetaObject::invokeMethod(
+        &network(), [&network = network(), request, deliver] { network.send(request, deliver); },
+        Qt::QueuedConnection);
+}
+
+} // namespace glimmet

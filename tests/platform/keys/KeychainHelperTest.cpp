@@ -1,0 +1,325 @@
+#include "platform/keys/KeychainHelper.h"
+#include "platform/bus/SessionBus.h"
+#include "tests/support/Printing.h"
+#include "tests/support/SecretServiceDaemon.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+using std::chrono::milliseconds;
+
+constexpr KeychainKey key = KeychainKey::PolarAPIKey;
+constexpr KeychainKey otherKey = KeychainKey::DodoAPIKey;
+const QString account = u"polar_api_key"_s;
+const LoadedKey absent = KeyAbsent{};
+const LoadedKey unavailable = KeyUnavailable{};
+
+/// For a busy machine.
+constexpr milliseconds slack{ 250 };
+constexpr milliseconds laterBudget{ 300 };
+constexpr milliseconds startUpBudget{ 3000 };
+
+LoadedKey found(const QString &text)
+{
+    return ApiKey(text);
+}
+
+/// How long `work` keeps its caller waiting.
+template <typename Work> milliseconds duration(Work work)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    work();
+    return milliseconds(elapsed.elapsed());
+}
+
+class KeychainOnDaemon : public testing::Test {
+protected:
+    /// The program, started on the bus as it is now.
+    void launch()
+    {
+        bus.open();
+        store.emplace(bus);
+        readable.emplace(&*store, &KeyStore::becameReadable);
+    }
+    /// From here on each call has a budget of its own.
+    static void endStartUp() { QTest::qWait(0); }
+    bool becomesReadable()
+    {
+        return waitFor([this] { return readable->count() == 1; });
+    }
+    bool staysUnreadable(milliseconds time)
+    {
+        return !QTest::qWaitFor([this] { return readable->count() > 0; }, static_cast<int>(time.count()));
+    }
+
+    SecretServiceDaemon daemon;
+    SessionBus bus;
+    std::optional<KeychainHelper> store;
+    std::optional<QSignalSpy> readable;
+};
+
+TEST_F(KeychainOnDaemon, writesItemsThatOtherToolsCanRead)
+{
+    daemon.start();
+    launch();
+
+    ASSERT_TRUE(store->save(ApiKey(u"polar_oat_⚡"_s), key));
+
+    const QList<StoredItem> items = daemon.items(attributesOf(account));
+    ASSERT_EQ(items.size(), 1);
+    EXPECT_EQ(items[0].label, u"glimmet polar_api_key"_s);
+    EXPECT_EQ(items[0].value, QByteArray("polar_oat_⚡"));
+    EXPECT_EQ(items[0].contentType, u"text/plain"_s);
+    SecretAttributes attributes = items[0].attributes;
+    EXPECT_EQ(attributes.take(u"xdg:schema"_s), u"me.kerno.glimmet"_s);
+    EXPECT_EQ(attributes, attributesOf(account));
+}
+
+TEST_F(KeychainOnDaemon, findsItemsByServiceAndAccountWhateverElseTheySay)
+{
+    daemon.start();
+    SecretAttributes attributes = attributesOf(account);
+    attributes.insert(u"xdg:schema"_s, u"org.freedesktop.Secret.Generic"_s);
+    attributes.insert(u"colour"_s, u"blue"_s);
+    daemon.put(attributes, "abc");
+    daemon.put({ { u"service"_s, u"me.kerno.glimmet"_s } }, "no account");
+    daemon.put({ { u"service"_s, u"another"_s }, { u"account"_s, u"dodo_api_key"_s } }, "not ours");
+    launch();
+
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_EQ(store->load(otherKey), absent);
+}
+
+TEST_F(KeychainOnDaemon, leavesOneItemWhereThereWereSeveral)
+{
+    daemon.start();
+    for (const QString &colour : { u"blue"_s, u"red"_s }) {
+        SecretAttributes attributes = attributesOf(account);
+        attributes.insert(u"colour"_s, colour);
+        daemon.put(attributes, "abc");
+    }
+    launch();
+
+    EXPECT_TRUE(store->save(ApiKey(u"def"_s), key));
+
+    ASSERT_EQ(daemon.items(attributesOf(account)).size(), 1);
+    EXPECT_EQ(daemon.items(attributesOf(account))[0].value, QByteArray("def"));
+}
+
+TEST_F(KeychainOnDaemon, hasAllCallsOfTheStartUpShareOneBudget)
+{
+    daemon.start();
+    launch();
+    daemon.halt();
+
+    const milliseconds waited = duration([this] {
+        for (const auto &[each, name] : rawValues<KeychainKey>)
+            EXPECT_EQ(store->load(each), unavailable);
+        for (const auto &[each, name] : rawValues<KeychainKey>)
+            EXPECT_FALSE(store->save(ApiKey(), each));
+    });
+
+    EXPECT_GE(waited, startUpBudget - slack);
+    EXPECT_LE(waited, startUpBudget + slack);
+}
+
+TEST_F(KeychainOnDaemon, givesALaterCallThreeHundredMilliseconds)
+{
+    daemon.start();
+    launch();
+    endStartUp();
+    daemon.halt();
+
+    const milliseconds waited = duration([this] { EXPECT_FALSE(store->save(ApiKey(u"abc"_s), key)); });
+
+    EXPECT_GE(waited, laterBudget - slack);
+    EXPECT_LE(waited, laterBudget + slack);
+}
+
+TEST_F(KeychainOnDaemon, waitsNoMoreForAServiceThatHangs)
+{
+    daemon.start();
+    launch();
+    endStartUp();
+    daemon.halt();
+    store->load(key);
+
+    const milliseconds waited = duration([this] {
+        for (int i = 0; i < 100; ++i)
+            EXPECT_EQ(store->load(key), unavailable);
+    });
+
+    EXPECT_LE(waited, laterBudget);
+}
+
+TEST_F(KeychainOnDaemon, readsOnceAServiceThatHungGoesOn)
+{
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    launch();
+    endStartUp();
+    daemon.halt();
+    store->load(key);
+
+    EXPECT_TRUE(staysUnreadable(milliseconds(1500)));
+    daemon.goOn();
+
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+}
+
+TEST_F(KeychainOnDaemon, readsOnceAServiceThatWasKilledIsBack)
+{
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    launch();
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    daemon.kill();
+
+    EXPECT_EQ(store->load(key), unavailable);
+    EXPECT_FALSE(store->save(ApiKey(u"def"_s), key));
+    EXPECT_TRUE(staysUnreadable(milliseconds(1500)));
+    daemon.start();
+
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+}
+
+TEST_F(KeychainOnDaemon, followsAServiceThatWasReplacedUnheard)
+{
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    launch();
+    store->load(key);
+    daemon.kill();
+    daemon.start();
+
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_TRUE(store->save(ApiKey(u"def"_s), key));
+    EXPECT_EQ(store->load(key), found(u"def"_s));
+}
+
+TEST_F(KeychainOnDaemon, isUnavailableWithoutAService)
+{
+    launch();
+
+    const milliseconds waited = duration([this] {
+        EXPECT_EQ(store->load(key), unavailable);
+        EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
+        EXPECT_FALSE(store->remove(otherKey));
+    });
+
+    EXPECT_LE(waited, slack);
+    daemon.start();
+    EXPECT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), absent);
+}
+
+TEST_F(KeychainOnDaemon, makesNoCollectionWhereThereIsNone)
+{
+    daemon.start(SecretServiceDaemon::Keyring::None);
+    launch();
+
+    EXPECT_EQ(store->load(key), unavailable);
+    EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
+    EXPECT_TRUE(staysUnreadable(milliseconds(1500)));
+    daemon.makeDefaultCollection();
+
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), absent);
+    EXPECT_TRUE(store->save(ApiKey(u"abc"_s), key));
+}
+
+TEST_F(KeychainOnDaemon, readsOnceThereIsABus)
+{
+    daemon.bus().kill();
+    launch();
+
+    EXPECT_EQ(store->load(key), unavailable);
+    EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
+    EXPECT_FALSE(store->remove(otherKey));
+
+    daemon.bus().start();
+    daemon.start();
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), absent);
+}
+
+TEST_F(KeychainOnDaemon, outlivesTheBus)
+{
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    launch();
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    daemon.kill();
+    daemon.bus().kill();
+
+    EXPECT_EQ(store->load(key), unavailable);
+    daemon.bus().start();
+    daemon.start();
+
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), found(u"abc"_s));
+}
+
+TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
+{
+    SecretServiceDaemon daemon(SecretServiceDaemon::Activation::On);
+    daemon.start();
+    daemon.put(attributesOf(account), "abc");
+    daemon.kill();
+    SessionBus bus;
+    bus.open();
+    KeychainHelper store(bus);
+    QSignalSpy readable(&store, &KeyStore::becameReadable);
+
+    EXPECT_EQ(store.load(key), unavailable);
+
+    EXPECT_TRUE(daemon.isRunning());
+    daemon.unlock();
+    ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
+    EXPECT_EQ(store.load(key), found(u"abc"_s));
+}
+
+TEST_F(KeychainOnDaemon, waitsNoLongerForABusThatHangs)
+{
+    daemon.start();
+    launch();
+    endStartUp();
+    daemon.bus().halt();
+
+    const milliseconds waited = duration([this] { EXPECT_EQ(store->load(key), unavailable); });
+
+    EXPECT_LE(waited, laterBudget + slack);
+    daemon.bus().goOn();
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(store->load(key), absent);
+}
+
+TEST_F(KeychainOnDaemon, neverShowsAKey)
+{
+    testing::internal::CaptureStderr();
+    daemon.start();
+    launch();
+    store->save(ApiKey(u"sk_live_secret"_s), key);
+    store->load(key);
+    daemon.kill();
+    store->save(ApiKey(u"sk_live_secret"_s), otherKey);
+    store->load(key);
+
+    EXPECT_EQ(testing::internal::GetCapturedStderr().find("sk_live"), std::string::npos);
+}
+
+} // namespace
+} // namespace glimmet

@@ -1,0 +1,77 @@
+#include "platform/bus/SessionBus.h"
+#include "platform/keys/KeychainHelper.h"
+#include "tests/platform/keys/MockPrompter.h"
+#include "tests/support/SecretServiceDaemon.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr KeychainKey key = KeychainKey::PolarAPIKey;
+const LoadedKey unavailable = KeyUnavailable{};
+
+/// The user's keyring is locked when the program starts, and the desktop's prompt is on the screen.
+class KeychainUnlock : public testing::Test {
+protected:
+    KeychainUnlock()
+    {
+        daemon.start(SecretServiceDaemon::Keyring::Unlocked, prompter.name());
+        daemon.put(attributesOf(u"polar_api_key"_s), "abc");
+        daemon.lock();
+        bus.open();
+    }
+
+    SecretServiceDaemon daemon;
+    MockPrompter prompter;
+    SessionBus bus;
+};
+
+TEST_F(KeychainUnlock, readsTheKeysOnceTheUserHasUnlockedThem)
+{
+    prompter.expectPassword(SecretServiceDaemon::password);
+    KeychainHelper store(bus);
+    QSignalSpy readable(&store, &KeyStore::becameReadable);
+
+    EXPECT_EQ(store.load(key), unavailable);
+    EXPECT_FALSE(store.save(ApiKey(), key));
+
+    ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
+    EXPECT_EQ(store.load(key), LoadedKey(ApiKey(u"abc"_s)));
+}
+
+TEST_F(KeychainUnlock, asksTheUserOnceInARun)
+{
+    prompter.expectCancel();
+    KeychainHelper store(bus);
+    QSignalSpy readable(&store, &KeyStore::becameReadable);
+    store.load(key);
+    ASSERT_TRUE(waitFor([&] { return !prompter.isExpecting() && !prompter.isPrompting(); }));
+
+    prompter.expectPassword(SecretServiceDaemon::password);
+    for (const auto &[each, name] : rawValues<KeychainKey>)
+        EXPECT_EQ(store.load(each), unavailable);
+
+    EXPECT_FALSE(QTest::qWaitFor([&] { return !prompter.isExpecting() || !readable.isEmpty(); }, 1500));
+}
+
+TEST_F(KeychainUnlock, leavesAPromptToTheUserWhenTheProgramEnds)
+{
+    prompter.setDelay(300);
+    prompter.expectPassword(SecretServiceDaemon::password);
+    {
+        KeychainHelper store(bus);
+        store.load(key);
+        ASSERT_TRUE(waitFor([&] { return prompter.isPrompting(); }));
+    }
+
+    EXPECT_TRUE(waitFor([&] { return !daemon.items(attributesOf(u"polar_api_key"_s)).isEmpty(); }));
+}
+
+} // namespace
+} // namespace glimmet
