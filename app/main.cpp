@@ -2,7 +2,8 @@
 #include "app/MenuBar.h"
 #include "app/PanelController.h"
 #include "app/Restart.h"
-#include "app/UpdateWindowController.h"
+#include "app/updates/UpdateWindowController.h"
+#include "app/updates/UpdaterViewModel.h"
 #include "core/TickerViewModel.h"
 #include "platform/Clock.h"
 #include "platform/CoreDumps.h"
@@ -21,7 +22,6 @@
 #include "platform/desktop/XDisplay.h"
 #include "platform/keys/KeychainHelper.h"
 #include "platform/net/HttpClient.h"
-#include "platform/updates/UpdaterViewModel.h"
 #include "prices/CryptoService.h"
 #include "revenue/RevenueServices.h"
 

@@ -20,10 +20,10 @@ std::unique_ptr<Panel> GlimmetPanelModule::makePanel(
     return std::make_unique<PanelWindow>(ticker, services, options);
 }
 
-std::unique_ptr<Panel> GlimmetPanelModule::makeUpdateWindow(
-    UpdaterController &updater, const DesktopLook &look)
+std::unique_ptr<UpdatePanel> GlimmetPanelModule::makeUpdateWindow(
+    const UpdateState &state, const UpdateAnswers &answers, const DesktopLook &look)
 {
-    return std::make_unique<UpdateWindow>(updater, look);
+    return std::make_unique<UpdateWindow>(state, answers, look);
 }
 
 } // namespace glimmet

@@ -17,7 +17,8 @@ public:
 
     std::unique_ptr<Panel> makePanel(
         TickerViewModel &ticker, const PanelServices &services, const Options &options) override;
-    std::unique_ptr<Panel> makeUpdateWindow(UpdaterController &updater, const DesktopLook &look) override;
+    std::unique_ptr<UpdatePanel> makeUpdateWindow(
+        const UpdateState &state, const UpdateAnswers &answers, const DesktopLook &look) override;
 };
 
 } // namespace glimmet

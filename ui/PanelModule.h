@@ -5,6 +5,7 @@
 
 #include <QtPlugin>
 
+#include <functional>
 #include <memory>
 
 class QWindow;
@@ -12,7 +13,7 @@ class QWindow;
 namespace glimmet {
 
 class TickerViewModel;
-class UpdaterController;
+struct UpdateState;
 
 /// An open panel, or another window in its look. Destroying it closes its window and gives back the QML
 /// engine with everything in it.
@@ -24,6 +25,20 @@ public:
     /// natural one; a window of lower height makes the middle scroll.
     virtual QWindow &window() = 0;
     virtual void setLook(const DesktopLook &look) = 0;
+};
+
+/// The window of software updates.
+class UpdatePanel : public Panel {
+public:
+    virtual void setState(const UpdateState &state) = 0;
+};
+
+/// What the user may answer in the window of software updates. Called while the window's QML is running, so
+/// that none of them may destroy the window before the event loop goes on.
+struct UpdateAnswers {
+    std::function<void()> install;
+    std::function<void()> restart;
+    std::function<void()> cancel;
 };
 
 /// Makes panels. It comes as a module of its own that is loaded on the first opening, so that a program that
@@ -40,12 +55,12 @@ public:
     virtual std::unique_ptr<Panel> makePanel(
         TickerViewModel &ticker, const PanelServices &services, const Options &options) = 0;
 
-    /// The window that shows what `updater`, which outlives it, is doing: titled, as large as its words, not
-    /// shown yet. Main thread.
-    virtual std::unique_ptr<Panel> makeUpdateWindow(UpdaterController &updater, const DesktopLook &look) = 0;
+    /// The window that shows `state`: titled, as large as its words, not shown yet. Main thread.
+    virtual std::unique_ptr<UpdatePanel> makeUpdateWindow(
+        const UpdateState &state, const UpdateAnswers &answers, const DesktopLook &look) = 0;
 };
 
 } // namespace glimmet
 
-#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/2"
+#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/3"
 Q_DECLARE_INTERFACE(glimmet::PanelModule, GLIMMET_PANEL_MODULE_IID)

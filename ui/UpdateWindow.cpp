@@ -1,6 +1,5 @@
 #include "ui/UpdateWindow.h"
 
-#include "platform/updates/UpdaterController.h"
 #include "ui/Appearance.h"
 
 #include <QQmlEngine>
@@ -8,13 +7,14 @@
 
 namespace glimmet {
 
-UpdateWindow::UpdateWindow(UpdaterController &updater, const DesktopLook &look)
+UpdateWindow::UpdateWindow(const UpdateState &state, const UpdateAnswers &answers, const DesktopLook &look)
     : m_appearance(*new Appearance(m_view.engine()))
 {
     m_view.setTitle(QStringLiteral("glimmet – Software Update"));
     m_view.setFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setLook(look);
-    connectUpdater(updater);
+    connectAnswers(answers);
+    setState(state);
     m_view.setInitialProperties({ { QStringLiteral("face"), QVariant::fromValue(&m_face) } });
     m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/UpdateWindow.qml")));
@@ -22,20 +22,14 @@ UpdateWindow::UpdateWindow(UpdaterController &updater, const DesktopLook &look)
     fit();
 }
 
-void UpdateWindow::connectUpdater(UpdaterController &updater)
+void UpdateWindow::connectAnswers(const UpdateAnswers &answers)
 {
-    const auto showState = [this, &updater] { m_face.setState(updater.state()); };
-    // Queued, since the owner may destroy the window at an answer, and QML is still running then.
-    const auto on = [&](void (UpdateFace::*answer)(), void (UpdaterController::*operation)()) {
-        QObject::connect(&m_face, answer, &updater, operation, Qt::QueuedConnection);
-    };
-    QObject::connect(&updater, &UpdaterController::stateChanged, &m_face, showState);
-    on(&UpdateFace::installChosen, &UpdaterController::install);
-    on(&UpdateFace::restartChosen, &UpdaterController::restart);
-    on(&UpdateFace::cancelChosen, &UpdaterController::cancel);
+    QObject::connect(&m_face, &UpdateFace::installChosen, answers.install);
+    QObject::connect(&m_face, &UpdateFace::restartChosen, answers.restart);
+    QObject::connect(&m_face, &UpdateFace::cancelChosen, answers.cancel);
+    // Queued, since the owner may destroy a window that has closed, and QML is still running here.
     QObject::connect(
         &m_face, &UpdateFace::closeChosen, &m_view, [this] { m_view.close(); }, Qt::QueuedConnection);
-    showState();
 }
 
 void UpdateWindow::setLook(const DesktopLook &look)

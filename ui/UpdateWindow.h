@@ -11,15 +11,16 @@ class Appearance;
 
 /// The window of software updates: titled, as high as what it says. It carries an engine of its own, so that
 /// closing it gives everything back.
-class UpdateWindow final : public Panel {
+class UpdateWindow final : public UpdatePanel {
 public:
-    UpdateWindow(UpdaterController &updater, const DesktopLook &look);
+    UpdateWindow(const UpdateState &state, const UpdateAnswers &answers, const DesktopLook &look);
 
     QWindow &window() override { return m_view; }
     void setLook(const DesktopLook &look) override;
+    void setState(const UpdateState &state) override { m_face.setState(state); }
 
 private:
-    void connectUpdater(UpdaterController &updater);
+    void connectAnswers(const UpdateAnswers &answers);
     void fit();
 
     UpdateFace m_face;

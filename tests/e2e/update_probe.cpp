@@ -1,10 +1,10 @@
 // Drives the updater from standard input, so that a test can do it against the real service: "check",
 // "install", "cancel" or "dismiss" a line. Each new state is a line of JSON on standard output.
 
+#include "app/updates/UpdaterController.h"
 #include "platform/Clock.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SystemBus.h"
-#include "platform/updates/UpdaterController.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/updates/UpdaterController.h"
+#include "app/updates/UpdaterController.h"
 
 #include <QObject>
 

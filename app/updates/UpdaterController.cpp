@@ -1,6 +1,5 @@
-#include "platform/updates/UpdaterController.h"
+#include "app/updates/UpdaterController.h"
 
-#include "platform/bus/SessionBus.h"
 #include "platform/updates/UpdateCheck.h"
 #include "platform/updates/UpdateInstallation.h"
 
@@ -109,7 +108,7 @@ void UpdaterController::handleOwnFinding(const UpdateFinding &finding)
     m_finding = finding;
     endWork();
     if (m_finding.verdict == Verdict::Found)
-        m_notification.show(m_sessionBus.connection(), m_finding.installed.version, m_finding.update.version);
+        m_notification.show(m_sessionBus, m_finding.installed.version, m_finding.update.version);
 }
 
 void UpdaterController::handleNotification()

@@ -1,4 +1,4 @@
-#include "platform/updates/UpdateNotification.h"
+#include "platform/desktop/DesktopNotification.h"
 
 #include "platform/ProgramName.h"
 #include "platform/bus/BusDaemon.h"
@@ -14,7 +14,6 @@ namespace {
 
 const QString notifications = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
-const QString install = QStringLiteral("install");
 const QString anybody;
 
 QDBusMessage method(const QString &owner, const QString &name)
@@ -22,45 +21,42 @@ QDBusMessage method(const QString &owner, const QString &name)
     return QDBusMessage::createMethodCall(owner, path, notifications, name);
 }
 
-QVariantList notice(const QString &installedVersion, const QString &newVersion)
+QVariantList argumentsOf(const NotificationContent &content)
 {
     const uint replacesNone = 0;
     const int desktopDecides = -1; // how long it is shown
-    const QStringList actions{ install, QStringLiteral("Install"), QStringLiteral("later"),
-        QStringLiteral("Later") };
-    return { QStringLiteral("glimmet"), replacesNone, programName, QStringLiteral("Update available"),
-        QStringLiteral("glimmet %1 can be installed. You have %2.").arg(newVersion, installedVersion),
-        actions, QVariantMap{ { QStringLiteral("desktop-entry"), programName } }, desktopDecides };
+    QStringList actions;
+    for (const auto &[key, words] : content.actions)
+        actions << key << words;
+    return { QStringLiteral("glimmet"), replacesNone, programName, content.summary, content.body, actions,
+        QVariantMap{ { QStringLiteral("desktop-entry"), programName } }, desktopDecides };
 }
 
 } // namespace
 
-UpdateNotification::~UpdateNotification()
+DesktopNotification::~DesktopNotification()
 {
     close();
 }
 
-void UpdateNotification::show(
-    const QDBusConnection &sessionBus, const QString &installedVersion, const QString &newVersion)
+void DesktopNotification::show(const QDBusConnection &sessionBus, const NotificationContent &content)
 {
-    if (newVersion == m_lastVersion || !sessionBus.isConnected())
-        return;
     close();
     m_bus = sessionBus;
-    m_lastVersion = newVersion;
     listen();
-    const QVariantList content = notice(installedVersion, newVersion);
-    const auto showBy = [this, showing = m_showing, content](const QDBusPendingReply<QString> &owner) {
+    const auto showBy = [this, showing = m_showing, arguments = argumentsOf(content)](
+                            const QDBusPendingReply<QString> &owner) {
         if (showing != m_showing)
             return;
         if (owner.isError())
-            return m_lastVersion.clear();
-        send(owner.value(), content);
+            emit failed();
+        else
+            send(owner.value(), arguments);
     };
     BusDaemon::findOwner(m_bus, notifications, this, showBy);
 }
 
-void UpdateNotification::send(const QString &owner, const QVariantList &content)
+void DesktopNotification::send(const QString &owner, const QVariantList &content)
 {
     QDBusMessage message = method(owner, QStringLiteral("Notify"));
     message.setArguments(content);
@@ -72,23 +68,23 @@ void UpdateNotification::send(const QString &owner, const QVariantList &content)
     connect(watcher, &QDBusPendingCallWatcher::finished, this, take);
 }
 
-void UpdateNotification::listen()
+void DesktopNotification::listen()
 {
     // From anybody, for the reason told in PackageKitTransaction; `handleAction` knows the owner.
     m_bus.connect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
         SLOT(handleAction(QDBusMessage)));
 }
 
-void UpdateNotification::handleAnswer(const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted)
+void DesktopNotification::handleAnswer(const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted)
 {
     if (!id.isError())
         return handleShown(id.value(), owner, isWanted);
     // Nobody has seen it. Only one that was not answered may be on the screen all the same.
     if (isWanted && id.error().type() != QDBusError::NoReply)
-        m_lastVersion.clear();
+        emit failed();
 }
 
-void UpdateNotification::handleShown(uint id, const QString &owner, bool isWanted)
+void DesktopNotification::handleShown(uint id, const QString &owner, bool isWanted)
 {
     if (!isWanted)
         return takeAway(owner, id);
@@ -96,18 +92,17 @@ void UpdateNotification::handleShown(uint id, const QString &owner, bool isWante
     m_id = id;
 }
 
-void UpdateNotification::handleAction(const QDBusMessage &signal)
+void DesktopNotification::handleAction(const QDBusMessage &signal)
 {
     const QVariantList values = signal.arguments();
     const bool isMine = m_id != 0 && signal.service() == m_owner && values.value(0).toUInt() == m_id;
     if (!isMine)
         return;
     close();
-    if (values.value(1).toString() == install)
-        emit installChosen();
+    emit chosen(values.value(1).toString());
 }
 
-void UpdateNotification::close()
+void DesktopNotification::close()
 {
     m_bus.disconnect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
         SLOT(handleAction(QDBusMessage)));
@@ -116,7 +111,7 @@ void UpdateNotification::close()
         takeAway(m_owner, id);
 }
 
-void UpdateNotification::takeAway(const QString &owner, uint id)
+void DesktopNotification::takeAway(const QString &owner, uint id)
 {
     QDBusMessage message = method(owner, QStringLiteral("CloseNotification"));
     message << id;

@@ -1,7 +1,7 @@
-#include "app/UpdateWindowController.h"
+#include "app/updates/UpdateWindowController.h"
 
+#include "app/updates/UpdaterController.h"
 #include "platform/desktop/X11.h"
-#include "platform/updates/UpdaterController.h"
 #include "ui/PanelModule.h"
 
 #include <QTimer>
@@ -46,17 +46,27 @@ bool UpdateWindowController::make()
             emit replaced();
         return false;
     }
-    m_shown = module->makeUpdateWindow(m_updater, m_look);
+    m_shown = module->makeUpdateWindow(m_updater.state(),
+        { later(&UpdaterController::install), later(&UpdaterController::restart),
+            later(&UpdaterController::cancel) },
+        m_look);
     // Queued: the window closes itself from inside its own event, and must not be destroyed there.
     connect(&m_shown->window(), &QWindow::visibleChanged, this, &UpdateWindowController::handleVisible,
         Qt::QueuedConnection);
     return true;
 }
 
+std::function<void()> UpdateWindowController::later(void (UpdaterController::*operation)())
+{
+    return [this, operation] { QMetaObject::invokeMethod(&m_updater, operation, Qt::QueuedConnection); };
+}
+
 void UpdateWindowController::follow()
 {
     if (m_updater.state().phase == UpdatePhase::Idle)
         close();
+    else if (m_shown)
+        m_shown->setState(m_updater.state());
 }
 
 void UpdateWindowController::handleVisible(bool isVisible)
@@ -70,7 +80,7 @@ void UpdateWindowController::handleVisible(bool isVisible)
 void UpdateWindowController::close()
 {
     // Later in this turn of the loop: the call may come from the window itself.
-    QTimer::singleShot(0, this, [shown = std::shared_ptr<Panel>(std::move(m_shown))]() mutable {
+    QTimer::singleShot(0, this, [shown = std::shared_ptr<UpdatePanel>(std::move(m_shown))]() mutable {
         shown.reset();
         malloc_trim(0);
     });

@@ -1,4 +1,4 @@
-#include "platform/updates/UpdateNotification.h"
+#include "platform/desktop/DesktopNotification.h"
 #include "tests/support/FakeNotifications.h"
 #include "tests/support/Printing.h"
 
@@ -11,22 +11,27 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class UpdateNotificationTest : public testing::Test {
+NotificationContent saying(const QString &summary)
+{
+    return { summary, u"A body."_s, { { u"install"_s, u"Install"_s }, { u"later"_s, u"Later"_s } } };
+}
+
+class DesktopNotificationTest : public testing::Test {
 protected:
-    ~UpdateNotificationTest() override
+    ~DesktopNotificationTest() override
     {
         for (const QString &name : { u"own"_s, u"stranger"_s })
             QDBusConnection::disconnectFromBus(name);
     }
 
-    bool show(const QString &version = u"1.1"_s)
+    bool show(const QString &summary = u"1.1"_s)
     {
         const qsizetype before = desktop.shown.size();
-        notification.show(bus, u"1.0"_s, version);
+        notification.show(bus, saying(summary));
         return waitFor([&] { return desktop.shown.size() > before; }) && isAnswered(notification);
     }
     /// Whether the desktop's answer has been taken.
-    static bool isAnswered(const UpdateNotification &shown)
+    static bool isAnswered(const DesktopNotification &shown)
     {
         return waitFor([&] { return shown.children().isEmpty(); });
     }
@@ -42,44 +47,26 @@ protected:
     PrivateBus daemon;
     FakeNotifications desktop{ daemon };
     QDBusConnection bus = daemon.peer(u"own"_s);
-    UpdateNotification notification;
-    QSignalSpy installs{ &notification, &UpdateNotification::installChosen };
+    DesktopNotification notification;
+    QSignalSpy choices{ &notification, &DesktopNotification::chosen };
+    QSignalSpy failures{ &notification, &DesktopNotification::failed };
 };
 
-TEST_F(UpdateNotificationTest, tellsBothVersionsAndOffersInstallAndLater)
+TEST_F(DesktopNotificationTest, saysWhatItIsTold)
 {
-    ASSERT_TRUE(show());
+    ASSERT_TRUE(show(u"A summary"_s));
 
     const auto shown = desktop.shown.first();
     EXPECT_EQ(shown.program, u"glimmet"_s);
     EXPECT_EQ(shown.icon, u"me.kerno.glimmet"_s);
-    EXPECT_EQ(shown.summary, u"Update available"_s);
-    EXPECT_EQ(shown.body, u"glimmet 1.1 can be installed. You have 1.0."_s);
+    EXPECT_EQ(shown.summary, u"A summary"_s);
+    EXPECT_EQ(shown.body, u"A body."_s);
     EXPECT_EQ(shown.actions, (QStringList{ u"install"_s, u"Install"_s, u"later"_s, u"Later"_s }));
     EXPECT_EQ(shown.hints.value(u"desktop-entry"_s), u"me.kerno.glimmet"_s);
+    EXPECT_EQ(failures.count(), 0);
 }
 
-TEST_F(UpdateNotificationTest, tellsOfAVersionOnlyOnce)
-{
-    ASSERT_TRUE(show());
-
-    notification.show(bus, u"1.0"_s, u"1.1"_s);
-    ASSERT_TRUE(hasArrived(bus));
-    EXPECT_EQ(desktop.shown.size(), 1);
-
-    EXPECT_TRUE(show(u"1.2"_s));
-}
-
-TEST_F(UpdateNotificationTest, tellsThatInstallWasChosen)
-{
-    ASSERT_TRUE(show());
-
-    desktop.choose(7, u"install"_s);
-
-    EXPECT_TRUE(waitFor([this] { return installs.count() == 1; }));
-}
-
-TEST_F(UpdateNotificationTest, laterIsNotInstall)
+TEST_F(DesktopNotificationTest, tellsWhatWasChosenAndGoes)
 {
     ASSERT_TRUE(show());
 
@@ -88,10 +75,10 @@ TEST_F(UpdateNotificationTest, laterIsNotInstall)
 
     ASSERT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7 }; }));
     ASSERT_TRUE(hasArrived(bus));
-    EXPECT_EQ(installs.count(), 0);
+    EXPECT_EQ(choices, (QList<QVariantList>{ { u"later"_s } }));
 }
 
-TEST_F(UpdateNotificationTest, doesNotListenToOtherNotificationsNorToStrangers)
+TEST_F(DesktopNotificationTest, doesNotListenToOtherNotificationsNorToStrangers)
 {
     ASSERT_TRUE(show());
 
@@ -101,10 +88,10 @@ TEST_F(UpdateNotificationTest, doesNotListenToOtherNotificationsNorToStrangers)
     ASSERT_TRUE(hasArrived(stranger));
     ASSERT_TRUE(hasArrived(bus));
 
-    EXPECT_EQ(installs.count(), 0);
+    EXPECT_EQ(choices.count(), 0);
 }
 
-TEST_F(UpdateNotificationTest, hasNothingToDoWithTheSameNumberAfterARestartOfTheDesktop)
+TEST_F(DesktopNotificationTest, hasNothingToDoWithTheSameNumberAfterARestartOfTheDesktop)
 {
     ASSERT_TRUE(show());
     desktop.restart();
@@ -112,7 +99,7 @@ TEST_F(UpdateNotificationTest, hasNothingToDoWithTheSameNumberAfterARestartOfThe
     desktop.choose(7, u"install"_s);
     ASSERT_TRUE(hasArrived(desktop.connection()));
     ASSERT_TRUE(hasArrived(bus));
-    EXPECT_EQ(installs.count(), 0);
+    EXPECT_EQ(choices.count(), 0);
 
     notification.close();
     ASSERT_TRUE(hasArrived(bus));
@@ -120,20 +107,20 @@ TEST_F(UpdateNotificationTest, hasNothingToDoWithTheSameNumberAfterARestartOfThe
     EXPECT_TRUE(desktop.closed.isEmpty());
 }
 
-TEST_F(UpdateNotificationTest, goesWithTheProgram)
+TEST_F(DesktopNotificationTest, goesWithTheProgram)
 {
     {
-        UpdateNotification other;
-        other.show(bus, u"1.0"_s, u"1.1"_s);
+        DesktopNotification other;
+        other.show(bus, saying(u"1.1"_s));
         ASSERT_TRUE(waitFor([this] { return desktop.shown.size() == 1; }) && isAnswered(other));
     }
 
     EXPECT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7 }; }));
 }
 
-TEST_F(UpdateNotificationTest, doesNotComeIfItIsClosedWhileItsDesktopIsBeingLookedFor)
+TEST_F(DesktopNotificationTest, doesNotComeIfItIsClosedWhileItsDesktopIsBeingLookedFor)
 {
-    notification.show(bus, u"1.0"_s, u"1.1"_s);
+    notification.show(bus, saying(u"1.1"_s));
     notification.close();
 
     ASSERT_TRUE(isAnswered(notification));
@@ -141,10 +128,10 @@ TEST_F(UpdateNotificationTest, doesNotComeIfItIsClosedWhileItsDesktopIsBeingLook
     EXPECT_TRUE(desktop.shown.isEmpty());
 }
 
-TEST_F(UpdateNotificationTest, goesAlsoIfItWasClosedBeforeItsNumberWasKnown)
+TEST_F(DesktopNotificationTest, goesAlsoIfItWasClosedBeforeItsNumberWasKnown)
 {
     desktop.isSlow = true;
-    notification.show(bus, u"1.0"_s, u"1.1"_s);
+    notification.show(bus, saying(u"1.1"_s));
     ASSERT_TRUE(waitFor([this] { return desktop.shown.size() == 1; }));
     notification.close();
     desktop.answer();
@@ -152,47 +139,32 @@ TEST_F(UpdateNotificationTest, goesAlsoIfItWasClosedBeforeItsNumberWasKnown)
     EXPECT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7 }; }));
 }
 
-TEST_F(UpdateNotificationTest, theNextOneStaysWhereOneWasClosedBeforeItsNumberWasKnown)
+TEST_F(DesktopNotificationTest, theNextOneStaysWhereOneWasClosedBeforeItsNumberWasKnown)
 {
     desktop.isSlow = true;
-    notification.show(bus, u"1.0"_s, u"1.1"_s);
+    notification.show(bus, saying(u"1.1"_s));
     ASSERT_TRUE(waitFor([this] { return desktop.shown.size() == 1; }));
-    notification.show(bus, u"1.0"_s, u"1.2"_s);
+    notification.show(bus, saying(u"1.2"_s));
     ASSERT_TRUE(waitFor([this] { return desktop.shown.size() == 2; }));
     desktop.answer();
     ASSERT_TRUE(isAnswered(notification));
 
     desktop.choose(8, u"install"_s);
 
-    EXPECT_TRUE(waitFor([this] { return installs.count() == 1; }));
+    EXPECT_TRUE(waitFor([this] { return choices.count() == 1; }));
     EXPECT_TRUE(waitFor([this] { return desktop.closed == QList<uint>{ 7, 8 }; }));
 }
 
-TEST(UpdateNotificationWithoutADesktop, tellsOfTheVersionOnceThereIsOne)
+TEST(DesktopNotificationWithoutADesktop, tellsThatItWasNotShown)
 {
     const PrivateBus daemon;
-    UpdateNotification notification;
-    const QDBusConnection bus = daemon.peer(QStringLiteral("own"));
-    notification.show(bus, QStringLiteral("1.0"), QStringLiteral("1.1"));
-    ASSERT_TRUE(waitFor([&] { return notification.children().isEmpty(); }));
-    const FakeNotifications desktop(daemon);
+    DesktopNotification notification;
+    QSignalSpy failures(&notification, &DesktopNotification::failed);
 
-    notification.show(bus, QStringLiteral("1.0"), QStringLiteral("1.1"));
+    notification.show(daemon.peer(u"own"_s), saying(u"1.1"_s));
 
-    EXPECT_TRUE(waitFor([&] { return desktop.shown.size() == 1; }));
-    QDBusConnection::disconnectFromBus(QStringLiteral("own"));
-}
-
-TEST(UpdateNotificationWithoutADesktop, isSilent)
-{
-    const PrivateBus daemon;
-    UpdateNotification notification;
-
-    notification.show(daemon.peer(QStringLiteral("own")), QStringLiteral("1.0"), QStringLiteral("1.1"));
-    notification.show(QDBusConnection(QString()), QStringLiteral("1.0"), QStringLiteral("1.2"));
-
-    EXPECT_TRUE(waitFor([&] { return notification.children().isEmpty(); }));
-    QDBusConnection::disconnectFromBus(QStringLiteral("own"));
+    EXPECT_TRUE(waitFor([&] { return failures.count() == 1; }));
+    QDBusConnection::disconnectFromBus(u"own"_s);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "platform/updates/UpdaterViewModel.h"
+#include "app/updates/UpdaterViewModel.h"
 
 namespace glimmet {
 

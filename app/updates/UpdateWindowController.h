@@ -5,11 +5,12 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 namespace glimmet {
 
-class Panel;
+class UpdatePanel;
 class UpdaterController;
 
 /// Opens the window of software updates when the updater wants it, and closes it when there is nothing more
@@ -34,6 +35,8 @@ signals:
 private:
     void open();
     bool make();
+    /// Does that once the event loop goes on: it may destroy the window that asks for it.
+    std::function<void()> later(void (UpdaterController::*operation)());
     void follow();
     void handleVisible(bool isVisible);
     void close();
@@ -41,7 +44,7 @@ private:
     UpdaterController &m_updater;
     DesktopLook m_look;
     PanelLibrary m_library;
-    std::unique_ptr<Panel> m_shown;
+    std::unique_ptr<UpdatePanel> m_shown;
 };
 
 } // namespace glimmet

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/updates/UpdateNotification.h"
+#include "app/updates/UpdateSchedule.h"
 #include "platform/updates/PackageKitClient.h"
 #include "platform/updates/UpdateFinding.h"
-#include "platform/updates/UpdateNotification.h"
-#include "platform/updates/UpdateSchedule.h"
 #include "platform/updates/UpdateState.h"
 
 #include <QObject>

@@ -1,7 +1,7 @@
-#include "app/UpdateWindowController.h"
+#include "app/updates/UpdateWindowController.h"
+#include "app/updates/UpdaterController.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SystemBus.h"
-#include "platform/updates/UpdaterController.h"
 #include "tests/support/FakePackageKit.h"
 #include "tests/support/ManualTimers.h"
 
@@ -105,6 +105,32 @@ TEST_F(UpdateWindowControllerTest, closingTheWindowLeavesAnInstallationGoingOn)
     ASSERT_TRUE(becomes(UpdatePhase::Done));
     EXPECT_TRUE(controller.isOpen());
     EXPECT_TRUE(window()->isVisible());
+}
+
+TEST_F(UpdateWindowControllerTest, theWindowLeadsFromTheCheckToTheNewVersionByReturnAlone)
+{
+    updater.checkForUpdates();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    ASSERT_TRUE(becomes(UpdatePhase::Found));
+
+    QTest::keyClick(window(), Qt::Key_Return);
+
+    ASSERT_TRUE(becomes(UpdatePhase::Done));
+    QSignalSpy restarts(&updater, &UpdaterController::restartRequested);
+    QTest::keyClick(window(), Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] { return restarts.count() == 1; }));
+}
+
+TEST_F(UpdateWindowControllerTest, escapeInTheWindowGivesTheCheckUp)
+{
+    service.courses[u"RefreshCache"_s] = { Kind::Hangs };
+    updater.checkForUpdates();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+
+    QTest::keyClick(window(), Qt::Key_Escape);
+
+    EXPECT_TRUE(becomes(UpdatePhase::Idle));
+    EXPECT_TRUE(isGone());
 }
 
 TEST_F(UpdateWindowControllerTest, opensAgainAfterItWasClosed)

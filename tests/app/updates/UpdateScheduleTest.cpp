@@ -1,4 +1,4 @@
-#include "platform/updates/UpdateSchedule.h"
+#include "app/updates/UpdateSchedule.h"
 #include "tests/support/ManualTimers.h"
 
 #include <gtest/gtest.h>

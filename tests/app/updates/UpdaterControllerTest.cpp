@@ -1,6 +1,6 @@
+#include "app/updates/UpdaterViewModel.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SystemBus.h"
-#include "platform/updates/UpdaterViewModel.h"
 #include "tests/support/FakeNotifications.h"
 #include "tests/support/FakePackageKit.h"
 #include "tests/support/ManualTimers.h"
