@@ -4,6 +4,7 @@
 #include "bench/Measure.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
+#include "revenue/KeychainKey.h"
 #include "tests/support/SecretServiceDaemon.h"
 
 #include <QCoreApplication>
@@ -44,13 +45,13 @@ template <typename Work> double duration(Work work)
 void loadAll(KeyStore &store)
 {
     for (const auto &[key, name] : rawValues<KeychainKey>)
-        store.load(key);
+        store.load(name.toString());
 }
 
 void saveAll(KeyStore &store)
 {
     for (const auto &[key, name] : rawValues<KeychainKey>)
-        store.save(ApiKey(value()), key);
+        store.save(ApiKey(value()), name.toString());
 }
 
 void measureStartUp(const SessionBus &bus)

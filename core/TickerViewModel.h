@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/Credentials.h"
 #include "core/Deadline.h"
 #include "core/TickerMode.h"
 #include "core/TickerWorld.h"
 #include "prices/CryptoPrice.h"
+#include "revenue/Credentials.h"
 #include "revenue/RevenueFetcher.h"
 
 #include <QHash>

@@ -213,15 +213,4 @@ int digitValue(const QString &text)
     return characters.size() == 1 ? QChar::digitValue(characters.first()) : -1;
 }
 
-QList<QDate> monthGrid(QDate date, Qt::DayOfWeek firstDayOfWeek)
-{
-    constexpr int weeks = 6;
-    const QDate first(date.year(), date.month(), 1);
-    const int before = (first.dayOfWeek() - firstDayOfWeek + daysInWeek) % daysInWeek;
-    QList<QDate> days;
-    for (int i = 0; i < weeks * daysInWeek; ++i)
-        days.append(first.addDays(i - before));
-    return days;
-}
-
 } // namespace glimmet

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDate>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -41,9 +40,5 @@ QString localizedNumber(int number, int digits, char32_t zeroDigit);
 
 /// The value of a digit of any script; -1 where `text` is not one digit.
 int digitValue(const QString &text);
-
-/// The six weeks that show the month of `date`: 42 days from the first day of a week on, the month's first
-/// day among the first seven.
-QList<QDate> monthGrid(QDate date, Qt::DayOfWeek firstDayOfWeek);
 
 } // namespace glimmet

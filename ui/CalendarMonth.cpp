@@ -47,6 +47,16 @@ QDate movedByKey(int key, QDate from, Qt::DayOfWeek firstDayOfWeek)
     }
 }
 
+QList<QDate> monthGrid(QDate date, Qt::DayOfWeek firstDayOfWeek)
+{
+    constexpr int weeks = 6;
+    const QDate first = startOfWeek(QDate(date.year(), date.month(), 1), firstDayOfWeek);
+    QList<QDate> days;
+    for (int i = 0; i < weeks * daysInWeek; ++i)
+        days.append(first.addDays(i));
+    return days;
+}
+
 QString CalendarMonth::title() const
 {
     return m_cursor.isValid() ? monthText(m_cursor, m_locale) : QString();

@@ -3,6 +3,7 @@
 #include "platform/DateTimeConventions.h"
 
 #include <QAbstractListModel>
+#include <QDate>
 #include <QtQml/qqmlregistration.h>
 
 namespace glimmet {
@@ -10,6 +11,10 @@ namespace glimmet {
 /// Where a key moves the cursor of a calendar: by a day, a week or a month, or to an end of the week. The
 /// same day where the key moves nothing.
 QDate movedByKey(int key, QDate from, Qt::DayOfWeek firstDayOfWeek);
+
+/// The six weeks that show the month of `date`: 42 days from the first day of a week on, the month's first
+/// day among the first seven.
+QList<QDate> monthGrid(QDate date, Qt::DayOfWeek firstDayOfWeek);
 
 /// A month to choose a day from, in six weeks of seven days. Days before today cannot be chosen, and the
 /// cursor, which the keyboard moves, does not go there.

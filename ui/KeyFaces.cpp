@@ -1,6 +1,6 @@
 #include "ui/KeyFaces.h"
 
-#include "platform/keys/KeychainKey.h"
+#include "revenue/KeychainKey.h"
 #include "revenue/RevenueChoices.h"
 #include "ui/CaseNumbers.h"
 

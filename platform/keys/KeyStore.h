@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/keys/ApiKey.h"
-#include "platform/keys/KeychainKey.h"
 
 #include <QObject>
+#include <QString>
 
 #include <variant>
 
@@ -21,7 +21,7 @@ struct KeyUnavailable {
 
 using LoadedKey = std::variant<ApiKey, KeyAbsent, KeyUnavailable>;
 
-/// The user's credentials, one item a key. Every call returns soon, also while the store hangs. Main thread.
+/// The user's secrets, one item an account. Every call returns soon, also while the store hangs. Main thread.
 class KeyStore : public QObject {
     Q_OBJECT
 
@@ -29,15 +29,15 @@ public:
     using QObject::QObject;
 
     /// Replaces the item; an empty value is an item as well. False where it was not written: the store could
-    /// not be reached, the value has no UTF-8 form, or the last load of `key` was unavailable. The latter
+    /// not be reached, the value has no UTF-8 form, or the last load of `account` was unavailable. The latter
     /// protects a key that only could not be read: until a load gives a definite answer, nothing writes or
     /// removes it.
-    virtual bool save(const ApiKey &value, KeychainKey key) = 0;
+    virtual bool save(const ApiKey &value, const QString &account) = 0;
 
-    virtual LoadedKey load(KeychainKey key) = 0;
+    virtual LoadedKey load(const QString &account) = 0;
 
     /// True where an item was removed; false where there was none, and for the same reasons as `save`.
-    virtual bool remove(KeychainKey key) = 0;
+    virtual bool remove(const QString &account) = 0;
 
 signals:
     /// After a call that did not reach the store: it can be read again, so load again what was unavailable

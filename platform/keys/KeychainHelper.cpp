@@ -12,14 +12,14 @@ namespace {
 using namespace std::chrono_literals;
 using State = SecretChange::State;
 
-SecretAttributes sought(KeychainKey key)
+SecretAttributes sought(const QString &account)
 {
-    return { { QStringLiteral("service"), programName }, { QStringLiteral("account"), accountName(key) } };
+    return { { QStringLiteral("service"), programName }, { QStringLiteral("account"), account } };
 }
 
-SecretAttributes written(KeychainKey key)
+SecretAttributes written(const QString &account)
 {
-    SecretAttributes attributes = sought(key);
+    SecretAttributes attributes = sought(account);
     attributes.insert(QStringLiteral("xdg:schema"), programName);
     return attributes;
 }
@@ -32,9 +32,9 @@ std::chrono::milliseconds share(const CallBudget::Call &call)
 }
 
 /// Without a "/": some services make a path of it.
-QString label(KeychainKey key)
+QString label(const QString &account)
 {
-    return QStringLiteral("glimmet ") + accountName(key);
+    return QStringLiteral("glimmet ") + account;
 }
 
 } // namespace
@@ -51,43 +51,43 @@ KeychainHelper::KeychainHelper(const SessionBus &bus, QObject *parent)
         this, [this] { m_budget.endStartUp(); }, Qt::QueuedConnection);
 }
 
-bool KeychainHelper::save(const ApiKey &value, KeychainKey key)
+bool KeychainHelper::save(const ApiKey &value, const QString &account)
 {
     const std::optional<QByteArray> text = exactUtf8(value.characters());
-    if (!text || m_unread.contains(key))
+    if (!text || m_unread.contains(account))
         return false;
     const CallBudget::Call call(m_budget);
-    const bool isSaved = replace(key, *text, call);
+    const bool isSaved = replace(account, *text, call);
     note(isSaved, call);
     return isSaved;
 }
 
-LoadedKey KeychainHelper::load(KeychainKey key)
+LoadedKey KeychainHelper::load(const QString &account)
 {
     const CallBudget::Call call(m_budget);
-    LoadedKey loaded = read(key, call);
+    LoadedKey loaded = read(account, call);
     const bool isDefinite = !std::holds_alternative<KeyUnavailable>(loaded);
     if (isDefinite)
-        m_unread.erase(key);
+        m_unread.erase(account);
     else
-        m_unread.insert(key);
+        m_unread.insert(account);
     note(isDefinite, call);
     return loaded;
 }
 
-bool KeychainHelper::remove(KeychainKey key)
+bool KeychainHelper::remove(const QString &account)
 {
-    if (m_unread.contains(key))
+    if (m_unread.contains(account))
         return false;
     const CallBudget::Call call(m_budget);
-    const std::optional<bool> isRemoved = removeAll(key, call);
+    const std::optional<bool> isRemoved = removeAll(account, call);
     note(isRemoved.has_value(), call);
     return isRemoved.value_or(false);
 }
 
-LoadedKey KeychainHelper::read(KeychainKey key, const CallBudget::Call &call)
+LoadedKey KeychainHelper::read(const QString &account, const CallBudget::Call &call)
 {
-    const auto matches = find(key, call);
+    const auto matches = find(account, call);
     if (!matches)
         return KeyUnavailable{};
     if (matches->unlocked.isEmpty())
@@ -99,70 +99,72 @@ LoadedKey KeychainHelper::read(KeychainKey key, const CallBudget::Call &call)
     return text ? LoadedKey(ApiKey(*text)) : KeyAbsent{};
 }
 
-bool KeychainHelper::replace(KeychainKey key, const QByteArray &text, const CallBudget::Call &call)
+bool KeychainHelper::replace(const QString &account, const QByteArray &text, const CallBudget::Call &call)
 {
-    const auto matches = findChangeable(key, call);
+    const auto matches = findChangeable(account, call);
     if (!matches)
         return false;
     // Whoever did not agree to a value is not asked for it again.
-    if (m_prompted.contains(key) && m_prompted.at(key) == text)
+    if (m_prompted.contains(account) && m_prompted.at(account) == text)
         return false;
     // Nobody waits between the two, where a kill would lose the item. What removes only after asking the user
     // is not made to ask, and what adds only then may be refused: there the addition alone replaces the item.
     if (m_prompted.empty())
         for (const QDBusObjectPath &item : matches->unlocked)
             m_service.startRemoval(item);
-    return add(key, text, call);
+    return add(account, text, call);
 }
 
-bool KeychainHelper::add(KeychainKey key, const QByteArray &text, const CallBudget::Call &call)
+bool KeychainHelper::add(const QString &account, const QByteArray &text, const CallBudget::Call &call)
 {
-    SecretChange change = m_service.add(written(key), label(key), text, share(call));
+    SecretChange change = m_service.add(written(account), label(account), text, share(call));
     if (change.state == State::Failed) {
         m_link.close();
         if (!m_link.open(call))
             return false;
-        change = m_service.add(written(key), label(key), text, call.remaining());
+        change = m_service.add(written(account), label(account), text, call.remaining());
     }
     if (change.state != State::AwaitsPrompt)
         return change.state == State::Made;
-    m_prompted.insert_or_assign(key, text);
+    m_prompted.insert_or_assign(account, text);
     m_service.start(change.prompt);
-    return read(key, call) == LoadedKey(ApiKey(QString::fromUtf8(text)));
+    return read(account, call) == LoadedKey(ApiKey(QString::fromUtf8(text)));
 }
 
-std::optional<bool> KeychainHelper::removeAll(KeychainKey key, const CallBudget::Call &call)
+std::optional<bool> KeychainHelper::removeAll(const QString &account, const CallBudget::Call &call)
 {
-    const auto matches = findChangeable(key, call);
+    const auto matches = findChangeable(account, call);
     if (!matches)
         return std::nullopt;
     bool isRemoved = false;
     for (const QDBusObjectPath &item : matches->unlocked)
-        isRemoved = removeItem(item, key, call) || isRemoved;
+        isRemoved = removeItem(item, account, call) || isRemoved;
     const bool hasFailed = !isRemoved && !matches->unlocked.isEmpty();
     return hasFailed ? std::nullopt : std::optional(isRemoved);
 }
 
-bool KeychainHelper::removeItem(const QDBusObjectPath &item, KeychainKey key, const CallBudget::Call &call)
+bool KeychainHelper::removeItem(
+    const QDBusObjectPath &item, const QString &account, const CallBudget::Call &call)
 {
     const SecretChange change = m_service.remove(item, call.remaining());
     if (change.state != State::AwaitsPrompt)
         return change.state == State::Made;
     m_service.start(change.prompt);
-    const auto left = find(key, call);
+    const auto left = find(account, call);
     return left && !left->unlocked.contains(item);
 }
 
-std::optional<SecretMatches> KeychainHelper::find(KeychainKey key, const CallBudget::Call &call)
+std::optional<SecretMatches> KeychainHelper::find(const QString &account, const CallBudget::Call &call)
 {
     if (m_watch.isHanging())
         return std::nullopt;
-    return m_service.find(sought(key), call);
+    return m_service.find(sought(account), call);
 }
 
-std::optional<SecretMatches> KeychainHelper::findChangeable(KeychainKey key, const CallBudget::Call &call)
+std::optional<SecretMatches> KeychainHelper::findChangeable(
+    const QString &account, const CallBudget::Call &call)
 {
-    auto matches = find(key, call);
+    auto matches = find(account, call);
     const bool isChangeable = matches && matches->locked.isEmpty();
     return isChangeable ? std::move(matches) : std::nullopt;
 }

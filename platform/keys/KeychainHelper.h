@@ -13,7 +13,7 @@ namespace glimmet {
 
 class SessionBus;
 
-/// The key store in the desktop's Secret Service: an item a key, found by the attributes `service` and
+/// The key store in the desktop's Secret Service: an item an account, found by the attributes `service` and
 /// `account` alone, so that items made by other tools are found too.
 ///
 /// Until the event loop runs for the first time all calls share three seconds, later each call has 300 ms.
@@ -27,28 +27,28 @@ public:
 
     /// An update is a removal and an addition. The addition is tried again on a fresh connection: after the
     /// removal it is the one copy of the value.
-    bool save(const ApiKey &value, KeychainKey key) override;
-    LoadedKey load(KeychainKey key) override;
-    bool remove(KeychainKey key) override;
+    bool save(const ApiKey &value, const QString &account) override;
+    LoadedKey load(const QString &account) override;
+    bool remove(const QString &account) override;
 
 private:
-    LoadedKey read(KeychainKey key, const CallBudget::Call &call);
-    bool replace(KeychainKey key, const QByteArray &text, const CallBudget::Call &call);
-    bool add(KeychainKey key, const QByteArray &text, const CallBudget::Call &call);
+    LoadedKey read(const QString &account, const CallBudget::Call &call);
+    bool replace(const QString &account, const QByteArray &text, const CallBudget::Call &call);
+    bool add(const QString &account, const QByteArray &text, const CallBudget::Call &call);
     /// Whether there was an item to remove; none where that could not be found out or done.
-    std::optional<bool> removeAll(KeychainKey key, const CallBudget::Call &call);
-    bool removeItem(const QDBusObjectPath &item, KeychainKey key, const CallBudget::Call &call);
-    std::optional<SecretMatches> find(KeychainKey key, const CallBudget::Call &call);
+    std::optional<bool> removeAll(const QString &account, const CallBudget::Call &call);
+    bool removeItem(const QDBusObjectPath &item, const QString &account, const CallBudget::Call &call);
+    std::optional<SecretMatches> find(const QString &account, const CallBudget::Call &call);
     /// The same, unless one of the items is locked.
-    std::optional<SecretMatches> findChangeable(KeychainKey key, const CallBudget::Call &call);
+    std::optional<SecretMatches> findChangeable(const QString &account, const CallBudget::Call &call);
     void note(bool gotThrough, const CallBudget::Call &call);
 
     CallBudget m_budget;
     SecretServiceLink m_link;
     SecretService m_service;
     SecretServiceWatch m_watch;
-    std::set<KeychainKey> m_unread; ///< whose last load was unavailable
-    std::map<KeychainKey, QByteArray> m_prompted; ///< for which value the service wanted to ask the user
+    std::set<QString> m_unread; ///< whose last load was unavailable
+    std::map<QString, QByteArray> m_prompted; ///< for which value the service wanted to ask the user
 };
 
 } // namespace glimmet

@@ -22,9 +22,9 @@ public:
         connect(&store, &KeyStore::becameReadable, this, &KeyStore::becameReadable);
     }
 
-    bool save(const ApiKey &value, KeychainKey key) override { return next().save(value, key); }
-    LoadedKey load(KeychainKey key) override { return next().load(key); }
-    bool remove(KeychainKey key) override { return next().remove(key); }
+    bool save(const ApiKey &value, const QString &account) override { return next().save(value, account); }
+    LoadedKey load(const QString &account) override { return next().load(account); }
+    bool remove(const QString &account) override { return next().remove(account); }
 
 private:
     KeyStore &next()

@@ -115,34 +115,5 @@ TEST(DateTimeConventions, readDigitsOfEveryScript)
         EXPECT_EQ(digitValue(text), -1) << qPrintable(text);
 }
 
-TEST(MonthGrid, beginsWithTheWeekOfTheFirstDay)
-{
-    const QList<QDate> days = monthGrid(QDate(2026, 5, 17), Qt::Monday);
-
-    ASSERT_EQ(days.size(), 42);
-    EXPECT_EQ(days.first(), QDate(2026, 4, 27));
-    EXPECT_EQ(days.at(4), QDate(2026, 5, 1));
-    EXPECT_EQ(days.last(), QDate(2026, 6, 7));
-}
-
-TEST(MonthGrid, beginsWithAnyDayOfTheWeek)
-{
-    EXPECT_EQ(monthGrid(QDate(2026, 5, 1), Qt::Sunday).first(), QDate(2026, 4, 26));
-    EXPECT_EQ(monthGrid(QDate(2026, 5, 1), Qt::Saturday).first(), QDate(2026, 4, 25));
-    EXPECT_EQ(monthGrid(QDate(2026, 5, 1), Qt::Friday).first(), QDate(2026, 5, 1));
-}
-
-TEST(MonthGrid, holdsEveryDayOfItsMonth)
-{
-    for (QDate month(2026, 1, 1); month.year() < 2030; month = month.addMonths(1)) {
-        for (int first = Qt::Monday; first <= Qt::Sunday; ++first) {
-            const QList<QDate> days = monthGrid(month, static_cast<Qt::DayOfWeek>(first));
-            ASSERT_TRUE(days.indexOf(month) >= 0 && days.indexOf(month) < 7);
-            ASSERT_TRUE(days.contains(month.addMonths(1).addDays(-1)));
-            ASSERT_EQ(days.first().dayOfWeek(), first);
-        }
-    }
-}
-
 } // namespace
 } // namespace glimmet

@@ -4,36 +4,36 @@
 
 namespace glimmet {
 
-bool MemoryKeyStore::save(const ApiKey &value, KeychainKey key)
+bool MemoryKeyStore::save(const ApiKey &value, const QString &account)
 {
-    m_saves.append(accountName(key));
+    m_saves.append(account);
     const std::optional<QByteArray> text = exactUtf8(value.characters());
-    if (!text || !isOpenFor(key))
+    if (!text || !isOpenFor(account))
         return false;
-    m_items.insert(accountName(key), *text);
+    m_items.insert(account, *text);
     return true;
 }
 
-LoadedKey MemoryKeyStore::load(KeychainKey key)
+LoadedKey MemoryKeyStore::load(const QString &account)
 {
-    m_loads.append(accountName(key));
+    m_loads.append(account);
     if (m_isLocked) {
         m_hasFailed = true;
-        m_unread.insert(key);
+        m_unread.insert(account);
         return KeyUnavailable{};
     }
-    m_unread.erase(key);
-    const auto found = m_items.constFind(accountName(key));
+    m_unread.erase(account);
+    const auto found = m_items.constFind(account);
     if (found == m_items.constEnd())
         return KeyAbsent{};
     const std::optional<QString> text = textFromUtf8(*found);
     return text ? LoadedKey(ApiKey(*text)) : KeyAbsent{};
 }
 
-bool MemoryKeyStore::remove(KeychainKey key)
+bool MemoryKeyStore::remove(const QString &account)
 {
-    m_removals.append(accountName(key));
-    return isOpenFor(key) && m_items.remove(accountName(key)) > 0;
+    m_removals.append(account);
+    return isOpenFor(account) && m_items.remove(account) > 0;
 }
 
 void MemoryKeyStore::unlock()
@@ -52,10 +52,10 @@ void MemoryKeyStore::forgetCalls()
     m_removals.clear();
 }
 
-bool MemoryKeyStore::isOpenFor(KeychainKey key)
+bool MemoryKeyStore::isOpenFor(const QString &account)
 {
     m_hasFailed = m_hasFailed || m_isLocked;
-    return !m_isLocked && !m_unread.contains(key);
+    return !m_isLocked && !m_unread.contains(account);
 }
 
 } // namespace glimmet

@@ -14,9 +14,9 @@ class MemoryKeyStore final : public KeyStore {
     Q_OBJECT
 
 public:
-    bool save(const ApiKey &value, KeychainKey key) override;
-    LoadedKey load(KeychainKey key) override;
-    bool remove(KeychainKey key) override;
+    bool save(const ApiKey &value, const QString &account) override;
+    LoadedKey load(const QString &account) override;
+    bool remove(const QString &account) override;
 
     /// Until `unlock` nothing gets through.
     void lock() { m_isLocked = true; }
@@ -31,12 +31,12 @@ public:
     void forgetCalls();
 
 private:
-    bool isOpenFor(KeychainKey key);
+    bool isOpenFor(const QString &account);
 
     QHash<QString, QByteArray> m_items;
     bool m_isLocked = false;
     bool m_hasFailed = false; ///< a call since the store was last readable
-    std::set<KeychainKey> m_unread; ///< whose last load was unavailable
+    std::set<QString> m_unread; ///< whose last load was unavailable
     QStringList m_saves;
     QStringList m_loads;
     QStringList m_removals;

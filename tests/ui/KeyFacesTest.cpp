@@ -1,6 +1,6 @@
 #include "ui/KeyFaces.h"
 #include "core/TickerViewModel.h"
-#include "platform/keys/KeychainKey.h"
+#include "revenue/KeychainKey.h"
 #include "tests/support/Printing.h"
 
 #include <QMetaProperty>

@@ -1,5 +1,6 @@
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
+#include "tests/platform/keys/Accounts.h"
 #include "tests/support/MemoryKeyStore.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SecretServiceDaemon.h"
@@ -16,8 +17,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr KeychainKey key = KeychainKey::StripeAPIKey;
-constexpr KeychainKey otherKey = KeychainKey::StripeCurrency;
+const QString otherAccount = u"stripe_currency"_s;
 const QString account = u"stripe_api_key"_s;
 
 LoadedKey found(const QString &text)
@@ -80,55 +80,55 @@ TYPED_TEST_SUITE(AnyKeyStore, Stores);
 
 TYPED_TEST(AnyKeyStore, returnsTheValueThatWasSaved)
 {
-    EXPECT_TRUE(this->store.save(ApiKey(u"abc"_s), key));
+    EXPECT_TRUE(this->store.save(ApiKey(u"abc"_s), account));
 
-    EXPECT_EQ(this->store.load(key), found(u"abc"_s));
+    EXPECT_EQ(this->store.load(account), found(u"abc"_s));
     EXPECT_EQ(this->world.values(), QList<QByteArray>{ "abc" });
 }
 
 TYPED_TEST(AnyKeyStore, tellsAnEmptyValueFromNone)
 {
-    EXPECT_TRUE(this->store.save(ApiKey(u""_s), key));
+    EXPECT_TRUE(this->store.save(ApiKey(u""_s), account));
 
-    EXPECT_EQ(this->store.load(key), found(u""_s));
+    EXPECT_EQ(this->store.load(account), found(u""_s));
     EXPECT_EQ(this->world.values(), QList<QByteArray>{ "" });
-    EXPECT_EQ(this->store.load(otherKey), LoadedKey(KeyAbsent{}));
+    EXPECT_EQ(this->store.load(otherAccount), LoadedKey(KeyAbsent{}));
 }
 
 TYPED_TEST(AnyKeyStore, keepsOneItemWithTheSecondValue)
 {
-    EXPECT_TRUE(this->store.save(ApiKey(u"first"_s), key));
-    EXPECT_TRUE(this->store.save(ApiKey(u"second"_s), key));
+    EXPECT_TRUE(this->store.save(ApiKey(u"first"_s), account));
+    EXPECT_TRUE(this->store.save(ApiKey(u"second"_s), account));
 
-    EXPECT_EQ(this->store.load(key), found(u"second"_s));
+    EXPECT_EQ(this->store.load(account), found(u"second"_s));
     EXPECT_EQ(this->world.values(), QList<QByteArray>{ "second" });
 }
 
 TYPED_TEST(AnyKeyStore, hasNothingAtFirst)
 {
-    EXPECT_EQ(this->store.load(key), LoadedKey(KeyAbsent{}));
-    EXPECT_FALSE(this->store.remove(key));
+    EXPECT_EQ(this->store.load(account), LoadedKey(KeyAbsent{}));
+    EXPECT_FALSE(this->store.remove(account));
 }
 
 TYPED_TEST(AnyKeyStore, removesAnItemOnce)
 {
-    this->store.save(ApiKey(u"abc"_s), key);
-    this->store.save(ApiKey(u"EUR"_s), otherKey);
+    this->store.save(ApiKey(u"abc"_s), account);
+    this->store.save(ApiKey(u"EUR"_s), otherAccount);
 
-    EXPECT_TRUE(this->store.remove(key));
-    EXPECT_FALSE(this->store.remove(key));
+    EXPECT_TRUE(this->store.remove(account));
+    EXPECT_FALSE(this->store.remove(account));
 
-    EXPECT_EQ(this->store.load(key), LoadedKey(KeyAbsent{}));
-    EXPECT_EQ(this->store.load(otherKey), found(u"EUR"_s));
+    EXPECT_EQ(this->store.load(account), LoadedKey(KeyAbsent{}));
+    EXPECT_EQ(this->store.load(otherAccount), found(u"EUR"_s));
 }
 
 TYPED_TEST(AnyKeyStore, keepsEachKeyToItself)
 {
-    for (const auto &[each, name] : rawValues<KeychainKey>)
-        EXPECT_TRUE(this->store.save(ApiKey(u"value of "_s + name.toString()), each));
+    for (const QString &each : accounts)
+        EXPECT_TRUE(this->store.save(ApiKey(u"value of "_s + each), each));
 
-    for (const auto &[each, name] : rawValues<KeychainKey>)
-        EXPECT_EQ(this->store.load(each), found(u"value of "_s + name.toString()));
+    for (const QString &each : accounts)
+        EXPECT_EQ(this->store.load(each), found(u"value of "_s + each));
 }
 
 TYPED_TEST(AnyKeyStore, keepsEveryText)
@@ -137,27 +137,27 @@ TYPED_TEST(AnyKeyStore, keepsEveryText)
         u"é e\u0301 ثانية 中文 🛠"_s, u" blanks "_s, u"\uFFFD\uFFFF"_s, QString(200'000, u'x') };
 
     for (const QString &text : texts) {
-        EXPECT_TRUE(this->store.save(ApiKey(text), key));
-        EXPECT_EQ(this->store.load(key), found(text));
+        EXPECT_TRUE(this->store.save(ApiKey(text), account));
+        EXPECT_EQ(this->store.load(account), found(text));
     }
 }
 
 TYPED_TEST(AnyKeyStore, refusesATextWithoutAnEncodingAndKeepsTheItem)
 {
-    this->store.save(ApiKey(u"abc"_s), key);
+    this->store.save(ApiKey(u"abc"_s), account);
 
     for (const QString &text : { QString(QChar(0xD83D)), QString(QChar(0xDE00)) + u"x"_s })
-        EXPECT_FALSE(this->store.save(ApiKey(text), key));
+        EXPECT_FALSE(this->store.save(ApiKey(text), account));
 
-    EXPECT_EQ(this->store.load(key), found(u"abc"_s));
+    EXPECT_EQ(this->store.load(account), found(u"abc"_s));
 }
 
 TYPED_TEST(AnyKeyStore, findsWhatAnotherProgramPutThere)
 {
     this->world.put("elsewhere");
 
-    EXPECT_EQ(this->store.load(key), found(u"elsewhere"_s));
-    EXPECT_TRUE(this->store.save(ApiKey(u"here"_s), key));
+    EXPECT_EQ(this->store.load(account), found(u"elsewhere"_s));
+    EXPECT_TRUE(this->store.save(ApiKey(u"here"_s), account));
     EXPECT_EQ(this->world.values(), QList<QByteArray>{ "here" });
 }
 
@@ -165,23 +165,23 @@ TYPED_TEST(AnyKeyStore, takesAnItemThatIsNoTextForAbsent)
 {
     for (const QByteArray &bytes :
         { QByteArray("\xFF\xFE"), QByteArray("abc\xC3"), QByteArray("\xED\xA0\x80") }) {
-        this->store.remove(key);
+        this->store.remove(account);
         this->world.put(bytes);
 
-        EXPECT_EQ(this->store.load(key), LoadedKey(KeyAbsent{}));
+        EXPECT_EQ(this->store.load(account), LoadedKey(KeyAbsent{}));
     }
-    EXPECT_TRUE(this->store.save(ApiKey(u"abc"_s), key));
+    EXPECT_TRUE(this->store.save(ApiKey(u"abc"_s), account));
 }
 
 TYPED_TEST(AnyKeyStore, touchesNothingWhileItIsLocked)
 {
-    this->store.save(ApiKey(u"abc"_s), key);
+    this->store.save(ApiKey(u"abc"_s), account);
     this->world.lock();
 
-    EXPECT_FALSE(this->store.save(ApiKey(u"def"_s), key));
-    EXPECT_FALSE(this->store.remove(key));
-    EXPECT_EQ(this->store.load(key), LoadedKey(KeyUnavailable{}));
-    EXPECT_EQ(this->store.load(otherKey), LoadedKey(KeyUnavailable{}));
+    EXPECT_FALSE(this->store.save(ApiKey(u"def"_s), account));
+    EXPECT_FALSE(this->store.remove(account));
+    EXPECT_EQ(this->store.load(account), LoadedKey(KeyUnavailable{}));
+    EXPECT_EQ(this->store.load(otherAccount), LoadedKey(KeyUnavailable{}));
 
     this->world.unlock();
     EXPECT_EQ(this->world.values(), QList<QByteArray>{ "abc" });
@@ -189,53 +189,53 @@ TYPED_TEST(AnyKeyStore, touchesNothingWhileItIsLocked)
 
 TYPED_TEST(AnyKeyStore, leavesAnItemAloneUntilItWasRead)
 {
-    this->store.save(ApiKey(u"abc"_s), key);
+    this->store.save(ApiKey(u"abc"_s), account);
     this->world.lock();
-    this->store.load(key);
+    this->store.load(account);
     this->world.unlock();
 
-    EXPECT_FALSE(this->store.save(ApiKey(u""_s), key));
-    EXPECT_FALSE(this->store.remove(key));
-    EXPECT_TRUE(this->store.save(ApiKey(u"EUR"_s), otherKey));
-    EXPECT_EQ(this->store.load(key), found(u"abc"_s));
+    EXPECT_FALSE(this->store.save(ApiKey(u""_s), account));
+    EXPECT_FALSE(this->store.remove(account));
+    EXPECT_TRUE(this->store.save(ApiKey(u"EUR"_s), otherAccount));
+    EXPECT_EQ(this->store.load(account), found(u"abc"_s));
 
-    EXPECT_TRUE(this->store.save(ApiKey(u""_s), key));
-    EXPECT_EQ(this->store.load(key), found(u""_s));
+    EXPECT_TRUE(this->store.save(ApiKey(u""_s), account));
+    EXPECT_EQ(this->store.load(account), found(u""_s));
 }
 
 TYPED_TEST(AnyKeyStore, tellsWhenItCanBeReadAgain)
 {
-    this->store.save(ApiKey(u"abc"_s), key);
+    this->store.save(ApiKey(u"abc"_s), account);
     this->world.lock();
-    this->store.load(key);
+    this->store.load(account);
     QSignalSpy readable(&this->store, &KeyStore::becameReadable);
 
     this->world.unlock();
     EXPECT_TRUE(readable.isEmpty());
 
     ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
-    EXPECT_EQ(this->store.load(key), found(u"abc"_s));
+    EXPECT_EQ(this->store.load(account), found(u"abc"_s));
 }
 
 TYPED_TEST(AnyKeyStore, tellsOfASaveThatCanBeMadeUpFor)
 {
     this->world.lock();
     QSignalSpy readable(&this->store, &KeyStore::becameReadable);
-    EXPECT_FALSE(this->store.save(ApiKey(u"abc"_s), key));
+    EXPECT_FALSE(this->store.save(ApiKey(u"abc"_s), account));
 
     this->world.unlock();
 
     ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
-    EXPECT_TRUE(this->store.save(ApiKey(u"abc"_s), key));
+    EXPECT_TRUE(this->store.save(ApiKey(u"abc"_s), account));
 }
 
 TYPED_TEST(AnyKeyStore, isSilentWhereEverythingGotThrough)
 {
     QSignalSpy readable(&this->store, &KeyStore::becameReadable);
-    this->store.save(ApiKey(u"abc"_s), key);
-    this->store.load(key);
-    this->store.load(otherKey);
-    this->store.remove(otherKey);
+    this->store.save(ApiKey(u"abc"_s), account);
+    this->store.load(account);
+    this->store.load(otherAccount);
+    this->store.remove(otherAccount);
 
     this->world.lock();
     this->world.unlock();

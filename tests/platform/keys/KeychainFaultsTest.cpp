@@ -22,7 +22,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using Fault = FakeSecretService::Fault;
 
-constexpr KeychainKey key = KeychainKey::PolarAPIKey;
 const QString account = u"polar_api_key"_s;
 const LoadedKey unavailable = KeyUnavailable{};
 constexpr auto everyFault = { Fault::Refuses, Fault::Hangs, Fault::Dies, Fault::Babbles };
@@ -64,7 +63,7 @@ TEST(KeychainHelper, neverTakesAFailedLoadForAbsent)
             World world;
             world.service.failAfter(step, fault);
 
-            const LoadedKey loaded = world.store->load(key);
+            const LoadedKey loaded = world.store->load(account);
 
             EXPECT_TRUE(loaded == found(u"old"_s) || loaded == unavailable) << step;
             EXPECT_TRUE(world.isInTime()) << step;
@@ -79,7 +78,7 @@ TEST(KeychainHelper, neverReportsASaveThatWasNotMade)
             World world;
             world.service.failAfter(step, fault);
 
-            const bool isSaved = world.store->save(ApiKey(u"new"_s), key);
+            const bool isSaved = world.store->save(ApiKey(u"new"_s), account);
 
             EXPECT_TRUE(world.isInTime()) << step;
             EXPECT_TRUE(!isSaved || world.service.items().value(account) == "new") << step;
@@ -94,7 +93,7 @@ TEST(KeychainHelper, losesNoItemToAServiceThatLives)
             World world;
             world.service.failAfter(step, fault);
 
-            world.store->save(ApiKey(u"new"_s), key);
+            world.store->save(ApiKey(u"new"_s), account);
 
             EXPECT_TRUE(waitFor([&] { return world.service.items().contains(account); })) << step;
         }
@@ -108,7 +107,7 @@ TEST(KeychainHelper, neverReportsARemovalThatWasNotMade)
             World world;
             world.service.failAfter(step, fault);
 
-            const bool isRemoved = world.store->remove(key);
+            const bool isRemoved = world.store->remove(account);
 
             EXPECT_TRUE(world.isInTime()) << step;
             EXPECT_TRUE(!isRemoved || !world.service.items().contains(account)) << step;
@@ -122,7 +121,7 @@ TEST(KeychainHelper, triesAnAdditionOnceMoreOnAFreshConnection)
         World world(2);
         world.service.failAt(u"CreateItem"_s, fault);
 
-        EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), key));
+        EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
 
         EXPECT_EQ(world.service.items().value(account), QByteArray("new"));
         const QStringList callers = world.service.callersOf(u"CreateItem"_s);
@@ -138,7 +137,7 @@ TEST(KeychainHelper, hasTimeLeftForTheSecondTry)
     world.service.setDelay(std::chrono::milliseconds(20));
     world.service.failAt(u"CreateItem"_s, Fault::Hangs);
 
-    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), key));
+    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
 
     EXPECT_EQ(world.service.callersOf(u"CreateItem"_s).size(), 2);
     EXPECT_TRUE(world.isInTime());
@@ -149,9 +148,9 @@ TEST(KeychainHelper, leavesItemsOfALockedCollectionAlone)
     World world;
     world.service.lockItems();
 
-    EXPECT_FALSE(world.store->save(ApiKey(u"new"_s), key));
-    EXPECT_FALSE(world.store->remove(key));
-    EXPECT_EQ(world.store->load(key), unavailable);
+    EXPECT_FALSE(world.store->save(ApiKey(u"new"_s), account));
+    EXPECT_FALSE(world.store->remove(account));
+    EXPECT_EQ(world.store->load(account), unavailable);
 
     EXPECT_EQ(world.service.items().value(account), QByteArray("old"));
     EXPECT_FALSE(world.service.calls().contains(u"CreateItem"_s));
@@ -163,13 +162,13 @@ TEST(KeychainHelper, readsAgainAfterAFailure)
         World world(2);
         QSignalSpy readable(&*world.store, &KeyStore::becameReadable);
         world.service.failAt(u"GetSecret"_s, fault);
-        EXPECT_EQ(world.store->load(key), unavailable);
-        EXPECT_FALSE(world.store->save(ApiKey(), key));
+        EXPECT_EQ(world.store->load(account), unavailable);
+        EXPECT_FALSE(world.store->save(ApiKey(), account));
 
         ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
 
-        EXPECT_EQ(world.store->load(key), found(u"old"_s));
-        EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), key));
+        EXPECT_EQ(world.store->load(account), found(u"old"_s));
+        EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
         EXPECT_EQ(world.service.items().value(account), QByteArray("new"));
     }
 }
@@ -181,10 +180,10 @@ TEST(KeychainHelper, asksAServiceThatKeepsFailingLessAndLess)
     QObject::connect(&*world.store, &KeyStore::becameReadable, &*world.store, [&] {
         ++loads;
         world.service.failAt(u"GetSecret"_s, Fault::Refuses);
-        world.store->load(key);
+        world.store->load(account);
     });
     world.service.failAt(u"GetSecret"_s, Fault::Refuses);
-    world.store->load(key);
+    world.store->load(account);
 
     // After one second, and after two more.
     EXPECT_FALSE(QTest::qWaitFor([&] { return loads == 3; }, 4500));
@@ -205,7 +204,7 @@ TEST(KeychainHelper, neverReportsASaveThatAKillUndid)
             ::kill(process, SIGKILL);
         });
 
-        const bool isSaved = store.save(ApiKey(u"new"_s), key);
+        const bool isSaved = store.save(ApiKey(u"new"_s), account);
 
         killer.join();
         daemon.kill();
@@ -221,7 +220,7 @@ TEST(KeychainHelper, startsThePromptOfAnAddition)
     World world;
     world.service.failAt(u"CreateItem"_s, Fault::Prompts);
 
-    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), key));
+    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
 
     EXPECT_EQ(world.service.items().value(account), QByteArray("new"));
     EXPECT_EQ(world.service.calls().count(u"CreateItem"_s), 1);
@@ -232,7 +231,7 @@ TEST(KeychainHelper, startsThePromptOfARemoval)
     World world;
     world.service.failAt(u"Delete"_s, Fault::Prompts);
 
-    EXPECT_TRUE(world.store->remove(key));
+    EXPECT_TRUE(world.store->remove(account));
 
     EXPECT_FALSE(world.service.items().contains(account));
 }
@@ -242,7 +241,7 @@ TEST(KeychainHelper, leavesThePromptOfARemovalWithinASaveAlone)
     World world;
     world.service.failAt(u"Delete"_s, Fault::Prompts);
 
-    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), key));
+    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
 
     EXPECT_EQ(world.service.items().value(account), QByteArray("new"));
     EXPECT_FALSE(world.service.calls().contains(u"Prompt"_s));
@@ -253,7 +252,7 @@ TEST(KeychainHelper, readsAtOnceWhereTheServiceUnlocksByItself)
     World world;
     world.service.lock();
 
-    EXPECT_EQ(world.store->load(key), found(u"old"_s));
+    EXPECT_EQ(world.store->load(account), found(u"old"_s));
 
     EXPECT_EQ(world.service.calls().count(u"Unlock"_s), 1);
 }

@@ -1,5 +1,6 @@
 #include "platform/keys/KeychainHelper.h"
 #include "platform/bus/SessionBus.h"
+#include "tests/platform/keys/Accounts.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SecretServiceDaemon.h"
 
@@ -18,8 +19,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
 
-constexpr KeychainKey key = KeychainKey::PolarAPIKey;
-constexpr KeychainKey otherKey = KeychainKey::DodoAPIKey;
+const QString otherAccount = u"dodo_api_key"_s;
 const QString account = u"polar_api_key"_s;
 const LoadedKey absent = KeyAbsent{};
 const LoadedKey unavailable = KeyUnavailable{};
@@ -74,7 +74,7 @@ TEST_F(KeychainOnDaemon, writesItemsThatOtherToolsCanRead)
     daemon.start();
     launch();
 
-    ASSERT_TRUE(store->save(ApiKey(u"polar_oat_⚡"_s), key));
+    ASSERT_TRUE(store->save(ApiKey(u"polar_oat_⚡"_s), account));
 
     const QList<StoredItem> items = daemon.items(attributesOf(account));
     ASSERT_EQ(items.size(), 1);
@@ -97,8 +97,8 @@ TEST_F(KeychainOnDaemon, findsItemsByServiceAndAccountWhateverElseTheySay)
     daemon.put({ { u"service"_s, u"another"_s }, { u"account"_s, u"dodo_api_key"_s } }, "not ours");
     launch();
 
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
-    EXPECT_EQ(store->load(otherKey), absent);
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
+    EXPECT_EQ(store->load(otherAccount), absent);
 }
 
 TEST_F(KeychainOnDaemon, leavesOneItemWhereThereWereSeveral)
@@ -111,7 +111,7 @@ TEST_F(KeychainOnDaemon, leavesOneItemWhereThereWereSeveral)
     }
     launch();
 
-    EXPECT_TRUE(store->save(ApiKey(u"def"_s), key));
+    EXPECT_TRUE(store->save(ApiKey(u"def"_s), account));
 
     ASSERT_EQ(daemon.items(attributesOf(account)).size(), 1);
     EXPECT_EQ(daemon.items(attributesOf(account))[0].value, QByteArray("def"));
@@ -124,9 +124,9 @@ TEST_F(KeychainOnDaemon, hasAllCallsOfTheStartUpShareOneBudget)
     daemon.halt();
 
     const milliseconds waited = duration([this] {
-        for (const auto &[each, name] : rawValues<KeychainKey>)
+        for (const QString &each : accounts)
             EXPECT_EQ(store->load(each), unavailable);
-        for (const auto &[each, name] : rawValues<KeychainKey>)
+        for (const QString &each : accounts)
             EXPECT_FALSE(store->save(ApiKey(), each));
     });
 
@@ -141,7 +141,7 @@ TEST_F(KeychainOnDaemon, givesALaterCallThreeHundredMilliseconds)
     endStartUp();
     daemon.halt();
 
-    const milliseconds waited = duration([this] { EXPECT_FALSE(store->save(ApiKey(u"abc"_s), key)); });
+    const milliseconds waited = duration([this] { EXPECT_FALSE(store->save(ApiKey(u"abc"_s), account)); });
 
     EXPECT_GE(waited, laterBudget - slack);
     EXPECT_LE(waited, laterBudget + slack);
@@ -153,11 +153,11 @@ TEST_F(KeychainOnDaemon, waitsNoMoreForAServiceThatHangs)
     launch();
     endStartUp();
     daemon.halt();
-    store->load(key);
+    store->load(account);
 
     const milliseconds waited = duration([this] {
         for (int i = 0; i < 100; ++i)
-            EXPECT_EQ(store->load(key), unavailable);
+            EXPECT_EQ(store->load(account), unavailable);
     });
 
     EXPECT_LE(waited, laterBudget);
@@ -170,13 +170,13 @@ TEST_F(KeychainOnDaemon, readsOnceAServiceThatHungGoesOn)
     launch();
     endStartUp();
     daemon.halt();
-    store->load(key);
+    store->load(account);
 
     EXPECT_TRUE(staysUnreadable(milliseconds(1500)));
     daemon.goOn();
 
     ASSERT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
 }
 
 TEST_F(KeychainOnDaemon, readsOnceAServiceThatWasKilledIsBack)
@@ -184,16 +184,16 @@ TEST_F(KeychainOnDaemon, readsOnceAServiceThatWasKilledIsBack)
     daemon.start();
     daemon.put(attributesOf(account), "abc");
     launch();
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
     daemon.kill();
 
-    EXPECT_EQ(store->load(key), unavailable);
-    EXPECT_FALSE(store->save(ApiKey(u"def"_s), key));
+    EXPECT_EQ(store->load(account), unavailable);
+    EXPECT_FALSE(store->save(ApiKey(u"def"_s), account));
     EXPECT_TRUE(staysUnreadable(milliseconds(1500)));
     daemon.start();
 
     ASSERT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
 }
 
 TEST_F(KeychainOnDaemon, followsAServiceThatWasReplacedUnheard)
@@ -201,13 +201,13 @@ TEST_F(KeychainOnDaemon, followsAServiceThatWasReplacedUnheard)
     daemon.start();
     daemon.put(attributesOf(account), "abc");
     launch();
-    store->load(key);
+    store->load(account);
     daemon.kill();
     daemon.start();
 
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
-    EXPECT_TRUE(store->save(ApiKey(u"def"_s), key));
-    EXPECT_EQ(store->load(key), found(u"def"_s));
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
+    EXPECT_TRUE(store->save(ApiKey(u"def"_s), account));
+    EXPECT_EQ(store->load(account), found(u"def"_s));
 }
 
 TEST_F(KeychainOnDaemon, isUnavailableWithoutAService)
@@ -215,15 +215,15 @@ TEST_F(KeychainOnDaemon, isUnavailableWithoutAService)
     launch();
 
     const milliseconds waited = duration([this] {
-        EXPECT_EQ(store->load(key), unavailable);
-        EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
-        EXPECT_FALSE(store->remove(otherKey));
+        EXPECT_EQ(store->load(account), unavailable);
+        EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherAccount));
+        EXPECT_FALSE(store->remove(otherAccount));
     });
 
     EXPECT_LE(waited, slack);
     daemon.start();
     EXPECT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), absent);
+    EXPECT_EQ(store->load(account), absent);
 }
 
 TEST_F(KeychainOnDaemon, makesNoCollectionWhereThereIsNone)
@@ -231,14 +231,14 @@ TEST_F(KeychainOnDaemon, makesNoCollectionWhereThereIsNone)
     daemon.start(SecretServiceDaemon::Keyring::None);
     launch();
 
-    EXPECT_EQ(store->load(key), unavailable);
-    EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
+    EXPECT_EQ(store->load(account), unavailable);
+    EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherAccount));
     EXPECT_TRUE(staysUnreadable(milliseconds(1500)));
     daemon.makeDefaultCollection();
 
     ASSERT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), absent);
-    EXPECT_TRUE(store->save(ApiKey(u"abc"_s), key));
+    EXPECT_EQ(store->load(account), absent);
+    EXPECT_TRUE(store->save(ApiKey(u"abc"_s), account));
 }
 
 TEST_F(KeychainOnDaemon, readsOnceThereIsABus)
@@ -246,14 +246,14 @@ TEST_F(KeychainOnDaemon, readsOnceThereIsABus)
     daemon.bus().kill();
     launch();
 
-    EXPECT_EQ(store->load(key), unavailable);
-    EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherKey));
-    EXPECT_FALSE(store->remove(otherKey));
+    EXPECT_EQ(store->load(account), unavailable);
+    EXPECT_FALSE(store->save(ApiKey(u"abc"_s), otherAccount));
+    EXPECT_FALSE(store->remove(otherAccount));
 
     daemon.bus().start();
     daemon.start();
     ASSERT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), absent);
+    EXPECT_EQ(store->load(account), absent);
 }
 
 TEST_F(KeychainOnDaemon, outlivesTheBus)
@@ -261,16 +261,16 @@ TEST_F(KeychainOnDaemon, outlivesTheBus)
     daemon.start();
     daemon.put(attributesOf(account), "abc");
     launch();
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
     daemon.kill();
     daemon.bus().kill();
 
-    EXPECT_EQ(store->load(key), unavailable);
+    EXPECT_EQ(store->load(account), unavailable);
     daemon.bus().start();
     daemon.start();
 
     ASSERT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), found(u"abc"_s));
+    EXPECT_EQ(store->load(account), found(u"abc"_s));
 }
 
 TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
@@ -284,12 +284,12 @@ TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
     KeychainHelper store(bus);
     QSignalSpy readable(&store, &KeyStore::becameReadable);
 
-    EXPECT_EQ(store.load(key), unavailable);
+    EXPECT_EQ(store.load(account), unavailable);
 
     EXPECT_TRUE(daemon.isRunning());
     daemon.unlock();
     ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
-    EXPECT_EQ(store.load(key), found(u"abc"_s));
+    EXPECT_EQ(store.load(account), found(u"abc"_s));
 }
 
 TEST_F(KeychainOnDaemon, waitsNoLongerForABusThatHangs)
@@ -299,12 +299,12 @@ TEST_F(KeychainOnDaemon, waitsNoLongerForABusThatHangs)
     endStartUp();
     daemon.bus().halt();
 
-    const milliseconds waited = duration([this] { EXPECT_EQ(store->load(key), unavailable); });
+    const milliseconds waited = duration([this] { EXPECT_EQ(store->load(account), unavailable); });
 
     EXPECT_LE(waited, laterBudget + slack);
     daemon.bus().goOn();
     ASSERT_TRUE(becomesReadable());
-    EXPECT_EQ(store->load(key), absent);
+    EXPECT_EQ(store->load(account), absent);
 }
 
 TEST_F(KeychainOnDaemon, neverShowsAKey)
@@ -312,11 +312,11 @@ TEST_F(KeychainOnDaemon, neverShowsAKey)
     testing::internal::CaptureStderr();
     daemon.start();
     launch();
-    store->save(ApiKey(u"sk_live_secret"_s), key);
-    store->load(key);
+    store->save(ApiKey(u"sk_live_secret"_s), account);
+    store->load(account);
     daemon.kill();
-    store->save(ApiKey(u"sk_live_secret"_s), otherKey);
-    store->load(key);
+    store->save(ApiKey(u"sk_live_secret"_s), otherAccount);
+    store->load(account);
 
     EXPECT_EQ(testing::internal::GetCapturedStderr().find("sk_live"), std::string::npos);
 }

@@ -1,5 +1,6 @@
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
+#include "tests/platform/keys/Accounts.h"
 #include "tests/platform/keys/MockPrompter.h"
 #include "tests/support/SecretServiceDaemon.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr KeychainKey key = KeychainKey::PolarAPIKey;
+const QString account = u"polar_api_key"_s;
 const LoadedKey unavailable = KeyUnavailable{};
 
 /// The user's keyring is locked when the program starts, and the desktop's prompt is on the screen.
@@ -38,11 +39,11 @@ TEST_F(KeychainUnlock, readsTheKeysOnceTheUserHasUnlockedThem)
     KeychainHelper store(bus);
     QSignalSpy readable(&store, &KeyStore::becameReadable);
 
-    EXPECT_EQ(store.load(key), unavailable);
-    EXPECT_FALSE(store.save(ApiKey(), key));
+    EXPECT_EQ(store.load(account), unavailable);
+    EXPECT_FALSE(store.save(ApiKey(), account));
 
     ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
-    EXPECT_EQ(store.load(key), LoadedKey(ApiKey(u"abc"_s)));
+    EXPECT_EQ(store.load(account), LoadedKey(ApiKey(u"abc"_s)));
 }
 
 TEST_F(KeychainUnlock, asksTheUserOnceInARun)
@@ -50,11 +51,11 @@ TEST_F(KeychainUnlock, asksTheUserOnceInARun)
     prompter.expectCancel();
     KeychainHelper store(bus);
     QSignalSpy readable(&store, &KeyStore::becameReadable);
-    store.load(key);
+    store.load(account);
     ASSERT_TRUE(waitFor([&] { return !prompter.isExpecting() && !prompter.isPrompting(); }));
 
     prompter.expectPassword(SecretServiceDaemon::password);
-    for (const auto &[each, name] : rawValues<KeychainKey>)
+    for (const QString &each : accounts)
         EXPECT_EQ(store.load(each), unavailable);
 
     EXPECT_FALSE(QTest::qWaitFor([&] { return !prompter.isExpecting() || !readable.isEmpty(); }, 1500));
@@ -66,7 +67,7 @@ TEST_F(KeychainUnlock, leavesAPromptToTheUserWhenTheProgramEnds)
     prompter.expectPassword(SecretServiceDaemon::password);
     {
         KeychainHelper store(bus);
-        store.load(key);
+        store.load(account);
         ASSERT_TRUE(waitFor([&] { return prompter.isPrompting(); }));
     }
 

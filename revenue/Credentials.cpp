@@ -1,4 +1,4 @@
-#include "core/Credentials.h"
+#include "revenue/Credentials.h"
 
 namespace glimmet {
 
@@ -6,7 +6,7 @@ std::optional<QString> Credentials::load(KeychainKey key)
 {
     if (m_store == nullptr)
         return std::nullopt;
-    const LoadedKey loaded = m_store->load(key);
+    const LoadedKey loaded = m_store->load(accountName(key));
     if (std::holds_alternative<KeyUnavailable>(loaded))
         m_unread.insert(key);
     else
@@ -20,7 +20,7 @@ void Credentials::writeBack(const QString &value, KeychainKey key)
     if (m_store == nullptr)
         return;
     const bool isKnown = !m_unread.contains(key);
-    if (!m_store->save(ApiKey(value), key) && isKnown)
+    if (!m_store->save(ApiKey(value), accountName(key)) && isKnown)
         m_unreturned.insert(key);
     else
         m_unreturned.erase(key);
@@ -30,7 +30,7 @@ void Credentials::save(const QString &value, KeychainKey key)
 {
     if (m_store == nullptr)
         return;
-    if (m_store->save(ApiKey(value), key))
+    if (m_store->save(ApiKey(value), accountName(key)))
         m_unsaved.erase(key);
     else
         m_unsaved.insert(key);

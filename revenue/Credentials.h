@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/keys/KeyStore.h"
+#include "revenue/KeychainKey.h"
 
 #include <optional>
 #include <set>
