@@ -1,6 +1,7 @@
 #include "app/ItemHost.h"
 
 #include "platform/ProgramName.h"
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/desktop/NotifierMenu.h"
 #include "platform/desktop/StatusNotifierItem.h"
@@ -9,7 +10,6 @@
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 
@@ -187,10 +187,7 @@ void ItemHost::askForHost()
 {
     const QDBusMessage call = watcherCall(propertiesInterface, QStringLiteral("Get"),
         { watcherService, QStringLiteral("IsStatusNotifierHostRegistered") });
-    auto *pending = new QDBusPendingCallWatcher(m_bus.connection().asyncCall(call), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher *finished) {
-        const QDBusPendingReply<QDBusVariant> reply = *finished;
-        finished->deleteLater();
+    callLater(m_bus.connection(), call, this, [this](const QDBusPendingReply<QDBusVariant> &reply) {
         setAvailable(!reply.isError() && reply.value().variant().toBool());
     });
 }

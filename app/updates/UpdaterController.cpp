@@ -1,5 +1,6 @@
 #include "app/updates/UpdaterController.h"
 
+#include "platform/EndLater.h"
 #include "platform/updates/UpdateCheck.h"
 #include "platform/updates/UpdateInstallation.h"
 
@@ -36,15 +37,6 @@ bool isPending(UpdatePhase phase)
 {
     return phase == UpdatePhase::Checking || phase == UpdatePhase::Found || phase == UpdatePhase::Installing
         || phase == UpdatePhase::Done;
-}
-
-/// Destroyed later in this turn of the loop: the call may come from its own signal.
-template <typename Work> void endLater(std::unique_ptr<Work> &work)
-{
-    if (Work *ended = work.release()) {
-        ended->disconnect();
-        ended->deleteLater();
-    }
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "platform/bus/BusDaemon.h"
 
-#include <QDBusPendingCallWatcher>
-
-#include <limits>
+#include "platform/bus/BusCalls.h"
 
 namespace glimmet::BusDaemon {
 namespace {
@@ -11,17 +9,10 @@ const QString service = QStringLiteral("org.freedesktop.DBus");
 const QString interface = QStringLiteral("org.freedesktop.DBus");
 const QString path = QStringLiteral("/org/freedesktop/DBus");
 
-constexpr int withoutLimit = std::numeric_limits<int>::max();
-
 void ask(const QDBusConnection &bus, const QDBusMessage &question, QObject *receiver,
     const std::function<void(const QDBusPendingCall &)> &use)
 {
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(question, withoutLimit), receiver);
-    QObject::connect(
-        watcher, &QDBusPendingCallWatcher::finished, receiver, [use](QDBusPendingCallWatcher *answered) {
-            answered->deleteLater();
-            use(*answered);
-        });
+    callLater(bus, question, receiver, use, withoutLimit);
 }
 
 void startAndFindOwner(
@@ -65,13 +56,9 @@ void findOwner(const QDBusConnection &bus, const QString &name, QObject *receive
     });
 }
 
-void followOwner(QDBusConnection bus, const QString &name, QObject *receiver, const char *slot)
+void followOwner(const QDBusConnection &bus, const QString &name, QObject *receiver, const char *slot)
 {
-    // From anybody, and sorted out in `ownerChange`: to follow the owner of a well-known name, Qt asks for it
-    // in a way that ends the process if the bus is lost at that moment.
-    const QString anybody;
-    bus.connect(
-        anybody, path, interface, QStringLiteral("NameOwnerChanged"), { name }, QString(), receiver, slot);
+    listen(bus, { path, interface, QStringLiteral("NameOwnerChanged"), { name } }, receiver, slot);
 }
 
 std::optional<OwnerChange> ownerChange(const QDBusMessage &signal)

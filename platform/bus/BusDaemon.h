@@ -35,7 +35,7 @@ QDBusMessage startRequest(const QString &name);
 void findOwner(const QDBusConnection &bus, const QString &name, QObject *receiver, const OwnerFound &found);
 
 /// Has `slot`, which takes a QDBusMessage, called with what `ownerChange` reads.
-void followOwner(QDBusConnection bus, const QString &name, QObject *receiver, const char *slot);
+void followOwner(const QDBusConnection &bus, const QString &name, QObject *receiver, const char *slot);
 /// None where somebody else than the bus says so.
 std::optional<OwnerChange> ownerChange(const QDBusMessage &signal);
 

@@ -1,5 +1,6 @@
 #include "platform/bus/SessionBus.h"
 
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBusAddress.h"
 
 #include <QDBusConnectionInterface>
@@ -13,11 +14,6 @@ namespace glimmet {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString connectionName(int number)
-{
-    return QStringLiteral("glimmet-session-%1").arg(number);
-}
 
 } // namespace
 
@@ -69,16 +65,13 @@ void SessionBus::tryToConnect()
     const QString address = sessionBusAddress();
     if (address.isEmpty())
         return;
-    const QString name = connectionName(++m_connectionCount);
-    m_connection = QDBusConnection::connectToBus(address, name);
+    m_connection = connectAfresh(address, QStringLiteral("glimmet-session-"));
     if (!m_connection.isConnected()) {
-        QDBusConnection::disconnectFromBus(name);
+        QDBusConnection::disconnectFromBus(m_connection.name());
         return;
     }
     m_retryTimer.stop();
-    m_connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
-        SLOT(handleDisconnected()));
+    listenForLoss(m_connection, this, SLOT(handleDisconnected()));
     emit connected();
 }
 

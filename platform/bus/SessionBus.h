@@ -40,7 +40,6 @@ private:
     void tryToConnect();
 
     QDBusConnection m_connection;
-    int m_connectionCount = 0;
     QStringList m_names;
     QTimer m_retryTimer;
 };

@@ -1,5 +1,8 @@
 #include "platform/bus/SystemBus.h"
 
+#include "platform/EndLater.h"
+#include "platform/bus/BusCalls.h"
+
 #include <QLocalSocket>
 
 #include <unistd.h>
@@ -28,21 +31,6 @@ QString socketPath(const QString &address)
 QByteArray greeting()
 {
     return QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n";
-}
-
-/// Every connection that is made has a name of its own: the one before closes only after its last user.
-QString freshConnectionName()
-{
-    static int count = 0;
-    return QStringLiteral("glimmet-system-%1").arg(++count);
-}
-
-void endLater(std::unique_ptr<QLocalSocket> &probe)
-{
-    if (QLocalSocket *ended = probe.release()) {
-        ended->disconnect();
-        ended->deleteLater();
-    }
 }
 
 } // namespace
@@ -89,7 +77,7 @@ void SystemBus::greet()
 void SystemBus::connectNow()
 {
     QDBusConnection::disconnectFromBus(m_connection.name());
-    m_connection = QDBusConnection::connectToBus(m_address, freshConnectionName());
+    m_connection = connectAfresh(m_address, QStringLiteral("glimmet-system-"));
     finish();
 }
 

@@ -1,6 +1,7 @@
 #include "platform/desktop/DesktopLookWatch.h"
 
-#include <QDBusPendingCallWatcher>
+#include "platform/bus/BusCalls.h"
+
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QEvent>
@@ -52,16 +53,15 @@ DesktopLook DesktopLookWatch::look() const
     return desktopLook(m_settings, schemeOfPalette());
 }
 
-void DesktopLookWatch::follow(QDBusConnection bus)
+void DesktopLookWatch::follow(const QDBusConnection &bus)
 {
     // The whole message: a slot with a QDBusVariant connects only where that type was used before (Qt 6.4).
-    // From anybody: to follow one well-known name, Qt asks for its owner and aborts if the bus is lost
-    // meanwhile.
-    bus.connect(QString(), portalPath, settingsInterface, QStringLiteral("SettingChanged"), this,
+    listen(bus, { portalPath, settingsInterface, QStringLiteral("SettingChanged") }, this,
         SLOT(handlePortalSetting(QDBusMessage)));
+    const QString anyPath;
     // The settings daemon tells of each change of GNOME's settings; which one it was is not worth telling
     // apart.
-    bus.connect(QString(), QString(), QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify"), this,
+    listen(bus, { anyPath, QStringLiteral("ca.desrt.dconf.Writer"), QStringLiteral("Notify") }, this,
         SLOT(readDesktopSettings()));
     for (const DesktopSetting &setting : lookSettings())
         readPortal(bus, setting);
@@ -72,22 +72,17 @@ void DesktopLookWatch::readPortal(const QDBusConnection &bus, const DesktopSetti
     QDBusMessage read =
         QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, QStringLiteral("Read"));
     read << setting.group << setting.key;
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-        [this, setting](QDBusPendingCallWatcher *finished) {
-            const QDBusPendingReply<QDBusVariant> reply = *finished;
-            finished->deleteLater();
-            DesktopSettings settings = m_settings;
-            if (!reply.isError())
-                settings.insert(setting, unwrapped(reply.value().variant()));
-            // A portal may lack some of the settings; the one that every portal has says whether there is
-            // one.
-            if (setting == lookSettings().constFirst())
-                m_hasPortal = !reply.isError();
-            setSettings(settings);
-            if (setting == lookSettings().constLast())
-                readDesktopSettings();
-        });
+    callLater(bus, read, this, [this, setting](const QDBusPendingReply<QDBusVariant> &reply) {
+        DesktopSettings settings = m_settings;
+        if (!reply.isError())
+            settings.insert(setting, unwrapped(reply.value().variant()));
+        // A portal may lack some of the settings; the one that every portal has says whether there is one.
+        if (setting == lookSettings().constFirst())
+            m_hasPortal = !reply.isError();
+        setSettings(settings);
+        if (setting == lookSettings().constLast())
+            readDesktopSettings();
+    });
 }
 
 void DesktopLookWatch::handlePortalSetting(const QDBusMessage &change)

@@ -24,7 +24,7 @@ public:
 
     DesktopLook look() const;
     /// Begins to follow the settings on `bus`; again after each new connection.
-    void follow(QDBusConnection bus);
+    void follow(const QDBusConnection &bus);
 
 signals:
     void changed();

@@ -1,9 +1,9 @@
 #include "platform/desktop/DesktopNotification.h"
 
 #include "platform/ProgramName.h"
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/BusDaemon.h"
 
-#include <QDBusPendingCallWatcher>
 #include <QStringList>
 #include <QVariantMap>
 
@@ -14,7 +14,7 @@ namespace {
 
 const QString notifications = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
-const QString anybody;
+const BusSignal action{ path, notifications, QStringLiteral("ActionInvoked") };
 
 QDBusMessage method(const QString &owner, const QString &name)
 {
@@ -43,7 +43,7 @@ void DesktopNotification::show(const QDBusConnection &sessionBus, const Notifica
 {
     close();
     m_bus = sessionBus;
-    listen();
+    listen(m_bus, action, this, SLOT(handleAction(QDBusMessage)));
     const auto showBy = [this, showing = m_showing, arguments = argumentsOf(content)](
                             const QDBusPendingReply<QString> &owner) {
         if (showing != m_showing)
@@ -60,19 +60,9 @@ void DesktopNotification::send(const QString &owner, const QVariantList &content
 {
     QDBusMessage message = method(owner, QStringLiteral("Notify"));
     message.setArguments(content);
-    const auto take = [this, owner, showing = m_showing](QDBusPendingCallWatcher *answered) {
-        answered->deleteLater();
-        handleAnswer(*answered, owner, showing == m_showing);
-    };
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, take);
-}
-
-void DesktopNotification::listen()
-{
-    // From anybody, for the reason told in PackageKitTransaction; `handleAction` knows the owner.
-    m_bus.connect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
-        SLOT(handleAction(QDBusMessage)));
+    callLater(m_bus, message, this, [this, owner, showing = m_showing](const QDBusPendingCall &answer) {
+        handleAnswer(answer, owner, showing == m_showing);
+    });
 }
 
 void DesktopNotification::handleAnswer(const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted)
@@ -104,8 +94,7 @@ void DesktopNotification::handleAction(const QDBusMessage &signal)
 
 void DesktopNotification::close()
 {
-    m_bus.disconnect(anybody, path, notifications, QStringLiteral("ActionInvoked"), this,
-        SLOT(handleAction(QDBusMessage)));
+    stopListening(m_bus, action, this, SLOT(handleAction(QDBusMessage)));
     ++m_showing; // One that is on its way is taken away once its number is known.
     if (const uint id = std::exchange(m_id, 0); id != 0)
         takeAway(m_owner, id);

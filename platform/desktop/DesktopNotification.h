@@ -47,7 +47,6 @@ private slots:
     void handleAction(const QDBusMessage &signal);
 
 private:
-    void listen();
     void send(const QString &owner, const QVariantList &content);
     void handleAnswer(const QDBusPendingReply<uint> &id, const QString &owner, bool isWanted);
     void handleShown(uint id, const QString &owner, bool isWanted);

@@ -1,11 +1,10 @@
 #include "platform/desktop/PortalLoginItem.h"
 
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBus.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QFile>
 #include <QVariantMap>
 
@@ -16,7 +15,6 @@ namespace {
 
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
-const QString request = QStringLiteral("org.freedesktop.portal.Request");
 const QString noBus = QStringLiteral("there is no session bus");
 
 QString newToken()
@@ -30,6 +28,11 @@ QString requestPath(const QDBusConnection &bus, const QString &token)
 {
     const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
     return path + QStringLiteral("/request/") + sender + u'/' + token;
+}
+
+BusSignal responseTo(const QString &request)
+{
+    return { request, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Response") };
 }
 
 } // namespace
@@ -71,21 +74,17 @@ void PortalLoginItem::ask(bool autostart, const Completion &completion)
     m_wantsAutostart = autostart;
     m_completion = completion;
     m_request = requestPath(m_bus, token);
-    m_bus.connect(
-        QString(), m_request, request, QStringLiteral("Response"), this, SLOT(handleResponse(QDBusMessage)));
+    listen(m_bus, responseTo(m_request), this, SLOT(handleResponse(QDBusMessage)));
     QDBusMessage call = QDBusMessage::createMethodCall(service, path,
         QStringLiteral("org.freedesktop.portal.Background"), QStringLiteral("RequestBackground"));
     call << QString()
          << QVariantMap{ { QStringLiteral("handle_token"), token },
                 { QStringLiteral("autostart"), autostart }, { QStringLiteral("commandline"), m_command },
                 { QStringLiteral("dbus-activatable"), false } };
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-        [this, asked = m_request](QDBusPendingCallWatcher *finished) {
-            finished->deleteLater();
-            if (finished->isError() && asked == m_request)
-                finish(finished->error().message());
-        });
+    callLater(m_bus, call, this, [this, asked = m_request](const QDBusPendingCall &answer) {
+        if (answer.isError() && asked == m_request)
+            finish(answer.error().message());
+    });
 }
 
 void PortalLoginItem::handleResponse(const QDBusMessage &response)
@@ -105,8 +104,7 @@ void PortalLoginItem::handleResponse(const QDBusMessage &response)
 void PortalLoginItem::finish(const std::optional<QString> &failure)
 {
     if (!m_request.isEmpty())
-        m_bus.disconnect(QString(), m_request, request, QStringLiteral("Response"), this,
-            SLOT(handleResponse(QDBusMessage)));
+        stopListening(m_bus, responseTo(m_request), this, SLOT(handleResponse(QDBusMessage)));
     m_request.clear();
     if (const Completion completion = std::exchange(m_completion, nullptr))
         completion(failure);

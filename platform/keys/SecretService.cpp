@@ -15,11 +15,6 @@ using Paths = QList<QDBusObjectPath>;
 const QString labelProperty = QStringLiteral("org.freedesktop.Secret.Item.Label");
 const QString attributesProperty = QStringLiteral("org.freedesktop.Secret.Item.Attributes");
 
-bool isNone(const QDBusObjectPath &path)
-{
-    return path.path() == noPath;
-}
-
 template <typename Value> Value valueAt(int index, const QVariantList &arguments)
 {
     return qdbus_cast<Value>(arguments.at(index));
@@ -113,9 +108,8 @@ std::optional<QDBusObjectPath> SecretService::readAlias(const CallBudget::Call &
 {
     if (!m_link.open(call))
         return std::nullopt;
-    QDBusMessage message = m_link.method(servicePath, serviceInterface, QStringLiteral("ReadAlias"));
-    message << QStringLiteral("default");
-    const auto answer = m_link.call(message, QStringLiteral("o"), call.remaining());
+    const QDBusMessage question = defaultCollectionQuestion(m_link.owner());
+    const auto answer = m_link.call(question, QStringLiteral("o"), call.remaining());
     if (!answer)
         return std::nullopt;
     return valueAt<QDBusObjectPath>(0, *answer);
@@ -123,9 +117,8 @@ std::optional<QDBusObjectPath> SecretService::readAlias(const CallBudget::Call &
 
 std::optional<bool> SecretService::isLocked(const CallBudget::Call &call) const
 {
-    QDBusMessage message = m_link.method(m_collection.path(), propertiesInterface, QStringLiteral("Get"));
-    message << collectionInterface << QStringLiteral("Locked");
-    const auto answer = m_link.call(message, QStringLiteral("v"), call.remaining());
+    const QDBusMessage question = lockQuestion(m_link.owner(), m_collection);
+    const auto answer = m_link.call(question, QStringLiteral("v"), call.remaining());
     if (!answer)
         return std::nullopt;
     return valueAt<QDBusVariant>(0, *answer).variant().toBool();

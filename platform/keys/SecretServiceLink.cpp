@@ -1,5 +1,6 @@
 #include "platform/keys/SecretServiceLink.h"
 
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/BusDaemon.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SessionBusAddress.h"
@@ -14,13 +15,6 @@ namespace glimmet {
 namespace {
 
 using namespace SecretServiceNames;
-
-/// Every connection that is made has a name of its own: the one before closes only after its last user.
-QString freshConnectionName()
-{
-    static int count = 0;
-    return QStringLiteral("glimmet-keys-%1").arg(++count);
-}
 
 std::optional<QVariantList> answerOf(const QDBusConnection &connection, const QDBusMessage &message,
     const QString &signature, std::chrono::milliseconds timeout)
@@ -64,7 +58,7 @@ bool SecretServiceLink::connectToBus(std::chrono::milliseconds timeout)
     if (!answerOf(
             m_bus.connection(), BusDaemon::method(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
         return false;
-    m_connection = QDBusConnection::connectToBus(sessionBusAddress(), freshConnectionName());
+    m_connection = connectAfresh(sessionBusAddress(), QStringLiteral("glimmet-keys-"));
     if (m_connection.isConnected())
         listen();
     return m_connection.isConnected();
@@ -122,19 +116,16 @@ bool SecretServiceLink::openSession(const CallBudget::Call &call)
 
 void SecretServiceLink::listen()
 {
-    // From anybody: to follow the owner of a well-known name, Qt asks for it in a way that ends the process
-    // if the bus is lost at that moment. A stranger's signal only has the store looked at once more.
-    const QString anybody;
+    // A stranger's signal only has the store looked at once more.
     const QString anyPath;
-    const auto onChange = [&](const QString &path, const QString &interface, const QString &signal) {
-        m_connection.connect(anybody, path, interface, signal, this, SIGNAL(changed()));
+    const auto onChange = [this](const BusSignal &signal) {
+        glimmet::listen(m_connection, signal, this, SIGNAL(changed()));
     };
-    onChange(servicePath, serviceInterface, QStringLiteral("CollectionCreated"));
-    onChange(servicePath, serviceInterface, QStringLiteral("CollectionChanged"));
-    m_connection.connect(anybody, anyPath, promptInterface, QStringLiteral("Completed"), this,
+    onChange({ servicePath, serviceInterface, QStringLiteral("CollectionCreated") });
+    onChange({ servicePath, serviceInterface, QStringLiteral("CollectionChanged") });
+    onChange({ anyPath, propertiesInterface, QStringLiteral("PropertiesChanged"), { collectionInterface } });
+    glimmet::listen(m_connection, { anyPath, promptInterface, QStringLiteral("Completed") }, this,
         SLOT(handlePrompt(QDBusMessage)));
-    m_connection.connect(anybody, anyPath, propertiesInterface, QStringLiteral("PropertiesChanged"),
-        { collectionInterface }, QString(), this, SIGNAL(changed()));
     BusDaemon::followOwner(m_connection, service, this, SLOT(handleOwner(QDBusMessage)));
 }
 

@@ -37,6 +37,8 @@ public:
     bool isOpen() const { return !m_session.path().isEmpty(); }
     QDBusObjectPath session() const { return m_session; }
     QDBusConnection connection() const { return m_connection; }
+    /// The unique name of the program that this link was opened to; empty before.
+    QString owner() const { return m_owner; }
     /// A call of the program that this link was opened to.
     QDBusMessage method(const QString &path, const QString &interface, const QString &name) const;
 

@@ -12,7 +12,5 @@ inline const QString collectionInterface = QStringLiteral("org.freedesktop.Secre
 inline const QString itemInterface = QStringLiteral("org.freedesktop.Secret.Item");
 inline const QString promptInterface = QStringLiteral("org.freedesktop.Secret.Prompt");
 inline const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
-/// The path that stands for "none".
-inline const QString noPath = QStringLiteral("/");
 
 } // namespace glimmet::SecretServiceNames

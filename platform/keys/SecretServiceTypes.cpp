@@ -1,8 +1,12 @@
 #include "platform/keys/SecretServiceTypes.h"
 
+#include "platform/keys/SecretServiceNames.h"
+
 #include <QDBusMetaType>
 
 namespace glimmet {
+
+using namespace SecretServiceNames;
 
 QDBusArgument &operator<<(QDBusArgument &argument, const SecretOfItem &secret)
 {
@@ -18,6 +22,27 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, SecretOfItem &sec
     argument >> secret.session >> secret.parameters >> secret.value >> secret.contentType;
     argument.endStructure();
     return argument;
+}
+
+QDBusMessage defaultCollectionQuestion(const QString &owner)
+{
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(owner, servicePath, serviceInterface, QStringLiteral("ReadAlias"));
+    question << QStringLiteral("default");
+    return question;
+}
+
+QDBusMessage lockQuestion(const QString &owner, const QDBusObjectPath &collection)
+{
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(owner, collection.path(), propertiesInterface, QStringLiteral("Get"));
+    question << collectionInterface << QStringLiteral("Locked");
+    return question;
+}
+
+bool isNone(const QDBusObjectPath &path)
+{
+    return path.path() == u"/";
 }
 
 void registerSecretTypes()

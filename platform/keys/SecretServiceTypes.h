@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QDBusArgument>
+#include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QMap>
 #include <QString>
@@ -22,6 +23,13 @@ struct SecretOfItem {
 QDBusArgument &operator<<(QDBusArgument &argument, const SecretOfItem &secret);
 const QDBusArgument &operator>>(const QDBusArgument &argument, SecretOfItem &secret);
 QDebug operator<<(QDebug, const SecretOfItem &) = delete;
+
+/// Which collection is the user's own; answered by its path, or by the one that stands for none. `owner` is
+/// the service's name, well-known or unique.
+QDBusMessage defaultCollectionQuestion(const QString &owner);
+/// Whether a collection is locked; answered by a variant with a boolean.
+QDBusMessage lockQuestion(const QString &owner, const QDBusObjectPath &collection);
+bool isNone(const QDBusObjectPath &path);
 
 /// Makes the types known to the bus; more than once does no harm.
 void registerSecretTypes();

@@ -1,15 +1,15 @@
 #include "platform/keys/SecretServiceWatch.h"
 
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/SecretServiceLink.h"
 #include "platform/keys/SecretServiceNames.h"
+#include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
 #include <algorithm>
-#include <limits>
 
 namespace glimmet {
 namespace {
@@ -20,7 +20,6 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds shortestPause = 1s;
 constexpr std::chrono::milliseconds longestPause = 1min;
 constexpr std::chrono::milliseconds busPatience = 300ms;
-constexpr int withoutLimit = std::numeric_limits<int>::max();
 
 } // namespace
 
@@ -57,22 +56,16 @@ void SecretServiceWatch::look()
 
 void SecretServiceWatch::askForCollection()
 {
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(service, servicePath, serviceInterface, QStringLiteral("ReadAlias"));
-    question << QStringLiteral("default");
-    ask(question, [this](const QVariant &answer) {
-        const QString collection = answer.value<QDBusObjectPath>().path();
-        if (collection != noPath)
+    ask(defaultCollectionQuestion(service), [this](const QVariant &answer) {
+        const auto collection = answer.value<QDBusObjectPath>();
+        if (!isNone(collection))
             askForLock(collection);
     });
 }
 
-void SecretServiceWatch::askForLock(const QString &collection)
+void SecretServiceWatch::askForLock(const QDBusObjectPath &collection)
 {
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(service, collection, propertiesInterface, QStringLiteral("Get"));
-    question << collectionInterface << QStringLiteral("Locked");
-    ask(question, [this](const QVariant &answer) {
+    ask(lockQuestion(service, collection), [this](const QVariant &answer) {
         const bool isLocked = answer.value<QDBusVariant>().variant().toBool();
         if (!isLocked)
             report();
@@ -83,16 +76,14 @@ void SecretServiceWatch::ask(const QDBusMessage &question, std::function<void(co
 {
     // A service that hangs answers once it goes on. A later question takes the place of one without answer.
     delete m_question;
-    m_question = new QDBusPendingCallWatcher(m_link.connection().asyncCall(question, withoutLimit), this);
-    const auto take = [this, use = std::move(use)](QDBusPendingCallWatcher *answered) {
-        answered->deleteLater();
+    const auto take = [this, use = std::move(use)](const QDBusPendingCall &answered) {
         m_question.clear();
         m_isHanging = false;
-        const QDBusMessage answer = answered->reply();
+        const QDBusMessage answer = answered.reply();
         if (answer.type() == QDBusMessage::ReplyMessage)
             use(answer.arguments().value(0));
     };
-    connect(m_question, &QDBusPendingCallWatcher::finished, this, take);
+    m_question = callLater(m_link.connection(), question, this, take, withoutLimit);
 }
 
 void SecretServiceWatch::report()

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 
 #include <functional>
-
-class QDBusPendingCallWatcher;
 
 namespace glimmet {
 
@@ -38,7 +37,7 @@ signals:
 private:
     void look();
     void askForCollection();
-    void askForLock(const QString &collection);
+    void askForLock(const QDBusObjectPath &collection);
     void ask(const QDBusMessage &question, std::function<void(const QVariant &)> use);
     void report();
 
@@ -46,7 +45,7 @@ private:
     bool m_isLooking = false;
     bool m_isHanging = false;
     QTimer m_pause;
-    QPointer<QDBusPendingCallWatcher> m_question;
+    QPointer<QObject> m_question;
 };
 
 } // namespace glimmet

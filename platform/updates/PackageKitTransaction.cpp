@@ -1,13 +1,12 @@
 #include "platform/updates/PackageKitTransaction.h"
 
+#include "platform/bus/BusCalls.h"
 #include "platform/bus/BusDaemon.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QVariantMap>
 
-#include <limits>
 #include <utility>
 
 namespace glimmet {
@@ -17,15 +16,10 @@ const QString service = QStringLiteral("org.freedesktop.PackageKit");
 const QString servicePath = QStringLiteral("/org/freedesktop/PackageKit");
 const QString transactionInterface = QStringLiteral("org.freedesktop.PackageKit.Transaction");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
-const QString localPath = QStringLiteral("/org/freedesktop/DBus/Local");
-const QString localInterface = QStringLiteral("org.freedesktop.DBus.Local");
-const QString anybody;
 
 /// The words around what the service says are English, too.
 const QString englishLocale = QStringLiteral("locale=C.UTF-8");
 
-/// The transaction's own timer knows what is too long.
-constexpr int withoutLimit = std::numeric_limits<int>::max();
 constexpr uint greatestPercentage = 100; // 101 stands for an unknown one.
 constexpr uint kindMask = 0xffff;
 
@@ -81,8 +75,7 @@ void PackageKitTransaction::start()
     if (!m_bus.isConnected())
         return finishLater(TransactionEnd::ServiceMissing);
     noteLife();
-    m_bus.connect(
-        anybody, localPath, localInterface, QStringLiteral("Disconnected"), this, SLOT(handleDisconnected()));
+    listenForLoss(m_bus, this, SLOT(handleDisconnected()));
     BusDaemon::findOwner(
         m_bus, service, this, [this](const QDBusPendingReply<QString> &owner) { handleFound(owner); });
 }
@@ -100,16 +93,15 @@ void PackageKitTransaction::cancel()
 
 void PackageKitTransaction::send(const QDBusMessage &message, Use use)
 {
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, withoutLimit), this);
-    connect(
-        watcher, &QDBusPendingCallWatcher::finished, this, [this, use](QDBusPendingCallWatcher *answered) {
-            answered->deleteLater();
-            if (m_hasEnded)
-                return;
-            const QDBusMessage reply = answered->reply();
-            (this->*(reply.type() == QDBusMessage::ReplyMessage ? use : &PackageKitTransaction::handleError))(
-                reply);
-        });
+    const auto take = [this, use](const QDBusPendingCall &answered) {
+        if (m_hasEnded)
+            return;
+        const QDBusMessage reply = answered.reply();
+        (this->*(reply.type() == QDBusMessage::ReplyMessage ? use : &PackageKitTransaction::handleError))(
+            reply);
+    };
+    // The transaction's own timer knows what is too long.
+    callLater(m_bus, message, this, take, withoutLimit);
 }
 
 void PackageKitTransaction::handleFound(const QDBusPendingReply<QString> &owner)
@@ -144,10 +136,10 @@ void PackageKitTransaction::handleCreated(const QDBusMessage &reply)
 
 void PackageKitTransaction::listen()
 {
-    // From anybody, and sorted out here: to follow the owner of a well-known name, Qt asks for it in a way
-    // that ends the process if the bus is lost at that moment.
-    m_bus.connect(anybody, m_path, transactionInterface, QString(), this, SLOT(handleSignal(QDBusMessage)));
-    m_bus.connect(anybody, m_path, propertiesInterface, QStringLiteral("PropertiesChanged"), this,
+    const QString anySignal;
+    glimmet::listen(
+        m_bus, { m_path, transactionInterface, anySignal }, this, SLOT(handleSignal(QDBusMessage)));
+    glimmet::listen(m_bus, { m_path, propertiesInterface, QStringLiteral("PropertiesChanged") }, this,
         SLOT(handleProperties(QDBusMessage)));
 }
 

@@ -17,7 +17,7 @@ using Paths = QList<QDBusObjectPath>;
 const QString itemFolder = QStringLiteral("/org/freedesktop/secrets/collection/login/");
 const QDBusObjectPath collection(QStringLiteral("/org/freedesktop/secrets/collection/login"));
 const QDBusObjectPath prompt(QStringLiteral("/org/freedesktop/secrets/prompt/p1"));
-const QDBusObjectPath none(noPath);
+const QDBusObjectPath none(QStringLiteral("/"));
 
 QString accountOf(const QString &itemPath)
 {
