@@ -94,7 +94,7 @@ int run(DiagnosticLog &log, Restart &restart)
     KeychainHelper keys(bus);
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);
-    RevenueServices revenue(http, log, clock, region, RevenueEndpoints::live());
+    RevenueServices revenue(http, log, clock, region, liveEndpoints());
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });

@@ -4,7 +4,7 @@
 #include "bench/Measure.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
-#include "revenue/KeychainKey.h"
+#include "revenue/RevenueChoices.h"
 #include "tests/support/SecretServiceDaemon.h"
 
 #include <QCoreApplication>

@@ -1,10 +1,13 @@
 #include "core/TickerViewModel.h"
 
+#include "core/PreferencesKeys.h"
 #include "platform/Clock.h"
 #include "platform/ClockText.h"
+#include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
 
 #include <chrono>
+#include <map>
 
 namespace glimmet {
 
@@ -13,18 +16,63 @@ using namespace std::chrono_literals;
 TickerViewModel::TickerViewModel(const TickerWorld &world, QObject *parent)
     : QObject(parent)
     , m_world(world)
-    , m_credentials(world.keys)
+    , m_quotes(world.preferences)
+    , m_deadlines(world.preferences, world.clock)
+    , m_prices({ world.preferences, PreferencesKeys::cryptoSymbols, world.timers, world.prices,
+          [this] { return m_mode == TickerMode::Crypto; } })
+    , m_revenue({ world.timers, world.revenue, world.keys, [this] { return m_mode == TickerMode::Revenue; } })
 {
-    loadCredentials();
-    loadCryptoSymbols();
-    loadQuotes();
-    loadDeadlines();
+    forwardSignals();
+    m_revenue.loadCredentials();
+    m_prices.load();
+    m_quotes.load();
+    m_deadlines.load();
     start();
 }
 
 TickerViewModel::~TickerViewModel()
 {
     stop();
+}
+
+void TickerViewModel::forwardSignals()
+{
+    using Ticker = TickerViewModel;
+    const auto forward = [this](const auto &part, auto from, void (Ticker::*to)()) {
+        connect(&part, from, this, to);
+    };
+    forward(m_quotes, &Quotes::customChanged, &Ticker::customQuotesChanged);
+    forward(m_quotes, &Quotes::rotateIntervalChanged, &Ticker::quoteRotateIntervalChanged);
+    forward(m_deadlines, &Deadlines::changed, &Ticker::deadlinesChanged);
+    forward(m_prices, &PriceList::symbolsChanged, &Ticker::cryptoSymbolsChanged);
+    forward(m_prices, &PriceList::rotateIntervalChanged, &Ticker::cryptoRotateIntervalChanged);
+    forward(m_prices, &PriceList::pricesChanged, &Ticker::cryptoPricesChanged);
+    forward(m_prices, &PriceList::currentIndexChanged, &Ticker::currentCryptoIndexChanged);
+    forward(m_revenue, &RevenueReport::providerChanged, &Ticker::revenueProviderChanged);
+    forward(m_revenue, &RevenueReport::metricChanged, &Ticker::revenueMetricChanged);
+    forward(m_revenue, &RevenueReport::periodChanged, &Ticker::revenueModeChanged);
+    forward(m_revenue, &RevenueReport::dodoCurrencyChanged, &Ticker::dodoCurrencyChanged);
+    forward(m_revenue, &RevenueReport::labelChanged, &Ticker::revenueLabelChanged);
+    forward(m_revenue, &RevenueReport::isFetchingChanged, &Ticker::isFetchingRevenueChanged);
+    forward(m_revenue, &RevenueReport::lastErrorChanged, &Ticker::lastFetchErrorChanged);
+    connect(&m_revenue, &RevenueReport::credentialChanged, this, &Ticker::forwardCredential);
+}
+
+void TickerViewModel::forwardCredential(KeychainKey key)
+{
+    using Ticker = TickerViewModel;
+    static const std::map<KeychainKey, void (Ticker::*)()> named{
+        { KeychainKey::PolarAPIKey, &Ticker::polarAPIKeyChanged },
+        { KeychainKey::RevenueCatAPIKey, &Ticker::revenueCatAPIKeyChanged },
+        { KeychainKey::RevenueCatProjectID, &Ticker::revenueCatProjectIDChanged },
+        { KeychainKey::DodoAPIKey, &Ticker::dodoAPIKeyChanged },
+        { KeychainKey::StripeAPIKey, &Ticker::stripeAPIKeyChanged },
+        { KeychainKey::StripeCurrency, &Ticker::stripeCurrencyChanged },
+        { KeychainKey::LemonSqueezyAPIKey, &Ticker::lemonSqueezyAPIKeyChanged },
+    };
+    if (const auto found = named.find(key); found != named.cend())
+        emit(this->*found->second)();
+    emit credentialChanged(key);
 }
 
 void TickerViewModel::start()
@@ -39,16 +87,18 @@ void TickerViewModel::start()
 void TickerViewModel::stop()
 {
     m_timer.reset();
-    m_revenueTimer.reset();
-    m_cryptoPriceTimer.reset();
+    m_revenue.stopTimer();
+    m_prices.stopTimer();
 }
 
 void TickerViewModel::tick()
 {
-    handleQuoteRotation();
-    handleCryptoRotation();
-    handleDeadlineRotation();
-    publish(m_currentDisplay, buildText(), &TickerViewModel::currentDisplayChanged);
+    if (m_mode == TickerMode::Quote)
+        m_quotes.tick();
+    m_prices.tick();
+    if (m_mode == TickerMode::Deadline)
+        m_deadlines.tick();
+    publish(*this, m_currentDisplay, buildText(), &TickerViewModel::currentDisplayChanged);
     emit ticked();
 }
 
@@ -63,15 +113,15 @@ QString TickerViewModel::buildText() const
     case TickerMode::Clock:
         return formattedTime(m_showSeconds);
     case TickerMode::Quote:
-        return quoteDisplay();
+        return m_quotes.display();
     case TickerMode::Custom:
         return m_customText.isEmpty() ? QStringLiteral("glimmet") : m_customText;
     case TickerMode::Revenue:
-        return m_revenueLabel;
+        return m_revenue.label();
     case TickerMode::Crypto:
-        return cryptoDisplay();
+        return m_prices.display();
     case TickerMode::Deadline:
-        return deadlineDisplay();
+        return m_deadlines.display();
     }
     Q_UNREACHABLE();
 }
@@ -91,7 +141,7 @@ QString TickerViewModel::formattedTime(bool withSeconds) const
 
 void TickerViewModel::setMode(TickerMode mode)
 {
-    publish(m_mode, mode, &TickerViewModel::modeChanged);
+    publish(*this, m_mode, mode, &TickerViewModel::modeChanged);
 }
 
 void TickerViewModel::chooseMode(TickerMode mode)
@@ -103,19 +153,43 @@ void TickerViewModel::chooseMode(TickerMode mode)
         fetchAllCryptoPrices();
 }
 
+void TickerViewModel::chooseRevenueProvider(RevenueProvider provider)
+{
+    setRevenueProvider(provider);
+    fetchRevenue();
+}
+
+void TickerViewModel::chooseRevenueMode(RevenueMode period)
+{
+    setRevenueMode(period);
+    fetchRevenue();
+}
+
+void TickerViewModel::chooseDodoCurrency(const QString &currency)
+{
+    setDodoCurrency(currency);
+    fetchRevenue();
+}
+
+void TickerViewModel::chooseStripeCurrency(const QString &currency)
+{
+    setStripeCurrency(currency);
+    fetchRevenue();
+}
+
 void TickerViewModel::setCustomText(const QString &text)
 {
-    publish(m_customText, text, &TickerViewModel::customTextChanged);
+    publish(*this, m_customText, text, &TickerViewModel::customTextChanged);
 }
 
 void TickerViewModel::setShowSeconds(bool show)
 {
-    publish(m_showSeconds, show, &TickerViewModel::showSecondsChanged);
+    publish(*this, m_showSeconds, show, &TickerViewModel::showSecondsChanged);
 }
 
 void TickerViewModel::setUse24Hour(bool use)
 {
-    publish(m_use24Hour, use, &TickerViewModel::use24HourChanged);
+    publish(*this, m_use24Hour, use, &TickerViewModel::use24HourChanged);
 }
 
 } // namespace glimmet

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/Deadline.h"
+#include "core/Deadlines.h"
+#include "core/Quotes.h"
 #include "core/TickerMode.h"
 #include "core/TickerWorld.h"
-#include "prices/CryptoPrice.h"
-#include "revenue/Credentials.h"
-#include "revenue/RevenueFetcher.h"
+#include "prices/PriceList.h"
+#include "revenue/RevenueReport.h"
 
 #include <QHash>
 #include <QObject>
@@ -27,6 +27,9 @@ class RepeatingTimer;
 ///
 /// The engine runs from construction to destruction: a tick every second moves the rotations on and rebuilds
 /// `currentDisplay`, which is written nowhere else, so that a change shows within one second.
+///
+/// It is the sum of its parts: quotes, deadlines, prices and revenue own their state and their rules, and
+/// hear from here only what is on show.
 class TickerViewModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(glimmet::TickerModes::TickerMode mode READ mode WRITE setMode NOTIFY modeChanged)
@@ -98,94 +101,81 @@ public:
     bool use24Hour() const { return m_use24Hour; }
     void setUse24Hour(bool use);
 
-    QStringList customQuotes() const { return m_customQuotes; }
-    void setCustomQuotes(const QStringList &quotes);
-    /// The user's quotes, or the default ones while there are none.
-    QStringList activeQuotes() const;
-    /// Ticks that a quote stays.
-    qint64 quoteRotateInterval() const { return m_quoteRotateInterval; }
-    void setQuoteRotateInterval(qint64 seconds);
-    /// Appends a quote without the blanks around it; nothing happens where it is empty or known.
-    Q_INVOKABLE void addQuote(const QString &text);
-    Q_INVOKABLE void removeQuote(const QString &text);
-    /// Back to the default quotes.
-    Q_INVOKABLE void resetQuotes();
+    QStringList customQuotes() const { return m_quotes.custom(); }
+    void setCustomQuotes(const QStringList &quotes) { m_quotes.setCustom(quotes); }
+    QStringList activeQuotes() const { return m_quotes.active(); }
+    qint64 quoteRotateInterval() const { return m_quotes.rotateInterval(); }
+    void setQuoteRotateInterval(qint64 seconds) { m_quotes.setRotateInterval(seconds); }
+    Q_INVOKABLE void addQuote(const QString &text) { m_quotes.add(text); }
+    Q_INVOKABLE void removeQuote(const QString &text) { m_quotes.remove(text); }
+    Q_INVOKABLE void resetQuotes() { m_quotes.reset(); }
 
-    QList<Deadline> deadlines() const { return m_deadlines; }
-    void setDeadlines(const QList<Deadline> &deadlines);
-    /// Those that are still to come, earliest first.
-    QList<Deadline> upcomingDeadlines() const;
-    void addDeadline(const Deadline &deadline);
-    /// Adds a new deadline of that title without the blanks around it; nothing happens where it is empty.
-    void addDeadline(const QString &title, Instant date);
-    void removeDeadline(const QUuid &id);
+    QList<Deadline> deadlines() const { return m_deadlines.all(); }
+    void setDeadlines(const QList<Deadline> &deadlines) { m_deadlines.setAll(deadlines); }
+    QList<Deadline> upcomingDeadlines() const { return m_deadlines.upcoming(); }
+    void addDeadline(const Deadline &deadline) { m_deadlines.add(deadline); }
+    void addDeadline(const QString &title, Instant date) { m_deadlines.add(title, date); }
+    void removeDeadline(const QUuid &id) { m_deadlines.remove(id); }
     /// The same by the identity's text.
-    Q_INVOKABLE void removeDeadline(const QString &id);
-    /// Removes those that passed and those to come.
-    Q_INVOKABLE void clearDeadlines();
+    Q_INVOKABLE void removeDeadline(const QString &id) { m_deadlines.remove(QUuid(id)); }
+    Q_INVOKABLE void clearDeadlines() { m_deadlines.clear(); }
 
     /// The current moment and the user's region, as the ticker itself sees them.
     Instant now() const;
     const UserRegion &region() const { return m_world.region; }
 
-    QStringList cryptoSymbols() const { return m_cryptoSymbols; }
-    void setCryptoSymbols(const QStringList &symbols);
-    /// Appends the symbols in `text`, which commas separate, in upper case and without the blanks around
-    /// them; what is empty or known is left out. Nothing happens where nothing is new.
-    Q_INVOKABLE void addCryptoSymbol(const QString &text);
-    /// Removes every entry that is equal to `symbol`; its price stays known.
-    Q_INVOKABLE void removeCryptoSymbol(const QString &symbol);
-    /// Ticks that a price stays.
-    qint64 cryptoRotateInterval() const { return m_cryptoRotateInterval; }
-    void setCryptoRotateInterval(qint64 seconds);
-    QHash<QString, CryptoPrice> cryptoPrices() const { return m_cryptoPrices; }
-    qint64 currentCryptoIndex() const { return m_currentCryptoIndex; }
-    void setCurrentCryptoIndex(qint64 index);
-    /// Asks for the price of every symbol in the list.
-    Q_INVOKABLE void fetchAllCryptoPrices();
-    /// Asks again every five minutes, the first time in five minutes.
-    void startCryptoPriceTimer();
+    QStringList cryptoSymbols() const { return m_prices.symbols(); }
+    void setCryptoSymbols(const QStringList &symbols) { m_prices.setSymbols(symbols); }
+    Q_INVOKABLE void addCryptoSymbol(const QString &text) { m_prices.add(text); }
+    Q_INVOKABLE void removeCryptoSymbol(const QString &symbol) { m_prices.remove(symbol); }
+    qint64 cryptoRotateInterval() const { return m_prices.rotateInterval(); }
+    void setCryptoRotateInterval(qint64 seconds) { m_prices.setRotateInterval(seconds); }
+    QHash<QString, CryptoPrice> cryptoPrices() const { return m_prices.prices(); }
+    qint64 currentCryptoIndex() const { return m_prices.currentIndex(); }
+    void setCurrentCryptoIndex(qint64 index) { m_prices.setCurrentIndex(index); }
+    Q_INVOKABLE void fetchAllCryptoPrices() { m_prices.fetchAll(); }
+    void startCryptoPriceTimer() { m_prices.startTimer(); }
 
-    RevenueProvider revenueProvider() const { return m_revenueProvider; }
-    void setRevenueProvider(RevenueProvider provider);
+    RevenueProvider revenueProvider() const { return m_revenue.provider(); }
+    void setRevenueProvider(RevenueProvider provider) { m_revenue.setProvider(provider); }
     /// What a tap on a platform does: chooses it, also the one that is chosen, and fetches.
     Q_INVOKABLE void chooseRevenueProvider(glimmet::RevenueProviders::RevenueProvider provider);
-    RevenueMetric revenueMetric() const { return m_revenueMetric; }
-    void setRevenueMetric(RevenueMetric metric);
-    RevenueMode revenueMode() const { return m_revenueMode; }
-    void setRevenueMode(RevenueMode period);
+    RevenueMetric revenueMetric() const { return m_revenue.metric(); }
+    void setRevenueMetric(RevenueMetric metric) { m_revenue.setMetric(metric); }
+    RevenueMode revenueMode() const { return m_revenue.period(); }
+    void setRevenueMode(RevenueMode period) { m_revenue.setPeriod(period); }
     /// The same for a period; in Revenue mode the choice itself fetches as well.
     Q_INVOKABLE void chooseRevenueMode(glimmet::RevenueModes::RevenueMode period);
-    QString polarAPIKey() const { return m_polarAPIKey; }
-    void setPolarAPIKey(const QString &key);
-    QString revenueCatAPIKey() const { return m_revenueCatAPIKey; }
-    void setRevenueCatAPIKey(const QString &key);
-    QString revenueCatProjectID() const { return m_revenueCatProjectID; }
-    void setRevenueCatProjectID(const QString &id);
-    QString dodoAPIKey() const { return m_dodoAPIKey; }
-    void setDodoAPIKey(const QString &key);
-    QString dodoCurrency() const { return m_dodoCurrency; }
-    void setDodoCurrency(const QString &currency);
+    QString dodoCurrency() const { return m_revenue.dodoCurrency(); }
+    void setDodoCurrency(const QString &currency) { m_revenue.setDodoCurrency(currency); }
     /// The same for a currency, as it is typed.
     Q_INVOKABLE void chooseDodoCurrency(const QString &currency);
-    QString stripeAPIKey() const { return m_stripeAPIKey; }
-    void setStripeAPIKey(const QString &key);
-    QString stripeCurrency() const { return m_stripeCurrency; }
-    void setStripeCurrency(const QString &currency);
     Q_INVOKABLE void chooseStripeCurrency(const QString &currency);
-    QString lemonSqueezyAPIKey() const { return m_lemonSqueezyAPIKey; }
-    void setLemonSqueezyAPIKey(const QString &key);
-    QString revenueLabel() const { return m_revenueLabel; }
-    bool isFetchingRevenue() const { return m_isFetchingRevenue; }
-    std::optional<QString> lastFetchError() const { return m_lastFetchError; }
+    /// Any credential; each of those that follow is one of them.
+    QString credential(KeychainKey key) const { return m_revenue.credential(key); }
+    void setCredential(KeychainKey key, const QString &value) { m_revenue.setCredential(key, value); }
+    QString polarAPIKey() const { return credential(KeychainKey::PolarAPIKey); }
+    void setPolarAPIKey(const QString &key) { setCredential(KeychainKey::PolarAPIKey, key); }
+    QString revenueCatAPIKey() const { return credential(KeychainKey::RevenueCatAPIKey); }
+    void setRevenueCatAPIKey(const QString &key) { setCredential(KeychainKey::RevenueCatAPIKey, key); }
+    QString revenueCatProjectID() const { return credential(KeychainKey::RevenueCatProjectID); }
+    void setRevenueCatProjectID(const QString &id) { setCredential(KeychainKey::RevenueCatProjectID, id); }
+    QString dodoAPIKey() const { return credential(KeychainKey::DodoAPIKey); }
+    void setDodoAPIKey(const QString &key) { setCredential(KeychainKey::DodoAPIKey, key); }
+    QString stripeAPIKey() const { return credential(KeychainKey::StripeAPIKey); }
+    void setStripeAPIKey(const QString &key) { setCredential(KeychainKey::StripeAPIKey, key); }
+    QString stripeCurrency() const { return credential(KeychainKey::StripeCurrency); }
+    void setStripeCurrency(const QString &currency) { setCredential(KeychainKey::StripeCurrency, currency); }
+    QString lemonSqueezyAPIKey() const { return credential(KeychainKey::LemonSqueezyAPIKey); }
+    void setLemonSqueezyAPIKey(const QString &key) { setCredential(KeychainKey::LemonSqueezyAPIKey, key); }
+    QString revenueLabel() const { return m_revenue.label(); }
+    bool isFetchingRevenue() const { return m_revenue.isFetching(); }
+    std::optional<QString> lastFetchError() const { return m_revenue.lastError(); }
     /// The same for QML; empty where there is none.
-    QString lastFetchErrorText() const { return m_lastFetchError.value_or(QString()); }
-    /// Starts one fetch of the chosen figure.
-    Q_INVOKABLE void fetchRevenue();
-    /// Fetches now and every five minutes.
-    void startRevenueTimer();
-    /// Takes the finished text of a fetch.
-    void handleRevenueResult(const QString &text);
+    QString lastFetchErrorText() const { return lastFetchError().value_or(QString()); }
+    Q_INVOKABLE void fetchRevenue() { m_revenue.fetch(); }
+    void startRevenueTimer() { m_revenue.startTimer(); }
+    void handleRevenueResult(const QString &text) { m_revenue.handleResult(text); }
 
 signals:
     void modeChanged();
@@ -195,6 +185,8 @@ signals:
     void revenueProviderChanged();
     void revenueMetricChanged();
     void revenueModeChanged();
+    /// Any of those that follow.
+    void credentialChanged(glimmet::KeychainKey key);
     void polarAPIKeyChanged();
     void revenueCatAPIKeyChanged();
     void revenueCatProjectIDChanged();
@@ -218,88 +210,23 @@ signals:
     void ticked();
 
 private:
-    using Signal = void (TickerViewModel::*)();
-
-    template <typename Value> void publish(Value &member, const Value &value, Signal changed)
-    {
-        if (member == value)
-            return;
-        member = value;
-        emit(this->*changed)();
-    }
+    void forwardSignals();
+    void forwardCredential(KeychainKey key);
     void tick();
     QString buildText() const;
     QString formattedTime(bool withSeconds) const;
 
-    void handleQuoteRotation();
-    QString quoteDisplay() const;
-    void loadQuotes();
-    void saveQuotes();
-
-    void handleDeadlineRotation();
-    QString deadlineDisplay() const;
-    void loadDeadlines();
-    void saveDeadlines();
-
-    void handleCryptoRotation();
-    /// The list is not empty.
-    QString symbolOnShow() const;
-    QString cryptoDisplay() const;
-    void loadCryptoSymbols();
-    void fetchPrice(const QString &symbol);
-    void keepPrice(const CryptoPrice &price);
-
-    struct Credential;
-    /// Who chose the value of a credential: the user, or the key store.
-    enum class Origin { User, KeyStore };
-
-    static const Credential &credential(KeychainKey key);
-    /// Saves the value and, where the user chose it, fetches with it in Revenue mode.
-    void setCredential(KeychainKey key, const QString &value, Origin origin = Origin::User);
-    void loadCredentials();
-    /// Asks the key store once more for what it could not tell or take.
-    void settleCredentials();
-
-    RevenueQuery revenueQuery() const;
-    void fetchRevenueInRevenueMode();
-
     TickerWorld m_world;
-    Credentials m_credentials;
-
     TickerMode m_mode = TickerMode::Clock;
     QString m_customText = QStringLiteral("hello world ✦");
     bool m_showSeconds = true;
     bool m_use24Hour = true;
-    RevenueProvider m_revenueProvider = RevenueProvider::Polar;
-    RevenueMetric m_revenueMetric = RevenueMetric::Revenue;
-    RevenueMode m_revenueMode = RevenueMode::AllTime;
-    QString m_polarAPIKey;
-    QString m_revenueCatAPIKey;
-    QString m_revenueCatProjectID;
-    QString m_dodoAPIKey;
-    QString m_dodoCurrency = QStringLiteral("USD");
-    QString m_stripeAPIKey;
-    QString m_stripeCurrency = QStringLiteral("USD");
-    QString m_lemonSqueezyAPIKey;
-    QString m_revenueLabel = QStringLiteral("–");
-    bool m_isFetchingRevenue = false;
-    std::optional<QString> m_lastFetchError;
-    QStringList m_cryptoSymbols{ QStringLiteral("BTC-USD"), QStringLiteral("ETH-USD") };
-    qint64 m_cryptoRotateInterval = 10;
-    QHash<QString, CryptoPrice> m_cryptoPrices;
-    qint64 m_currentCryptoIndex = 0;
-    qint64 m_cryptoRotateCount = 0;
-    std::unique_ptr<RepeatingTimer> m_cryptoPriceTimer;
-    QList<Deadline> m_deadlines;
-    qint64 m_deadlineRotateCount = 0;
-    qint64 m_currentDeadlineIndex = 0;
-    QStringList m_customQuotes;
-    qint64 m_quoteRotateInterval = 30;
-    qint64 m_quoteRotateCount = 0;
-    qint64 m_currentQuoteIndex = 0;
-    std::unique_ptr<RepeatingTimer> m_timer;
-    std::unique_ptr<RepeatingTimer> m_revenueTimer;
     QString m_currentDisplay;
+    Quotes m_quotes;
+    Deadlines m_deadlines;
+    PriceList m_prices;
+    RevenueReport m_revenue;
+    std::unique_ptr<RepeatingTimer> m_timer;
 };
 
 } // namespace glimmet

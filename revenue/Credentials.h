@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/keys/KeyStore.h"
-#include "revenue/KeychainKey.h"
+#include "revenue/RevenueChoices.h"
 
 #include <optional>
 #include <set>

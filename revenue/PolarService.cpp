@@ -7,6 +7,7 @@
 #include "revenue/Amount.h"
 #include "revenue/FigureRequest.h"
 #include "revenue/Periods.h"
+#include "revenue/RevenuePlatforms.h"
 
 #include <QRegularExpression>
 
@@ -72,8 +73,8 @@ PolarService::PolarService(ServiceWorld world, QObject *parent)
 
 void PolarService::fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion)
 {
-    if (query.apiKey.isBlank())
-        return completion(u"add api key"_s);
+    if (const QString missing = missingInput(query); !missing.isEmpty())
+        return completion(missing);
     const auto figure = [metric = query.metric, &log = m_world.log](
                             const QByteArray &body) { return format(metric, parse(body, log), u"USD"_s); };
     askForFigure(m_world, this, { buildUrl(query.period), query.apiKey, answerRules() }, figure,

@@ -1,11 +1,11 @@
 #include "revenue/RevenueCatService.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/Text.h"
 #include "platform/net/Json.h"
 #include "revenue/Amount.h"
 #include "revenue/FigureRequest.h"
 #include "revenue/RevenueFormat.h"
+#include "revenue/RevenuePlatforms.h"
 
 #include <QStringList>
 
@@ -52,10 +52,8 @@ RevenueCatService::RevenueCatService(ServiceWorld world, QObject *parent)
 
 void RevenueCatService::fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion)
 {
-    if (query.apiKey.isBlank())
-        return completion(u"add api key"_s);
-    if (trimmedBlanks(query.projectID).isEmpty())
-        return completion(u"add project id"_s);
+    if (const QString missing = missingInput(query); !missing.isEmpty())
+        return completion(missing);
     const QByteArray address =
         m_world.endpoint + "/v2/projects/" + query.projectID.toUtf8() + "/metrics/overview";
     const auto figure = [metric = query.metric, apiKey = query.apiKey, &log = m_world.log](

@@ -1,38 +1,82 @@
 #include "revenue/RevenueServices.h"
 
-namespace glimmet {
+#include "revenue/DodoService.h"
+#include "revenue/LemonSqueezyService.h"
+#include "revenue/PolarService.h"
+#include "revenue/RevenueCatService.h"
+#include "revenue/StripeService.h"
 
-RevenueEndpoints RevenueEndpoints::live()
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace glimmet {
+namespace {
+
+using Asking = std::function<void(const RevenueQuery &query, RevenueFetcher::Completion completion)>;
+
+struct Row {
+    RevenueProvider provider;
+    QByteArray liveEndpoint;
+    Asking (*asking)(const ServiceWorld &world); ///< with a service of its own
+};
+
+template <typename Service> Asking askingOf(const ServiceWorld &world)
 {
-    return { PolarService::liveEndpoint, RevenueCatService::liveEndpoint, DodoService::liveEndpoint,
-        StripeService::liveEndpoint, LemonSqueezyService::liveEndpoint };
+    return [service = std::make_shared<Service>(world)](
+               const RevenueQuery &query, RevenueFetcher::Completion completion) {
+        if constexpr (std::is_base_of_v<PagedRevenueService, Service>)
+            service->fetch(query, completion);
+        else
+            service->fetchMetric(query, std::move(completion));
+    };
+}
+
+template <typename Service> Row row(RevenueProvider provider)
+{
+    return { provider, Service::liveEndpoint, askingOf<Service> };
+}
+
+std::vector<Row> rows()
+{
+    return {
+        row<PolarService>(RevenueProvider::Polar),
+        row<RevenueCatService>(RevenueProvider::RevenueCat),
+        row<DodoService>(RevenueProvider::Dodo),
+        row<StripeService>(RevenueProvider::Stripe),
+        row<LemonSqueezyService>(RevenueProvider::LemonSqueezy),
+    };
+}
+
+} // namespace
+
+RevenueEndpoints liveEndpoints()
+{
+    RevenueEndpoints endpoints;
+    for (const Row &row : rows())
+        endpoints.emplace(row.provider, row.liveEndpoint);
+    return endpoints;
+}
+
+RevenueEndpoints endpointsAt(const QByteArray &origin)
+{
+    RevenueEndpoints endpoints;
+    for (const Row &row : rows())
+        endpoints.emplace(row.provider, origin);
+    return endpoints;
 }
 
 RevenueServices::RevenueServices(HttpClient &http, DiagnosticLog &log, const Clock &clock,
     const UserRegion &region, const RevenueEndpoints &endpoints)
-    : m_polar({ http, log, clock, region, endpoints.polar })
-    , m_revenueCat({ http, log, clock, region, endpoints.revenueCat })
-    , m_dodo({ http, log, clock, region, endpoints.dodo })
-    , m_stripe({ http, log, clock, region, endpoints.stripe })
-    , m_lemonSqueezy({ http, log, clock, region, endpoints.lemonSqueezy })
 {
+    for (const Row &row : rows())
+        m_askings.emplace(row.provider, row.asking({ http, log, clock, region, endpoints.at(row.provider) }));
 }
 
 void RevenueServices::fetch(const RevenueQuery &query, Completion completion)
 {
-    switch (query.provider) {
-    case RevenueProvider::Polar:
-        return m_polar.fetchMetric(query, std::move(completion));
-    case RevenueProvider::RevenueCat:
-        return m_revenueCat.fetchMetric(query, std::move(completion));
-    case RevenueProvider::Dodo:
-        return m_dodo.fetch(query, completion);
-    case RevenueProvider::Stripe:
-        return m_stripe.fetch(query, completion);
-    case RevenueProvider::LemonSqueezy:
-        return m_lemonSqueezy.fetch(query, completion);
-    }
-    Q_UNREACHABLE();
+    m_askings.at(query.provider)(query, std::move(completion));
 }
 
 } // namespace glimmet

@@ -1,39 +1,39 @@
 #pragma once
 
-#include "revenue/DodoService.h"
-#include "revenue/LemonSqueezyService.h"
-#include "revenue/PolarService.h"
-#include "revenue/RevenueCatService.h"
-#include "revenue/StripeService.h"
+#include "revenue/RevenueFetcher.h"
+
+#include <QByteArray>
+
+#include <map>
 
 namespace glimmet {
 
-/// Where the platforms are: one https origin each.
-struct RevenueEndpoints {
-    QByteArray polar;
-    QByteArray revenueCat;
-    QByteArray dodo;
-    QByteArray stripe;
-    QByteArray lemonSqueezy;
+class Clock;
+class DiagnosticLog;
+class HttpClient;
+class UserRegion;
 
-    /// The platforms' own.
-    static RevenueEndpoints live();
-};
+/// Where each platform is: an https origin.
+using RevenueEndpoints = std::map<RevenueProvider, QByteArray>;
 
-/// Asks the platform that a query names.
+/// The platforms' own.
+RevenueEndpoints liveEndpoints();
+/// All of them at one place, for tests.
+RevenueEndpoints endpointsAt(const QByteArray &origin);
+
+/// Asks the platform that a query names. Main thread.
 class RevenueServices final : public RevenueFetcher {
 public:
+    /// What it is given outlives it.
     RevenueServices(HttpClient &http, DiagnosticLog &log, const Clock &clock, const UserRegion &region,
         const RevenueEndpoints &endpoints);
 
     void fetch(const RevenueQuery &query, Completion completion) override;
 
 private:
-    PolarService m_polar;
-    RevenueCatService m_revenueCat;
-    DodoService m_dodo;
-    StripeService m_stripe;
-    LemonSqueezyService m_lemonSqueezy;
+    using Asking = std::function<void(const RevenueQuery &query, Completion completion)>;
+
+    std::map<RevenueProvider, Asking> m_askings;
 };
 
 } // namespace glimmet

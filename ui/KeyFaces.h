@@ -31,8 +31,6 @@ public:
     Q_INVOKABLE static QString placeholder(int key);
     /// Where on the platform's pages the credential is found.
     Q_INVOKABLE static QString hint(int key);
-    /// The TickerViewModel's property that holds the credential.
-    Q_INVOKABLE static QString property(int key);
 
     /// What the badge says of a section whose key is set, or is not.
     Q_INVOKABLE static QString status(bool isSaved);

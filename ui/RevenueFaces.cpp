@@ -1,7 +1,7 @@
 #include "ui/RevenueFaces.h"
 
 #include "core/TickerMode.h"
-#include "revenue/RevenueChoices.h"
+#include "revenue/RevenuePlatforms.h"
 #include "ui/CaseNumbers.h"
 
 namespace glimmet {
@@ -34,19 +34,7 @@ QString RevenueFaces::providerLabel(int provider)
 
 QString RevenueFaces::providerSymbol(int provider)
 {
-    switch (static_cast<RevenueProvider>(provider)) {
-    case RevenueProvider::Polar:
-        return QStringLiteral("bolt.circle");
-    case RevenueProvider::RevenueCat:
-        return QStringLiteral("chart.bar.fill");
-    case RevenueProvider::Dodo:
-        return QStringLiteral("creditcard");
-    case RevenueProvider::Stripe:
-        return QStringLiteral("s.circle.fill");
-    case RevenueProvider::LemonSqueezy:
-        return QStringLiteral("l.circle.fill");
-    }
-    return {};
+    return revenuePlatform(static_cast<RevenueProvider>(provider)).symbol;
 }
 
 QString RevenueFaces::metricLabel(int metric)
@@ -107,8 +95,7 @@ QString RevenueFaces::periodSymbol(int period)
 
 QString RevenueFaces::periodNote(int provider)
 {
-    const bool hasFixedPeriod = static_cast<RevenueProvider>(provider) == RevenueProvider::RevenueCat;
-    return hasFixedPeriod ? QStringLiteral("RC: fixed 28d") : QString();
+    return revenuePlatform(static_cast<RevenueProvider>(provider)).periodNote;
 }
 
 } // namespace glimmet

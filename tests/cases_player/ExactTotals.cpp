@@ -3,8 +3,12 @@
 #include "platform/DiagnosticLog.h"
 #include "platform/Text.h"
 #include "platform/net/Json.h"
+#include "revenue/DodoService.h"
+#include "revenue/LemonSqueezyService.h"
 #include "revenue/Periods.h"
-#include "revenue/RevenueServices.h"
+#include "revenue/PolarService.h"
+#include "revenue/RevenueCatService.h"
+#include "revenue/StripeService.h"
 #include "tests/support/FixedRegion.h"
 
 namespace glimmet {

@@ -1,6 +1,7 @@
 #include "tests/cases_player/FatalCasePlay.h"
 
 #include "platform/DiagnosticLog.h"
+#include "revenue/PolarService.h"
 #include "tests/cases_player/CaseServer.h"
 #include "tests/cases_player/RequestComparison.h"
 #include "tests/cases_player/RevenueAsker.h"

@@ -1,5 +1,6 @@
 #include "tests/cases_player/RevenueCasePlay.h"
 
+#include "revenue/PolarService.h"
 #include "tests/cases_player/CaseServer.h"
 #include "tests/cases_player/ExactTotals.h"
 #include "tests/cases_player/RequestComparison.h"

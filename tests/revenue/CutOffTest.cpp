@@ -23,11 +23,7 @@ private:
 /// Orders of one evening that are read while the day ends.
 class CutOff : public ServedRevenue {
 protected:
-    CutOff()
-    {
-        services.emplace(*http, log.log(), midnight, region,
-            RevenueEndpoints{ {}, {}, server.origin(), server.origin(), server.origin() });
-    }
+    CutOff() { services.emplace(*http, log.log(), midnight, region, endpointsAt(server.origin())); }
     /// Two pages of two orders each, for whoever asks.
     static ServerAnswer twoPages(const ReceivedRequest &request)
     {

@@ -70,8 +70,7 @@ protected:
         HttpSettings{
             .idleTimeout = std::chrono::milliseconds(1500), .authorities = HttpsServer::authority() } };
     std::optional<RevenueServices> services{ std::in_place, *http, log.log(), clock, region,
-        RevenueEndpoints{
-            server.origin(), server.origin(), server.origin(), server.origin(), server.origin() } };
+        endpointsAt(server.origin()) };
 };
 
 } // namespace glimmet

@@ -1,4 +1,5 @@
 #include "tests/revenue/StripeHistory.h"
+#include "revenue/RevenueFormat.h"
 #include "tests/revenue/ServedRevenue.h"
 
 namespace glimmet {

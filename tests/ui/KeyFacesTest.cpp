@@ -1,9 +1,6 @@
 #include "ui/KeyFaces.h"
-#include "core/TickerViewModel.h"
-#include "revenue/KeychainKey.h"
+#include "revenue/RevenueChoices.h"
 #include "tests/support/Printing.h"
-
-#include <QMetaProperty>
 
 #include <gmock/gmock.h>
 
@@ -87,23 +84,6 @@ TEST(KeyFaces, eachFieldSaysWhereItsCredentialIsFound)
         testing::ElementsAre(u"Polar → Settings → API", u"Dashboard → Project → API Keys",
             u"Dashboard → Project Settings", u"Dodo Payments → Settings → API Keys",
             u"Dashboard → Developers → API keys", u"Lemon Squeezy → Settings → API"));
-}
-
-TEST(KeyFaces, eachFieldIsBoundToItsProperty)
-{
-    EXPECT_THAT(texts(KeyFaces::property),
-        testing::ElementsAre(u"polarAPIKey", u"revenueCatAPIKey", u"revenueCatProjectID", u"dodoAPIKey",
-            u"stripeAPIKey", u"lemonSqueezyAPIKey"));
-}
-
-TEST(KeyFaces, eachPropertyIsATextOfTheTickersThatCanBeFollowed)
-{
-    const QMetaObject &ticker = TickerViewModel::staticMetaObject;
-    for (const QString &name : texts(KeyFaces::property)) {
-        const QMetaProperty property = ticker.property(ticker.indexOfProperty(name.toLatin1()));
-        EXPECT_EQ(property.metaType(), QMetaType::fromType<QString>()) << qPrintable(name);
-        EXPECT_TRUE(property.isWritable() && property.hasNotifySignal()) << qPrintable(name);
-    }
 }
 
 TEST(KeyFaces, theBadgeSaysWhetherThereIsAKey)

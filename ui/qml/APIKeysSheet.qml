@@ -23,12 +23,19 @@ Sheet {
             width: root.width - 2 * Theme.sheetMargin
             title: KeyFaces.title(modelData)
             selected: root.ticker.revenueProvider === modelData
-            value: root.ticker[KeyFaces.property(keys[0])]
+            value: mainKey.text
 
+            CredentialText {
+                id: mainKey
+                ticker: root.ticker
+                key: section.keys[0]
+            }
             Repeater {
                 model: section.keys
 
                 APIKeyField {
+                    id: field
+
                     required property int modelData
 
                     width: section.contentWidth
@@ -36,8 +43,14 @@ Sheet {
                     placeholder: KeyFaces.placeholder(modelData)
                     hint: KeyFaces.hint(modelData)
                     name: KeyFaces.name(modelData)
-                    value: root.ticker[KeyFaces.property(modelData)]
-                    onEdited: text => root.ticker[KeyFaces.property(modelData)] = text
+                    value: credential.text
+                    onEdited: text => credential.text = text
+
+                    CredentialText {
+                        id: credential
+                        ticker: root.ticker
+                        key: field.modelData
+                    }
                 }
             }
         }

@@ -1,0 +1,93 @@
+#include "core/Deadlines.h"
+
+#include "core/PreferencesKeys.h"
+#include "platform/Clock.h"
+#include "platform/PreferencesStore.h"
+#include "platform/Publish.h"
+#include "platform/Text.h"
+
+namespace glimmet {
+namespace {
+
+constexpr qint64 rotateInterval = 8; // ticks
+
+} // namespace
+
+Deadlines::Deadlines(PreferencesStore &preferences, const Clock &clock, QObject *parent)
+    : QObject(parent)
+    , m_preferences(preferences)
+    , m_clock(clock)
+{
+}
+
+void Deadlines::load()
+{
+    const auto stored = m_preferences.data(PreferencesKeys::deadlines);
+    if (!stored)
+        return;
+    if (const auto deadlines = deadlinesFromJson(*stored))
+        setAll(*deadlines);
+}
+
+void Deadlines::setAll(const QList<Deadline> &deadlines)
+{
+    publish(*this, m_all, deadlines, &Deadlines::changed);
+    if (const auto json = deadlinesToJson(m_all))
+        m_preferences.setData(PreferencesKeys::deadlines, *json);
+}
+
+QList<Deadline> Deadlines::upcoming() const
+{
+    QList<Deadline> upcoming;
+    for (const Deadline &deadline : m_all) {
+        if (deadline.date > m_clock.now())
+            upcoming.append(deadline);
+    }
+    return deadlinesByDate(std::move(upcoming));
+}
+
+void Deadlines::add(const Deadline &deadline)
+{
+    setAll(m_all + QList<Deadline>{ deadline });
+    setAll(deadlinesByDate(m_all));
+}
+
+void Deadlines::add(const QString &title, Instant date)
+{
+    const QString trimmed = trimmedBlanks(title);
+    if (trimmed.isEmpty())
+        return;
+    add(Deadline{ QUuid::createUuid(), trimmed, date });
+}
+
+void Deadlines::remove(const QUuid &id)
+{
+    QList<Deadline> remaining = m_all;
+    remaining.removeIf([&id](const Deadline &deadline) { return deadline.id == id; });
+    setAll(remaining);
+}
+
+void Deadlines::clear()
+{
+    setAll({});
+}
+
+void Deadlines::tick()
+{
+    if (m_rotation.tick(rotateInterval))
+        m_rotation.setIndex(m_rotation.next(upcoming().size()));
+}
+
+QString Deadlines::display() const
+{
+    const QList<Deadline> all = upcoming();
+    if (all.isEmpty())
+        return QStringLiteral("no deadlines");
+    const Deadline &deadline = all.at(m_rotation.among(all.size()));
+    const double secondsLeft = deadline.date.secondsSince2001 - m_clock.now().secondsSince2001;
+    // The deadline may have fallen due since it was found to be upcoming.
+    const QString left = secondsLeft > 0 ? Deadline::formatInterval(secondsLeft) : QStringLiteral("passed");
+    return deadline.title + QStringLiteral(": ") + left;
+}
+
+} // namespace glimmet

@@ -1,0 +1,139 @@
+#include "prices/PriceList.h"
+
+#include "platform/PreferencesStore.h"
+#include "platform/Publish.h"
+#include "platform/RepeatingTimer.h"
+#include "platform/Text.h"
+#include "prices/PriceSource.h"
+
+#include <QPointer>
+#include <QSet>
+
+#include <utility>
+
+namespace glimmet {
+
+using namespace std::chrono_literals;
+
+PriceList::PriceList(PriceListWorld world, QObject *parent)
+    : QObject(parent)
+    , m_world(std::move(world))
+{
+}
+
+PriceList::~PriceList() = default;
+
+void PriceList::load()
+{
+    setSymbols(m_world.preferences.stringList(m_world.preferencesKey).value_or(m_symbols));
+}
+
+void PriceList::setSymbols(const QStringList &symbols)
+{
+    publish(*this, m_symbols, symbols, &PriceList::symbolsChanged);
+    m_world.preferences.setStringList(m_world.preferencesKey, m_symbols);
+    setCurrentIndex(0);
+    if (m_world.isOnShow())
+        fetchAll();
+}
+
+void PriceList::add(const QString &text)
+{
+    QStringList symbols = m_symbols;
+    QSet<QString> known(symbols.begin(), symbols.end());
+    known.insert(QString());
+    for (const QString &piece : text.split(u',')) {
+        const QString symbol = trimmedBlanks(piece).toUpper();
+        if (known.contains(symbol))
+            continue;
+        known.insert(symbol);
+        symbols.append(symbol);
+    }
+    if (symbols.size() > m_symbols.size())
+        setSymbols(symbols);
+}
+
+void PriceList::remove(const QString &symbol)
+{
+    QStringList symbols = m_symbols;
+    symbols.removeAll(symbol);
+    setSymbols(symbols);
+}
+
+void PriceList::setRotateInterval(qint64 seconds)
+{
+    publish(*this, m_rotateInterval, seconds, &PriceList::rotateIntervalChanged);
+}
+
+void PriceList::setCurrentIndex(qint64 index)
+{
+    if (index == m_rotation.index())
+        return;
+    m_rotation.setIndex(index);
+    emit currentIndexChanged();
+}
+
+void PriceList::fetchAll()
+{
+    // A copy: an answer may come at once and its receivers may change the list.
+    const QStringList symbols = m_symbols;
+    for (const QString &symbol : symbols)
+        fetch(symbol);
+}
+
+void PriceList::fetch(const QString &symbol)
+{
+    if (m_world.source == nullptr)
+        return;
+    m_world.source->fetchPrice(symbol, [list = QPointer(this)](const std::optional<CryptoPrice> &price) {
+        if (list && price)
+            list->keep(*price);
+    });
+}
+
+void PriceList::keep(const CryptoPrice &price)
+{
+    const auto known = m_prices.constFind(price.id);
+    if (known != m_prices.constEnd() && *known == price)
+        return;
+    m_prices.insert(price.id, price);
+    emit pricesChanged();
+}
+
+void PriceList::startTimer()
+{
+    m_timer.reset();
+    m_timer = m_world.timers.repeating(300s, [this] { fetchAll(); });
+}
+
+void PriceList::stopTimer()
+{
+    m_timer.reset();
+}
+
+void PriceList::tick()
+{
+    if (!m_world.isOnShow() || m_symbols.isEmpty() || !m_rotation.tick(m_rotateInterval))
+        return;
+    setCurrentIndex(m_rotation.next(m_symbols.size()));
+    if (!m_symbols.isEmpty()) // Who hears of the new index may change the list.
+        fetch(symbolOnShow());
+}
+
+QString PriceList::symbolOnShow() const
+{
+    return m_symbols.at(m_rotation.among(m_symbols.size()));
+}
+
+QString PriceList::display() const
+{
+    if (m_symbols.isEmpty())
+        return QStringLiteral("add symbol");
+    const QString symbol = symbolOnShow();
+    const auto price = m_prices.constFind(symbol);
+    if (price != m_prices.constEnd())
+        return price->menuBarString();
+    return QStringLiteral("loading ") + symbol + u'…';
+}
+
+} // namespace glimmet

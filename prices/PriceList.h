@@ -1,0 +1,88 @@
+#pragma once
+
+#include "platform/Rotation.h"
+#include "prices/CryptoPrice.h"
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+namespace glimmet {
+
+class PreferencesStore;
+class PriceSource;
+class RepeatingTimer;
+class Timers;
+
+/// What the list of prices needs of the world. All of it outlives the list.
+struct PriceListWorld {
+    PreferencesStore &preferences;
+    QString preferencesKey; ///< of the stored symbols
+    Timers &timers;
+    PriceSource *source = nullptr; ///< none: prices stay unknown
+    std::function<bool()> isOnShow; ///< whether prices are what is shown now
+};
+
+/// The symbols whose prices are shown in turn, and their prices. They are asked for
+///   - all of them where the timer says so, and where the list is set while prices are on show;
+///   - one of them where it comes on show.
+/// Main thread.
+class PriceList final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PriceList(PriceListWorld world, QObject *parent = nullptr);
+    ~PriceList() override;
+
+    /// Takes over the stored symbols; where there are none, stores those that it begins with.
+    void load();
+
+    QStringList symbols() const { return m_symbols; }
+    /// Stores the list, also an equal one, and begins with its first symbol.
+    void setSymbols(const QStringList &symbols);
+    /// Appends the symbols in `text`, which commas separate, in upper case and without the blanks around
+    /// them; what is empty or known is left out. Nothing happens where nothing is new.
+    void add(const QString &text);
+    /// Removes every entry that is equal to `symbol`; its price stays known.
+    void remove(const QString &symbol);
+    /// Ticks that a price stays.
+    qint64 rotateInterval() const { return m_rotateInterval; }
+    void setRotateInterval(qint64 seconds);
+    QHash<QString, CryptoPrice> prices() const { return m_prices; }
+    qint64 currentIndex() const { return m_rotation.index(); }
+    void setCurrentIndex(qint64 index);
+
+    /// Asks for the price of every symbol in the list.
+    void fetchAll();
+    /// Asks again every five minutes, the first time in five minutes.
+    void startTimer();
+    void stopTimer();
+
+    /// Counts a second, if prices are on show.
+    void tick();
+    QString display() const;
+
+signals:
+    void symbolsChanged();
+    void rotateIntervalChanged();
+    void pricesChanged();
+    void currentIndexChanged();
+
+private:
+    /// The list is not empty.
+    QString symbolOnShow() const;
+    void fetch(const QString &symbol);
+    void keep(const CryptoPrice &price);
+
+    PriceListWorld m_world;
+    QStringList m_symbols{ QStringLiteral("BTC-USD"), QStringLiteral("ETH-USD") };
+    qint64 m_rotateInterval = 10;
+    QHash<QString, CryptoPrice> m_prices;
+    Rotation m_rotation;
+    std::unique_ptr<RepeatingTimer> m_timer;
+};
+
+} // namespace glimmet

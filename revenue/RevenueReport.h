@@ -1,0 +1,96 @@
+#pragma once
+
+#include "revenue/Credentials.h"
+#include "revenue/RevenueFetcher.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace glimmet {
+
+class RepeatingTimer;
+class Timers;
+
+/// What the report needs of the world. All of it outlives the report.
+struct RevenueReportWorld {
+    Timers &timers;
+    RevenueFetcher *fetcher = nullptr; ///< none: the text stays as it is
+    KeyStore *keys = nullptr; ///< none: credentials live as long as the report
+    std::function<bool()> isOnShow; ///< whether the figure is what is shown now
+};
+
+/// One figure of the user's business: which one, with which credentials it is asked for, and what it was
+/// last. A new choice is asked for at once where the figure is on show. Main thread.
+class RevenueReport final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit RevenueReport(RevenueReportWorld world, QObject *parent = nullptr);
+    ~RevenueReport() override;
+
+    RevenueProvider provider() const { return m_provider; }
+    void setProvider(RevenueProvider provider);
+    RevenueMetric metric() const { return m_metric; }
+    void setMetric(RevenueMetric metric);
+    RevenueMode period() const { return m_period; }
+    void setPeriod(RevenueMode period);
+    /// Dodo's, which is kept nowhere.
+    QString dodoCurrency() const { return m_dodoCurrency; }
+    void setDodoCurrency(const QString &currency);
+
+    QString credential(KeychainKey key) const { return m_values.at(key); }
+    /// What the user chose: it is saved, also where it is equal.
+    void setCredential(KeychainKey key, const QString &value);
+    /// Takes over what the key store has, and goes on with what it cannot tell yet once it can be read.
+    void loadCredentials();
+
+    /// The finished text of the last fetch.
+    QString label() const { return m_label; }
+    bool isFetching() const { return m_isFetching; }
+    std::optional<QString> lastError() const { return m_lastError; }
+    /// Starts one fetch of the chosen figure.
+    void fetch();
+    /// Fetches now and every five minutes.
+    void startTimer();
+    void stopTimer();
+    /// Takes the finished text of a fetch.
+    void handleResult(const QString &text);
+
+signals:
+    void providerChanged();
+    void metricChanged();
+    void periodChanged();
+    void dodoCurrencyChanged();
+    void credentialChanged(glimmet::KeychainKey key);
+    void labelChanged();
+    void isFetchingChanged();
+    void lastErrorChanged();
+
+private:
+    void give(KeychainKey key, const QString &value);
+    /// Takes over what the key store has, which is written back, also where that is nothing.
+    void takeOver(KeychainKey key, const std::optional<QString> &loaded);
+    /// Asks the key store once more for what it could not tell or take.
+    void settleCredentials();
+    RevenueQuery query() const;
+    QString currency() const;
+    void fetchIfOnShow();
+
+    RevenueReportWorld m_world;
+    Credentials m_credentials;
+    RevenueProvider m_provider = RevenueProvider::Polar;
+    RevenueMetric m_metric = RevenueMetric::Revenue;
+    RevenueMode m_period = RevenueMode::AllTime;
+    QString m_dodoCurrency = QStringLiteral("USD");
+    std::map<KeychainKey, QString> m_values; ///< one for each credential
+    QString m_label = QStringLiteral("–");
+    bool m_isFetching = false;
+    std::optional<QString> m_lastError;
+    std::unique_ptr<RepeatingTimer> m_timer;
+};
+
+} // namespace glimmet
