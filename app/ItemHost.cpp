@@ -83,11 +83,6 @@ void ItemHost::setText(const QString &text)
     m_item->setLabel(text);
 }
 
-void ItemHost::setShown(bool shown)
-{
-    m_item->setActive(shown);
-}
-
 void ItemHost::handleConnected()
 {
     QDBusConnection connection = m_bus.connection();

@@ -25,17 +25,12 @@ public:
     ~ItemHost() override;
 
     /// True while a desktop shows items.
-    bool isAvailable() const { return m_available; }
-
+    bool isAvailable() const override { return m_available; }
+    QString place() const override { return QStringLiteral("an item"); }
     void setText(const QString &text) override;
-    void setShown(bool shown) override;
+    /// The desktop shows what is registered by itself.
+    void setShown(bool) override {}
     std::optional<QPoint> anchor() const override { return m_anchor; }
-
-signals:
-    void availabilityChanged();
-    /// Chosen in the menu of a host that keeps it open.
-    void openChosen();
-    void quitChosen();
 
 private slots:
     void askForHost();

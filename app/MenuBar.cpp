@@ -1,25 +1,35 @@
 #include "app/MenuBar.h"
 
+#include "app/ItemHost.h"
+#include "app/StripHost.h"
 #include "core/HostText.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace glimmet {
 
 using namespace std::chrono_literals;
 
-MenuBar::MenuBar(SessionBus &bus, QObject *parent)
-    : QObject(parent)
-    , m_item(bus)
+MenuBar::Hosts menuBarHosts(SessionBus &bus)
 {
-    m_patience.setSingleShot(true);
-    m_patience.setInterval(5s);
-    connect(&m_patience, &QTimer::timeout, this, &MenuBar::showStrip);
-    connect(&m_item, &ItemHost::availabilityChanged, this, &MenuBar::chooseHost);
-    connect(&m_item, &ItemHost::clicked, this, &MenuBar::clicked);
-    connect(&m_item, &ItemHost::openChosen, this, &MenuBar::openChosen);
-    connect(&m_item, &ItemHost::quitChosen, this, &MenuBar::quitChosen);
-    connect(&m_strip, &StripHost::clicked, this, &MenuBar::clicked);
+    MenuBar::Hosts hosts;
+    hosts.push_back(std::make_unique<ItemHost>(bus));
+    hosts.push_back(std::make_unique<StripHost>());
+    return hosts;
+}
+
+MenuBar::MenuBar(Hosts hosts, Timers &timers, QObject *parent)
+    : QObject(parent)
+    , m_hosts(std::move(hosts))
+    , m_patience(timers, 5s, [this] { show(firstAvailable()); })
+{
+    for (const auto &host : m_hosts) {
+        connect(host.get(), &MenuBarHost::availabilityChanged, this, &MenuBar::chooseHost);
+        connect(host.get(), &MenuBarHost::clicked, this, &MenuBar::clicked);
+        connect(host.get(), &MenuBarHost::openChosen, this, &MenuBar::openChosen);
+        connect(host.get(), &MenuBarHost::quitChosen, this, &MenuBar::quitChosen);
+    }
     chooseHost();
 }
 
@@ -29,35 +39,43 @@ void MenuBar::setText(const QString &text)
         return;
     m_rawText = text;
     const QString line = hostText(text);
-    m_item.setText(line);
-    m_strip.setText(line);
+    for (const auto &host : m_hosts)
+        host->setText(line);
 }
 
 void MenuBar::setColorScheme(ColorScheme scheme)
 {
-    m_strip.setColorScheme(scheme);
+    for (const auto &host : m_hosts)
+        host->setColorScheme(scheme);
 }
 
 std::optional<QPoint> MenuBar::anchor() const
 {
-    return m_item.isAvailable() ? m_item.anchor() : m_strip.anchor();
+    return firstAvailable().anchor();
+}
+
+MenuBarHost &MenuBar::firstAvailable() const
+{
+    const auto isAvailable = [](const auto &host) { return host->isAvailable(); };
+    return **std::find_if(m_hosts.cbegin(), m_hosts.cend() - 1, isAvailable);
 }
 
 void MenuBar::chooseHost()
 {
-    if (!m_item.isAvailable()) {
+    MenuBarHost &host = firstAvailable();
+    if (&host != m_hosts.front().get()) {
         m_patience.start();
         return;
     }
     m_patience.stop();
-    m_strip.setShown(false);
-    emit moved(QStringLiteral("shown as an item"));
+    show(host);
 }
 
-void MenuBar::showStrip()
+void MenuBar::show(MenuBarHost &host)
 {
-    m_strip.setShown(true);
-    emit moved(QStringLiteral("shown as a strip"));
+    for (const auto &other : m_hosts)
+        other->setShown(other.get() == &host);
+    emit moved(QStringLiteral("shown as ") + host.place());
 }
 
 } // namespace glimmet

@@ -1,20 +1,26 @@
 #pragma once
 
-#include "app/ItemHost.h"
-#include "app/StripHost.h"
+#include "app/MenuBarHost.h"
+#include "platform/SingleShot.h"
 
-#include <QTimer>
+#include <memory>
+#include <vector>
 
 namespace glimmet {
 
-/// Shows the ticker's text in the place that the desktop has for it: as an item where a host shows items,
-/// else in the strip. The strip waits some seconds, so that it does not flash up at login or while a panel
-/// restarts.
+class SessionBus;
+
+/// Shows the ticker's text in the place that the desktop has for it: in the first host that is available.
+/// Another one than the very first is waited with for some seconds, so that it does not flash up at login or
+/// while a panel restarts. Main thread.
 class MenuBar final : public QObject {
     Q_OBJECT
 
 public:
-    explicit MenuBar(SessionBus &bus, QObject *parent = nullptr);
+    using Hosts = std::vector<std::unique_ptr<MenuBarHost>>;
+
+    /// `hosts` in order of preference; the last one is always available. `timers` outlives the bar.
+    MenuBar(Hosts hosts, Timers &timers, QObject *parent = nullptr);
 
     /// Shows `text`; line breaks and control characters are cleaned away.
     void setText(const QString &text);
@@ -30,13 +36,16 @@ signals:
     void moved(const QString &place);
 
 private:
+    MenuBarHost &firstAvailable() const;
     void chooseHost();
-    void showStrip();
+    void show(MenuBarHost &host);
 
-    ItemHost m_item;
-    StripHost m_strip;
-    QTimer m_patience;
+    Hosts m_hosts;
+    SingleShot m_patience;
     QString m_rawText;
 };
+
+/// All that there are: an item in the desktop's own panel, else a strip of our own. `bus` outlives them.
+MenuBar::Hosts menuBarHosts(SessionBus &bus);
 
 } // namespace glimmet

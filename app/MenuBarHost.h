@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/desktop/ColorScheme.h"
+
 #include <QObject>
 #include <QPoint>
 
@@ -14,15 +16,26 @@ class MenuBarHost : public QObject {
 public:
     using QObject::QObject;
 
+    /// Whether the desktop has this place now.
+    virtual bool isAvailable() const = 0;
+    /// The place in words, as in "shown as an item".
+    virtual QString place() const = 0;
     /// The text to show, already fit for one line. Kept while the host is not shown.
     virtual void setText(const QString &text) = 0;
+    /// Whether the text is here, and not in another host.
     virtual void setShown(bool shown) = 0;
+    /// The desktop's, for a host that paints by itself.
+    virtual void setColorScheme(ColorScheme) {}
     /// Where the panel drops down from, in native pixels of the root window; none while that is not known.
     virtual std::optional<QPoint> anchor() const = 0;
 
 signals:
+    void availabilityChanged();
     /// The user clicked the text, with any button.
     void clicked();
+    /// Chosen in the menu of a host that keeps it open.
+    void openChosen();
+    void quitChosen();
 };
 
 } // namespace glimmet

@@ -44,10 +44,12 @@ public:
     using MenuBarHost::MenuBarHost;
     ~StripHost() override;
 
+    bool isAvailable() const override { return true; }
+    QString place() const override { return QStringLiteral("a strip"); }
     void setText(const QString &text) override;
     void setShown(bool shown) override;
+    void setColorScheme(ColorScheme scheme) override;
     std::optional<QPoint> anchor() const override;
-    void setColorScheme(ColorScheme scheme);
 
 private:
     void show();
