@@ -47,7 +47,11 @@ private:
 /// A pipe; both ends close with it.
 class Pipe {
 public:
-    Pipe() { Q_ASSERT_X(pipe(m_ends) == 0, "Pipe", "no pipe could be made"); }
+    Pipe()
+    {
+        if (pipe(m_ends) != 0)
+            qFatal("no pipe could be made");
+    }
     ~Pipe()
     {
         closeReader();
