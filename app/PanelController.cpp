@@ -4,7 +4,7 @@
 #include "core/TickerViewModel.h"
 #include "platform/desktop/PressWatch.h"
 #include "platform/desktop/X11.h"
-#include "ui/PanelModule.h"
+#include "ui/panel/PanelModule.h"
 
 #include <QGuiApplication>
 #include <QScreen>

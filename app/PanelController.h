@@ -2,7 +2,7 @@
 
 #include "app/PanelLibrary.h"
 #include "platform/desktop/DesktopLook.h"
-#include "ui/PanelServices.h"
+#include "ui/panel/PanelServices.h"
 
 #include <QElapsedTimer>
 #include <QObject>

@@ -1,6 +1,6 @@
 #include "app/PanelLibrary.h"
 
-#include "ui/PanelModule.h"
+#include "ui/panel/PanelModule.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>

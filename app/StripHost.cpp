@@ -2,7 +2,7 @@
 
 #include "app/Screens.h"
 #include "platform/desktop/X11.h"
-#include "ui/PanelColors.h"
+#include "ui/panel/PanelColors.h"
 
 #include <QFontMetrics>
 #include <QGuiApplication>

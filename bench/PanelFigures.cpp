@@ -5,7 +5,7 @@
 #include "platform/RepeatingTimer.h"
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
-#include "ui/PanelModule.h"
+#include "ui/panel/PanelModule.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>

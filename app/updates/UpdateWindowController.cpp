@@ -2,7 +2,7 @@
 
 #include "app/updates/UpdaterController.h"
 #include "platform/desktop/X11.h"
-#include "ui/PanelModule.h"
+#include "ui/panel/PanelModule.h"
 
 #include <QTimer>
 #include <QWindow>

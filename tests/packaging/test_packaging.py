@@ -218,7 +218,7 @@ class Dependencies(unittest.TestCase):
         return set(ast.literal_eval(value).split(", "))
 
     def test_everyModuleThatThePanelImportsIsNamed(self):
-        files = list((ROOT / "ui" / "qml").glob("**/*.qml"))
+        files = list((ROOT / "ui").glob("**/*.qml"))
         imports = {name for path in files for name in re.findall(r"^import ([\w.]+)", path.read_text(), re.MULTILINE)}
         packages = {"qml6-module-" + name.lower().replace(".", "-") for name in imports - {"Glimmet"}}
 

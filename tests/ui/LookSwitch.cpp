@@ -1,6 +1,6 @@
 #include "tests/ui/LookSwitch.h"
 
-#include "ui/Appearance.h"
+#include "ui/panel/Appearance.h"
 
 #include <QQmlEngine>
 

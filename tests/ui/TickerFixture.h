@@ -3,7 +3,7 @@
 #include "core/TickerViewModel.h"
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
-#include "ui/PanelHost.h"
+#include "ui/panel/PanelHost.h"
 
 #include <QObject>
 

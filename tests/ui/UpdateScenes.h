@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/updates/UpdateState.h"
-#include "ui/UpdateFace.h"
+#include "ui/updates/UpdateFace.h"
 
 #include <QObject>
 

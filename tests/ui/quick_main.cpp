@@ -4,7 +4,7 @@
 #include "tests/ui/LookSwitch.h"
 #include "tests/ui/TickerFixture.h"
 #include "tests/ui/UpdateScenes.h"
-#include "ui/PanelAccessibility.h"
+#include "ui/panel/PanelAccessibility.h"
 
 #include <QAccessible>
 #include <QQuickWindow>

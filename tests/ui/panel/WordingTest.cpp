@@ -1,0 +1,50 @@
+#include "ui/panel/Wording.h"
+#include "tests/support/Printing.h"
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+
+TEST(Wording, versionIsAnnouncedWithAVAndADot)
+{
+    EXPECT_EQ(Wording::version(QStringLiteral("1.2")), QStringLiteral("v1.2 ·"));
+}
+
+TEST(Wording, anUnknownVersionLeavesTheVAndTheDot)
+{
+    EXPECT_EQ(Wording::version(QString()), QStringLiteral("v ·"));
+}
+
+TEST(Wording, defaultsAreCounted)
+{
+    EXPECT_EQ(Wording::usingDefaults(10), QStringLiteral("Using defaults (10)"));
+}
+
+TEST(Wording, pricesAreExplainedWithTheirInterval)
+{
+    EXPECT_EQ(Wording::pricesHelp(10),
+        QStringLiteral("Works for crypto (BTC, ETH) and stocks (AAPL, TSLA). Price refreshes every 10s."));
+}
+
+TEST(Wording, aChartIsCalledAfterItsPrice)
+{
+    EXPECT_EQ(Wording::priceChart(QStringLiteral("BTC")), QStringLiteral("BTC price chart"));
+}
+
+TEST(Wording, removingNamesWhatGoes)
+{
+    EXPECT_EQ(Wording::removing(QStringLiteral("stay curious ✦")), QStringLiteral("Remove stay curious ✦"));
+}
+
+TEST(Wording, aPercentSignInAQuoteStaysAsItIs)
+{
+    EXPECT_EQ(Wording::removing(QStringLiteral("100 %1 yours")), QStringLiteral("Remove 100 %1 yours"));
+}
+
+TEST(Wording, deadlinesToComeAreCounted)
+{
+    EXPECT_EQ(Wording::active(0), QStringLiteral("0 active"));
+    EXPECT_EQ(Wording::active(3), QStringLiteral("3 active"));
+}
+
+} // namespace glimmet

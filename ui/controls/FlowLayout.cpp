@@ -1,0 +1,137 @@
+#include "ui/controls/FlowLayout.h"
+
+#include <QQuickWindow>
+
+#include <optional>
+
+namespace glimmet {
+
+FlowLayout::FlowLayout(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    m_animation.setStartValue(0.0);
+    m_animation.setEndValue(1.0);
+    m_animation.setDuration(0);
+    m_animation.setEasingCurve(QEasingCurve::InOutQuad);
+    connect(&m_animation, &QVariantAnimation::valueChanged, this,
+        [this](const QVariant &progress) { moveItems(progress.toReal()); });
+    watchFrames(window()); // The base class has taken the parent before this one could hear of it.
+}
+
+void FlowLayout::setSpacing(qreal spacing)
+{
+    if (m_engine.spacing == spacing)
+        return;
+    m_engine.spacing = spacing;
+    polish();
+    emit spacingChanged();
+}
+
+void FlowLayout::setDuration(int milliseconds)
+{
+    if (duration() == milliseconds)
+        return;
+    m_animation.setDuration(milliseconds);
+    emit durationChanged();
+}
+
+void FlowLayout::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    if (change == ItemChildAddedChange) {
+        watchChild(*data.item);
+    } else if (change == ItemChildRemovedChange) {
+        m_glides.remove(data.item);
+        data.item->disconnect(this);
+        polish();
+    } else if (change == ItemSceneChange) {
+        watchFrames(data.window);
+    }
+    QQuickItem::itemChange(change, data);
+}
+
+void FlowLayout::watchChild(QQuickItem &child)
+{
+    connect(&child, &QQuickItem::widthChanged, this, &QQuickItem::polish);
+    connect(&child, &QQuickItem::heightChanged, this, &QQuickItem::polish);
+    connect(&child, &QQuickItem::visibleChanged, this, &QQuickItem::polish);
+    polish();
+}
+
+// A child that moves among its siblings tells nobody, but it makes a frame.
+void FlowLayout::watchFrames(QQuickWindow *window)
+{
+    disconnect(m_frames);
+    if (window == nullptr)
+        return;
+    m_frames = connect(window, &QQuickWindow::afterAnimating, this, [this] {
+        if (m_isLaidOut && childItems() != m_order)
+            layOut();
+    });
+    polish();
+}
+
+void FlowLayout::geometryChange(const QRectF &geometry, const QRectF &before)
+{
+    QQuickItem::geometryChange(geometry, before);
+    if (geometry.width() != before.width())
+        polish();
+}
+
+void FlowLayout::updatePolish()
+{
+    layOut();
+    if (m_isLaidOut)
+        return;
+    m_isLaidOut = true;
+    emit isLaidOutChanged();
+}
+
+QList<QQuickItem *> FlowLayout::itemsToPlace() const
+{
+    QList<QQuickItem *> items = childItems();
+    items.removeIf([](const QQuickItem *item) { return !item->isVisible() || item->size().isEmpty(); });
+    return items;
+}
+
+void FlowLayout::layOut()
+{
+    const std::optional<qreal> proposedWidth = widthValid() ? std::optional(width()) : std::nullopt;
+    const QList<QQuickItem *> items = itemsToPlace();
+    QList<QSizeF> sizes;
+    for (const QQuickItem *item : items)
+        sizes.append(item->size());
+    m_order = childItems();
+    place(items, m_engine.placeSubviews(QRectF(), proposedWidth, sizes));
+    m_laidOutWidth = width();
+    setImplicitHeight(m_engine.sizeThatFits(proposedWidth, sizes).height());
+}
+
+bool FlowLayout::glides(QQuickItem *item) const
+{
+    return m_isLaidOut && duration() > 0 && m_laidOutWidth == width() && m_glides.contains(item);
+}
+
+void FlowLayout::place(const QList<QQuickItem *> &items, const QList<QPointF> &places)
+{
+    QHash<QQuickItem *, Glide> next;
+    bool isMoving = false;
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        QQuickItem *item = items.at(i);
+        if (!glides(item))
+            item->setPosition(places.at(i));
+        isMoving = isMoving || item->position() != places.at(i);
+        next.insert(item, { item->position(), places.at(i) });
+    }
+    m_glides = next;
+    m_animation.stop();
+    if (isMoving)
+        m_animation.start();
+}
+
+void FlowLayout::moveItems(qreal progress)
+{
+    for (auto [item, glide] : m_glides.asKeyValueRange())
+        item->setPosition(glide.from + progress * (glide.to - glide.from));
+}
+
+} // namespace glimmet

@@ -1,0 +1,36 @@
+#include "ui/editors/ModeFaces.h"
+
+#include "ui/editors/CaseNumbers.h"
+
+namespace glimmet {
+
+QList<int> ModeFaces::all()
+{
+    return caseNumbers<TickerMode>();
+}
+
+QString ModeFaces::label(int mode)
+{
+    return rawValue(static_cast<TickerMode>(mode));
+}
+
+QString ModeFaces::symbol(int mode)
+{
+    switch (static_cast<TickerMode>(mode)) {
+    case TickerMode::Clock:
+        return QStringLiteral("clock");
+    case TickerMode::Quote:
+        return QStringLiteral("text.bubble");
+    case TickerMode::Custom:
+        return QStringLiteral("pencil");
+    case TickerMode::Revenue:
+        return QStringLiteral("dollarsign.circle");
+    case TickerMode::Crypto:
+        return QStringLiteral("chart.line.uptrend.xyaxis");
+    case TickerMode::Deadline:
+        return QStringLiteral("timer");
+    }
+    return {};
+}
+
+} // namespace glimmet

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/desktop/DesktopLook.h"
+#include "ui/panel/PanelColors.h"
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace glimmet {
+
+/// The look that the desktop asks of the panel, read by the theme. Each engine has its own, as a child: the
+/// one that was given to it, else a light one.
+class Appearance : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QColor background READ background NOTIFY changed)
+    Q_PROPERTY(QColor ink READ ink NOTIFY changed)
+    Q_PROPERTY(QColor accent READ accent NOTIFY changed)
+    Q_PROPERTY(QColor knob READ knob CONSTANT)
+    Q_PROPERTY(bool animates READ animates NOTIFY changed)
+    Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT)
+
+public:
+    explicit Appearance(QQmlEngine *engine);
+    /// How QML finds the engine's own.
+    static Appearance *create(QQmlEngine *engine, QJSEngine *);
+
+    void setLook(const DesktopLook &look);
+
+    QColor background() const { return m_colors.background; }
+    QColor ink() const { return m_colors.ink; }
+    QColor accent() const { return m_colors.accent; }
+    /// The moving part of a switch, the same light one day and night.
+    QColor knob() const { return panelColors(ColorScheme::Light).background; }
+    /// False where the desktop's user wants nothing to move for show.
+    bool animates() const { return !m_look.reducesMotion; }
+    /// The desktop's own font for codes and keys.
+    QString monospacedFamily() const;
+
+signals:
+    void changed();
+
+private:
+    DesktopLook m_look;
+    PanelColors m_colors = panelColors(m_look.scheme);
+};
+
+} // namespace glimmet

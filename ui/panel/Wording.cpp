@@ -1,0 +1,69 @@
+#include "ui/panel/Wording.h"
+
+#include "core/HostText.h"
+#include "ui/controls/SingleLine.h"
+
+namespace glimmet {
+
+QString Wording::oneLine(const QString &text)
+{
+    constexpr int lengthSeen = 1000;
+    return hostText(text.left(lengthSeen));
+}
+
+QString Wording::fieldText(const QString &text)
+{
+    return singleLine(text);
+}
+
+QString Wording::version(const QString &appVersion)
+{
+    return u'v' + appVersion + QStringLiteral(" ·");
+}
+
+QString Wording::usingDefaults(qsizetype count)
+{
+    return QStringLiteral("Using defaults (%1)").arg(count);
+}
+
+QString Wording::pricesHelp(int interval)
+{
+    return QStringLiteral("Works for crypto (BTC, ETH) and stocks (AAPL, TSLA). Price refreshes every %1s.")
+        .arg(interval);
+}
+
+QString Wording::priceChart(const QString &shortName)
+{
+    return shortName + QStringLiteral(" price chart");
+}
+
+QString Wording::removing(const QString &item)
+{
+    return QStringLiteral("Remove ") + item;
+}
+
+QString Wording::active(int count)
+{
+    return QString::number(count) + QStringLiteral(" active");
+}
+
+QString Wording::dueDateField(DateTimeField field)
+{
+    switch (field) {
+    case DateTimeField::Year:
+        return QStringLiteral("Due date, year");
+    case DateTimeField::Month:
+        return QStringLiteral("Due date, month");
+    case DateTimeField::Day:
+        return QStringLiteral("Due date, day");
+    case DateTimeField::Hour:
+        return QStringLiteral("Due date, hour");
+    case DateTimeField::Minute:
+        return QStringLiteral("Due date, minute");
+    case DateTimeField::DayPeriod:
+        return QStringLiteral("Due date, AM or PM");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace glimmet

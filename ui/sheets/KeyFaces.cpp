@@ -1,0 +1,63 @@
+#include "ui/sheets/KeyFaces.h"
+
+#include "revenue/RevenuePlatforms.h"
+#include "ui/editors/CaseNumbers.h"
+
+namespace glimmet {
+
+namespace {
+
+const CredentialField &field(int key)
+{
+    return credentialField(static_cast<KeychainKey>(key));
+}
+
+} // namespace
+
+QList<int> KeyFaces::sections()
+{
+    return caseNumbers<RevenueProvider>();
+}
+
+QString KeyFaces::title(int provider)
+{
+    return revenuePlatform(static_cast<RevenueProvider>(provider)).title;
+}
+
+QVariantList KeyFaces::fields(int provider)
+{
+    QVariantList keys;
+    for (const CredentialField &credential :
+        revenuePlatform(static_cast<RevenueProvider>(provider)).credentials) {
+        if (!credential.caption.isEmpty())
+            keys.append(static_cast<int>(credential.key));
+    }
+    return keys;
+}
+
+QString KeyFaces::caption(int key)
+{
+    return field(key).caption;
+}
+
+QString KeyFaces::name(int key)
+{
+    return platformOf(static_cast<KeychainKey>(key)).title + u' ' + field(key).caption;
+}
+
+QString KeyFaces::placeholder(int key)
+{
+    return field(key).placeholder;
+}
+
+QString KeyFaces::hint(int key)
+{
+    return field(key).hint;
+}
+
+QString KeyFaces::status(bool isSaved)
+{
+    return isSaved ? QStringLiteral("Key saved in Keychain") : QStringLiteral("No key saved");
+}
+
+} // namespace glimmet
