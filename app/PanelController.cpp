@@ -1,5 +1,6 @@
 #include "app/PanelController.h"
 
+#include "app/PanelPlacement.h"
 #include "app/Screens.h"
 #include "core/TickerViewModel.h"
 #include "platform/desktop/PressWatch.h"

@@ -6,17 +6,9 @@
 namespace glimmet {
 namespace {
 
-constexpr int gap = 4; // between the panel and what is around it
-constexpr int highestBar = 64;
-
 int scaled(int distance, double factor)
 {
     return static_cast<int>(std::lround(distance * factor));
-}
-
-int clamped(int value, int low, int high)
-{
-    return std::max(low, std::min(value, high));
 }
 
 } // namespace
@@ -57,24 +49,6 @@ bool hasScreenAbove(const ScreenSpace &screen, const QList<ScreenSpace> &screens
         const QRect native = other.nativeGeometry();
         return native.bottom() < own.top() && native.left() <= own.right() && native.right() >= own.left();
     });
-}
-
-QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen)
-{
-    QRect space = screen.available;
-    const bool isTopItem = anchor.y() < screen.geometry.center().y();
-    // With several screens nobody tells how much of each its bars take; an item near the edge tells of its
-    // own bar.
-    if (isTopItem && anchor.y() - screen.geometry.top() <= highestBar)
-        space.setTop(std::max(space.top(), anchor.y()));
-    const QSize fitting = size.boundedTo(space.size() - QSize(2 * gap, 2 * gap));
-    const int rightmost = space.left() + space.width() - gap - fitting.width();
-    const int lowest = space.top() + space.height() - gap - fitting.height();
-    const int under = std::max(space.top(), anchor.y()) + gap;
-    const int above = std::min(space.top() + space.height(), anchor.y()) - gap - fitting.height();
-    return { QPoint(clamped(anchor.x() - fitting.width() / 2, space.left() + gap, rightmost),
-                 clamped(isTopItem ? under : above, space.top() + gap, lowest)),
-        fitting };
 }
 
 } // namespace glimmet

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "revenue/AnswerChecks.h"
 #include "revenue/RevenueFetcher.h"
 #include "revenue/RevenueFormat.h"
-#include "revenue/ServiceAnswer.h"
 #include "revenue/ServiceWorld.h"
 
 #include <QObject>

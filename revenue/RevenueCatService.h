@@ -1,7 +1,7 @@
 #pragma once
 
+#include "revenue/AnswerChecks.h"
 #include "revenue/RevenueFetcher.h"
-#include "revenue/ServiceAnswer.h"
 #include "revenue/ServiceWorld.h"
 
 #include <QMap>

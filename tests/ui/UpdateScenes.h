@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/updates/UpdateState.h"
-#include "ui/updates/UpdateFace.h"
+#include "ui/updates/UpdateWindowModel.h"
 
 #include <QObject>
 
@@ -10,10 +10,10 @@ namespace glimmet {
 /// Puts the window of software updates into every state, for QML tests.
 class UpdateScenes : public QObject {
     Q_OBJECT
-    Q_PROPERTY(glimmet::UpdateFace *face READ face CONSTANT)
+    Q_PROPERTY(glimmet::UpdateWindowModel *model READ model CONSTANT)
 
 public:
-    UpdateFace *face() { return &m_face; }
+    UpdateWindowModel *model() { return &m_model; }
 
     Q_INVOKABLE void showChecking();
     Q_INVOKABLE void showUpToDate();
@@ -25,7 +25,7 @@ public:
     Q_INVOKABLE void showNotPackaged();
 
 private:
-    UpdateFace m_face;
+    UpdateWindowModel m_model;
 };
 
 } // namespace glimmet

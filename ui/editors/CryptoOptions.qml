@@ -92,12 +92,12 @@ Column {
         title: "REFRESH EVERY"
 
         Repeater {
-            model: PriceFaces.intervals
+            model: PriceLabels.intervals
 
             UnifiedChip {
                 required property int modelData
 
-                label: PriceFaces.intervalLabel(modelData)
+                label: PriceLabels.intervalLabel(modelData)
                 symbol: "arrow.clockwise"
                 selected: price.interval === modelData
                 onTapped: root.ticker.cryptoRotateInterval = modelData

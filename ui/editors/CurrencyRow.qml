@@ -18,7 +18,7 @@ ChipRow {
         color: Theme.softText
     }
     Repeater {
-        model: RevenueFaces.currencies
+        model: RevenueLabels.currencies
 
         UnifiedChip {
             required property string modelData

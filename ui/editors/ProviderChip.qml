@@ -6,8 +6,8 @@ Chip {
 
     horizontalPadding: 9
     verticalPadding: 7
-    label: RevenueFaces.providerLabel(provider)
-    symbol: RevenueFaces.providerSymbol(provider)
+    label: RevenueLabels.providerLabel(provider)
+    symbol: RevenueLabels.providerSymbol(provider)
     symbolSize: Theme.smallSize
     font.pixelSize: Theme.buttonSize
 }

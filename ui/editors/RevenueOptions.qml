@@ -26,7 +26,7 @@ Column {
             spacing: Theme.rowSpacing
 
             Repeater {
-                model: RevenueFaces.providers
+                model: RevenueLabels.providers
 
                 ProviderChip {
                     required property int modelData
@@ -57,31 +57,31 @@ Column {
         title: "METRIC"
 
         Repeater {
-            model: RevenueFaces.metrics
+            model: RevenueLabels.metrics
 
             UnifiedChip {
                 required property int modelData
 
-                label: RevenueFaces.metricLabel(modelData)
-                symbol: RevenueFaces.metricSymbol(modelData)
+                label: RevenueLabels.metricLabel(modelData)
+                symbol: RevenueLabels.metricSymbol(modelData)
                 selected: root.metric === modelData
-                Accessible.name: RevenueFaces.metricName(modelData)
+                Accessible.name: RevenueLabels.metricName(modelData)
                 onTapped: root.ticker.revenueMetric = modelData
             }
         }
     }
     ChipRow {
         title: "WINDOW"
-        note: RevenueFaces.periodNote(root.provider)
+        note: RevenueLabels.periodNote(root.provider)
 
         Repeater {
-            model: RevenueFaces.periods
+            model: RevenueLabels.periods
 
             UnifiedChip {
                 required property int modelData
 
-                label: RevenueFaces.periodLabel(modelData)
-                symbol: RevenueFaces.periodSymbol(modelData)
+                label: RevenueLabels.periodLabel(modelData)
+                symbol: RevenueLabels.periodSymbol(modelData)
                 selected: root.period === modelData
                 onTapped: root.ticker.chooseRevenueMode(modelData)
             }

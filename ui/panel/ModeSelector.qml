@@ -25,14 +25,14 @@ Column {
         spacing: Theme.rowSpacing
 
         Repeater {
-            model: ModeFaces.all
+            model: ModeLabels.all
 
             ModeCard {
                 required property int modelData
 
                 width: (grid.width - grid.spacing) / 2
-                label: ModeFaces.label(modelData)
-                symbol: ModeFaces.symbol(modelData)
+                label: ModeLabels.label(modelData)
+                symbol: ModeLabels.symbol(modelData)
                 selected: root.mode === modelData
                 onTapped: root.ticker.chooseMode(modelData)
             }

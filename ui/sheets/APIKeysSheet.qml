@@ -12,16 +12,16 @@ Sheet {
     title: "API Keys"
 
     Repeater {
-        model: KeyFaces.sections
+        model: CredentialLabels.sections
 
         KeySection {
             id: section
 
             required property int modelData
-            readonly property var keys: KeyFaces.fields(modelData)
+            readonly property var keys: CredentialLabels.fields(modelData)
 
             width: root.width - 2 * Theme.sheetMargin
-            title: KeyFaces.title(modelData)
+            title: CredentialLabels.title(modelData)
             selected: root.ticker.revenueProvider === modelData
             value: mainKey.text
 
@@ -39,10 +39,10 @@ Sheet {
                     required property int modelData
 
                     width: section.contentWidth
-                    caption: KeyFaces.caption(modelData)
-                    placeholder: KeyFaces.placeholder(modelData)
-                    hint: KeyFaces.hint(modelData)
-                    name: KeyFaces.name(modelData)
+                    caption: CredentialLabels.caption(modelData)
+                    placeholder: CredentialLabels.placeholder(modelData)
+                    hint: CredentialLabels.hint(modelData)
+                    name: CredentialLabels.name(modelData)
                     value: credential.text
                     onEdited: text => credential.text = text
 

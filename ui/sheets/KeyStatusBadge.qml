@@ -19,7 +19,7 @@ Row {
         color: root.isSaved ? Theme.accent : Theme.faintText
     }
     InkText {
-        text: KeyFaces.status(root.isSaved)
+        text: CredentialLabels.status(root.isSaved)
         color: root.isSaved ? Theme.savedText : Theme.faintText
         font.pixelSize: Theme.smallSize
     }

@@ -15,7 +15,7 @@ UpdateWindow::UpdateWindow(const UpdateState &state, const UpdateAnswers &answer
     setLook(look);
     connectAnswers(answers);
     setState(state);
-    m_view.setInitialProperties({ { QStringLiteral("face"), QVariant::fromValue(&m_face) } });
+    m_view.setInitialProperties({ { QStringLiteral("updater"), QVariant::fromValue(&m_model) } });
     m_view.setResizeMode(QQuickView::SizeRootObjectToView);
     m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/UpdateWindow.qml")));
     QObject::connect(m_view.rootObject(), &QQuickItem::implicitHeightChanged, &m_view, [this] { fit(); });
@@ -24,12 +24,12 @@ UpdateWindow::UpdateWindow(const UpdateState &state, const UpdateAnswers &answer
 
 void UpdateWindow::connectAnswers(const UpdateAnswers &answers)
 {
-    QObject::connect(&m_face, &UpdateFace::installChosen, answers.install);
-    QObject::connect(&m_face, &UpdateFace::restartChosen, answers.restart);
-    QObject::connect(&m_face, &UpdateFace::cancelChosen, answers.cancel);
+    QObject::connect(&m_model, &UpdateWindowModel::installChosen, answers.install);
+    QObject::connect(&m_model, &UpdateWindowModel::restartChosen, answers.restart);
+    QObject::connect(&m_model, &UpdateWindowModel::cancelChosen, answers.cancel);
     // Queued, since the owner may destroy a window that has closed, and QML is still running here.
     QObject::connect(
-        &m_face, &UpdateFace::closeChosen, &m_view, [this] { m_view.close(); }, Qt::QueuedConnection);
+        &m_model, &UpdateWindowModel::closeChosen, &m_view, [this] { m_view.close(); }, Qt::QueuedConnection);
 }
 
 void UpdateWindow::setLook(const DesktopLook &look)

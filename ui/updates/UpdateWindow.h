@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/panel/PanelModule.h"
-#include "ui/updates/UpdateFace.h"
+#include "ui/updates/UpdateWindowModel.h"
 
 #include <QQuickView>
 
@@ -17,13 +17,13 @@ public:
 
     QWindow &window() override { return m_view; }
     void setLook(const DesktopLook &look) override;
-    void setState(const UpdateState &state) override { m_face.setState(state); }
+    void setState(const UpdateState &state) override { m_model.setState(state); }
 
 private:
     void connectAnswers(const UpdateAnswers &answers);
     void fit();
 
-    UpdateFace m_face;
+    UpdateWindowModel m_model;
     QQuickView m_view;
     Appearance &m_appearance; ///< the engine's
 };

@@ -5,7 +5,7 @@ import Glimmet
 FocusScope {
     id: root
 
-    required property UpdateFace face
+    required property UpdateWindowModel updater
 
     property bool showsDetails: false
 
@@ -14,9 +14,9 @@ FocusScope {
     focus: true
 
     // What a button does not take for itself.
-    Keys.onReturnPressed: face.chooseDefault()
-    Keys.onEnterPressed: face.chooseDefault()
-    Keys.onEscapePressed: face.escape()
+    Keys.onReturnPressed: updater.chooseDefault()
+    Keys.onEnterPressed: updater.chooseDefault()
+    Keys.onEscapePressed: updater.escape()
 
     // The Return that asked for the check may still be held when it has found something.
     HeldKeyFilter {
@@ -40,14 +40,14 @@ FocusScope {
 
         x: Theme.pageMargin
         y: Theme.pageMargin
-        name: root.face.symbol
+        name: root.updater.symbol
         size: 34
         color: Theme.accent
         // An animation that ends leaves its value behind.
-        turn: root.face.isTurning ? phase : 0
+        turn: root.updater.isTurning ? phase : 0
 
         NumberAnimation on phase {
-            running: root.face.isTurning && Theme.animates
+            running: root.updater.isTurning && Theme.animates
             loops: Animation.Infinite
             from: 0
             to: 360
@@ -70,7 +70,7 @@ FocusScope {
             InkText {
                 id: heading
                 width: parent.width
-                text: root.face.heading
+                text: root.updater.heading
                 font.pixelSize: 15
                 font.weight: Theme.semibold
                 wrapMode: Text.Wrap
@@ -78,7 +78,7 @@ FocusScope {
             }
             InkText {
                 width: parent.width
-                text: root.face.message
+                text: root.updater.message
                 font.pixelSize: Theme.fieldSize
                 color: Theme.choiceInk
                 wrapMode: Text.Wrap
@@ -87,14 +87,14 @@ FocusScope {
         ScrolledText {
             width: parent.width
             title: "What is new"
-            text: root.face.changes
+            text: root.updater.changes
             visible: text.length > 0
         }
         ProgressBar {
             width: parent.width
-            value: root.face.progress
-            label: root.face.heading
-            visible: root.face.isWaiting
+            value: root.updater.progress
+            label: root.updater.heading
+            visible: root.updater.isWaiting
         }
         PlainButton {
             id: unfold
@@ -104,14 +104,14 @@ FocusScope {
             bottomPadding: 4
             text: root.showsDetails ? "Hide details" : "Show details"
             ink: Theme.choiceInk
-            visible: root.face.details.length > 0
+            visible: root.updater.details.length > 0
             Accessible.ignored: !visible
             onClicked: root.showsDetails = !root.showsDetails
         }
         ScrolledText {
             width: parent.width
             title: "Details"
-            text: root.face.details
+            text: root.updater.details
             visible: unfold.visible && root.showsDetails
         }
         Row {
@@ -120,15 +120,15 @@ FocusScope {
             spacing: 8
 
             AnswerButton {
-                text: root.face.otherButton
-                enabled: root.face.isOtherEnabled
-                onClicked: root.face.chooseOther()
+                text: root.updater.otherButton
+                enabled: root.updater.isOtherEnabled
+                onClicked: root.updater.chooseOther()
             }
             AnswerButton {
-                text: root.face.defaultButton
+                text: root.updater.defaultButton
                 ink: Theme.background
                 fill: Theme.accent
-                onClicked: root.face.chooseDefault()
+                onClicked: root.updater.chooseDefault()
             }
         }
     }

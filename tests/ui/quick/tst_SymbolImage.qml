@@ -46,8 +46,8 @@ PanelTestCase {
     function test_theCardsSymbolsAreOpticallyEven() {
         image.color = "black";
         const inks = [];
-        for (const mode of ModeFaces.all) {
-            image.name = ModeFaces.symbol(mode);
+        for (const mode of ModeLabels.all) {
+            image.name = ModeLabels.symbol(mode);
             inks.push(coverage());
         }
 

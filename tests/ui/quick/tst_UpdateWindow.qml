@@ -33,12 +33,12 @@ PanelTestCase {
         // Outlives the page, as the program's does.
         scenes = scenesOfUpdates.createObject(testCase) as UpdateScenes;
         scenes.showChecking();
-        page = make(pages, {face: scenes.face});
+        page = make(pages, {updater: scenes.model});
         page.forceActiveFocus();
     }
 
     function expect(answer: string) {
-        answers.target = scenes.face;
+        answers.target = scenes.model;
         answers.signalName = answer;
         answers.clear();
     }

@@ -1,4 +1,4 @@
-#include "ui/sheets/KeyFaces.h"
+#include "ui/sheets/CredentialLabels.h"
 
 #include "revenue/RevenuePlatforms.h"
 #include "ui/editors/CaseNumbers.h"
@@ -14,17 +14,17 @@ const CredentialField &field(int key)
 
 } // namespace
 
-QList<int> KeyFaces::sections()
+QList<int> CredentialLabels::sections()
 {
     return caseNumbers<RevenueProvider>();
 }
 
-QString KeyFaces::title(int provider)
+QString CredentialLabels::title(int provider)
 {
     return revenuePlatform(static_cast<RevenueProvider>(provider)).title;
 }
 
-QVariantList KeyFaces::fields(int provider)
+QVariantList CredentialLabels::fields(int provider)
 {
     QVariantList keys;
     for (const CredentialField &credential :
@@ -35,27 +35,27 @@ QVariantList KeyFaces::fields(int provider)
     return keys;
 }
 
-QString KeyFaces::caption(int key)
+QString CredentialLabels::caption(int key)
 {
     return field(key).caption;
 }
 
-QString KeyFaces::name(int key)
+QString CredentialLabels::name(int key)
 {
     return platformOf(static_cast<KeychainKey>(key)).title + u' ' + field(key).caption;
 }
 
-QString KeyFaces::placeholder(int key)
+QString CredentialLabels::placeholder(int key)
 {
     return field(key).placeholder;
 }
 
-QString KeyFaces::hint(int key)
+QString CredentialLabels::hint(int key)
 {
     return field(key).hint;
 }
 
-QString KeyFaces::status(bool isSaved)
+QString CredentialLabels::status(bool isSaved)
 {
     return isSaved ? QStringLiteral("Key saved in Keychain") : QStringLiteral("No key saved");
 }

@@ -1,4 +1,4 @@
-#include "ui/sheets/KeyFaces.h"
+#include "ui/sheets/CredentialLabels.h"
 #include "revenue/RevenueChoices.h"
 #include "tests/support/Printing.h"
 
@@ -11,8 +11,8 @@ namespace {
 QList<int> allFields()
 {
     QList<int> keys;
-    for (const int section : KeyFaces::sections()) {
-        for (const QVariant &key : KeyFaces::fields(section))
+    for (const int section : CredentialLabels::sections()) {
+        for (const QVariant &key : CredentialLabels::fields(section))
             keys.append(key.toInt());
     }
     return keys;
@@ -34,21 +34,21 @@ int field(KeychainKey key)
 
 } // namespace
 
-TEST(KeyFaces, aSectionStandsForEachPlatformInTheirOrder)
+TEST(CredentialLabels, aSectionStandsForEachPlatformInTheirOrder)
 {
     QStringList titles;
-    for (const int section : KeyFaces::sections())
-        titles.append(KeyFaces::title(section));
+    for (const int section : CredentialLabels::sections())
+        titles.append(CredentialLabels::title(section));
 
     EXPECT_THAT(
         titles, testing::ElementsAre(u"POLAR", u"REVENUECAT", u"DODO PAYMENTS", u"STRIPE", u"LEMON SQUEEZY"));
 }
 
-TEST(KeyFaces, aSectionHoldsTheCredentialsOfItsPlatform)
+TEST(CredentialLabels, aSectionHoldsTheCredentialsOfItsPlatform)
 {
     QList<QVariantList> fields;
-    for (const int section : KeyFaces::sections())
-        fields.append(KeyFaces::fields(section));
+    for (const int section : CredentialLabels::sections())
+        fields.append(CredentialLabels::fields(section));
 
     EXPECT_EQ(fields,
         (QList<QVariantList>{ { field(KeychainKey::PolarAPIKey) },
@@ -57,39 +57,39 @@ TEST(KeyFaces, aSectionHoldsTheCredentialsOfItsPlatform)
             { field(KeychainKey::LemonSqueezyAPIKey) } }));
 }
 
-TEST(KeyFaces, eachFieldHasItsCaption)
+TEST(CredentialLabels, eachFieldHasItsCaption)
 {
-    EXPECT_THAT(texts(KeyFaces::caption),
+    EXPECT_THAT(texts(CredentialLabels::caption),
         testing::ElementsAre(u"PERSONAL ACCESS TOKEN", u"SECRET API KEY", u"PROJECT ID", u"API KEY",
             u"RESTRICTED KEY", u"API KEY"));
 }
 
-TEST(KeyFaces, noTwoFieldsAreToldByOneName)
+TEST(CredentialLabels, noTwoFieldsAreToldByOneName)
 {
-    EXPECT_THAT(texts(KeyFaces::name),
+    EXPECT_THAT(texts(CredentialLabels::name),
         testing::ElementsAre(u"POLAR PERSONAL ACCESS TOKEN", u"REVENUECAT SECRET API KEY",
             u"REVENUECAT PROJECT ID", u"DODO PAYMENTS API KEY", u"STRIPE RESTRICTED KEY",
             u"LEMON SQUEEZY API KEY"));
 }
 
-TEST(KeyFaces, eachFieldHasItsPlaceholder)
+TEST(CredentialLabels, eachFieldHasItsPlaceholder)
 {
-    EXPECT_THAT(texts(KeyFaces::placeholder),
+    EXPECT_THAT(texts(CredentialLabels::placeholder),
         testing::ElementsAre(u"pat_…", u"sk_…", u"proj_…", u"dk_live_…", u"rk_live_…", u"eyJhb…"));
 }
 
-TEST(KeyFaces, eachFieldSaysWhereItsCredentialIsFound)
+TEST(CredentialLabels, eachFieldSaysWhereItsCredentialIsFound)
 {
-    EXPECT_THAT(texts(KeyFaces::hint),
+    EXPECT_THAT(texts(CredentialLabels::hint),
         testing::ElementsAre(u"Polar → Settings → API", u"Dashboard → Project → API Keys",
             u"Dashboard → Project Settings", u"Dodo Payments → Settings → API Keys",
             u"Dashboard → Developers → API keys", u"Lemon Squeezy → Settings → API"));
 }
 
-TEST(KeyFaces, theBadgeSaysWhetherThereIsAKey)
+TEST(CredentialLabels, theBadgeSaysWhetherThereIsAKey)
 {
-    EXPECT_EQ(KeyFaces::status(true), QStringLiteral("Key saved in Keychain"));
-    EXPECT_EQ(KeyFaces::status(false), QStringLiteral("No key saved"));
+    EXPECT_EQ(CredentialLabels::status(true), QStringLiteral("Key saved in Keychain"));
+    EXPECT_EQ(CredentialLabels::status(false), QStringLiteral("No key saved"));
 }
 
 } // namespace glimmet

@@ -11,7 +11,7 @@ namespace glimmet {
 /// How the credentials look where they are entered: a section for each revenue platform, in it a field for
 /// each of the platform's credentials. QML takes platforms (RevenueProvider) and credentials (KeychainKey) as
 /// numbers.
-class KeyFaces : public QObject {
+class CredentialLabels : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

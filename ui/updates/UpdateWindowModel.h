@@ -22,10 +22,10 @@ struct UpdateWords {
 UpdateWords updateWords(const UpdateState &state);
 
 /// The state of the updater as its window shows it, and what the user answers.
-class UpdateFace : public QObject {
+class UpdateWindowModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("The window is handed its face.")
+    QML_UNCREATABLE("The window is handed its model.")
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
     Q_PROPERTY(QString heading READ heading NOTIFY changed)
     Q_PROPERTY(QString message READ message NOTIFY changed)
@@ -44,7 +44,7 @@ class UpdateFace : public QObject {
     Q_PROPERTY(bool isOtherEnabled READ isOtherEnabled NOTIFY changed)
 
 public:
-    explicit UpdateFace(QObject *parent = nullptr);
+    explicit UpdateWindowModel(QObject *parent = nullptr);
 
     void setState(const UpdateState &state);
 

@@ -1,20 +1,20 @@
-#include "ui/editors/ModeFaces.h"
+#include "ui/editors/ModeLabels.h"
 
 #include "ui/editors/CaseNumbers.h"
 
 namespace glimmet {
 
-QList<int> ModeFaces::all()
+QList<int> ModeLabels::all()
 {
     return caseNumbers<TickerMode>();
 }
 
-QString ModeFaces::label(int mode)
+QString ModeLabels::label(int mode)
 {
     return rawValue(static_cast<TickerMode>(mode));
 }
 
-QString ModeFaces::symbol(int mode)
+QString ModeLabels::symbol(int mode)
 {
     switch (static_cast<TickerMode>(mode)) {
     case TickerMode::Clock:

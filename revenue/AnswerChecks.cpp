@@ -1,7 +1,7 @@
-#include "revenue/ServiceAnswer.h"
+#include "revenue/AnswerChecks.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/TextHead.h"
+#include "platform/FirstCharacters.h"
 
 namespace glimmet {
 namespace {
@@ -44,7 +44,7 @@ void mask(const QString &key, QByteArray &text)
 
 void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
 {
-    if (const auto head = textHead(masked(body, apiKey), rules.headLength))
+    if (const auto head = firstCharacters(masked(body, apiKey), rules.headLength))
         log.text(rules.service + u' ' + rules.body + u':', *head);
 }
 

@@ -1,4 +1,4 @@
-#include "ui/updates/UpdateFace.h"
+#include "ui/updates/UpdateWindowModel.h"
 #include "tests/support/Printing.h"
 
 #include <QFile>
@@ -70,29 +70,29 @@ TEST(UpdateWords, haveASymbolThatExistsForEveryState)
     }
 }
 
-TEST(UpdateFace, showsTheChangesOnlyOfAnUpdateThatIsOffered)
+TEST(UpdateWindowModel, showsTheChangesOnlyOfAnUpdateThatIsOffered)
 {
-    UpdateFace face;
+    UpdateWindowModel model;
     UpdateState found = state(UpdatePhase::Found);
     found.changes = u"Faster"_s;
-    face.setState(found);
-    EXPECT_EQ(face.changes(), u"Faster"_s);
+    model.setState(found);
+    EXPECT_EQ(model.changes(), u"Faster"_s);
 
     found.phase = UpdatePhase::Installing;
-    face.setState(found);
-    EXPECT_EQ(face.changes(), QString());
+    model.setState(found);
+    EXPECT_EQ(model.changes(), QString());
 }
 
-TEST(UpdateFace, tellsTheProgressAsAPart)
+TEST(UpdateWindowModel, tellsTheProgressAsAPart)
 {
-    UpdateFace face;
+    UpdateWindowModel model;
     UpdateState installing = state(UpdatePhase::Installing);
-    face.setState(installing);
-    EXPECT_EQ(face.progress(), -1);
+    model.setState(installing);
+    EXPECT_EQ(model.progress(), -1);
 
     installing.percentage = 40;
-    face.setState(installing);
-    EXPECT_EQ(face.progress(), 0.4);
+    model.setState(installing);
+    EXPECT_EQ(model.progress(), 0.4);
 }
 
 } // namespace

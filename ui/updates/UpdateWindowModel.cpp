@@ -1,4 +1,4 @@
-#include "ui/updates/UpdateFace.h"
+#include "ui/updates/UpdateWindowModel.h"
 
 namespace glimmet {
 namespace {
@@ -89,39 +89,39 @@ UpdateWords updateWords(const UpdateState &state)
     return {};
 }
 
-UpdateFace::UpdateFace(QObject *parent)
+UpdateWindowModel::UpdateWindowModel(QObject *parent)
     : QObject(parent)
 {
 }
 
-void UpdateFace::setState(const UpdateState &state)
+void UpdateWindowModel::setState(const UpdateState &state)
 {
     m_state = state;
     m_words = updateWords(state);
     emit changed();
 }
 
-QString UpdateFace::changes() const
+QString UpdateWindowModel::changes() const
 {
     return m_state.phase == UpdatePhase::Found ? m_state.changes : QString();
 }
 
-bool UpdateFace::isWaiting() const
+bool UpdateWindowModel::isWaiting() const
 {
     return m_state.phase == UpdatePhase::Checking || m_state.phase == UpdatePhase::Installing;
 }
 
-qreal UpdateFace::progress() const
+qreal UpdateWindowModel::progress() const
 {
     return m_state.percentage ? *m_state.percentage / 100.0 : -1;
 }
 
-bool UpdateFace::isOtherEnabled() const
+bool UpdateWindowModel::isOtherEnabled() const
 {
     return m_state.phase != UpdatePhase::Installing || m_state.isCancellable;
 }
 
-void UpdateFace::chooseDefault()
+void UpdateWindowModel::chooseDefault()
 {
     if (m_state.phase == UpdatePhase::Found)
         emit installChosen();
@@ -131,7 +131,7 @@ void UpdateFace::chooseDefault()
         emit closeChosen();
 }
 
-void UpdateFace::chooseOther()
+void UpdateWindowModel::chooseOther()
 {
     if (isWaiting())
         emit cancelChosen();
@@ -139,7 +139,7 @@ void UpdateFace::chooseOther()
         emit closeChosen();
 }
 
-void UpdateFace::escape()
+void UpdateWindowModel::escape()
 {
     if (isWaiting() && isOtherEnabled())
         emit cancelChosen();

@@ -8,7 +8,7 @@
 namespace glimmet {
 
 /// How the revenue choices look in the panel. QML takes enumerators as numbers.
-class RevenueFaces : public QObject {
+class RevenueLabels : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

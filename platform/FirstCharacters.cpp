@@ -1,4 +1,4 @@
-#include "platform/TextHead.h"
+#include "platform/FirstCharacters.h"
 
 #include <QTextBoundaryFinder>
 
@@ -35,7 +35,7 @@ std::optional<qsizetype> endOf(int count, const QString &text)
 
 } // namespace
 
-std::optional<QString> textHead(QByteArrayView bytes, int count)
+std::optional<QString> firstCharacters(QByteArrayView bytes, int count)
 {
     if (!simdjson::validate_utf8(bytes.data(), static_cast<size_t>(bytes.size())))
         return std::nullopt;

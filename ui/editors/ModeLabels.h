@@ -10,7 +10,7 @@
 namespace glimmet {
 
 /// How each display mode looks in the panel.
-class ModeFaces : public QObject {
+class ModeLabels : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

@@ -1,4 +1,4 @@
-#include "revenue/ServiceAnswer.h"
+#include "revenue/AnswerChecks.h"
 
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Printing.h"
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 const ApiKey key(u"sk_live_51Hq0aaEXAMPLE"_s);
 
 /// What becomes of one answer.
-class ServiceAnswer : public testing::Test {
+class AnswerChecks : public testing::Test {
 protected:
     /// The error text, or "body: " and the body.
     QString checked(const HttpResult &result)
@@ -36,13 +36,13 @@ protected:
     ApiKey apiKey = key;
 };
 
-TEST_F(ServiceAnswer, isItsBodyWhereAllIsWell)
+TEST_F(AnswerChecks, isItsBodyWhereAllIsWell)
 {
     EXPECT_EQ(checked(HttpAnswer{ 200, "{}" }), u"body: {}"_s);
     EXPECT_EQ(log.written(), "[glimmet] Stripe HTTP 200\n[glimmet] Stripe page:\n{}\n");
 }
 
-TEST_F(ServiceAnswer, isATransportFailureInWordsBeforeAnythingElse)
+TEST_F(AnswerChecks, isATransportFailureInWordsBeforeAnythingElse)
 {
     EXPECT_EQ(checked(TransportFailure::TimedOut), u"⚠ the request timed out"_s);
     EXPECT_EQ(checked(TransportFailure::ServerNotFound), u"⚠ the server cannot be found"_s);
@@ -52,7 +52,7 @@ TEST_F(ServiceAnswer, isATransportFailureInWordsBeforeAnythingElse)
     EXPECT_EQ(log.written(), "");
 }
 
-TEST_F(ServiceAnswer, isTheStatusInWordsBeforeTheBody)
+TEST_F(AnswerChecks, isTheStatusInWordsBeforeTheBody)
 {
     EXPECT_EQ(checked(HttpAnswer{ 401, "{}" }), u"⚠ invalid key"_s);
     EXPECT_EQ(checked(HttpAnswer{ 403, "{}" }), u"⚠ forbidden"_s);
@@ -61,20 +61,20 @@ TEST_F(ServiceAnswer, isTheStatusInWordsBeforeTheBody)
         log.written(), "[glimmet] Stripe HTTP 401\n[glimmet] Stripe HTTP 403\n[glimmet] Stripe HTTP 401\n");
 }
 
-TEST_F(ServiceAnswer, isAnyOtherStatusByItsNumber)
+TEST_F(AnswerChecks, isAnyOtherStatusByItsNumber)
 {
     for (const int status : { 201, 204, 206, 301, 302, 304, 400, 402, 404, 409, 422, 429, 500, 503 })
         EXPECT_EQ(checked(HttpAnswer{ status, "{}" }), u"⚠ http "_s + QString::number(status));
     EXPECT_FALSE(log.written().contains("page"));
 }
 
-TEST_F(ServiceAnswer, isAnErrorWithoutABody)
+TEST_F(AnswerChecks, isAnErrorWithoutABody)
 {
     EXPECT_EQ(checked(HttpAnswer{ 200, "" }), u"⚠ empty"_s);
     EXPECT_EQ(log.written(), "[glimmet] Stripe HTTP 200\n");
 }
 
-TEST_F(ServiceAnswer, hasTheWordsOfItsService)
+TEST_F(AnswerChecks, hasTheWordsOfItsService)
 {
     rules = { .service = u"Polar"_s,
         .body = u"response"_s,
@@ -90,7 +90,7 @@ TEST_F(ServiceAnswer, hasTheWordsOfItsService)
     EXPECT_TRUE(log.written().endsWith("[glimmet] Polar HTTP 200\n[glimmet] Polar response:\n{ }\n"));
 }
 
-TEST_F(ServiceAnswer, isLoggedUpToItsServicesNumberOfCharacters)
+TEST_F(AnswerChecks, isLoggedUpToItsServicesNumberOfCharacters)
 {
     EXPECT_EQ(logged("0123456789"), "[glimmet] Stripe page:\n0123456789\n");
     EXPECT_EQ(logged("0123456789x"), "[glimmet] Stripe page:\n0123456789\n");
@@ -98,30 +98,30 @@ TEST_F(ServiceAnswer, isLoggedUpToItsServicesNumberOfCharacters)
         logged("012345678👨‍👩‍👧x"), "[glimmet] Stripe page:\n012345678👨‍👩‍👧\n");
 }
 
-TEST_F(ServiceAnswer, isLoggedWithItsLineBreaks)
+TEST_F(AnswerChecks, isLoggedWithItsLineBreaks)
 {
     EXPECT_EQ(logged("{\n \"a\":\n12}"), "[glimmet] Stripe page:\n{\n \"a\":\n12\n");
 }
 
-TEST_F(ServiceAnswer, isNotLoggedWhereItIsNoUtf8)
+TEST_F(AnswerChecks, isNotLoggedWhereItIsNoUtf8)
 {
     EXPECT_EQ(logged("{\"a\":\"\xFF\"}"), "");
     EXPECT_EQ(logged(QByteArray(1000, 'x') + '\xC3'), "");
 }
 
-TEST_F(ServiceAnswer, isLoggedWithoutTheKeyThatTheServerSendsBack)
+TEST_F(AnswerChecks, isLoggedWithoutTheKeyThatTheServerSendsBack)
 {
     EXPECT_EQ(logged("a sk_live_51Hq0aaEXAMPLE b"), "[glimmet] Stripe page:\na ••• b\n");
     EXPECT_EQ(logged("sk_live_51Hq0aaEXAMPLEsk_live_51Hq0aaEXAMPLE"), "[glimmet] Stripe page:\n••••••\n");
 }
 
-TEST_F(ServiceAnswer, isMaskedBeforeItIsCut)
+TEST_F(AnswerChecks, isMaskedBeforeItIsCut)
 {
     // The cut goes through the key.
     EXPECT_EQ(logged("01234567sk_live_51Hq0aaEXAMPLE"), "[glimmet] Stripe page:\n01234567••\n");
 }
 
-TEST_F(ServiceAnswer, isReadWithTheKeyInIt)
+TEST_F(AnswerChecks, isReadWithTheKeyInIt)
 {
     EXPECT_EQ(checked(HttpAnswer{ 200, "sk_live_51Hq0aaEXAMPLE" }), u"body: sk_live_51Hq0aaEXAMPLE"_s);
 }

@@ -1,13 +1,13 @@
-#include "ui/editors/PriceFaces.h"
+#include "ui/editors/PriceLabels.h"
 
 namespace glimmet {
 
-QList<int> PriceFaces::intervals()
+QList<int> PriceLabels::intervals()
 {
     return { 5, 10, 30, 60 };
 }
 
-QString PriceFaces::intervalLabel(int seconds)
+QString PriceLabels::intervalLabel(int seconds)
 {
     return QString::number(seconds) + u's';
 }

@@ -1,4 +1,4 @@
-#include "ui/editors/RevenueFaces.h"
+#include "ui/editors/RevenueLabels.h"
 #include "revenue/RevenueChoices.h"
 #include "tests/support/Printing.h"
 
@@ -21,56 +21,56 @@ QStringList texts(const QList<int> &choices, QString (*text)(int))
 
 } // namespace
 
-TEST(RevenueFaces, providersStandInTheirOrder)
+TEST(RevenueLabels, providersStandInTheirOrder)
 {
-    EXPECT_THAT(texts(RevenueFaces::providers(), RevenueFaces::providerLabel),
+    EXPECT_THAT(texts(RevenueLabels::providers(), RevenueLabels::providerLabel),
         testing::ElementsAre(u"Polar", u"RevenueCat", u"Dodo", u"Stripe", u"Lemon Squeezy"));
-    EXPECT_THAT(texts(RevenueFaces::providers(), RevenueFaces::providerSymbol),
+    EXPECT_THAT(texts(RevenueLabels::providers(), RevenueLabels::providerSymbol),
         testing::ElementsAre(
             u"bolt.circle", u"chart.bar.fill", u"creditcard", u"s.circle.fill", u"l.circle.fill"));
 }
 
-TEST(RevenueFaces, metricsStandInTheirOrder)
+TEST(RevenueLabels, metricsStandInTheirOrder)
 {
-    EXPECT_THAT(texts(RevenueFaces::metrics(), RevenueFaces::metricLabel),
+    EXPECT_THAT(texts(RevenueLabels::metrics(), RevenueLabels::metricLabel),
         testing::ElementsAre(u"Revenue", u"Orders", u"Avg", u"Top"));
-    EXPECT_THAT(texts(RevenueFaces::metrics(), RevenueFaces::metricSymbol),
+    EXPECT_THAT(texts(RevenueLabels::metrics(), RevenueLabels::metricSymbol),
         testing::ElementsAre(u"dollarsign", u"bag", u"chart.bar", u"crown"));
 }
 
-TEST(RevenueFaces, periodsStandInTheirOrder)
+TEST(RevenueLabels, periodsStandInTheirOrder)
 {
-    EXPECT_THAT(texts(RevenueFaces::periods(), RevenueFaces::periodLabel),
+    EXPECT_THAT(texts(RevenueLabels::periods(), RevenueLabels::periodLabel),
         testing::ElementsAre(u"Today", u"Week", u"Month", u"All Time"));
-    EXPECT_THAT(texts(RevenueFaces::periods(), RevenueFaces::periodSymbol),
+    EXPECT_THAT(texts(RevenueLabels::periods(), RevenueLabels::periodSymbol),
         testing::ElementsAre(u"sun.max", u"7.square", u"calendar", u"infinity"));
 }
 
-TEST(RevenueFaces, currenciesStandInTheirOrder)
+TEST(RevenueLabels, currenciesStandInTheirOrder)
 {
-    EXPECT_THAT(RevenueFaces::currencies(), testing::ElementsAre(u"USD", u"EUR", u"GBP", u"CAD", u"AUD"));
+    EXPECT_THAT(RevenueLabels::currencies(), testing::ElementsAre(u"USD", u"EUR", u"GBP", u"CAD", u"AUD"));
 }
 
-TEST(RevenueFaces, aMetricThatAModeCardIsNamedAfterIsTakenApartInWords)
+TEST(RevenueLabels, aMetricThatAModeCardIsNamedAfterIsTakenApartInWords)
 {
-    EXPECT_THAT(texts(RevenueFaces::metrics(), RevenueFaces::metricName),
+    EXPECT_THAT(texts(RevenueLabels::metrics(), RevenueLabels::metricName),
         testing::ElementsAre(u"METRIC Revenue", u"Orders", u"Avg", u"Top"));
 }
 
-TEST(RevenueFaces, onlyRevenueCatHasAFixedPeriod)
+TEST(RevenueLabels, onlyRevenueCatHasAFixedPeriod)
 {
-    for (const int provider : RevenueFaces::providers()) {
+    for (const int provider : RevenueLabels::providers()) {
         const bool isRevenueCat = provider == static_cast<int>(RevenueProvider::RevenueCat);
         const QString expected = isRevenueCat ? QStringLiteral("RC: fixed 28d") : QString();
-        EXPECT_EQ(RevenueFaces::periodNote(provider), expected) << provider;
+        EXPECT_EQ(RevenueLabels::periodNote(provider), expected) << provider;
     }
 }
 
-TEST(RevenueFaces, eachSymbolIsDrawn)
+TEST(RevenueLabels, eachSymbolIsDrawn)
 {
-    const QStringList symbols = texts(RevenueFaces::providers(), RevenueFaces::providerSymbol)
-        + texts(RevenueFaces::metrics(), RevenueFaces::metricSymbol)
-        + texts(RevenueFaces::periods(), RevenueFaces::periodSymbol);
+    const QStringList symbols = texts(RevenueLabels::providers(), RevenueLabels::providerSymbol)
+        + texts(RevenueLabels::metrics(), RevenueLabels::metricSymbol)
+        + texts(RevenueLabels::periods(), RevenueLabels::periodSymbol);
 
     for (const QString &symbol : symbols) {
         const QString file = QStringLiteral(":/qt-project.org/imports/Glimmet/symbols/%1.svg").arg(symbol);

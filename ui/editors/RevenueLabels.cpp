@@ -1,4 +1,4 @@
-#include "ui/editors/RevenueFaces.h"
+#include "ui/editors/RevenueLabels.h"
 
 #include "core/TickerMode.h"
 #include "revenue/RevenuePlatforms.h"
@@ -6,38 +6,38 @@
 
 namespace glimmet {
 
-QList<int> RevenueFaces::providers()
+QList<int> RevenueLabels::providers()
 {
     return caseNumbers<RevenueProvider>();
 }
 
-QList<int> RevenueFaces::metrics()
+QList<int> RevenueLabels::metrics()
 {
     return caseNumbers<RevenueMetric>();
 }
 
-QList<int> RevenueFaces::periods()
+QList<int> RevenueLabels::periods()
 {
     return caseNumbers<RevenueMode>();
 }
 
-QStringList RevenueFaces::currencies()
+QStringList RevenueLabels::currencies()
 {
     return { QStringLiteral("USD"), QStringLiteral("EUR"), QStringLiteral("GBP"), QStringLiteral("CAD"),
         QStringLiteral("AUD") };
 }
 
-QString RevenueFaces::providerLabel(int provider)
+QString RevenueLabels::providerLabel(int provider)
 {
     return rawValue(static_cast<RevenueProvider>(provider));
 }
 
-QString RevenueFaces::providerSymbol(int provider)
+QString RevenueLabels::providerSymbol(int provider)
 {
     return revenuePlatform(static_cast<RevenueProvider>(provider)).symbol;
 }
 
-QString RevenueFaces::metricLabel(int metric)
+QString RevenueLabels::metricLabel(int metric)
 {
     switch (static_cast<RevenueMetric>(metric)) {
     case RevenueMetric::Revenue:
@@ -52,13 +52,13 @@ QString RevenueFaces::metricLabel(int metric)
     return {};
 }
 
-QString RevenueFaces::metricName(int metric)
+QString RevenueLabels::metricName(int metric)
 {
     const QString label = metricLabel(metric);
     return fromRawValue<TickerMode>(label) ? QStringLiteral("METRIC ") + label : label;
 }
 
-QString RevenueFaces::metricSymbol(int metric)
+QString RevenueLabels::metricSymbol(int metric)
 {
     switch (static_cast<RevenueMetric>(metric)) {
     case RevenueMetric::Revenue:
@@ -73,12 +73,12 @@ QString RevenueFaces::metricSymbol(int metric)
     return {};
 }
 
-QString RevenueFaces::periodLabel(int period)
+QString RevenueLabels::periodLabel(int period)
 {
     return rawValue(static_cast<RevenueMode>(period));
 }
 
-QString RevenueFaces::periodSymbol(int period)
+QString RevenueLabels::periodSymbol(int period)
 {
     switch (static_cast<RevenueMode>(period)) {
     case RevenueMode::Today:
@@ -93,7 +93,7 @@ QString RevenueFaces::periodSymbol(int period)
     return {};
 }
 
-QString RevenueFaces::periodNote(int provider)
+QString RevenueLabels::periodNote(int provider)
 {
     return revenuePlatform(static_cast<RevenueProvider>(provider)).periodNote;
 }

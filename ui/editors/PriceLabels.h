@@ -8,7 +8,7 @@
 namespace glimmet {
 
 /// How the choices of the price editor look in the panel.
-class PriceFaces : public QObject {
+class PriceLabels : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON

@@ -1,4 +1,4 @@
-#include "ui/editors/ModeFaces.h"
+#include "ui/editors/ModeLabels.h"
 #include "tests/support/Printing.h"
 
 #include <QFile>
@@ -7,32 +7,32 @@
 
 namespace glimmet {
 
-TEST(ModeFaces, cardsStandInTheOrderOfTheModes)
+TEST(ModeLabels, cardsStandInTheOrderOfTheModes)
 {
     QStringList labels;
-    for (const int mode : ModeFaces::all())
-        labels.append(ModeFaces::label(mode));
+    for (const int mode : ModeLabels::all())
+        labels.append(ModeLabels::label(mode));
 
     EXPECT_THAT(
         labels, testing::ElementsAre(u"Clock", u"Quote", u"Custom", u"Revenue", u"Crypto", u"Deadline"));
 }
 
-TEST(ModeFaces, eachModeHasItsSymbol)
+TEST(ModeLabels, eachModeHasItsSymbol)
 {
     QStringList symbols;
-    for (const int mode : ModeFaces::all())
-        symbols.append(ModeFaces::symbol(mode));
+    for (const int mode : ModeLabels::all())
+        symbols.append(ModeLabels::symbol(mode));
 
     EXPECT_THAT(symbols,
         testing::ElementsAre(u"clock", u"text.bubble", u"pencil", u"dollarsign.circle",
             u"chart.line.uptrend.xyaxis", u"timer"));
 }
 
-TEST(ModeFaces, eachSymbolIsDrawn)
+TEST(ModeLabels, eachSymbolIsDrawn)
 {
-    for (const int mode : ModeFaces::all()) {
+    for (const int mode : ModeLabels::all()) {
         const QString file =
-            QStringLiteral(":/qt-project.org/imports/Glimmet/symbols/%1.svg").arg(ModeFaces::symbol(mode));
+            QStringLiteral(":/qt-project.org/imports/Glimmet/symbols/%1.svg").arg(ModeLabels::symbol(mode));
         EXPECT_TRUE(QFile::exists(file)) << qPrintable(file);
     }
 }
