@@ -47,21 +47,15 @@ QDBusMessage watcherCall(const QString &interface, const QString &method, const 
 
 } // namespace
 
-ItemHost::ItemHost(SessionBus &bus, QObject *parent)
+ItemHost::ItemHost(SessionBus &bus, Timers &timers, QObject *parent)
     : MenuBarHost(parent)
     , m_bus(bus)
     , m_item(std::make_unique<StatusNotifierItem>())
     , m_menu(std::make_unique<NotifierMenu>())
+    , m_unseenTimer(timers, unseenPatience, [this] { startOver(); })
+    , m_menuTimer(timers, menuPatience, [this] { comeBack(); })
+    , m_clickTimer(timers, clickPatience, [this] { emit clicked(); })
 {
-    m_unseenTimer.setSingleShot(true);
-    m_unseenTimer.setInterval(unseenPatience);
-    m_menuTimer.setSingleShot(true);
-    m_menuTimer.setInterval(menuPatience);
-    m_clickTimer.setSingleShot(true);
-    m_clickTimer.setInterval(clickPatience);
-    connect(&m_unseenTimer, &QTimer::timeout, this, &ItemHost::startOver);
-    connect(&m_menuTimer, &QTimer::timeout, this, &ItemHost::comeBack);
-    connect(&m_clickTimer, &QTimer::timeout, this, &ItemHost::clicked);
     connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
     connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
     connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
@@ -231,9 +225,9 @@ void ItemHost::closeMenu()
 
 void ItemHost::handleMenuClosed()
 {
-    if (m_menuTimer.isActive())
+    if (m_menuTimer.isRunning())
         comeBack();
-    if (m_clickTimer.isActive()) {
+    if (m_clickTimer.isRunning()) {
         m_clickTimer.stop();
         emit clicked();
     }

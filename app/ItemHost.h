@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/MenuBarHost.h"
+#include "platform/SingleShot.h"
 
 #include <QElapsedTimer>
-#include <QTimer>
 
 #include <memory>
 
@@ -21,7 +21,8 @@ class ItemHost final : public MenuBarHost {
     Q_OBJECT
 
 public:
-    explicit ItemHost(SessionBus &bus, QObject *parent = nullptr);
+    /// `bus` and `timers` outlive it.
+    ItemHost(SessionBus &bus, Timers &timers, QObject *parent = nullptr);
     ~ItemHost() override;
 
     /// True while a desktop shows items.
@@ -56,9 +57,9 @@ private:
     std::unique_ptr<StatusNotifierItem> m_item;
     std::unique_ptr<NotifierMenu> m_menu;
     std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
-    QTimer m_unseenTimer;
-    QTimer m_menuTimer;
-    QTimer m_clickTimer;
+    SingleShot m_unseenTimer;
+    SingleShot m_menuTimer;
+    SingleShot m_clickTimer;
     QElapsedTimer m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
     bool m_showsMenu = false;

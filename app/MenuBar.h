@@ -45,7 +45,8 @@ private:
     QString m_rawText;
 };
 
-/// All that there are: an item in the desktop's own panel, else a strip of our own. `bus` outlives them.
-MenuBar::Hosts menuBarHosts(SessionBus &bus);
+/// All that there are: an item in the desktop's own panel, else a strip of our own. What it is given outlives
+/// them.
+MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers);
 
 } // namespace glimmet

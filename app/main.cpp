@@ -98,7 +98,7 @@ int run(DiagnosticLog &log, Restart &restart)
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
-    MenuBar menuBar(menuBarHosts(bus), timers);
+    MenuBar menuBar(menuBarHosts(bus, timers), timers);
     const std::unique_ptr<LoginItem> loginItem = makeLoginItem(bus);
     PanelController panel(ticker,
         { *loginItem, [&] { updater.checkForUpdates(); },

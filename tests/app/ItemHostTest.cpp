@@ -1,18 +1,20 @@
 #include "app/ItemHost.h"
 #include "platform/ProgramName.h"
 #include "platform/bus/SessionBus.h"
+#include "tests/support/ManualTimers.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace glimmet {
 namespace {
+
+using namespace std::chrono_literals;
 
 /// A desktop's watcher, on a connection of its own, with or without a host behind it.
 class Watcher final : public QDBusVirtualObject {
@@ -74,11 +76,13 @@ protected:
     PrivateBus daemon;
     QDBusConnection desktop;
     SessionBus bus;
+    ManualClock clock;
+    ManualTimers timers{ clock };
 };
 
 TEST_F(ItemHostTest, isNotAvailableWhereNobodyShowsItems)
 {
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
 
     EXPECT_FALSE(host.isAvailable());
 }
@@ -87,7 +91,7 @@ TEST_F(ItemHostTest, registersWithTheWatcherThatIsThere)
 {
     const Watcher watcher(desktop);
 
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
 
     EXPECT_TRUE(waitFor([&] { return host.isAvailable(); }));
     EXPECT_EQ(watcher.registered, QStringList(programName));
@@ -95,7 +99,7 @@ TEST_F(ItemHostTest, registersWithTheWatcherThatIsThere)
 
 TEST_F(ItemHostTest, registersAgainAfterARestartOfTheWatcher)
 {
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
     for (int round = 0; round < 3; ++round) {
         {
             const Watcher watcher(desktop);
@@ -109,7 +113,7 @@ TEST_F(ItemHostTest, registersAgainAfterARestartOfTheWatcher)
 TEST_F(ItemHostTest, isAvailableOnlyWhileTheWatcherHasAHost)
 {
     Watcher watcher(desktop, false);
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
     ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 1; }));
     EXPECT_FALSE(host.isAvailable());
 
@@ -123,20 +127,23 @@ TEST_F(ItemHostTest, isAvailableOnlyWhileTheWatcherHasAHost)
 TEST_F(ItemHostTest, registersUnderANewNameWhereTheHostNeverLooksAtIt)
 {
     const Watcher watcher(desktop);
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
 
-    ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 2; }));
+    ASSERT_TRUE(waitFor([&] { return host.isAvailable() && watcher.registered.size() == 1; }));
 
+    timers.advance(3s);
+    ASSERT_TRUE(waitFor([&] { return host.isAvailable() && watcher.registered.size() == 2; }));
     EXPECT_NE(watcher.registered.at(1), programName);
+
     watcher.look();
-    EXPECT_FALSE(QTest::qWaitFor([&] { return watcher.registered.size() > 2; }, 3500));
+    EXPECT_TRUE(timers.running().empty());
 }
 
 TEST_F(ItemHostTest, registersWithAWatcherThatReplacesTheRunningOneWithoutAGap)
 {
     QDBusConnection next = daemon.peer(QStringLiteral("next"));
     const Watcher watcher(desktop);
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
     ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 1; }));
     const Watcher replacement(next);
     // The queued name passes over at once when its first owner lets go of it.
@@ -152,17 +159,20 @@ TEST_F(ItemHostTest, registersWithAWatcherThatReplacesTheRunningOneWithoutAGap)
 TEST_F(ItemHostTest, makesRoomForTheStripWhereTheHostNeverShowsIt)
 {
     const Watcher watcher(desktop);
-    const ItemHost host(bus);
-    ASSERT_TRUE(waitFor([&] { return host.isAvailable(); }));
+    const ItemHost host(bus, timers);
+    for (int round = 1; round <= 4; ++round) {
+        ASSERT_TRUE(waitFor([&] { return host.isAvailable() && watcher.registered.size() == round; }))
+            << round;
+        timers.advance(3s);
+    }
 
-    EXPECT_TRUE(
-        QTest::qWaitFor([&] { return watcher.registered.size() == 4 && !host.isAvailable(); }, 20'000));
+    EXPECT_FALSE(host.isAvailable());
 }
 
 TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)
 {
     auto watcher = std::make_unique<Watcher>(desktop);
-    const ItemHost host(bus);
+    const ItemHost host(bus, timers);
     ASSERT_TRUE(waitFor([&] { return host.isAvailable(); }));
 
     watcher.reset();
@@ -182,7 +192,7 @@ protected:
         : watcher(desktop)
     {
         desktop.registerService(QStringLiteral("org.gnome.Shell"));
-        host = std::make_unique<ItemHost>(bus);
+        host = std::make_unique<ItemHost>(bus, timers);
         waitFor([this] { return host->isAvailable(); });
     }
     ~ShellHostTest() override { desktop.unregisterService(QStringLiteral("org.gnome.Shell")); }
@@ -236,7 +246,9 @@ TEST_F(ShellHostTest, staysAwayUntilItsMenuIsClosed)
 
     openMenu();
     // A host that is slow to look would find the item back and leave its menu open.
-    EXPECT_FALSE(QTest::qWaitFor([&] { return clicked.count() > 0 || status() != u"Passive"; }, 500));
+    timers.advance(999ms);
+    EXPECT_EQ(clicked.count(), 0);
+    EXPECT_EQ(status(), QStringLiteral("Passive"));
     closeMenu();
 
     EXPECT_EQ(clicked.count(), 1);
@@ -248,7 +260,8 @@ TEST_F(ShellHostTest, takesTheClickOfAMenuThatClosesLateOnce)
     QSignalSpy clicked(host.get(), &ItemHost::clicked);
 
     openMenu();
-    ASSERT_TRUE(waitFor([&] { return clicked.count() == 1; }));
+    timers.advance(1s);
+    ASSERT_EQ(clicked.count(), 1);
     EXPECT_EQ(status(), QStringLiteral("Passive"));
     closeMenu();
 
@@ -263,7 +276,8 @@ TEST_F(ShellHostTest, comesBackWhereTheHostNeverTellsThatItsMenuIsClosed)
     openMenu();
     ASSERT_EQ(status(), QStringLiteral("Passive"));
 
-    EXPECT_TRUE(waitFor([&] { return status() == u"Active"; }));
+    timers.advance(5s);
+    EXPECT_EQ(status(), QStringLiteral("Active"));
 }
 
 TEST_F(ShellHostTest, takesAnActivationForTheClickWhileNoMenuOpens)
