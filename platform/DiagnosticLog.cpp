@@ -26,7 +26,7 @@ bool steersTerminal(char character)
 
 bool isPipeOrTerminal(int descriptor)
 {
-    struct stat info {};
+    struct stat info{};
     return fstat(descriptor, &info) == 0 && (S_ISFIFO(info.st_mode) || S_ISCHR(info.st_mode));
 }
 

@@ -57,7 +57,7 @@ bool fill(int descriptor, mode_t mode, const QByteArray &content)
 bool replaceFile(const QString &path, const QByteArray &content)
 {
     const QByteArray target = QFile::encodeName(linkEnd(path));
-    struct stat old {};
+    struct stat old{};
     const bool exists = stat(target.constData(), &old) == 0;
     // A rename would pass over the protection that the user gave the file itself.
     if (exists && access(target.constData(), W_OK) != 0)
@@ -92,8 +92,8 @@ bool setAside(const QString &path)
     // replaced.
     for (int number = 2; renameat2(AT_FDCWD, QFile::encodeName(path).constData(), AT_FDCWD,
                              QFile::encodeName(free).constData(), RENAME_NOREPLACE)
-         != 0;
-         ++number) {
+        != 0;
+        ++number) {
         if (errno != EEXIST)
             return false;
         free = base + u'-' + QString::number(number);

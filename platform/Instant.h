@@ -26,7 +26,7 @@ struct Instant {
     /// This moment moved by `seconds`.
     constexpr Instant advanced(double seconds) const { return { secondsSince2001 + seconds }; }
 
-    // clang-tidy 14 takes the zero inside a defaulted <=> for a null pointer.
+    // clang-tidy takes the zero inside a defaulted <=> for a null pointer.
     // NOLINTNEXTLINE(modernize-use-nullptr)
     friend constexpr auto operator<=>(Instant, Instant) = default;
 };

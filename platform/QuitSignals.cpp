@@ -26,7 +26,7 @@ int madeWakeUpDescriptor()
 /// A signal that whoever started the program had it ignore (nohup) stays ignored.
 void replaceUnlessIgnored(int signal, const struct sigaction &action)
 {
-    struct sigaction before {};
+    struct sigaction before{};
     sigaction(signal, nullptr, &before);
     if (before.sa_handler != SIG_IGN)
         sigaction(signal, &action, nullptr);
@@ -38,7 +38,7 @@ QuitSignals::QuitSignals(QObject *parent)
     : QObject(parent)
     , m_notifier(madeWakeUpDescriptor(), QSocketNotifier::Read)
 {
-    struct sigaction action {};
+    struct sigaction action{};
     action.sa_handler = wakeUp;
     action.sa_flags = SA_RESTART;
     for (const int signal : { SIGINT, SIGTERM, SIGHUP })

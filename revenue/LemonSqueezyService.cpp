@@ -25,7 +25,7 @@ std::optional<Instant> creationTime(const JsonValue &attributes)
 
 LemonSqueezyService::LemonSqueezyService(const ServiceWorld &world, QObject *parent)
     : PagedRevenueService(
-        world, { .service = u"LemonSqueezy"_s, .body = u"page"_s, .headLength = 300 }, parent)
+          world, { .service = u"LemonSqueezy"_s, .body = u"page"_s, .headLength = 300 }, parent)
 {
 }
 

@@ -20,13 +20,13 @@ import gi
 
 gi.require_version("Gio", "2.0")
 
-from desktop import gnome, settings_portal  # noqa: E402
-from desktop.accessibility import AccessibilityTree  # noqa: E402
-from desktop.bus import connect_when_there  # noqa: E402
-from desktop.processes import REQUESTS_TO_END, DesktopError, Processes, wait_for  # noqa: E402
-from desktop.screen import Screen  # noqa: E402
+from desktop import gnome, settings_portal
+from desktop.accessibility import AccessibilityTree
+from desktop.bus import connect_when_there
+from desktop.processes import REQUESTS_TO_END, DesktopError, Processes, wait_for
+from desktop.screen import Screen
 
-from gi.repository import GLib  # noqa: E402
+from gi.repository import GLib
 
 KINDS = ("strip", "gnome")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")

@@ -9,8 +9,8 @@ namespace glimmet {
 
 class SessionBus;
 
-/// Tells the user by one notification that there is an update, once a version. Where the desktop cannot show it,
-/// nothing happens, and the next time counts. Main thread.
+/// Tells the user by one notification that there is an update, once a version. Where the desktop cannot show
+/// it, nothing happens, and the next time counts. Main thread.
 class UpdateNotification final : public QObject {
     Q_OBJECT
 

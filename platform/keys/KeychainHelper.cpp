@@ -47,8 +47,7 @@ KeychainHelper::KeychainHelper(const SessionBus &bus, QObject *parent)
     , m_watch(m_link, bus)
 {
     connect(&m_watch, &SecretServiceWatch::readable, this, &KeyStore::becameReadable);
-    QMetaObject::invokeMethod(
-        this, [this] { m_budget.endStartUp(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this] { m_budget.endStartUp(); }, Qt::QueuedConnection);
 }
 
 bool KeychainHelper::save(const ApiKey &value, const QString &account)

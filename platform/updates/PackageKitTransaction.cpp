@@ -250,8 +250,7 @@ void PackageKitTransaction::finishAs(uint exit)
 
 void PackageKitTransaction::finishLater(TransactionEnd end)
 {
-    QMetaObject::invokeMethod(
-        this, [this, end] { finish(end); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this, end] { finish(end); }, Qt::QueuedConnection);
 }
 
 void PackageKitTransaction::finish(TransactionEnd end)

@@ -3,9 +3,9 @@
 import gi
 
 gi.require_version("Gio", "2.0")
-from gi.repository import Gio, GLib  # noqa: E402
+from gi.repository import Gio, GLib
 
-from desktop.processes import wait_for  # noqa: E402
+from desktop.processes import wait_for
 
 DAEMON = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
 PROPERTIES = "org.freedesktop.DBus.Properties"

@@ -12,7 +12,8 @@ LONGEST_TRANSITION = 0.3
 # Room for the panel at either scale, and not much more.
 SCREEN_SIZES = {1: (1280, 800), 2: (1600, 1200)}
 FIELD = ("text", "entry", "password text")
-QUOTES = ("measure twice, cut once", "make it work, make it right, make it fast: in that order, and only as fast as needed")
+QUOTES = ("measure twice, cut once",
+          "make it work, make it right, make it fast: in that order, and only as fast as needed")
 DEADLINES = ("Math Exam 🎓", "A release with a name that is much too long for its row", "Rent")
 SYMBOLS = "AAPL, TSLA, SOL-USD, DOGE-USD, NVDA"
 

@@ -9,14 +9,15 @@ NAME = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
 SETTINGS = "org.freedesktop.portal.Settings"
 CONTROL = "me.kerno.VirtualDesktop"
+IN = "<arg type='s' direction='in'/>"
 INTERFACES = f"""<node><interface name='{SETTINGS}'>
-  <method name='Read'><arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/></method>
-  <method name='ReadOne'><arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/></method>
+  <method name='Read'>{IN}{IN}<arg type='v' direction='out'/></method>
+  <method name='ReadOne'>{IN}{IN}<arg type='v' direction='out'/></method>
   <method name='ReadAll'><arg type='as' direction='in'/><arg type='a{{sa{{sv}}}}' direction='out'/></method>
   <signal name='SettingChanged'><arg type='s'/><arg type='s'/><arg type='v'/></signal>
   <property name='version' type='u' access='read'/></interface>
   <interface name='{CONTROL}'>
-  <method name='Change'><arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='in'/></method>
+  <method name='Change'>{IN}{IN}<arg type='v' direction='in'/></method>
   </interface></node>"""
 
 

@@ -26,8 +26,7 @@ ServerAnswer CaseServer::nextAnswer()
     const qsizetype page = m_next++;
     // Queued ahead of the answer: the program cannot send its next request before this call has run.
     if (m_refusedPage == page + 1)
-        QMetaObject::invokeMethod(
-            this, [this, page] { refuseTheNext(page + 1); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, [this, page] { refuseTheNext(page + 1); }, Qt::QueuedConnection);
     // What no page is meant for is one request too many, which the comparison of requests tells.
     return page < m_pages.size() ? m_pages[page].answer : ServerAnswer{ .status = 500 };
 }
@@ -36,7 +35,7 @@ void CaseServer::refuseTheNext(qsizetype answersBefore)
 {
     // Closing breaks every connection: not before the answer has arrived.
     for (const QDeadlineTimer deadline(longestReading);
-         !deadline.hasExpired() && m_readAnswers() < answersBefore;)
+        !deadline.hasExpired() && m_readAnswers() < answersBefore;)
         QThread::msleep(1);
     m_server.close();
 }

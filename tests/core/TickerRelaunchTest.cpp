@@ -17,7 +17,8 @@ protected:
 
 TEST_F(TickerRelaunch, bringsBackTheThreeLists)
 {
-    const QList<Deadline> deadlines{ world.deadline(u"launch \"v2\" 🚀"_s, 0.1), world.deadline(u""_s, -1e9) };
+    const QList<Deadline> deadlines{ world.deadline(u"launch \"v2\" 🚀"_s, 0.1),
+        world.deadline(u""_s, -1e9) };
     ticker->setDeadlines(deadlines);
     ticker->setCustomQuotes({ u"breathe"_s, u"two\nlines"_s });
     ticker->setCryptoSymbols({ u"TSLA"_s });

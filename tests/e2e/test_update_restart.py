@@ -39,7 +39,8 @@ class UpdateAndRestart(DesktopCase):
         process = self.desktop.bus.process_of(NAME)
         wait_for(lambda: self.notifications.shown, 80, "the notification after the quiet minute")
         self.assertEqual(self.notifications.shown, [
-            ("Update available", "glimmet 1.1 can be installed. You have 1.0.", ["install", "Install", "later", "Later"])])
+            ("Update available", "glimmet 1.1 can be installed. You have 1.0.",
+             ["install", "Install", "later", "Later"])])
 
         self.notifications.choose(1, "install")
         self.screen.wait_for_window(WINDOW)

@@ -20,7 +20,7 @@ const QString key = u"me.kerno.glimmet.quotes"_s;
 
 mode_t modeOf(const QString &path)
 {
-    struct stat info {};
+    struct stat info{};
     return stat(QFile::encodeName(path).constData(), &info) == 0 ? info.st_mode & 07777 : 0;
 }
 

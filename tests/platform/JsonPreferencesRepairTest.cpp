@@ -104,7 +104,7 @@ TEST_F(JsonPreferencesRepair, setsAPipeInTheFilesPlaceAsideWithoutWaitingForIt)
 
     EXPECT_EQ(store.stringList(key), QStringList{ u"a"_s });
     ASSERT_EQ(setAside().size(), 1);
-    struct stat info {};
+    struct stat info{};
     ASSERT_EQ(stat(QFile::encodeName(setAside().first()).constData(), &info), 0);
     EXPECT_TRUE(S_ISFIFO(info.st_mode));
 }

@@ -116,9 +116,9 @@ TYPED_TEST(AnyPreferencesStore, keepsEachKeyToItself)
 
 TYPED_TEST(AnyPreferencesStore, keepsEveryText)
 {
-    const QStringList texts{ u"make it count ⚡️"_s, u"build 🛠"_s, u"two\nlines\r\ttab"_s, u"\""_s,
-        u"'"_s, u"\\"_s, u"\\\"\\n\\u0041"_s, u"é e\u0301 ثانية 中文"_s, u"\u0000\u0001\u001F\u007F\u2028"_s,
-        u" "_s, u"{}[]:,"_s, u"</script>"_s, QString(QChar(0xD83D)), QString(QChar(0xDE00)) + u"x"_s };
+    const QStringList texts{ u"make it count ⚡️"_s, u"build 🛠"_s, u"two\nlines\r\ttab"_s, u"\""_s, u"'"_s,
+        u"\\"_s, u"\\\"\\n\\u0041"_s, u"é e\u0301 ثانية 中文"_s, u"\u0000\u0001\u001F\u007F\u2028"_s, u" "_s,
+        u"{}[]:,"_s, u"</script>"_s, QString(QChar(0xD83D)), QString(QChar(0xDE00)) + u"x"_s };
 
     EXPECT_TRUE(this->store.setStringList(key, texts));
     EXPECT_EQ(this->store.stringList(key), texts);

@@ -37,8 +37,7 @@ TEST(RevenueMetric, listsTheFiguresInDisplayOrder)
     EXPECT_THAT(names<RevenueMetric>(), ElementsAre(u"revenue"_s, u"orders"_s, u"avg"_s, u"top"_s));
 }
 
-template <typename Enum> class RevenueChoice : public testing::Test {
-};
+template <typename Enum> class RevenueChoice : public testing::Test {};
 using Choices = testing::Types<RevenueProvider, RevenueMode, RevenueMetric>;
 TYPED_TEST_SUITE(RevenueChoice, Choices);
 

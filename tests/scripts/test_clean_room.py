@@ -12,7 +12,7 @@ from unittest import mock
 SCRIPTS = Path(__file__).resolve().parents[2] / "scripts"
 sys.path.insert(0, str(SCRIPTS))
 
-import clean_room  # noqa: E402
+import clean_room
 
 LISTS = """http://mirror.invalid/debian bookworm-updates main
 http://mirror.invalid/debian bookworm main

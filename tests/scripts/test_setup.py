@@ -155,4 +155,3 @@ class Setup(Machine):
         result = self.set_up("nonsense")
 
         self.assertEqual((result.returncode, self.calls()), (2, []))
-

@@ -63,11 +63,9 @@ bool FakePackageKit::handleMessage(const QDBusMessage &message, const QDBusConne
         if (course.kind == Kind::Refuses)
             connection.send(message.createErrorReply(course.details, QStringLiteral("no")));
         if (course.kind == Kind::Dies)
-            QMetaObject::invokeMethod(
-                this, [this] { die(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, [this] { die(); }, Qt::QueuedConnection);
         if (course.kind == Kind::DiesAfterwards)
-            QMetaObject::invokeMethod(
-                this, [this] { restart(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, [this] { restart(); }, Qt::QueuedConnection);
         return true;
     }
     if (method == u"SetHints") {
@@ -92,8 +90,7 @@ void FakePackageKit::start(const QDBusMessage &message)
     m_hintsOfMethods.insert(message.member(), m_hints.value(message.path()));
     m_arguments.insert(message.member(), message.arguments());
     // From the loop: a connection cannot be left from within its own call.
-    QMetaObject::invokeMethod(
-        this, [this, message] { work(message); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this, message] { work(message); }, Qt::QueuedConnection);
 }
 
 void FakePackageKit::work(const QDBusMessage &message)

@@ -41,8 +41,7 @@ void MemoryKeyStore::unlock()
     m_isLocked = false;
     if (!std::exchange(m_hasFailed, false))
         return;
-    QMetaObject::invokeMethod(
-        this, [this] { emit becameReadable(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this] { emit becameReadable(); }, Qt::QueuedConnection);
 }
 
 void MemoryKeyStore::forgetCalls()

@@ -146,7 +146,7 @@ QList<StoredItem> SecretServiceDaemon::items(const SecretAttributes &attributes)
         };
         const auto stored = qdbus_cast<SecretOfItem>(ask(
             path.path(), itemInterface, QStringLiteral("GetSecret"), { QVariant::fromValue(openSession()) })
-                                                         .at(0));
+                .at(0));
         items.append({ property(QStringLiteral("Label")).toString(),
             qdbus_cast<SecretAttributes>(property(QStringLiteral("Attributes"))), stored.value,
             stored.contentType });

@@ -244,10 +244,7 @@ TYPED_TEST(AnyKeyStore, isSilentWhereEverythingGotThrough)
 }
 
 template <typename Value>
-concept Printable = requires(QDebug debug, const Value &value)
-{
-    debug << value;
-};
+concept Printable = requires(QDebug debug, const Value &value) { debug << value; };
 
 static_assert(Printable<QString> && !Printable<ApiKey> && !Printable<SecretOfItem>);
 

@@ -25,7 +25,7 @@ protected:
         return module == nullptr
             ? nullptr
             : module->makePanel(
-                ticker, { loginItem, [this] { ++updateChecks; }, [](const QString &) {} }, options);
+                  ticker, { loginItem, [this] { ++updateChecks; }, [](const QString &) {} }, options);
     }
 
     MemoryLoginItem loginItem;
