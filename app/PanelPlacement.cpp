@@ -21,8 +21,8 @@ QRect panelGeometry(QSize size, QPoint anchor, const ScreenSpace &screen)
 {
     QRect space = screen.available;
     const bool isTopItem = anchor.y() < screen.geometry.center().y();
-    // With several screens nobody tells how much of each its bars take; an item near the edge tells of its
-    // own bar.
+    // With several screens the X server does not tell how much of each its bars take; an item near the edge
+    // tells of its own bar.
     if (isTopItem && anchor.y() - screen.geometry.top() <= highestBar)
         space.setTop(std::max(space.top(), anchor.y()));
     const QSize fitting = size.boundedTo(space.size() - QSize(2 * gap, 2 * gap));

@@ -179,7 +179,7 @@ int main(int argc, char *argv[])
         restart.now();
         std::perror("glimmet could not start again");
     }
-    // Leaving main would wait for every name that is being looked up: where nobody answers, that takes longer
-    // than a session has at its end. Everything of the program's own is gone by now.
+    // Leaving main would wait for every name that is being looked up: where no name server answers, that
+    // takes longer than a session has at its end. Everything of the program's own is gone by now.
     std::_Exit(status);
 }

@@ -55,7 +55,7 @@ QByteArray startServer(int argc, char *argv[], const HttpsServer::Handler &handl
         HttpsServer server(handler);
         const QByteArray origin = server.origin();
         if (write(address[1], origin.constData(), static_cast<size_t>(origin.size())) < 0)
-            qFatal("nobody asked for the server");
+            qFatal("no request came for the server");
         QCoreApplication::exec();
     }
     char origin[64] = {};

@@ -23,7 +23,7 @@ int madeWakeUpDescriptor()
     return wakeUpDescriptor;
 }
 
-/// A signal that whoever started the program had it ignore (nohup) stays ignored.
+/// A signal that the program was started to ignore (nohup) stays ignored.
 void replaceUnlessIgnored(int signal, const struct sigaction &action)
 {
     struct sigaction before{};

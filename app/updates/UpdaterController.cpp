@@ -75,7 +75,7 @@ void UpdaterController::checkByItself()
 
 void UpdaterController::startCheck(Asking asking)
 {
-    // The user's takes the place of one without anybody to ask, which could not do as much.
+    // The user's check takes the place of the program's own, which may ask for no password and so do less.
     m_check.reset();
     m_check = std::make_unique<UpdateCheck>(m_client, m_program, asking);
     const bool isForUser = asking == Asking::User;

@@ -36,7 +36,7 @@ void findOwner(const QDBusConnection &bus, const QString &name, QObject *receive
 
 /// Has `slot`, which takes a QDBusMessage, called with what `ownerChange` reads.
 void followOwner(const QDBusConnection &bus, const QString &name, QObject *receiver, const char *slot);
-/// None where somebody else than the bus says so.
+/// None where the signal is not the bus's own.
 std::optional<OwnerChange> ownerChange(const QDBusMessage &signal);
 
 } // namespace glimmet::BusDaemon

@@ -69,7 +69,7 @@ void DesktopNotification::handleAnswer(const QDBusPendingReply<uint> &id, const 
 {
     if (!id.isError())
         return handleShown(id.value(), owner, isWanted);
-    // Nobody has seen it. Only one that was not answered may be on the screen all the same.
+    // The user has not seen it. Only one that was not answered may be on the screen all the same.
     if (isWanted && id.error().type() != QDBusError::NoReply)
         emit failed();
 }

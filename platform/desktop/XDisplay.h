@@ -13,7 +13,7 @@ namespace glimmet {
 /// answers, and waits without an end for one that takes the connection and then says nothing.
 enum class XDisplay {
     Unset, ///< DISPLAY has no value
-    Unreachable, ///< nobody takes the connection, or the server refuses it
+    Unreachable, ///< no server takes the connection, or the server refuses it
     Silent, ///< no answer came within the patience
     Answers,
 };

@@ -103,11 +103,12 @@ bool KeychainHelper::replace(const QString &account, const QByteArray &text, con
     const auto matches = findChangeable(account, call);
     if (!matches)
         return false;
-    // Whoever did not agree to a value is not asked for it again.
+    // A user who did not agree to a value is not asked for it again.
     if (m_prompted.contains(account) && m_prompted.at(account) == text)
         return false;
-    // Nobody waits between the two, where a kill would lose the item. What removes only after asking the user
-    // is not made to ask, and what adds only then may be refused: there the addition alone replaces the item.
+    // The program does not wait between the two, where a kill would lose the item. What removes only after
+    // asking the user is not made to ask, and what adds only then may be refused: there the addition alone
+    // replaces the item.
     if (m_prompted.empty())
         for (const QDBusObjectPath &item : matches->unlocked)
             m_service.startRemoval(item);

@@ -99,7 +99,7 @@ std::optional<QDBusObjectPath> SecretService::defaultCollection(const CallBudget
     auto collection = readAlias(call);
     if (collection || !wasOpen || call.hasExpired())
         return collection;
-    // The service may have been replaced while nobody listened to the bus.
+    // The service may have been replaced while the link did not listen to the bus.
     m_link.close();
     return readAlias(call);
 }

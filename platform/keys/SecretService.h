@@ -27,8 +27,9 @@ struct SecretChange {
 };
 
 /// What is asked of the Secret Service, as blocking steps within the time of a call. The first time that the
-/// user's collection is found locked, the service is asked to have it unlocked, which nobody waits for. No
-/// collection is ever made, and no prompt is ever taken back: gnome-keyring 42 aborts at that. Main thread.
+/// user's collection is found locked, the service is asked to have it unlocked, which the call does not wait
+/// for. No collection is ever made, and no prompt is ever taken back: gnome-keyring 42 aborts at that. Main
+/// thread.
 class SecretService {
 public:
     /// `link` outlives this.

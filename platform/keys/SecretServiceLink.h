@@ -29,7 +29,7 @@ public:
 
     /// Makes the way as far as it is not there yet; a service that does not run is started.
     bool open(const CallBudget::Call &call);
-    /// Only the connection, which waits for nobody but the bus.
+    /// Only the connection, which waits for the bus alone.
     bool connectToBus(std::chrono::milliseconds timeout);
     /// Goes away; the next opening is a fresh one.
     void close();

@@ -94,7 +94,7 @@ constexpr std::array tellTales = {
     TellTale{ u"/usr/bin/sqv", badSourceSignature },
 };
 
-/// A longer text nobody reads, while laying out one of megabytes would stop everything for seconds.
+/// A user reads no longer text, while laying out one of megabytes would stop everything for seconds.
 constexpr qsizetype longestText = 20'000;
 
 QString shortened(const QString &text)

@@ -12,7 +12,7 @@
 /// https://www.freedesktop.org/software/PackageKit/gtk-doc/api-reference.html.
 namespace glimmet {
 
-/// Whether somebody is there who may be asked for a password.
+/// Whether the user is there, who may be asked for a password.
 enum class Asking { User, Nobody };
 
 /// One transaction: the method that starts it and its arguments.

@@ -39,7 +39,7 @@ bool isRefusal(const QString &errorName)
     return errorName.endsWith(u".AccessDenied") || errorName.endsWith(u".RefusedByPolicy");
 }
 
-/// There is nobody to talk to: no such service, or one that cannot be started.
+/// There is no such service, or it cannot be started.
 bool isMissing(const QString &errorName)
 {
     return errorName.endsWith(u".ServiceUnknown") || errorName.endsWith(u".NameHasNoOwner")
@@ -88,7 +88,7 @@ void PackageKitTransaction::cancel()
     if (m_path.isEmpty())
         return finishLater(TransactionEnd::Cancelled);
     m_bus.send(method(QStringLiteral("Cancel")));
-    m_silence.start(); // Also while the user is being asked: nobody waits for that answer any more.
+    m_silence.start(); // Also while the user is being asked: the program waits for that answer no more.
 }
 
 void PackageKitTransaction::send(const QDBusMessage &message, Use use)

@@ -59,7 +59,7 @@ private:
     QDBusConnection m_bus;
     PackageKitCall m_call;
     QTimer m_silence;
-    QString m_owner; ///< the service's unique name, so that nobody else can speak for it
+    QString m_owner; ///< the service's unique name, so that no other program can speak for it
     QString m_path; ///< empty until it is created
     TransactionResult m_result;
     TransactionProgress m_progress;

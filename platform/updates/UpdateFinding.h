@@ -13,7 +13,7 @@ struct UpdateFinding {
     Verdict verdict = Verdict::Failed;
     PackageId installed; ///< empty where it was not found out
     PackageId update; ///< empty unless one was found
-    QString changes; ///< what is new in it, if anybody says so
+    QString changes; ///< what is new in it, if the source says so
     UpdateFailure failure; ///< where it failed
 
     friend bool operator==(const UpdateFinding &, const UpdateFinding &) = default;

@@ -15,7 +15,7 @@ class PackageKitClient;
 struct InstallationResult {
     std::optional<PackageId> installed; ///< the newer version, where there is one now
     bool wasCancelled = false;
-    UpdateFailure failure; ///< where there is none, and nobody cancelled
+    UpdateFailure failure; ///< where there is none, and the user did not cancel
 };
 
 /// Installs one update. Main thread.

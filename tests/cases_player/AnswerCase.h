@@ -17,7 +17,7 @@ namespace glimmet {
 /// One answer of the service.
 struct CasePage {
     ServerAnswer answer;
-    bool isRefused = false; ///< nobody listens any more when the request for it is sent
+    bool isRefused = false; ///< the server has stopped listening when the request for it is sent
 };
 
 /// A request that must be sent.

@@ -85,7 +85,7 @@ HttpsServer::Handler always(const ServerAnswer &answer)
     return [answer](const ReceivedRequest &) { return answer; };
 }
 
-/// Nothing comes of that answer, and nobody is told.
+/// Nothing comes of that answer, and no receiver is told.
 void expectNothing(const ServerAnswer &answer)
 {
     const HttpsServer server(always(answer));

@@ -24,7 +24,7 @@ private:
 class CutOff : public ServedRevenue {
 protected:
     CutOff() { services.emplace(*http, log.log(), midnight, region, endpointsAt(server.origin())); }
-    /// Two pages of two orders each, for whoever asks.
+    /// Two pages of two orders each, for every platform.
     static ServerAnswer twoPages(const ReceivedRequest &request)
     {
         const QByteArray order = R"({"id":"ch_1","status":"succeeded","currency":"usd","amount":1,

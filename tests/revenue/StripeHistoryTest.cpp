@@ -151,7 +151,7 @@ TEST_F(StripeHistoryRead, endsSilentlyWithItsService)
 
     services.reset();
 
-    // What was on its way is answered, and nobody asks for more.
+    // What was on its way is answered, and the service asks for no more.
     const qsizetype asked = server.requests().size();
     QTest::qWait(300);
     EXPECT_LE(server.requests().size(), asked + 1);

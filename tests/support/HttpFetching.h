@@ -9,7 +9,7 @@
 
 namespace glimmet {
 
-/// Trusts the tests' servers and nobody else.
+/// Trusts the tests' servers alone.
 HttpSettings trustingSettings();
 
 /// Asks, and lets events happen until the result is there; a failure of the test where none comes within ten

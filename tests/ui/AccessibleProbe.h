@@ -25,7 +25,7 @@ public:
     Q_INVOKABLE static QString description(QQuickItem *root, const QString &name);
     /// Every text of the field called `name` that can be read, by each of the ways there are.
     Q_INVOKABLE static QStringList read(QQuickItem *root, const QString &name);
-    /// Whether the field is told as one whose text nobody shall see.
+    /// Whether the field is told as one whose text shall not be seen.
     Q_INVOKABLE static bool isPassword(QQuickItem *root, const QString &name);
     /// Whether what is called `name` is told as out of use.
     Q_INVOKABLE static bool isDisabled(QQuickItem *root, const QString &name);

@@ -36,7 +36,7 @@ signals:
     void itemChanged();
     void textChanged();
     void pacingChanged();
-    /// Now is the time for `text`; it is handed to whoever listens.
+    /// Now is the time for `text`; it is handed to the assistive programs that listen.
     void said(const QString &text);
 
 private:

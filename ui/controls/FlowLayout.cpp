@@ -57,7 +57,7 @@ void FlowLayout::watchChild(QQuickItem &child)
     polish();
 }
 
-// A child that moves among its siblings tells nobody, but it makes a frame.
+// A child that moves among its siblings does not tell its parent, but it makes a frame.
 void FlowLayout::watchFrames(QQuickWindow *window)
 {
     disconnect(m_frames);

@@ -12,8 +12,8 @@ namespace glimmet {
 /// Lays out its visible children like words in a paragraph as wide as itself, each at its own size and in the
 /// order of the children; what has no size takes no room. It is as high as its rows.
 ///
-/// It lays out once before a frame, however much has changed. Whoever was placed before glides to the new
-/// place; the first layout, newcomers and a new width are placed at once.
+/// It lays out once before a frame, however much has changed. A child that was placed before glides to the
+/// new place; the first layout, newcomers and a new width are placed at once.
 class FlowLayout : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT

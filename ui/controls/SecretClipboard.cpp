@@ -45,7 +45,7 @@ void SecretClipboard::mark(QClipboard::Mode mode)
     const QString text = unmarkedText(clipboard.mimeData(mode));
     if (text.isEmpty() || !m_secret.contains(text))
         return;
-    // Nobody has seen it without: others are answered by the event loop.
+    // No program has seen it without: they are answered by the event loop.
     auto *marked = new QMimeData;
     marked->setText(text);
     marked->setData(hintFormat(), QByteArrayLiteral("secret"));

@@ -1,7 +1,7 @@
 import QtQuick
 import Glimmet
 
-// A field for what nobody else shall see: dots, until it is revealed.
+// A field for what only the user shall see: dots, until it is revealed.
 BorderedField {
     id: field
 

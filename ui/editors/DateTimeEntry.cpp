@@ -234,7 +234,7 @@ void DateTimeEntry::setMoment(Instant moment)
     refresh();
 }
 
-/// A default that nobody has touched is not left to pass.
+/// A default that the user has not touched is not left to pass.
 void DateTimeEntry::renewDefault()
 {
     if (m_isDefault && m_moment <= m_ticker->now())

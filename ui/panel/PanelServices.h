@@ -12,7 +12,7 @@ class LoginItem;
 struct PanelServices {
     LoginItem &loginItem;
     std::function<void()> checkForUpdates;
-    std::function<void(const QString &line)> report; ///< tells whoever looks for faults
+    std::function<void(const QString &line)> report; ///< tells a developer who looks for faults
 };
 
 } // namespace glimmet

@@ -51,7 +51,7 @@ Column {
             name: root.name
             onEdited: text => root.edited(text)
         }
-        // Beside the field, not in it: what is in a field is told to nobody.
+        // Beside the field, not in it: what is in a field no assistive program is told.
         PlainButton {
             id: reveal
             anchors.right: parent.right

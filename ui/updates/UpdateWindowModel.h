@@ -29,7 +29,7 @@ class UpdateWindowModel : public QObject {
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
     Q_PROPERTY(QString heading READ heading NOTIFY changed)
     Q_PROPERTY(QString message READ message NOTIFY changed)
-    /// What is new; empty where nobody says so.
+    /// What is new; empty where the source does not say.
     Q_PROPERTY(QString changes READ changes NOTIFY changed)
     /// The service's own words of a failure; empty where there are none.
     Q_PROPERTY(QString details READ details NOTIFY changed)
@@ -37,7 +37,7 @@ class UpdateWindowModel : public QObject {
     Q_PROPERTY(bool isWaiting READ isWaiting NOTIFY changed)
     /// Whether the symbol turns meanwhile.
     Q_PROPERTY(bool isTurning READ isTurning NOTIFY changed)
-    /// From 0 to 1; -1 where nobody knows.
+    /// From 0 to 1; -1 where it is not known.
     Q_PROPERTY(qreal progress READ progress NOTIFY changed)
     Q_PROPERTY(QString defaultButton READ defaultButton NOTIFY changed)
     Q_PROPERTY(QString otherButton READ otherButton NOTIFY changed)

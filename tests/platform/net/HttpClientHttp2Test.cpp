@@ -21,7 +21,7 @@ using testing::Each;
 
 constexpr int deadline = 10'000; // milliseconds
 
-/// A port that nobody listens at.
+/// A port without a server.
 quint16 freePort()
 {
     QTcpServer server;

@@ -41,7 +41,7 @@ long threads()
 class HttpClientLifetime : public testing::Test {
 protected:
     HttpRequest request(const QByteArray &target) const { return { server.origin() + target, {} }; }
-    /// Asks for what nobody shall hear of.
+    /// Asks for what no receiver shall hear of.
     void askInVain(const QByteArray &address)
     {
         client->get(

@@ -21,7 +21,7 @@ using Ending = ServerAnswer::Ending;
 
 constexpr int deadline = 10'000; // milliseconds, for what takes a few
 
-/// A client's end of a connection, which trusts the tests' authority and nobody else.
+/// A client's end of a connection, which trusts the tests' authority alone.
 class Client {
 public:
     explicit Client(const HttpsServer &server, const QString &host = u"127.0.0.1"_s)
@@ -32,7 +32,7 @@ public:
         m_socket.connectToHostEncrypted(host, server.port());
     }
 
-    /// Connected, and to somebody it trusts.
+    /// Connected, and to a server that it trusts.
     bool isConnected()
     {
         if (!m_socket.isEncrypted())

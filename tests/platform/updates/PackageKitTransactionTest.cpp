@@ -270,7 +270,7 @@ TEST_F(PackageKitTransactionTest, waitsForTheUserWithoutLimit)
     const uint waitingForAuthorization = 31;
     service->tell({ { u"Status"_s, waitingForAuthorization } });
 
-    // Longer than it waits for anybody else.
+    // Longer than it waits for the service.
     QTest::qWait(1500);
     EXPECT_EQ(endings, 0);
 

@@ -174,7 +174,7 @@ QList<Picture> pictures()
     return all;
 }
 
-/// Every editor and sheet against what it looked like when somebody looked at it. After a wanted change:
+/// Every editor and sheet against what it looked like when a person looked at it. After a wanted change:
 /// `GLIMMET_WRITE_REFERENCES=1 glimmet_ui_tests --gtest_filter='*PanelPicture*'`, and a look at the
 /// difference.
 class PanelPicture : public TickerTest, public testing::WithParamInterface<Picture> {
