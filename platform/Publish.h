@@ -13,7 +13,7 @@ void publish(
     if (member == value)
         return;
     member = value;
-    emit(object.*changed)();
+    (object.*changed)();
 }
 
 } // namespace glimmet

@@ -24,13 +24,11 @@ struct CredentialField {
 
 /// Everything about a platform but how it is asked. This is where a new one begins.
 struct RevenuePlatform {
-    enum class CurrencyCode {
-        None,
-        UpperCase,
-        LowerCase
-    }; ///< how it wants the currency, if it is asked in one
-    /// Who says what the user has still to enter: the service, which is then asked in any case, or whoever
-    /// would ask.
+    /// How it wants the currency, if it is asked in one: a credential of that role, or for Dodo the choice
+    /// that is kept nowhere.
+    enum class CurrencyCode { None, UpperCase, LowerCase };
+    /// Who says what the user has still to enter: the service, which is then asked in any case, or the report
+    /// before it asks.
     enum class MissingInput { SaidByService, SaidBefore };
 
     RevenueProvider provider{};

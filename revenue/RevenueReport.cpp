@@ -115,7 +115,7 @@ RevenueQuery RevenueReport::query() const
 QString RevenueReport::currency() const
 {
     const RevenuePlatform &platform = revenuePlatform(m_provider);
-    QString entered = m_dodoCurrency;
+    QString entered = m_provider == RevenueProvider::Dodo ? m_dodoCurrency : QString();
     for (const CredentialField &field : platform.credentials) {
         if (field.role == CredentialRole::Currency)
             entered = credential(field.key);

@@ -5,17 +5,13 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
-#include <QFileInfo>
 
 #include <chrono>
 #include <utility>
 
 namespace glimmet {
-namespace {
 
 using namespace std::chrono_literals;
-
-} // namespace
 
 SessionBus::SessionBus(QObject *parent)
     : QObject(parent)

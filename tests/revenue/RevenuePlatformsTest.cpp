@@ -2,13 +2,12 @@
 #include "revenue/RevenueFetcher.h"
 #include "tests/support/Printing.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace glimmet {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::ElementsAreArray;
 
 TEST(RevenuePlatforms, holdEachPlatformOnceInTheOrderOfTheChips)
 {

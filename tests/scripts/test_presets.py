@@ -34,6 +34,9 @@ class Presets(unittest.TestCase):
     def test_noWarningEndsTheBuildOfAPackage(self):
         self.assert_warnings_end("package", False)
 
+    def test_noWarningEndsTheBuildOfTheTestsAsUsersGetTheProgram(self):
+        self.assert_warnings_end("check-release", False)
+
     def test_everyWarningEndsTheBuildOfAnybodyWhoChecks(self):
         for preset in ("check", "asan", "lint"):
             with self.subTest(preset=preset):
