@@ -76,8 +76,11 @@ class Run:
 
 class RunOnAVirtualScreen(unittest.TestCase):
     def setUp(self):
-        shutil.rmtree(ROOT / "out" / "screenshots", ignore_errors=True)
         self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def clear_pictures(self):
+        """Those of the last test that makes any stay, for people to look at."""
+        shutil.rmtree(ROOT / "out" / "screenshots", ignore_errors=True)
 
     def start(self, **options):
         chosen = [] if KIND == "strip" else ["--desktop", KIND]
@@ -90,6 +93,7 @@ class RunOnAVirtualScreen(unittest.TestCase):
         self.assertEqual(list(self.folder.iterdir()), [])
 
     def test_showsPicturesAndTheTextEachSecondUntilItIsInterrupted(self):
+        self.clear_pictures()
         run = self.start()
 
         run.wait_for(lambda: len(run.find(PICTURE)) == 2, "two pictures")
@@ -132,6 +136,7 @@ class RunOnAVirtualScreen(unittest.TestCase):
         self.assert_nothing_is_left()
 
     def test_saysInOneLineThatItCannotKeepItsPictures(self):
+        self.clear_pictures()
         # A file where the folder should be. `out` itself may hold what others made.
         (ROOT / "out").mkdir(exist_ok=True)
         (ROOT / "out" / "screenshots").touch()
