@@ -14,14 +14,30 @@ function(glimmet_target name)
   endif()
 endfunction()
 
-# One shared library a folder: the panel is a module of its own, loaded on its first opening, and it must see the
-# very same classes as the program that loads it. What nearly every file of it includes is compiled once: half of the time
-# that a file takes. The presets `lint` and `package` do without, so that no file relies on it.
+# One archive a folder, all of which the program is linked from; tests link those that they test. What nearly every file of
+# it includes is compiled once: half of the time that a file takes. The presets `lint` and `package` do without, so that no
+# file relies on it.
 function(glimmet_library folder)
   set(name glimmet_${folder})
-  add_library(${name} SHARED ${ARGN})
+  add_library(${name} STATIC ${ARGN})
   glimmet_target(${name})
+  glimmet_precompiled_headers(${name})
+endfunction()
+
+function(glimmet_precompiled_headers name)
   target_precompile_headers(${name} PRIVATE <QByteArray> <QObject> <QString> <QStringList> <chrono> <functional>
     <memory> <optional> <vector>)
-  install(TARGETS ${name} LIBRARY DESTINATION lib/glimmet)
+endfunction()
+
+# Whoever loads the panel's library has in it everything below the panel, also what it does not use itself, and shows the
+# panel those of its symbols that the list names, and no other.
+function(glimmet_loads_panel name)
+  set(archives glimmet_core glimmet_revenue glimmet_prices glimmet_platform)
+  list(JOIN archives "," joined)
+  set_target_properties(${name} PROPERTIES LINK_LIBRARY_OVERRIDE "WHOLE_ARCHIVE,${joined}")
+  target_link_libraries(${name} PRIVATE ${archives})
+  set(list ${PROJECT_SOURCE_DIR}/ui/panel/taken_from_program.list)
+  target_link_options(${name} PRIVATE LINKER:--dynamic-list=${list})
+  set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${list})
+  add_dependencies(${name} glimmet_ui)
 endfunction()

@@ -29,7 +29,6 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 # the time zones and the QML modules. Those are what the panel imports and what these import in turn: a QtQml without
 # its WorkerScript, as another program may have left it, keeps the panel from loading.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(GLIMMET_QML_PACKAGES qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick
   qml6-module-qtquick-templates)
 list(JOIN GLIMMET_QML_PACKAGES ", " qmlPackages)

@@ -15,7 +15,6 @@ from own_packages import PROGRAM, OwnPackages
 
 reason_to_skip = OwnPackages.reason_to_skip
 PROBE = Path(os.environ["GLIMMET_UPDATE_PROBE"]).resolve(strict=True)
-LIBRARY = PROBE.parent.parent / "lib/glimmet/libglimmet_platform.so"
 BROKEN = "deb [trusted=yes] file:/nowhere/at/all ./"
 BROKEN_SOURCE = "One of this computer's software sources could not be read, so newer versions may be missing."
 STRANGER = ("One of this computer's software sources is not signed by someone this computer trusts, so newer versions "
@@ -27,11 +26,10 @@ NOT_ALLOWED = "You may not install software here, or the password was not given.
 
 
 class Updater:
-    """The updater of a program at `path`, run by a user; its libraries are beside `probe`."""
+    """The updater of a program at `path`, run by a user."""
 
     def __init__(self, packages, probe, path=PROGRAM, user=()):
-        beside = ["env", f"LD_LIBRARY_PATH={probe.parent}"]
-        self._process = packages.start([*user, *beside, str(probe), path], stdin=subprocess.PIPE,
+        self._process = packages.start([*user, str(probe), path], stdin=subprocess.PIPE,
                                        stdout=subprocess.PIPE, text=True, bufsize=1)
         self.states = []
         self._reader = threading.Thread(target=self._read, daemon=True)
@@ -105,9 +103,8 @@ class Updates(unittest.TestCase):
         # Where every user may look, which need not be so where the program was built.
         folder = Path(cls.enterClassContext(tempfile.TemporaryDirectory(prefix="glimmet-updater-")))
         folder.chmod(0o755)
-        for file in (PROBE, LIBRARY):
-            Path(shutil.copy(file, folder)).chmod(0o755)
-        cls.probe = folder / PROBE.name
+        cls.probe = Path(shutil.copy(PROBE, folder))
+        cls.probe.chmod(0o755)
 
     def setUp(self):
         self.packages = self.enterContext(OwnPackages())

@@ -18,10 +18,6 @@ ID = "me.kerno.glimmet"
 SVG = "{http://www.w3.org/2000/svg}"
 FILES = {
     "bin/glimmet",
-    "lib/glimmet/libglimmet_core.so",
-    "lib/glimmet/libglimmet_platform.so",
-    "lib/glimmet/libglimmet_prices.so",
-    "lib/glimmet/libglimmet_revenue.so",
     "lib/glimmet/libglimmet_ui.so",
     f"share/applications/{ID}.desktop",
     "share/doc/glimmet/changelog.Debian.gz",
@@ -82,12 +78,27 @@ class InstalledFiles(Installed):
             with self.subTest(path=path.relative_to(self.prefix)):
                 self.assertEqual(oct(path.stat().st_mode & 0o7777), oct(wanted))
 
-    def test_theProgramFindsItsLibrariesWhereTheyAreInstalled(self):
-        listed = self.passes("ldd", self.prefix / "bin" / "glimmet").stdout
+    def test_theProgramStartsWithoutALibraryOfItsOwn(self):
+        listed = self.passes("ldd", self.prefix / "bin/glimmet").stdout
 
-        found = set(re.findall(r"=> (\S+/libglimmet_\w+\.so) ", listed))
-        folders = {Path(path).resolve().parent for path in found}
-        self.assertEqual(folders, {(self.prefix / "lib" / "glimmet").resolve()})
+        self.assertIn("libQt6Core", listed)
+        self.assertNotIn("glimmet", listed)
+
+    def symbols(self, path, which):
+        listed = self.passes("nm", "--dynamic", "--format=just-symbols", which, self.prefix / path).stdout
+        return {line.split("@")[0] for line in listed.splitlines()}
+
+    def test_theProgramShowsThePanelWhatItTakesAndNothingElse(self):
+        own = re.compile(r"_Z\w*7glimmet").match
+        shown = set(filter(own, self.symbols("bin/glimmet", "--defined-only")))
+        taken = set(filter(own, self.symbols("lib/glimmet/libglimmet_ui.so", "--undefined-only")))
+
+        self.assertGreater(len(taken), 10)
+        self.assertEqual(shown, taken)
+
+    def test_thePanelShowsTheProgramOnlyWhatQtLoads(self):
+        self.assertEqual(self.symbols("lib/glimmet/libglimmet_ui.so", "--defined-only"),
+                         {"qt_plugin_instance", "qt_plugin_query_metadata_v2"})
 
 
 class DesktopFiles(Installed):

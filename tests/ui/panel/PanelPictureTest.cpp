@@ -1,11 +1,10 @@
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 #include "tests/ui/panel/PanelDescription.h"
-#include "ui/panel/PanelModule.h"
+#include "ui/panel/GlimmetPanelModule.h"
 
 #include <QDir>
 #include <QFile>
-#include <QPluginLoader>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
@@ -181,10 +180,8 @@ class PanelPicture : public TickerTest, public testing::WithParamInterface<Pictu
 protected:
     std::unique_ptr<Panel> makePanel()
     {
-        QPluginLoader loader(QStringLiteral(GLIMMET_PANEL_FILE));
-        auto *module = qobject_cast<PanelModule *>(loader.instance());
         // Nothing moves, so that whatever is drawn is drawn where it belongs.
-        return module->makePanel(
+        return GlimmetPanelModule().makePanel(
             ticker, { loginItem, [] {}, [](const QString &) {} }, { { GetParam().scheme, true }, true });
     }
 

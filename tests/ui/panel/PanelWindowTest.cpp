@@ -1,10 +1,9 @@
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
+#include "ui/panel/GlimmetPanelModule.h"
 #include "ui/panel/PanelColors.h"
 #include "ui/panel/PanelHost.h"
-#include "ui/panel/PanelModule.h"
 
-#include <QPluginLoader>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -20,12 +19,8 @@ class PanelWindowTest : public TickerTest {
 protected:
     std::unique_ptr<Panel> makePanel(const PanelModule::Options &options = {})
     {
-        QPluginLoader loader(QStringLiteral(GLIMMET_PANEL_FILE));
-        auto *module = qobject_cast<PanelModule *>(loader.instance());
-        return module == nullptr
-            ? nullptr
-            : module->makePanel(
-                  ticker, { loginItem, [this] { ++updateChecks; }, [](const QString &) {} }, options);
+        return GlimmetPanelModule().makePanel(
+            ticker, { loginItem, [this] { ++updateChecks; }, [](const QString &) {} }, options);
     }
 
     MemoryLoginItem loginItem;

@@ -1,9 +1,8 @@
 #include "platform/updates/UpdateState.h"
 #include "tests/support/Printing.h"
+#include "ui/panel/GlimmetPanelModule.h"
 #include "ui/panel/PanelColors.h"
-#include "ui/panel/PanelModule.h"
 
-#include <QPluginLoader>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -23,11 +22,9 @@ protected:
     void open(const UpdateState &state = { .phase = UpdatePhase::Checking, .isCancellable = true },
         ColorScheme scheme = ColorScheme::Light)
     {
-        QPluginLoader loader(QStringLiteral(GLIMMET_PANEL_FILE));
-        auto *module = qobject_cast<PanelModule *>(loader.instance());
-        ASSERT_NE(module, nullptr);
+        GlimmetPanelModule module;
         const auto noting = [this](const QString &answer) { return [this, answer] { answers << answer; }; };
-        shown = module->makeUpdateWindow(
+        shown = module.makeUpdateWindow(
             state, { noting(u"install"_s), noting(u"restart"_s), noting(u"cancel"_s) }, { scheme });
         shown->window().show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&shown->window()));
