@@ -7,10 +7,6 @@ std::optional<QString> Credentials::load(KeychainKey key)
     if (m_store == nullptr)
         return std::nullopt;
     const LoadedKey loaded = m_store->load(accountName(key));
-    if (std::holds_alternative<KeyUnavailable>(loaded))
-        m_unread.insert(key);
-    else
-        m_unread.erase(key);
     const auto *found = std::get_if<ApiKey>(&loaded);
     return found ? std::optional(found->characters()) : std::nullopt;
 }
@@ -19,8 +15,7 @@ void Credentials::writeBack(const QString &value, KeychainKey key)
 {
     if (m_store == nullptr)
         return;
-    const bool isKnown = !m_unread.contains(key);
-    if (!m_store->save(ApiKey(value), accountName(key)) && isKnown)
+    if (!m_store->save(ApiKey(value), accountName(key)) && !isUnread(key))
         m_unreturned.insert(key);
     else
         m_unreturned.erase(key);
@@ -38,16 +33,23 @@ void Credentials::save(const QString &value, KeychainKey key)
 
 std::set<KeychainKey> Credentials::unsettled() const
 {
-    std::set<KeychainKey> keys = m_unread;
-    keys.insert(m_unsaved.begin(), m_unsaved.end());
+    std::set<KeychainKey> keys = m_unsaved;
     keys.insert(m_unreturned.begin(), m_unreturned.end());
+    for (const auto &[key, account] : rawValues<KeychainKey>)
+        if (isUnread(key))
+            keys.insert(key);
     return keys;
+}
+
+bool Credentials::isUnread(KeychainKey key) const
+{
+    return m_store != nullptr && m_store->isUnread(accountName(key));
 }
 
 bool Credentials::settle(KeychainKey key, const QString &current, std::optional<QString> &loaded)
 {
     loaded = load(key);
-    if (m_unread.contains(key))
+    if (isUnread(key))
         return false;
     // It may have been written after all: after a prompt, or by a call whose answer came too late.
     const bool isThere = loaded == current;

@@ -9,7 +9,7 @@
 namespace glimmet {
 
 /// Keeps the credentials and the key store in step, also while the store cannot be read: remembers which
-/// items are still unknown, and which values of the user's are still to be written. Main thread.
+/// values are still to be written; the store knows which items are unread. Main thread.
 class Credentials {
 public:
     /// `store` outlives this; without one, credentials live as long as the program.
@@ -34,8 +34,9 @@ public:
     bool settle(KeychainKey key, const QString &current, std::optional<QString> &loaded);
 
 private:
+    bool isUnread(KeychainKey key) const;
+
     KeyStore *m_store;
-    std::set<KeychainKey> m_unread; ///< whose last load was unavailable
     std::set<KeychainKey> m_unsaved; ///< whose value the user chose and the store did not take
     std::set<KeychainKey> m_unreturned; ///< whose loaded value the store did not take back
 };

@@ -50,10 +50,10 @@ KeychainHelper::KeychainHelper(const SessionBus &bus, QObject *parent)
     QMetaObject::invokeMethod(this, [this] { m_budget.endStartUp(); }, Qt::QueuedConnection);
 }
 
-bool KeychainHelper::save(const ApiKey &value, const QString &account)
+bool KeychainHelper::write(const ApiKey &value, const QString &account)
 {
     const std::optional<QByteArray> text = exactUtf8(value.characters());
-    if (!text || m_unread.contains(account))
+    if (!text)
         return false;
     const CallBudget::Call call(m_budget);
     const bool isSaved = replace(account, *text, call);
@@ -61,23 +61,16 @@ bool KeychainHelper::save(const ApiKey &value, const QString &account)
     return isSaved;
 }
 
-LoadedKey KeychainHelper::load(const QString &account)
+LoadedKey KeychainHelper::read(const QString &account)
 {
     const CallBudget::Call call(m_budget);
     LoadedKey loaded = read(account, call);
-    const bool isDefinite = !std::holds_alternative<KeyUnavailable>(loaded);
-    if (isDefinite)
-        m_unread.erase(account);
-    else
-        m_unread.insert(account);
-    note(isDefinite, call);
+    note(!std::holds_alternative<KeyUnavailable>(loaded), call);
     return loaded;
 }
 
-bool KeychainHelper::remove(const QString &account)
+bool KeychainHelper::erase(const QString &account)
 {
-    if (m_unread.contains(account))
-        return false;
     const CallBudget::Call call(m_budget);
     const std::optional<bool> isRemoved = removeAll(account, call);
     note(isRemoved.has_value(), call);

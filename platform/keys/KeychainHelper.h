@@ -7,7 +7,6 @@
 #include "platform/keys/SecretServiceWatch.h"
 
 #include <map>
-#include <set>
 
 namespace glimmet {
 
@@ -25,13 +24,12 @@ public:
     /// `bus` outlives the store; without a bus nothing is available.
     explicit KeychainHelper(const SessionBus &bus, QObject *parent = nullptr);
 
+private:
     /// An update is a removal and an addition. The addition is tried again on a fresh connection: after the
     /// removal it is the one copy of the value.
-    bool save(const ApiKey &value, const QString &account) override;
-    LoadedKey load(const QString &account) override;
-    bool remove(const QString &account) override;
-
-private:
+    bool write(const ApiKey &value, const QString &account) override;
+    LoadedKey read(const QString &account) override;
+    bool erase(const QString &account) override;
     LoadedKey read(const QString &account, const CallBudget::Call &call);
     bool replace(const QString &account, const QByteArray &text, const CallBudget::Call &call);
     bool add(const QString &account, const QByteArray &text, const CallBudget::Call &call);
@@ -47,7 +45,6 @@ private:
     SecretServiceLink m_link;
     SecretService m_service;
     SecretServiceWatch m_watch;
-    std::set<QString> m_unread; ///< whose last load was unavailable
     std::map<QString, QByteArray> m_prompted; ///< for which value the service wanted to ask the user
 };
 

@@ -22,11 +22,11 @@ public:
         connect(&store, &KeyStore::becameReadable, this, &KeyStore::becameReadable);
     }
 
-    bool save(const ApiKey &value, const QString &account) override { return next().save(value, account); }
-    LoadedKey load(const QString &account) override { return next().load(account); }
-    bool remove(const QString &account) override { return next().remove(account); }
-
 private:
+    bool write(const ApiKey &value, const QString &account) override { return next().save(value, account); }
+    LoadedKey read(const QString &account) override { return next().load(account); }
+    bool erase(const QString &account) override { return next().remove(account); }
+
     KeyStore &next()
     {
         if (m_calls++ == m_firstFailure)

@@ -4,25 +4,23 @@
 
 namespace glimmet {
 
-bool MemoryKeyStore::save(const ApiKey &value, const QString &account)
+bool MemoryKeyStore::write(const ApiKey &value, const QString &account)
 {
     m_saves.append(account);
     const std::optional<QByteArray> text = exactUtf8(value.characters());
-    if (!text || !isOpenFor(account))
+    if (!text || !isOpen())
         return false;
     m_items.insert(account, *text);
     return true;
 }
 
-LoadedKey MemoryKeyStore::load(const QString &account)
+LoadedKey MemoryKeyStore::read(const QString &account)
 {
     m_loads.append(account);
     if (m_isLocked) {
         m_hasFailed = true;
-        m_unread.insert(account);
         return KeyUnavailable{};
     }
-    m_unread.erase(account);
     const auto found = m_items.constFind(account);
     if (found == m_items.constEnd())
         return KeyAbsent{};
@@ -30,10 +28,10 @@ LoadedKey MemoryKeyStore::load(const QString &account)
     return text ? LoadedKey(ApiKey(*text)) : KeyAbsent{};
 }
 
-bool MemoryKeyStore::remove(const QString &account)
+bool MemoryKeyStore::erase(const QString &account)
 {
     m_removals.append(account);
-    return isOpenFor(account) && m_items.remove(account) > 0;
+    return isOpen() && m_items.remove(account) > 0;
 }
 
 void MemoryKeyStore::unlock()
@@ -51,10 +49,10 @@ void MemoryKeyStore::forgetCalls()
     m_removals.clear();
 }
 
-bool MemoryKeyStore::isOpenFor(const QString &account)
+bool MemoryKeyStore::isOpen()
 {
     m_hasFailed = m_hasFailed || m_isLocked;
-    return !m_isLocked && !m_unread.contains(account);
+    return !m_isLocked;
 }
 
 } // namespace glimmet
