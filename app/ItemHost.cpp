@@ -24,6 +24,8 @@ const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
+const NotifierMenu::Words menuWords{ QStringLiteral("Open glimmet"), QStringLiteral("Quit") };
+
 /// Now and then a host takes a registration and never shows the item. The same name again does not help it,
 /// nor a further name of the same connection; a new participant of the bus does.
 constexpr auto unseenPatience = 3s;
@@ -51,7 +53,7 @@ ItemHost::ItemHost(SessionBus &bus, Timers &timers, QObject *parent)
     : MenuBarHost(parent)
     , m_bus(bus)
     , m_item(std::make_unique<StatusNotifierItem>())
-    , m_menu(std::make_unique<NotifierMenu>())
+    , m_menu(std::make_unique<NotifierMenu>(menuWords))
     , m_unseenTimer(timers, unseenPatience, [this] { startOver(); })
     , m_menuTimer(timers, menuPatience, [this] { comeBack(); })
     , m_clickTimer(timers, clickPatience, [this] { emit clicked(); })

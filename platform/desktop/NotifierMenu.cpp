@@ -14,12 +14,12 @@ constexpr uint revision = 1;
 
 const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
 
-QVariantMap entryProperties(int entry)
+QVariantMap entryProperties(int entry, const NotifierMenu::Words &words)
 {
     if (entry == openEntry)
-        return { { QStringLiteral("label"), QStringLiteral("Open glimmet") } };
+        return { { QStringLiteral("label"), words.open } };
     if (entry == quitEntry)
-        return { { QStringLiteral("label"), QStringLiteral("Quit") } };
+        return { { QStringLiteral("label"), words.quit } };
     return { { QStringLiteral("children-display"), QStringLiteral("submenu") } };
 }
 
@@ -72,19 +72,19 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, EntryProperties &
     return argument;
 }
 
-QVariant node(int entry)
+QVariant node(int entry, const NotifierMenu::Words &words)
 {
-    MenuNode menuNode{ entry, entryProperties(entry), {} };
+    MenuNode menuNode{ entry, entryProperties(entry, words), {} };
     if (entry == rootEntry)
-        menuNode.children = { node(openEntry), node(quitEntry) };
+        menuNode.children = { node(openEntry, words), node(quitEntry, words) };
     return QVariant::fromValue(menuNode);
 }
 
-QVariant groupProperties()
+QVariant groupProperties(const NotifierMenu::Words &words)
 {
     QList<EntryProperties> group;
     for (const int entry : { rootEntry, openEntry, quitEntry })
-        group.append({ entry, entryProperties(entry) });
+        group.append({ entry, entryProperties(entry, words) });
     return QVariant::fromValue(group);
 }
 
@@ -99,17 +99,17 @@ QVariantMap menuProperties()
 }
 
 /// The answer to a call that only asks; an invalid list where the call is none of these.
-std::optional<QVariantList> answerTo(const QDBusMessage &message)
+std::optional<QVariantList> answerTo(const QDBusMessage &message, const NotifierMenu::Words &words)
 {
     const QString member = message.member();
     const QVariantList arguments = message.arguments();
     if (member == u"GetLayout")
-        return QVariantList{ revision, node(arguments.value(0).toInt()) };
+        return QVariantList{ revision, node(arguments.value(0).toInt(), words) };
     if (member == u"GetGroupProperties")
-        return QVariantList{ groupProperties() };
+        return QVariantList{ groupProperties(words) };
     if (member == u"GetProperty")
-        return QVariantList{ QVariant::fromValue(
-            QDBusVariant(entryProperties(arguments.value(0).toInt()).value(arguments.value(1).toString()))) };
+        return QVariantList{ QVariant::fromValue(QDBusVariant(
+            entryProperties(arguments.value(0).toInt(), words).value(arguments.value(1).toString()))) };
     if (member == u"AboutToShow")
         return QVariantList{ false };
     if (member == u"AboutToShowGroup")
@@ -133,6 +133,12 @@ Q_DECLARE_METATYPE(glimmet::EntryProperties)
 namespace glimmet {
 
 const QString NotifierMenu::path = QStringLiteral("/StatusNotifierItem/Menu");
+
+NotifierMenu::NotifierMenu(Words words, QObject *parent)
+    : QDBusVirtualObject(parent)
+    , m_words(std::move(words))
+{
+}
 
 bool NotifierMenu::putOn(const QDBusConnection &connection)
 {
@@ -164,7 +170,7 @@ QString NotifierMenu::introspect(const QString &) const
 
 bool NotifierMenu::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    const auto answer = answerTo(message);
+    const auto answer = answerTo(message, m_words);
     if (!answer)
         return false;
     connection.send(message.createReply(*answer));

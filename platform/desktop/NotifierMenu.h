@@ -14,7 +14,12 @@ class NotifierMenu final : public QDBusVirtualObject {
 public:
     static const QString path;
 
-    using QDBusVirtualObject::QDBusVirtualObject;
+    /// What its two entries say.
+    struct Words {
+        QString open;
+        QString quit;
+    };
+    explicit NotifierMenu(Words words, QObject *parent = nullptr);
 
     /// Puts the menu on `connection`. False where its place is taken.
     bool putOn(const QDBusConnection &connection);
@@ -34,6 +39,8 @@ signals:
 
 private:
     void handleEvent(int entry, const QString &event);
+
+    Words m_words;
 };
 
 } // namespace glimmet

@@ -197,10 +197,16 @@ protected:
     }
     ~ShellHostTest() override { desktop.unregisterService(QStringLiteral("org.gnome.Shell")); }
 
-    void callMenu(const QString &method, const QVariantList &arguments)
+    QDBusMessage callMenu(const QString &method, const QVariantList &arguments)
     {
-        call(desktop, QStringLiteral("/StatusNotifierItem/Menu"), QStringLiteral("com.canonical.dbusmenu"),
-            method, arguments);
+        return call(desktop, QStringLiteral("/StatusNotifierItem/Menu"),
+            QStringLiteral("com.canonical.dbusmenu"), method, arguments);
+    }
+    QString entry(int number)
+    {
+        const QDBusMessage reply =
+            callMenu(QStringLiteral("GetProperty"), { number, QStringLiteral("label") });
+        return reply.arguments().value(0).value<QDBusVariant>().variant().toString();
     }
     void readMenu() { callMenu(QStringLiteral("GetLayout"), { 0, -1, QStringList() }); }
     void tellOfMenu(const QString &event)
@@ -229,6 +235,12 @@ protected:
     Watcher watcher;
     std::unique_ptr<ItemHost> host;
 };
+
+TEST_F(ShellHostTest, offersToOpenAndToQuitInItsMenu)
+{
+    EXPECT_EQ(entry(1), QStringLiteral("Open glimmet"));
+    EXPECT_EQ(entry(2), QStringLiteral("Quit"));
+}
 
 TEST_F(ShellHostTest, takesItsOpenedMenuForTheClick)
 {

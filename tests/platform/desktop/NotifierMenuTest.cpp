@@ -36,7 +36,7 @@ protected:
     PrivateBus bus;
     QDBusConnection own;
     QDBusConnection host;
-    NotifierMenu menu;
+    NotifierMenu menu{ { QStringLiteral("Show it"), QStringLiteral("End") } };
 };
 
 TEST_F(NotifierMenuTest, laysOutTwoEntriesUnderItsRoot)
@@ -55,7 +55,7 @@ TEST_F(NotifierMenuTest, laysOutTwoEntriesUnderItsRoot)
     EXPECT_EQ(children.size(), 2);
 }
 
-TEST_F(NotifierMenuTest, namesItsEntries)
+TEST_F(NotifierMenuTest, namesItsEntriesAsItWasTold)
 {
     const auto label = [this](int entry) {
         return call(host, NotifierMenu::path, menuInterface, QStringLiteral("GetProperty"),
@@ -67,8 +67,8 @@ TEST_F(NotifierMenuTest, namesItsEntries)
             .toString();
     };
 
-    EXPECT_EQ(label(1), QStringLiteral("Open glimmet"));
-    EXPECT_EQ(label(2), QStringLiteral("Quit"));
+    EXPECT_EQ(label(1), QStringLiteral("Show it"));
+    EXPECT_EQ(label(2), QStringLiteral("End"));
 }
 
 TEST_F(NotifierMenuTest, tellsThatItOpenedAndWhatWasChosen)
