@@ -1,7 +1,7 @@
 #include "core/Deadline.h"
 #include "platform/Clock.h"
-#include "platform/ClockText.h"
 #include "platform/CurrencyText.h"
+#include "platform/DateTimeText.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -2,7 +2,7 @@
 
 #include "core/PreferencesKeys.h"
 #include "platform/Clock.h"
-#include "platform/ClockText.h"
+#include "platform/DateTimeText.h"
 #include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
 

@@ -2,10 +2,11 @@
 
 #include "platform/IcuDates.h"
 
-#include <unicode/datefmt.h>
-
 #include <algorithm>
 #include <memory>
+
+#include <unicode/datefmt.h>
+#include <unicode/smpdtfmt.h>
 
 namespace glimmet {
 namespace {
@@ -57,6 +58,19 @@ QString monthText(QDate date, const QByteArray &locale)
     if (U_FAILURE(status))
         return {};
     return formatted(format, date);
+}
+
+QString clockText(const char16_t *pattern, Instant moment, const UserRegion &region)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    icu::SimpleDateFormat format(
+        icu::UnicodeString(pattern), icu::Locale(region.localeName().constData()), status);
+    if (U_FAILURE(status))
+        return {};
+    format.adoptTimeZone(zoneAt(moment, region).release());
+    icu::UnicodeString text;
+    format.format(moment.unixMilliseconds(), text);
+    return toQString(text);
 }
 
 } // namespace glimmet

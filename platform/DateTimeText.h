@@ -20,4 +20,9 @@ QString fullDateText(QDate date, const QByteArray &locale);
 /// The month of a day as the title of a calendar, such as "May 2026".
 QString monthText(QDate date, const QByteArray &locale);
 
+/// The moment as the user's wall clock shows it, by a Unicode date pattern
+/// (https://unicode.org/reports/tr35/tr35-dates.html#Date_Format_Patterns), with the locale's digits and
+/// AM/PM markers. The locale and the time zone are asked afresh at every call.
+QString clockText(const char16_t *pattern, Instant moment, const UserRegion &region);
+
 } // namespace glimmet

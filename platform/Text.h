@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 namespace glimmet {
 
@@ -10,5 +13,15 @@ QString trimmedBlanks(const QString &text);
 /// `value` with one digit behind the point, as "%.1f" writes it in the C locale: a value halfway between two
 /// goes to the even one, which QString's own would round up.
 QString oneDecimal(double value);
+
+/// `text` as UTF-8; none where it has no such form, which is the case for half a surrogate pair.
+std::optional<QByteArray> exactUtf8(const QString &text);
+
+/// The text behind `bytes`, a leading byte order mark included; none where they are not UTF-8.
+std::optional<QString> textFromUtf8(const QByteArray &bytes);
+
+/// The first `count` characters of UTF-8 text, as a reader counts them: a sign with its accents, or an emoji
+/// of many parts, is one. Nothing where `bytes` are not valid UTF-8 anywhere.
+std::optional<QString> firstCharacters(QByteArrayView bytes, int count);
 
 } // namespace glimmet

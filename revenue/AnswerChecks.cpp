@@ -1,7 +1,7 @@
 #include "revenue/AnswerChecks.h"
 
 #include "platform/DiagnosticLog.h"
-#include "platform/FirstCharacters.h"
+#include "platform/Text.h"
 
 namespace glimmet {
 namespace {

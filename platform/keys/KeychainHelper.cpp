@@ -1,7 +1,7 @@
 #include "platform/keys/KeychainHelper.h"
 
 #include "platform/ProgramName.h"
-#include "platform/Utf8.h"
+#include "platform/Text.h"
 #include "platform/bus/SessionBus.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "platform/ClockText.h"
+#include "platform/DateTimeText.h"
 
 #include "tests/support/FixedRegion.h"
 #include "tests/support/Printing.h"

@@ -1,4 +1,4 @@
-#include "platform/FirstCharacters.h"
+#include "platform/Text.h"
 
 #include "tests/support/Printing.h"
 

@@ -1,6 +1,6 @@
 #include "platform/UserRegion.h"
 
-#include "platform/ClockText.h"
+#include "platform/DateTimeText.h"
 #include "tests/support/FixedRegion.h"
 #include "tests/support/Printing.h"
 

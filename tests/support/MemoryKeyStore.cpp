@@ -1,6 +1,6 @@
 #include "tests/support/MemoryKeyStore.h"
 
-#include "platform/Utf8.h"
+#include "platform/Text.h"
 
 namespace glimmet {
 

@@ -1,7 +1,6 @@
 #include "ui/controls/LineInput.h"
 
-#include "ui/controls/Emoji.h"
-#include "ui/controls/SingleLine.h"
+#include "ui/controls/LineText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "ui/panel/Wording.h"
 
 #include "core/HostText.h"
-#include "ui/controls/SingleLine.h"
+#include "ui/controls/LineText.h"
 
 namespace glimmet {
 

@@ -1,4 +1,4 @@
-#include "ui/controls/Emoji.h"
+#include "ui/controls/LineText.h"
 
 #include <gtest/gtest.h>
 

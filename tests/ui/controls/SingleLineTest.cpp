@@ -1,5 +1,5 @@
-#include "ui/controls/SingleLine.h"
 #include "tests/support/Printing.h"
+#include "ui/controls/LineText.h"
 
 #include <gtest/gtest.h>
 

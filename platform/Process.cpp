@@ -1,11 +1,21 @@
-#include "platform/StandardStreams.h"
+#include "platform/Process.h"
 
 #include <initializer_list>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace glimmet {
+
+void forbidCoreDumps()
+{
+    rlimit limit{};
+    getrlimit(RLIMIT_CORE, &limit);
+    // The hard limit stays, for who wants one all the same.
+    limit.rlim_cur = 0;
+    setrlimit(RLIMIT_CORE, &limit);
+}
 
 void openClosedStandardStreams()
 {

@@ -1,4 +1,4 @@
-#include "ui/controls/Emoji.h"
+#include "ui/controls/LineText.h"
 
 #include <QList>
 #include <QTextBoundaryFinder>
@@ -6,8 +6,12 @@
 #include <algorithm>
 
 namespace glimmet {
-
 namespace {
+
+bool isLineBreak(QChar c)
+{
+    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
 
 /// Longer than any emoji that is in use.
 constexpr int searchedLength = 64;
@@ -21,6 +25,23 @@ bool joinsEmoji(char32_t c)
 }
 
 } // namespace
+
+QString singleLine(const QString &text, int *position)
+{
+    if (std::none_of(text.begin(), text.end(), isLineBreak))
+        return text;
+    QString line;
+    line.reserve(text.size());
+    const qsizetype marked = position == nullptr ? -1 : *position;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool isSecondOfPair = text[i] == u'\n' && i > 0 && text[i - 1] == u'\r';
+        if (!isSecondOfPair)
+            line.append(isLineBreak(text[i]) ? QChar(u' ') : text[i]);
+        if (i + 1 == marked)
+            *position = static_cast<int>(line.size());
+    }
+    return line;
+}
 
 int emojiLengthBefore(const QString &text, int position)
 {
