@@ -65,7 +65,8 @@ class CleanRoom(unittest.TestCase):
         script.flush()
         for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
             with self.subTest(number=number):
-                process = subprocess.Popen([SCRIPTS / "in-namespaces", script.name], stdout=subprocess.PIPE, text=True)
+                process = subprocess.Popen([SCRIPTS / "in-namespaces", sys.executable, "-B", script.name],
+                                           stdout=subprocess.PIPE, text=True)
                 self.assertEqual(process.stdout.readline(), "ready\n")
 
                 process.send_signal(number)
