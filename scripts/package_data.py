@@ -1,7 +1,7 @@
 """What a user keeps of the program in a clean system, and that nothing but the user ever touches it."""
 
 from package_login import NAME, check
-from clean_room import HOME
+from rooms.clean_room import HOME
 
 KEY = "pat_trial_of_the_package"
 ITEM = ("service", NAME, "account", "polar_api_key")

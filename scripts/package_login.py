@@ -8,7 +8,7 @@ import shlex
 import subprocess
 from contextlib import ExitStack, contextmanager
 
-from clean_room import RUNTIME, USER, Room
+from rooms.clean_room import RUNTIME, USER, Room
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import Bus
 from desktop.network import without_network

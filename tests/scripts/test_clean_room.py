@@ -9,10 +9,11 @@ import unittest
 from pathlib import Path
 from unittest import mock
 
-SCRIPTS = Path(__file__).resolve().parents[2] / "scripts"
-sys.path.insert(0, str(SCRIPTS))
+from rooms import clean_room
 
-import clean_room
+ROOT = Path(__file__).resolve().parents[2]
+CLEAN_ROOM = ROOT / "scripts" / "clean-room"
+IN_NAMESPACES = ROOT / "tests" / "rooms" / "in_namespaces.py"
 
 LISTS = """http://mirror.invalid/debian bookworm-updates main
 http://mirror.invalid/debian bookworm main
@@ -51,7 +52,7 @@ class CleanRoom(unittest.TestCase):
     def test_refusesAReleaseThatItDoesNotKnowAndAMissingCommand(self):
         for words in (["11", "true"], ["13"], [], ["--nonsense", "true"]):
             with self.subTest(words=words):
-                result = subprocess.run([SCRIPTS / "clean-room", *words], capture_output=True, text=True, timeout=30)
+                result = subprocess.run([CLEAN_ROOM, *words], capture_output=True, text=True, timeout=30)
 
                 self.assertEqual(result.returncode, 2)
                 self.assertIn("Usage: scripts/clean-room", result.stderr)
@@ -65,7 +66,7 @@ class CleanRoom(unittest.TestCase):
         script.flush()
         for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
             with self.subTest(number=number):
-                process = subprocess.Popen([SCRIPTS / "in-namespaces", sys.executable, "-B", script.name],
+                process = subprocess.Popen([IN_NAMESPACES, sys.executable, "-B", script.name],
                                            stdout=subprocess.PIPE, text=True)
                 self.assertEqual(process.stdout.readline(), "ready\n")
 

@@ -8,7 +8,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from clean_room import HOME, PERSON, USER, Room, chosen_release, run_quietly
+from rooms.clean_room import HOME, PERSON, USER, Room, chosen_release, run_quietly
 
 
 def tell(line):
