@@ -9,7 +9,7 @@ import unittest
 from pathlib import Path
 
 from desktop.program import Glimmet
-from virtual_desktop import VirtualDesktop
+from desktop.virtual_desktop import VirtualDesktop
 
 BINARY = Path(os.environ["GLIMMET_BINARY"]).resolve(strict=True)
 # Interrupted from outside, the desktop is still taken down.

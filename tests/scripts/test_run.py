@@ -153,7 +153,7 @@ class RunOnAVirtualScreen(unittest.TestCase):
 
     def test_showsTheProgramOnTheScreenThatThereIs(self):
         subprocess.run([ROOT / "scripts" / "setup", "screen"], check=True)
-        from virtual_desktop import VirtualDesktop  # Needs what was just set up.
+        from desktop.virtual_desktop import VirtualDesktop  # Needs what was just set up.
 
         with VirtualDesktop("strip") as desktop:
             run = Run(self.folder, session=desktop.environment)

@@ -8,9 +8,9 @@ from pathlib import Path
 
 from desktop import pictures
 from desktop.processes import DesktopError, watch_for
-from virtual_desktop import KINDS, VirtualDesktop
+from desktop.virtual_desktop import KINDS, VirtualDesktop
 
-ROOT = Path(__file__).resolve().parent.parent
+ROOT = Path(__file__).resolve().parents[2]
 PICTURES = ROOT / "out" / "screenshots"
 
 
