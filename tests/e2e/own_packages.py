@@ -17,8 +17,8 @@ import tempfile
 import time
 from pathlib import Path
 
+from desktop.own_namespaces import IS_ROOT
 from desktop.processes import Processes, wait_for
-from own_namespaces import IS_ROOT
 
 NAME = "glimmet-test"
 PROGRAM = "/opt/glimmet-test/bin/program"

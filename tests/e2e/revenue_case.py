@@ -3,13 +3,13 @@
 import subprocess
 from pathlib import Path
 
+from desktop.keyring import Keyring
+from desktop.own_network import LOOPBACK, OwnNetwork
+from desktop.price_server import HOST as PRICES
 from desktop.processes import wait_for
+from desktop.revenue_server import PLATFORMS, POLAR, RevenueServer
+from desktop.watcher import Watcher
 from desktop_case import DesktopCase
-from keyring import Keyring
-from own_network import LOOPBACK, OwnNetwork
-from price_server import HOST as PRICES
-from revenue_server import PLATFORMS, POLAR, RevenueServer
-from watcher import Watcher
 
 MAKE_CERTIFICATES = Path(__file__).parent.with_name("support") / "make_certificates"
 # What the server's first sales come to.

@@ -3,10 +3,10 @@
 import time
 import unittest
 
-import own_namespaces
+from desktop import own_namespaces
 from desktop.processes import wait_for, watch_for
+from desktop.revenue_server import KEYS, POLAR
 from revenue_case import FIGURE, RevenueCase
-from revenue_server import KEYS, POLAR
 
 reason_to_skip = own_namespaces.reason_to_skip
 EMPTY = {account: "" for account in KEYS} | {"stripe_currency": "USD"}

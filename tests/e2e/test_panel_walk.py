@@ -5,9 +5,9 @@ import unittest
 from gi.repository import GLib
 
 from desktop.processes import wait_for
+from desktop.revenue_server import DODO, KEYS, PLATFORMS, POLAR, REVENUECAT, STRIPE
+from desktop.world_server import WorldServer
 from revenue_case import RevenueCase
-from revenue_server import DODO, KEYS, PLATFORMS, POLAR, REVENUECAT, STRIPE
-from world_server import WorldServer
 
 BUTTON, CHIP = "push button", "radio button"
 FIELD = ("text", "entry", "password text")

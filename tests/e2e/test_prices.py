@@ -6,13 +6,13 @@ import time
 import unittest
 from pathlib import Path
 
-import own_namespaces
+from desktop import own_namespaces
+from desktop.https_server import Ending
+from desktop.own_network import OwnNetwork
+from desktop.price_server import HOST, PriceServer
 from desktop.processes import wait_for, watch_for
+from desktop.watcher import Watcher
 from desktop_case import DesktopCase
-from https_server import Ending
-from own_network import OwnNetwork
-from price_server import HOST, PriceServer
-from watcher import Watcher
 
 MAKE_CERTIFICATES = Path(__file__).parent.with_name("support") / "make_certificates"
 reason_to_skip = own_namespaces.reason_to_skip

@@ -6,12 +6,12 @@ import time
 import unittest
 from pathlib import Path
 
-import own_namespaces
+from desktop import own_namespaces
+from desktop.https_server import Ending
+from desktop.price_server import HOST as PRICES
 from desktop.processes import wait_for, watch_for
-from https_server import Ending
-from price_server import HOST as PRICES
+from desktop.revenue_server import DODO, KEYS, LEMON_SQUEEZY, PLATFORMS, POLAR, REVENUECAT, STRIPE, Sale
 from revenue_case import FIGURE, RevenueCase
-from revenue_server import DODO, KEYS, LEMON_SQUEEZY, PLATFORMS, POLAR, REVENUECAT, STRIPE, Sale
 
 reason_to_skip = own_namespaces.reason_to_skip
 TARGETS = {

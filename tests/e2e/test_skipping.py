@@ -5,7 +5,7 @@ import sys
 import unittest
 from pathlib import Path
 
-import own_namespaces
+from desktop import own_namespaces
 
 RUNNER = Path(__file__).with_name("run_test.py")
 SKIPPED = 77

@@ -4,8 +4,8 @@ import unittest
 from pathlib import Path
 
 from desktop.processes import wait_for, watch_for
+from desktop.watcher import Watcher
 from desktop_case import DesktopCase
-from watcher import Watcher
 
 PANEL_LIBRARIES = ("libQt6Quick", "libQt6Qml")
 

@@ -6,7 +6,7 @@ import shutil
 import unittest
 import zoneinfo
 
-import own_namespaces
+from desktop import own_namespaces
 from desktop_case import DesktopCase
 
 reason_to_skip = own_namespaces.reason_to_skip

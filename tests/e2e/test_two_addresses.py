@@ -3,13 +3,13 @@
 import time
 import unittest
 
-import own_namespaces
+from desktop import own_namespaces
+from desktop.https_server import Ending
+from desktop.own_network import TWO_ADDRESSES
 from desktop.processes import watch_for
-from https_server import Ending
-from own_network import TWO_ADDRESSES
+from desktop.revenue_server import POLAR
+from desktop.world_server import WorldServer
 from revenue_case import FIGURE, RevenueCase
-from revenue_server import POLAR
-from world_server import WorldServer
 
 reason_to_skip = own_namespaces.reason_to_skip_ipv6
 PORT, IPV6 = 443, TWO_ADDRESSES[0]

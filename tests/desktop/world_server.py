@@ -1,7 +1,7 @@
 """The servers of prices and of revenue in one: everything that the program ever asks."""
 
-from price_server import HOST, PriceServer
-from revenue_server import RevenueServer
+from desktop.price_server import HOST, PriceServer
+from desktop.revenue_server import RevenueServer
 
 
 class WorldServer(RevenueServer, PriceServer):

@@ -3,7 +3,7 @@
 import json
 from urllib.parse import unquote, urlsplit
 
-from https_server import Answer, Ending, HttpsServer
+from desktop.https_server import Answer, Ending, HttpsServer
 
 HOST = "query1.finance.yahoo.com"
 PATH = "/v8/finance/chart/"

@@ -5,7 +5,7 @@ import time
 from typing import Callable, NamedTuple
 from urllib.parse import parse_qs, urlsplit
 
-from https_server import Answer, Ending, HttpsServer
+from desktop.https_server import Answer, Ending, HttpsServer
 
 
 class Sale(NamedTuple):

@@ -18,8 +18,8 @@ import subprocess
 import sys
 from pathlib import Path
 
+from desktop.own_namespaces import IS_ROOT, NETWORK_AND_MOUNTS, inside_own
 from desktop.processes import DesktopError
-from own_namespaces import IS_ROOT, NETWORK_AND_MOUNTS, inside_own
 
 HOLDER = Path(__file__).with_name("network_holder.py")
 LOOPBACK = ("127.0.0.1",)
