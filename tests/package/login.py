@@ -8,12 +8,12 @@ import shlex
 import subprocess
 from contextlib import ExitStack, contextmanager
 
-from rooms.clean_room import RUNTIME, USER, Room
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import Bus
 from desktop.network import without_network
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area, Screen
+from rooms.clean_room import RUNTIME, USER, Room
 
 NAME = "me.kerno.glimmet"
 MENU_ENTRY = f"/usr/share/applications/{NAME}.desktop"

@@ -3,7 +3,7 @@
 import subprocess
 
 from desktop.processes import wait_for
-from package_login import end
+from package.login import end
 
 SOCKET = "/run/dbus/system_bus_socket"
 # Nobody sits there to be asked for a password.

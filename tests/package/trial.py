@@ -9,10 +9,10 @@ from contextlib import ExitStack
 from pathlib import Path
 
 from desktop.processes import wait_for
-from package_data import ITEM, KEY, LOGIN_ENTRY, PREFERENCES, begin_session, check_key, remove, user_data
-from package_login import (MENU_ENTRY, STRIP, Login, VirtualScreen, check, clean_system, end, look_at, look_at_windows,
+from package.login import (MENU_ENTRY, STRIP, Login, VirtualScreen, check, clean_system, end, look_at, look_at_windows,
                            tell)
-from package_newcomer import try_as_newcomer
+from package.newcomer import try_as_newcomer
+from package.user_data import ITEM, KEY, LOGIN_ENTRY, PREFERENCES, begin_session, check_key, remove, user_data
 
 SETTINGS = '{"me.kerno.glimmet.quotes": ["kept from version to version"]}\n'
 LOGIN_ENTRY_TEXT = "[Desktop Entry]\nType=Application\nName=glimmet\nExec=/usr/bin/glimmet\nTryExec=/usr/bin/glimmet\n"

@@ -1,6 +1,6 @@
 """What a user keeps of the program in a clean system, and that nothing but the user ever touches it."""
 
-from package_login import NAME, check
+from package.login import NAME, check
 from rooms.clean_room import HOME
 
 KEY = "pat_trial_of_the_package"

@@ -8,9 +8,9 @@ from gi.repository import GLib
 from desktop.accessibility import find_when_there
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area
-from package_data import KEY, KEYRING, LOGIN_ENTRY, PREFERENCES, SOURCE, begin_session, check_key, remove
-from package_login import COMPLAINTS, MENU_ENTRY, NAME, PANEL, STRIP, Login, check, clean_system, colours, end, tell
-from package_system import SystemServices
+from package.login import COMPLAINTS, MENU_ENTRY, NAME, PANEL, STRIP, Login, check, clean_system, colours, end, tell
+from package.system_services import SystemServices
+from package.user_data import KEY, KEYRING, LOGIN_ENTRY, PREFERENCES, SOURCE, begin_session, check_key, remove
 
 BUTTON, CHOICE, HEADING = "push button", "radio button", "heading"
 SWITCH = ("check box", "toggle button", "switch")
