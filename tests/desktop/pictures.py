@@ -2,8 +2,8 @@
 
 import time
 
+from desktop.glimmet import Glimmet
 from desktop.processes import wait_for
-from desktop.program import Glimmet
 from desktop.screen import Area
 
 SCHEMES = ("light", "dark")

@@ -8,7 +8,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop.program import Glimmet
+from desktop.glimmet import Glimmet
 from desktop.virtual_desktop import VirtualDesktop
 
 BINARY = Path(os.environ["GLIMMET_BINARY"]).resolve(strict=True)

@@ -6,8 +6,8 @@ import unittest
 from gi.repository import GLib
 
 from desktop import gnome
+from desktop.glimmet import ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop.processes import wait_for, watch_for
-from desktop.program import ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop_case import DesktopCase
 
 ROUNDS = 10

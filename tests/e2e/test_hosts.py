@@ -2,8 +2,8 @@
 
 import unittest
 
+from desktop.glimmet import ITEM, NAME, STRIP
 from desktop.processes import wait_for, watch_for
-from desktop.program import ITEM, NAME, STRIP
 from desktop.watcher import Watcher
 from desktop_case import DesktopCase
 

@@ -11,9 +11,9 @@ import time
 import unittest
 from pathlib import Path
 
-from desktop.network import without_network
+from desktop.glimmet import PANEL
 from desktop.processes import wait_for
-from desktop.program import PANEL
+from desktop.without_network import without_network
 from desktop_case import BINARY, DesktopCase
 
 # The port of the display 0; those of others follow.

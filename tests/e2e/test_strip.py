@@ -5,8 +5,8 @@ import time
 import unittest
 
 from desktop.bus import DAEMON
+from desktop.glimmet import PANEL, STRIP
 from desktop.processes import wait_for, watch_for
-from desktop.program import PANEL, STRIP
 from desktop.screen import Area
 from desktop_case import DesktopCase
 

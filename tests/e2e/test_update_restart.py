@@ -5,8 +5,8 @@ import unittest
 from pathlib import Path
 
 from desktop.accessibility import find_when_there
+from desktop.glimmet import NAME, Glimmet
 from desktop.processes import wait_for
-from desktop.program import NAME, Glimmet
 from desktop_case import BINARY, DesktopCase
 from notifications import Notifications
 from own_packages import PROGRAM, OwnPackages

@@ -10,9 +10,9 @@ from contextlib import ExitStack, contextmanager
 
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import Bus
-from desktop.network import without_network
 from desktop.processes import DesktopError, wait_for
 from desktop.screen import Area, Screen
+from desktop.without_network import without_network
 from rooms.clean_room import RUNTIME, USER, Room
 
 NAME = "me.kerno.glimmet"

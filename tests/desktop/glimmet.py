@@ -6,8 +6,8 @@ from gi.repository import GLib
 
 from desktop import gnome
 from desktop.accessibility import find_when_there
-from desktop.network import without_network
 from desktop.processes import DesktopError, dispatch_events, wait_for
+from desktop.without_network import without_network
 
 NAME = "me.kerno.glimmet"
 ITEM = "/StatusNotifierItem"
