@@ -119,12 +119,13 @@ int TickerFixture::deadlineSaves() const
 
 QStringList TickerFixture::keySaves() const
 {
-    return m_world.keys.saves();
+    return m_world.keys.saves() + m_lockedWorld.keys.saves();
 }
 
 void TickerFixture::forgetKeySaves()
 {
     m_world.keys.forgetCalls();
+    m_lockedWorld.keys.forgetCalls();
 }
 
 QString TickerFixture::storedKey(const QString &item)
@@ -135,16 +136,16 @@ QString TickerFixture::storedKey(const QString &item)
 
 TickerViewModel *TickerFixture::tickerWithoutKeys()
 {
-    m_world.keys.lock();
+    m_lockedWorld.keys.lock();
     // With a parent: QML would take an object without one for its own.
-    m_tickerWithoutKeys = std::make_unique<TickerViewModel>(m_world.forTicker(), this);
+    m_tickerWithoutKeys = std::make_unique<TickerViewModel>(m_lockedWorld.forTicker(), this);
     return m_tickerWithoutKeys.get();
 }
 
 void TickerFixture::keyArrives(const QString &item, const QString &value)
 {
-    m_world.keys.items().insert(item, value.toUtf8());
-    m_world.keys.unlock();
+    m_lockedWorld.keys.items().insert(item, value.toUtf8());
+    m_lockedWorld.keys.unlock();
 }
 
 void TickerFixture::setLogin(const QString &state)

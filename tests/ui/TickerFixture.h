@@ -78,6 +78,7 @@ private:
 
     TestWorld m_world;
     TickerViewModel m_ticker{ m_world.forTicker() };
+    TestWorld m_lockedWorld; ///< with a key store of its own, as each program has one
     std::unique_ptr<TickerViewModel> m_tickerWithoutKeys;
     PanelServices services()
     {
