@@ -37,7 +37,7 @@ constexpr auto clickPatience = 1s;
 /// tell.
 constexpr auto menuPatience = 5s;
 /// Between a press, which opens the menu, and its release, which activates.
-constexpr std::chrono::milliseconds sameClickTime = 1s;
+constexpr auto sameClickTime = 1s;
 
 QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
 {
@@ -49,7 +49,7 @@ QDBusMessage watcherCall(const QString &interface, const QString &method, const 
 
 } // namespace
 
-ItemHost::ItemHost(SessionBus &bus, Timers &timers, QObject *parent)
+ItemHost::ItemHost(SessionBus &bus, Timers &timers, const SteadyClock &clock, QObject *parent)
     : MenuBarHost(parent)
     , m_bus(bus)
     , m_item(std::make_unique<StatusNotifierItem>())
@@ -57,6 +57,7 @@ ItemHost::ItemHost(SessionBus &bus, Timers &timers, QObject *parent)
     , m_unseenTimer(timers, unseenPatience, [this] { startOver(); })
     , m_menuTimer(timers, menuPatience, [this] { comeBack(); })
     , m_clickTimer(timers, clickPatience, [this] { emit clicked(); })
+    , m_sinceMenu(clock)
 {
     connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
     connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
@@ -212,7 +213,7 @@ void ItemHost::handleEarlyClick(QPoint position)
 {
     // The host opens a menu once it has read it. A click before that comes by Activate alone; later on the
     // same click comes by both.
-    if (!m_sinceMenu.isValid() || m_sinceMenu.hasExpired(sameClickTime.count()))
+    if (m_sinceMenu.hasPassed(sameClickTime))
         handleClick(position);
 }
 

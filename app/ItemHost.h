@@ -2,8 +2,7 @@
 
 #include "app/MenuBarHost.h"
 #include "platform/SingleShot.h"
-
-#include <QElapsedTimer>
+#include "platform/SteadyClock.h"
 
 #include <memory>
 
@@ -21,8 +20,8 @@ class ItemHost final : public MenuBarHost {
     Q_OBJECT
 
 public:
-    /// `bus` and `timers` outlive it.
-    ItemHost(SessionBus &bus, Timers &timers, QObject *parent = nullptr);
+    /// What it is given outlives it.
+    ItemHost(SessionBus &bus, Timers &timers, const SteadyClock &clock, QObject *parent = nullptr);
     ~ItemHost() override;
 
     /// True while a desktop shows items.
@@ -60,7 +59,7 @@ private:
     SingleShot m_unseenTimer;
     SingleShot m_menuTimer;
     SingleShot m_clickTimer;
-    QElapsedTimer m_sinceMenu;
+    Stopwatch m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
     bool m_showsMenu = false;
     bool m_isAnnounced = false;

@@ -11,10 +11,10 @@ namespace glimmet {
 
 using namespace std::chrono_literals;
 
-MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers)
+MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock)
 {
     MenuBar::Hosts hosts;
-    hosts.push_back(std::make_unique<ItemHost>(bus, timers));
+    hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
     hosts.push_back(std::make_unique<StripHost>());
     return hosts;
 }

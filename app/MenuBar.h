@@ -9,6 +9,7 @@
 namespace glimmet {
 
 class SessionBus;
+class SteadyClock;
 
 /// Shows the ticker's text in the place that the desktop has for it: in the first host that is available.
 /// Another one than the very first is waited with for some seconds, so that it does not flash up at login or
@@ -47,6 +48,6 @@ private:
 
 /// All that there are: an item in the desktop's own panel, else a strip of our own. What it is given outlives
 /// them.
-MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers);
+MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock);
 
 } // namespace glimmet

@@ -11,6 +11,7 @@
 #include "platform/Process.h"
 #include "platform/QuitSignals.h"
 #include "platform/RepeatingTimer.h"
+#include "platform/SteadyClock.h"
 #include "platform/UserRegion.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SystemBus.h"
@@ -87,6 +88,7 @@ int run(DiagnosticLog &log, Restart &restart)
     // Before the keys: from here on a signal to end waits until a key that is being written is.
     QuitSignals quitSignals;
     const SystemClock clock;
+    const SystemSteadyClock steadyClock;
     const SystemRegion region;
     EventLoopTimers timers;
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
@@ -97,7 +99,7 @@ int run(DiagnosticLog &log, Restart &restart)
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
-    MenuBar menuBar(menuBarHosts(bus, timers), timers);
+    MenuBar menuBar(menuBarHosts(bus, timers, steadyClock), timers);
     const std::unique_ptr<LoginItem> loginItem = makeLoginItem(bus);
     PanelController panel(ticker,
         { *loginItem, [&] { updater.checkForUpdates(); },

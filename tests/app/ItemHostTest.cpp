@@ -82,7 +82,7 @@ protected:
 
 TEST_F(ItemHostTest, isNotAvailableWhereNobodyShowsItems)
 {
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
 
     EXPECT_FALSE(host.isAvailable());
 }
@@ -91,7 +91,7 @@ TEST_F(ItemHostTest, registersWithTheWatcherThatIsThere)
 {
     const Watcher watcher(desktop);
 
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
 
     EXPECT_TRUE(waitFor([&] { return host.isAvailable(); }));
     EXPECT_EQ(watcher.registered, QStringList(programName));
@@ -99,7 +99,7 @@ TEST_F(ItemHostTest, registersWithTheWatcherThatIsThere)
 
 TEST_F(ItemHostTest, registersAgainAfterARestartOfTheWatcher)
 {
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
     for (int round = 0; round < 3; ++round) {
         {
             const Watcher watcher(desktop);
@@ -113,7 +113,7 @@ TEST_F(ItemHostTest, registersAgainAfterARestartOfTheWatcher)
 TEST_F(ItemHostTest, isAvailableOnlyWhileTheWatcherHasAHost)
 {
     Watcher watcher(desktop, false);
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
     ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 1; }));
     EXPECT_FALSE(host.isAvailable());
 
@@ -127,7 +127,7 @@ TEST_F(ItemHostTest, isAvailableOnlyWhileTheWatcherHasAHost)
 TEST_F(ItemHostTest, registersUnderANewNameWhereTheHostNeverLooksAtIt)
 {
     const Watcher watcher(desktop);
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
 
     ASSERT_TRUE(waitFor([&] { return host.isAvailable() && watcher.registered.size() == 1; }));
 
@@ -143,7 +143,7 @@ TEST_F(ItemHostTest, registersWithAWatcherThatReplacesTheRunningOneWithoutAGap)
 {
     QDBusConnection next = daemon.peer(QStringLiteral("next"));
     const Watcher watcher(desktop);
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
     ASSERT_TRUE(waitFor([&] { return watcher.registered.size() == 1; }));
     const Watcher replacement(next);
     // The queued name passes over at once when its first owner lets go of it.
@@ -159,7 +159,7 @@ TEST_F(ItemHostTest, registersWithAWatcherThatReplacesTheRunningOneWithoutAGap)
 TEST_F(ItemHostTest, makesRoomForTheStripWhereTheHostNeverShowsIt)
 {
     const Watcher watcher(desktop);
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
     for (int round = 1; round <= 4; ++round) {
         ASSERT_TRUE(waitFor([&] { return host.isAvailable() && watcher.registered.size() == round; }))
             << round;
@@ -172,7 +172,7 @@ TEST_F(ItemHostTest, makesRoomForTheStripWhereTheHostNeverShowsIt)
 TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)
 {
     auto watcher = std::make_unique<Watcher>(desktop);
-    const ItemHost host(bus, timers);
+    const ItemHost host(bus, timers, clock);
     ASSERT_TRUE(waitFor([&] { return host.isAvailable(); }));
 
     watcher.reset();
@@ -192,7 +192,7 @@ protected:
         : watcher(desktop)
     {
         desktop.registerService(QStringLiteral("org.gnome.Shell"));
-        host = std::make_unique<ItemHost>(bus, timers);
+        host = std::make_unique<ItemHost>(bus, timers, clock);
         waitFor([this] { return host->isAvailable(); });
     }
     ~ShellHostTest() override { desktop.unregisterService(QStringLiteral("org.gnome.Shell")); }
@@ -314,6 +314,21 @@ TEST_F(ShellHostTest, countsAMenuAndAnActivationOfOneClickOnce)
     openMenu();
     closeMenu();
     EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST_F(ShellHostTest, takesAnActivationLongAfterItsMenuForAClickOfItsOwn)
+{
+    openMenu();
+    closeMenu();
+    QSignalSpy clicked(host.get(), &ItemHost::clicked);
+
+    timers.advance(1s);
+    activate();
+    EXPECT_EQ(clicked.count(), 0);
+
+    timers.advance(1ms);
+    activate();
+    EXPECT_EQ(clicked.count(), 1);
 }
 
 } // namespace

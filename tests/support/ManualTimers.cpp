@@ -17,6 +17,11 @@ private:
     ManualTimers &m_timers;
 };
 
+ManualTimers::ManualTimers()
+    : m_clock(m_ownClock)
+{
+}
+
 ManualTimers::ManualTimers(ManualClock &clock)
     : m_clock(clock)
 {
@@ -56,7 +61,7 @@ std::vector<std::chrono::milliseconds> ManualTimers::running() const
 
 void ManualTimers::moveTo(std::chrono::milliseconds moment)
 {
-    m_clock.advance(static_cast<double>((moment - m_elapsed).count()) / 1000.0);
+    m_clock.pass(moment - m_elapsed);
     m_elapsed = moment;
 }
 

@@ -11,7 +11,10 @@ namespace glimmet {
 /// moment in the order of their making). The clock moves along.
 class ManualTimers final : public Timers {
 public:
+    /// With a clock of their own that nobody looks at.
+    ManualTimers();
     explicit ManualTimers(ManualClock &clock);
+    Q_DISABLE_COPY_MOVE(ManualTimers)
 
     std::unique_ptr<RepeatingTimer> repeating(
         std::chrono::milliseconds interval, std::function<void()> fired) override;
@@ -32,6 +35,7 @@ private:
     void moveTo(std::chrono::milliseconds moment);
     void remove(Timer *timer);
 
+    ManualClock m_ownClock;
     ManualClock &m_clock;
     std::chrono::milliseconds m_elapsed{ 0 };
     std::vector<Entry> m_entries;
