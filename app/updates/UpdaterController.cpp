@@ -45,7 +45,7 @@ UpdaterController::UpdaterController(const UpdaterWorld &world, QObject *parent)
     : QObject(parent)
     , m_sessionBus(world.sessionBus)
     , m_program(world.program)
-    , m_client(world.systemBus, world.patience)
+    , m_client(world.systemBus, world.timers, world.patience)
     , m_schedule(world.timers, world.clock, [this] { checkByItself(); })
 {
     connect(&m_client, &PackageKitClient::progressed, this, &UpdaterController::handleProgress);

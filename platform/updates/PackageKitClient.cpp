@@ -7,14 +7,14 @@
 
 namespace glimmet {
 
-PackageKitClient::PackageKitClient(SystemBus &bus, std::chrono::milliseconds patience, QObject *parent)
+PackageKitClient::PackageKitClient(
+    SystemBus &bus, Timers &timers, std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
     , m_bus(bus)
+    , m_timers(timers)
     , m_patience(patience)
+    , m_opening(timers, patience, [this] { finish({ .end = TransactionEnd::TimedOut }); })
 {
-    m_opening.setSingleShot(true);
-    m_opening.setInterval(patience);
-    connect(&m_opening, &QTimer::timeout, this, [this] { finish({ .end = TransactionEnd::TimedOut }); });
 }
 
 PackageKitClient::~PackageKitClient()
@@ -34,7 +34,7 @@ void PackageKitClient::run(const PackageKitCall &call, Completion done)
 void PackageKitClient::start(const QDBusConnection &bus, const PackageKitCall &call)
 {
     m_opening.stop();
-    m_transaction = new PackageKitTransaction(bus, call, m_patience, m_use.get());
+    m_transaction = new PackageKitTransaction(bus, call, m_timers, m_patience, m_use.get());
     connect(m_transaction, &PackageKitTransaction::progressed, this, &PackageKitClient::progressed);
     connect(m_transaction, &PackageKitTransaction::finished, this, &PackageKitClient::finish);
     m_transaction->start();

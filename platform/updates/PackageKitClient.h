@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/SingleShot.h"
 #include "platform/updates/PackageKit.h"
 
 #include <QDBusConnection>
 #include <QObject>
-#include <QTimer>
 
 #include <chrono>
 #include <functional>
@@ -23,8 +23,10 @@ class PackageKitClient final : public QObject {
 public:
     using Completion = std::function<void(const TransactionResult &)>;
 
-    /// `bus` outlives the client. `patience`: how long nothing may be heard before it counts as a failure.
-    PackageKitClient(SystemBus &bus, std::chrono::milliseconds patience, QObject *parent = nullptr);
+    /// `bus` and `timers` outlive the client. `patience`: how long nothing may be heard before it counts as a
+    /// failure.
+    PackageKitClient(
+        SystemBus &bus, Timers &timers, std::chrono::milliseconds patience, QObject *parent = nullptr);
     ~PackageKitClient() override;
 
     /// Takes the place of one that still runs. `done` is called once, from the event loop, unless the
@@ -44,8 +46,9 @@ private:
     void forgetTransaction();
 
     SystemBus &m_bus;
+    Timers &m_timers;
     std::chrono::milliseconds m_patience;
-    QTimer m_opening; ///< runs while the bus is being connected to
+    SingleShot m_opening; ///< runs while the bus is being connected to
     Completion m_done;
     std::unique_ptr<QObject> m_use; ///< the receiver of what is under way
     PackageKitTransaction *m_transaction = nullptr;

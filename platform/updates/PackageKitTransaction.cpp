@@ -53,15 +53,13 @@ bool isGone(const QString &errorName)
 
 } // namespace
 
-PackageKitTransaction::PackageKitTransaction(
-    QDBusConnection systemBus, PackageKitCall call, std::chrono::milliseconds patience, QObject *parent)
+PackageKitTransaction::PackageKitTransaction(QDBusConnection systemBus, PackageKitCall call, Timers &timers,
+    std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
     , m_bus(std::move(systemBus))
     , m_call(std::move(call))
+    , m_silence(timers, patience, [this] { handleSilence(); })
 {
-    m_silence.setSingleShot(true);
-    m_silence.setInterval(patience);
-    connect(&m_silence, &QTimer::timeout, this, &PackageKitTransaction::handleSilence);
 }
 
 PackageKitTransaction::~PackageKitTransaction()

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/SingleShot.h"
 #include "platform/updates/PackageKit.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QObject>
-#include <QTimer>
 
 #include <chrono>
 
@@ -18,9 +18,10 @@ class PackageKitTransaction final : public QObject {
     Q_OBJECT
 
 public:
-    /// Ends as timed out when for `patience` nothing is heard of it, unless the user is being asked.
-    PackageKitTransaction(QDBusConnection systemBus, PackageKitCall call, std::chrono::milliseconds patience,
-        QObject *parent = nullptr);
+    /// Ends as timed out when for `patience` nothing is heard of it, unless the user is being asked. `timers`
+    /// outlives it.
+    PackageKitTransaction(QDBusConnection systemBus, PackageKitCall call, Timers &timers,
+        std::chrono::milliseconds patience, QObject *parent = nullptr);
     ~PackageKitTransaction() override;
 
     void start();
@@ -58,7 +59,7 @@ private:
 
     QDBusConnection m_bus;
     PackageKitCall m_call;
-    QTimer m_silence;
+    SingleShot m_silence;
     QString m_owner; ///< the service's unique name, so that no other program can speak for it
     QString m_path; ///< empty until it is created
     TransactionResult m_result;

@@ -62,6 +62,8 @@ bool FakePackageKit::handleMessage(const QDBusMessage &message, const QDBusConne
             connection.send(message.createReply(QVariant::fromValue(QDBusObjectPath(path))));
         if (course.kind == Kind::Refuses)
             connection.send(message.createErrorReply(course.details, QStringLiteral("no")));
+        if (course.kind == Kind::Hangs)
+            m_heldMethod = method;
         if (course.kind == Kind::Dies)
             QMetaObject::invokeMethod(this, [this] { die(); }, Qt::QueuedConnection);
         if (course.kind == Kind::DiesAfterwards)

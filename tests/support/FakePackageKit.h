@@ -55,7 +55,8 @@ public:
     /// The transaction that hangs goes on: says something, or ends.
     void tell(const QVariantMap &properties) const;
     void finish(uint exit) const;
-    /// Whether a transaction with this method was started last and has worked, or hangs.
+    /// Whether a transaction with this method was started last and has worked, or hangs, or hangs at its
+    /// creation.
     bool isAt(const QString &method) const { return m_heldMethod == method; }
     /// Where it is.
     QString heldPath() const { return m_held; }

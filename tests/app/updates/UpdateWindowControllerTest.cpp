@@ -16,7 +16,6 @@ namespace glimmet {
 namespace {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 using Kind = FakePackageKit::Course::Kind;
 
 class UpdateWindowControllerTest : public testing::Test {
@@ -38,10 +37,10 @@ protected:
     PrivateBus daemon;
     FakePackageKit service{ daemon };
     SystemBus systemBus{ qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS") };
-    SessionBus sessionBus;
     ManualClock clock;
     ManualTimers timers{ clock };
-    UpdaterController updater{ { systemBus, sessionBus, timers, clock, u"/usr/bin/glimmet"_s, 10s } };
+    SessionBus sessionBus;
+    UpdaterController updater{ { systemBus, sessionBus, timers, clock, u"/usr/bin/glimmet"_s } };
     UpdateWindowController controller{ updater };
 };
 

@@ -81,7 +81,7 @@ TEST_F(UpdaterControllerTest, saysThatTheUserMayNotLook)
 
 TEST_F(UpdaterControllerTest, saysThatNoPackageInstalledTheProgram)
 {
-    UpdaterController other({ systemBus, sessionBus, timers, clock, u"/home/me/build/bin/glimmet"_s, 500ms });
+    UpdaterController other({ systemBus, sessionBus, timers, clock, u"/home/me/build/bin/glimmet"_s });
 
     other.checkForUpdates();
 
@@ -124,8 +124,12 @@ TEST_F(UpdaterControllerTest, endsWhereTheServiceIsSilentAtAnyStepOfACheck)
     for (const QString &method :
         { u"CreateTransaction"_s, u"SearchFiles"_s, u"RefreshCache"_s, u"GetUpdates"_s }) {
         service->courses = { { method, { Kind::Hangs } } };
+        viewModel.checkForUpdates();
+        ASSERT_TRUE(hangs(method));
 
-        EXPECT_EQ(check().failure.words, u"The service that installs updates does not answer."_s)
+        losePatience();
+
+        EXPECT_EQ(updater.state().failure.words, u"The service that installs updates does not answer."_s)
             << method.toStdString();
     }
 }
@@ -134,9 +138,11 @@ TEST_F(UpdaterControllerTest, holdsNobodyUpWhereTheBusIsSilent)
 {
     systemBus.close();
     daemon.halt();
+    viewModel.checkForUpdates();
 
-    EXPECT_EQ(check().failure.words, u"The service that installs updates does not answer."_s);
+    losePatience();
 
+    EXPECT_EQ(updater.state().failure.words, u"The service that installs updates does not answer."_s);
     daemon.goOn();
 }
 
@@ -250,9 +256,15 @@ TEST_F(UpdaterControllerTest, seesThatTheWorkWasDoneThoughTheServiceDied)
 
 TEST_F(UpdaterControllerTest, saysThatTheServiceIsSilentAtTheInstallation)
 {
+    check();
     service->courses[u"UpdatePackages"_s] = { Kind::Hangs };
+    updater.install();
+    ASSERT_TRUE(hangs(u"UpdatePackages"_s));
 
-    EXPECT_EQ(install().failure.words, u"The service that installs updates does not answer."_s);
+    losePatience();
+
+    ASSERT_TRUE(becomes(UpdatePhase::Failed));
+    EXPECT_EQ(updater.state().failure.words, u"The service that installs updates does not answer."_s);
 }
 
 TEST_F(UpdaterControllerTest, showsHowFarTheInstallationIs)

@@ -54,15 +54,17 @@ protected:
     {
         return waitFor([&] { return service->isAt(method); });
     }
+    /// Lets so much time pass that the updater waits no more for what it has heard nothing of.
+    void losePatience() { timers.advance(5min); }
 
     PrivateBus daemon;
     SystemBus systemBus{ qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS") };
-    SessionBus sessionBus;
     ManualClock clock;
     ManualTimers timers{ clock };
+    SessionBus sessionBus;
     std::unique_ptr<FakePackageKit> service = std::make_unique<FakePackageKit>(daemon);
     FakeNotifications desktop{ daemon };
-    UpdaterViewModel viewModel{ { systemBus, sessionBus, timers, clock, u"/usr/bin/glimmet"_s, 500ms } };
+    UpdaterViewModel viewModel{ { systemBus, sessionBus, timers, clock, u"/usr/bin/glimmet"_s } };
     UpdaterController &updater = viewModel.updaterController();
     QSignalSpy windows{ &updater, &UpdaterController::windowWanted };
     QSignalSpy restarts{ &updater, &UpdaterController::restartRequested };

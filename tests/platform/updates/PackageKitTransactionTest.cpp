@@ -1,8 +1,7 @@
 #include "platform/updates/PackageKitTransaction.h"
 #include "tests/support/FakePackageKit.h"
+#include "tests/support/ManualTimers.h"
 #include "tests/support/Printing.h"
-
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -26,9 +25,10 @@ protected:
             QDBusConnection::disconnectFromBus(name);
     }
 
-    PackageKitTransaction &start(const PackageKitCall &call, std::chrono::milliseconds patience = 1min)
+    /// For a minute it is patient.
+    PackageKitTransaction &start(const PackageKitCall &call)
     {
-        transaction = std::make_unique<PackageKitTransaction>(daemon.peer(u"own"_s), call, patience);
+        transaction = std::make_unique<PackageKitTransaction>(daemon.peer(u"own"_s), call, timers, 1min);
         QObject::connect(transaction.get(), &PackageKitTransaction::finished, transaction.get(),
             [this](const TransactionResult &end) {
                 ++endings;
@@ -49,7 +49,16 @@ protected:
         return waitFor([&] { return service->isAt(method); });
     }
 
+    /// Has the service say something, and waits until it is heard.
+    bool hears(const QVariantMap &properties)
+    {
+        const qsizetype before = progress.size();
+        service->tell(properties);
+        return waitFor([&] { return progress.size() > before; });
+    }
+
     PrivateBus daemon;
+    ManualTimers timers;
     std::unique_ptr<FakePackageKit> service = std::make_unique<FakePackageKit>(daemon);
     std::unique_ptr<PackageKitTransaction> transaction;
     TransactionResult result;
@@ -228,10 +237,15 @@ TEST_F(PackageKitTransactionTest, noticesThatTheBusDies)
 TEST_F(PackageKitTransactionTest, endsWhenNothingIsHeardAnyMore)
 {
     service->courses[u"GetUpdates"_s] = { Kind::Hangs };
+    start(PackageKitCalls::updates());
+    ASSERT_TRUE(hangs(u"GetUpdates"_s));
+    ASSERT_TRUE(hears({ { u"Percentage"_s, 0U } }));
 
-    start(PackageKitCalls::updates(), 100ms);
+    timers.advance(59s);
+    EXPECT_EQ(endings, 0);
 
-    ASSERT_TRUE(ends());
+    timers.advance(1s);
+    ASSERT_EQ(endings, 1);
     EXPECT_EQ(result.end, TransactionEnd::TimedOut);
     EXPECT_TRUE(waitFor([this] { return service->wasCalled(u"Cancel"_s); }));
 }
@@ -239,22 +253,24 @@ TEST_F(PackageKitTransactionTest, endsWhenNothingIsHeardAnyMore)
 TEST_F(PackageKitTransactionTest, endsWhenTheServiceDoesNotEvenCreateIt)
 {
     service->courses[u"CreateTransaction"_s] = { Kind::Hangs };
+    start(PackageKitCalls::updates());
+    ASSERT_TRUE(hangs(u"CreateTransaction"_s));
 
-    start(PackageKitCalls::updates(), 100ms);
+    timers.advance(1min);
 
-    ASSERT_TRUE(ends());
+    ASSERT_EQ(endings, 1);
     EXPECT_EQ(result.end, TransactionEnd::TimedOut);
 }
 
 TEST_F(PackageKitTransactionTest, isPatientAsLongAsItProgresses)
 {
     service->courses[u"UpdatePackages"_s] = { Kind::Hangs };
-    start(PackageKitCalls::install(update), 400ms);
+    start(PackageKitCalls::install(update));
     ASSERT_TRUE(hangs(u"UpdatePackages"_s));
 
     for (uint percentage = 0; percentage < 6; ++percentage) {
-        QTest::qWait(100);
-        service->tell({ { u"Percentage"_s, percentage } });
+        timers.advance(59s);
+        ASSERT_TRUE(hears({ { u"Percentage"_s, percentage } }));
     }
     service->finish(1);
 
@@ -265,33 +281,33 @@ TEST_F(PackageKitTransactionTest, isPatientAsLongAsItProgresses)
 TEST_F(PackageKitTransactionTest, waitsForTheUserWithoutLimit)
 {
     service->courses[u"UpdatePackages"_s] = { Kind::Hangs };
-    start(PackageKitCalls::install(update), 1s);
+    start(PackageKitCalls::install(update));
     ASSERT_TRUE(hangs(u"UpdatePackages"_s));
     const uint waitingForAuthorization = 31;
-    service->tell({ { u"Status"_s, waitingForAuthorization } });
+    ASSERT_TRUE(hears({ { u"Status"_s, waitingForAuthorization }, { u"Percentage"_s, 0U } }));
 
-    // Longer than it waits for the service.
-    QTest::qWait(1500);
+    timers.advance(24h);
     EXPECT_EQ(endings, 0);
 
     const uint running = 3;
-    service->tell({ { u"Status"_s, running } });
-    ASSERT_TRUE(ends());
+    ASSERT_TRUE(hears({ { u"Status"_s, running }, { u"Percentage"_s, 1U } }));
+    timers.advance(1min);
+    ASSERT_EQ(endings, 1);
     EXPECT_EQ(result.end, TransactionEnd::TimedOut);
 }
 
 TEST_F(PackageKitTransactionTest, endsWhereACancelledQuestionToTheUserIsNeverTakenBack)
 {
     service->courses = { { u"UpdatePackages"_s, { Kind::Hangs } }, { u"Cancel"_s, { Kind::Hangs } } };
-    start(PackageKitCalls::install(update), 500ms);
+    start(PackageKitCalls::install(update));
     ASSERT_TRUE(hangs(u"UpdatePackages"_s));
     const uint waitingForAuthorization = 31;
-    service->tell({ { u"Status"_s, waitingForAuthorization }, { u"Percentage"_s, 0U } });
-    ASSERT_TRUE(waitFor([this] { return !progress.isEmpty(); }));
+    ASSERT_TRUE(hears({ { u"Status"_s, waitingForAuthorization }, { u"Percentage"_s, 0U } }));
 
     transaction->cancel();
+    timers.advance(1min);
 
-    ASSERT_TRUE(ends());
+    ASSERT_EQ(endings, 1);
     EXPECT_EQ(result.end, TransactionEnd::TimedOut);
 }
 
