@@ -76,7 +76,8 @@ std::unique_ptr<LoginItem> makeLoginItem(const SessionBus &bus)
 /// Everything meets here. Returns the exit status once the program has quit.
 int run(DiagnosticLog &log, Restart &restart)
 {
-    SessionBus bus;
+    EventLoopTimers timers;
+    SessionBus bus(timers);
     bus.open();
     Instance instance(bus);
     const Instance::Launch launch = instance.handOver();
@@ -90,7 +91,6 @@ int run(DiagnosticLog &log, Restart &restart)
     const SystemClock clock;
     const SystemSteadyClock steadyClock;
     const SystemRegion region;
-    EventLoopTimers timers;
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
     KeychainHelper keys(bus);
     HttpClient http;

@@ -96,7 +96,8 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     SecretServiceDaemon daemon;
     daemon.start();
-    SessionBus bus;
+    EventLoopTimers timers;
+    SessionBus bus(timers);
     bus.open();
     const int before = privateDirty();
     KeychainHelper first(bus);

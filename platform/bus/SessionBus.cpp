@@ -13,12 +13,11 @@ namespace glimmet {
 
 using namespace std::chrono_literals;
 
-SessionBus::SessionBus(QObject *parent)
+SessionBus::SessionBus(Timers &timers, QObject *parent)
     : QObject(parent)
+    , m_timers(timers)
     , m_connection(QString())
 {
-    m_retryTimer.setInterval(2s);
-    connect(&m_retryTimer, &QTimer::timeout, this, &SessionBus::tryToConnect);
 }
 
 SessionBus::~SessionBus()
@@ -28,7 +27,7 @@ SessionBus::~SessionBus()
 
 void SessionBus::open()
 {
-    m_retryTimer.start();
+    keepTrying();
     tryToConnect();
 }
 
@@ -56,6 +55,11 @@ QString SessionBus::ownerOf(const QString &name) const
     return m_connection.interface()->serviceOwner(name).value();
 }
 
+void SessionBus::keepTrying()
+{
+    m_retryTimer = m_timers.repeating(2s, [this] { tryToConnect(); });
+}
+
 void SessionBus::tryToConnect()
 {
     const QString address = sessionBusAddress();
@@ -66,7 +70,7 @@ void SessionBus::tryToConnect()
         QDBusConnection::disconnectFromBus(m_connection.name());
         return;
     }
-    m_retryTimer.stop();
+    m_retryTimer.reset();
     listenForLoss(m_connection, this, SLOT(handleDisconnected()));
     emit connected();
 }
@@ -76,7 +80,7 @@ void SessionBus::handleDisconnected()
     QDBusConnection::disconnectFromBus(m_connection.name());
     m_connection = QDBusConnection(QString());
     m_names.clear();
-    m_retryTimer.start();
+    keepTrying();
     emit lost();
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/RepeatingTimer.h"
+
 #include <QDBusConnection>
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
+
+#include <memory>
 
 namespace glimmet {
 
@@ -13,7 +16,8 @@ class SessionBus : public QObject {
     Q_OBJECT
 
 public:
-    explicit SessionBus(QObject *parent = nullptr);
+    /// `timers` outlives it.
+    explicit SessionBus(Timers &timers, QObject *parent = nullptr);
     ~SessionBus() override;
 
     /// Connects, or goes on trying. `connected` tells of the success, also of one at once.
@@ -37,11 +41,13 @@ private slots:
     void handleDisconnected();
 
 private:
+    void keepTrying();
     void tryToConnect();
 
+    Timers &m_timers;
     QDBusConnection m_connection;
     QStringList m_names;
-    QTimer m_retryTimer;
+    std::unique_ptr<RepeatingTimer> m_retryTimer; ///< while there is no connection
 };
 
 } // namespace glimmet

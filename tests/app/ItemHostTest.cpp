@@ -75,9 +75,9 @@ protected:
 
     PrivateBus daemon;
     QDBusConnection desktop;
-    SessionBus bus;
     ManualClock clock;
     ManualTimers timers{ clock };
+    SessionBus bus{ timers };
 };
 
 TEST_F(ItemHostTest, isNotAvailableWhereNobodyShowsItems)
@@ -175,11 +175,14 @@ TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)
     const ItemHost host(bus, timers, clock);
     ASSERT_TRUE(waitFor([&] { return host.isAvailable(); }));
 
+    const QSignalSpy losses(&bus, &SessionBus::lost);
     watcher.reset();
     daemon.kill();
-    ASSERT_TRUE(waitFor([&] { return !host.isAvailable(); }));
+    ASSERT_TRUE(waitFor([&] { return losses.count() == 1; }));
+    EXPECT_FALSE(host.isAvailable());
     daemon.start();
     const Watcher another(daemon.peer(QStringLiteral("another")));
+    timers.advance(2s);
 
     EXPECT_TRUE(waitFor([&] { return host.isAvailable() && another.registered.size() == 1; }));
     QDBusConnection::disconnectFromBus(QStringLiteral("another"));

@@ -56,8 +56,8 @@ int main(int argc, char *argv[])
         return 2;
     }
     SystemBus systemBus;
-    const SessionBus sessionBus;
     EventLoopTimers timers;
+    const SessionBus sessionBus(timers);
     const SystemClock clock;
     UpdaterController updater({ systemBus, sessionBus, timers, clock, QString::fromLocal8Bit(argv[1]), 30s });
     QObject::connect(&updater, &UpdaterController::stateChanged, &updater, [&] { print(updater.state()); });

@@ -1,6 +1,7 @@
 #include "app/updates/UpdateNotification.h"
 #include "platform/bus/SessionBus.h"
 #include "tests/support/FakeNotifications.h"
+#include "tests/support/ManualTimers.h"
 #include "tests/support/Printing.h"
 
 #include <QSignalSpy>
@@ -38,7 +39,8 @@ protected:
     }
 
     PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus{ timers };
     UpdateNotification notification;
     QSignalSpy installs{ &notification, &UpdateNotification::installChosen };
 };
@@ -100,7 +102,8 @@ TEST_F(UpdateNotificationTest, tellsOfTheVersionOnceThereIsADesktopToShowIt)
 
 TEST(UpdateNotificationWithoutABus, isSilentAndTellsOfTheVersionOnceThereIsOne)
 {
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     UpdateNotification notification;
     notification.show(bus, u"1.0"_s, u"1.1"_s);
     const PrivateBus daemon;

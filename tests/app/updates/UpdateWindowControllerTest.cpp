@@ -39,7 +39,7 @@ protected:
     SystemBus systemBus{ qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS") };
     ManualClock clock;
     ManualTimers timers{ clock };
-    SessionBus sessionBus;
+    SessionBus sessionBus{ timers };
     UpdaterController updater{ { systemBus, sessionBus, timers, clock, u"/usr/bin/glimmet"_s } };
     UpdateWindowController controller{ updater };
 };

@@ -61,7 +61,7 @@ protected:
     SystemBus systemBus{ qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS") };
     ManualClock clock;
     ManualTimers timers{ clock };
-    SessionBus sessionBus;
+    SessionBus sessionBus{ timers };
     std::unique_ptr<FakePackageKit> service = std::make_unique<FakePackageKit>(daemon);
     FakeNotifications desktop{ daemon };
     UpdaterViewModel viewModel{ { systemBus, sessionBus, timers, clock, u"/usr/bin/glimmet"_s } };

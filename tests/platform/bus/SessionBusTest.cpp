@@ -1,4 +1,5 @@
 #include "platform/bus/SessionBus.h"
+#include "tests/support/ManualTimers.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QSignalSpy>
@@ -8,10 +9,13 @@
 namespace glimmet {
 namespace {
 
+using namespace std::chrono_literals;
+
 TEST(SessionBus, connectsAtOnceWhereThereIsABus)
 {
     const PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
 
     bus.open();
 
@@ -23,7 +27,8 @@ TEST(SessionBus, connectsAtOnceWhereThereIsABus)
 TEST(SessionBus, outlivesTheBusAndConnectsAgainWhenItIsBack)
 {
     PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     QSignalSpy lost(&bus, &SessionBus::lost);
     QSignalSpy connected(&bus, &SessionBus::connected);
@@ -31,16 +36,38 @@ TEST(SessionBus, outlivesTheBusAndConnectsAgainWhenItIsBack)
     daemon.kill();
     ASSERT_TRUE(waitFor([&] { return lost.count() == 1; }));
     EXPECT_FALSE(bus.isConnected());
+    timers.advance(10s);
+    daemon.start();
+    EXPECT_FALSE(bus.isConnected());
+
+    timers.advance(2s);
+    EXPECT_TRUE(bus.isConnected());
+    EXPECT_EQ(connected.count(), 1);
+}
+
+TEST(SessionBus, triesEveryTwoSecondsUntilThereIsABus)
+{
+    PrivateBus daemon;
+    daemon.kill();
+    ManualTimers timers;
+    SessionBus bus(timers);
+    bus.open();
+    timers.advance(4s);
     daemon.start();
 
-    EXPECT_TRUE(waitFor([&] { return connected.count() == 1; }));
+    timers.advance(1999ms);
+    EXPECT_FALSE(bus.isConnected());
+
+    timers.advance(1ms);
     EXPECT_TRUE(bus.isConnected());
+    EXPECT_TRUE(timers.running().empty());
 }
 
 TEST(SessionBus, neverLaunchesABusOfItsOwn)
 {
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
 
     bus.open();
 

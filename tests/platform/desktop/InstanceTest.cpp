@@ -1,5 +1,6 @@
 #include "platform/desktop/Instance.h"
 #include "platform/bus/SessionBus.h"
+#include "tests/support/ManualTimers.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusVirtualObject>
@@ -11,10 +12,13 @@
 namespace glimmet {
 namespace {
 
+using namespace std::chrono_literals;
+
 TEST(Instance, keepsItsNameAndHandsNothingOverWhenItIsTheFirst)
 {
     const PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     Instance instance(bus);
 
@@ -54,7 +58,8 @@ TEST(Instance, takesTheNameOfOneThatEndsInsteadOfAnswering)
 {
     const PrivateBus daemon;
     const EndingInstance before(daemon.peer(QStringLiteral("before")));
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     Instance instance(bus);
     ASSERT_NE(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
@@ -66,7 +71,8 @@ TEST(Instance, takesTheNameOfOneThatEndsInsteadOfAnswering)
 
 TEST(Instance, runsOnWithoutABus)
 {
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     Instance instance(bus);
 
@@ -76,7 +82,8 @@ TEST(Instance, runsOnWithoutABus)
 TEST(Instance, tellsThatItWasLaunchedAgain)
 {
     const PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     Instance instance(bus);
     QSignalSpy launched(&instance, &Instance::launchedAgain);
@@ -93,14 +100,17 @@ TEST(Instance, tellsThatItWasLaunchedAgain)
 TEST(Instance, takesItsNameAgainWhenTheBusIsBack)
 {
     PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     const Instance instance(bus);
-    QSignalSpy connected(&bus, &SessionBus::connected);
+    const QSignalSpy lost(&bus, &SessionBus::lost);
 
     daemon.kill();
+    ASSERT_TRUE(waitFor([&] { return lost.count() == 1; }));
     daemon.start();
-    ASSERT_TRUE(waitFor([&] { return connected.count() == 1; }));
+    timers.advance(2s);
+    ASSERT_TRUE(bus.isConnected());
 
     EXPECT_EQ(bus.ownerOf(QStringLiteral("me.kerno.glimmet")), bus.connection().baseService());
 }
@@ -108,7 +118,8 @@ TEST(Instance, takesItsNameAgainWhenTheBusIsBack)
 TEST(Instance, keepsItsNameWhenTheProgramComesBackAsANewParticipant)
 {
     const PrivateBus daemon;
-    SessionBus bus;
+    ManualTimers timers;
+    SessionBus bus(timers);
     bus.open();
     const Instance instance(bus);
     const QDBusConnection heldElsewhere = bus.connection();

@@ -48,7 +48,8 @@ public:
 
 private:
     SecretServiceDaemon m_daemon;
-    SessionBus m_bus;
+    EventLoopTimers m_timers;
+    SessionBus m_bus{ m_timers };
     KeychainHelper m_store{ m_bus };
 };
 

@@ -51,7 +51,8 @@ public:
     QTemporaryDir noServices;
     PrivateBus bus{ noServices.path() };
     FakeSecretService service;
-    SessionBus sessionBus;
+    EventLoopTimers timers;
+    SessionBus sessionBus{ timers };
     std::optional<KeychainHelper> store;
     QElapsedTimer clock;
 };
@@ -196,7 +197,8 @@ TEST(KeychainHelper, neverReportsASaveThatAKillUndid)
         SecretServiceDaemon daemon;
         daemon.start();
         daemon.put(attributesOf(account), "old");
-        SessionBus bus;
+        EventLoopTimers timers;
+        SessionBus bus{ timers };
         bus.open();
         KeychainHelper store(bus);
         std::thread killer([process = daemon.processId(), delay] {

@@ -64,7 +64,8 @@ protected:
     }
 
     SecretServiceDaemon daemon;
-    SessionBus bus;
+    EventLoopTimers timers;
+    SessionBus bus{ timers };
     std::optional<KeychainHelper> store;
     std::optional<QSignalSpy> readable;
 };
@@ -279,7 +280,8 @@ TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
     daemon.start();
     daemon.put(attributesOf(account), "abc");
     daemon.kill();
-    SessionBus bus;
+    EventLoopTimers timers;
+    SessionBus bus{ timers };
     bus.open();
     KeychainHelper store(bus);
     QSignalSpy readable(&store, &KeyStore::becameReadable);

@@ -30,7 +30,8 @@ protected:
 
     SecretServiceDaemon daemon;
     MockPrompter prompter;
-    SessionBus bus;
+    EventLoopTimers timers;
+    SessionBus bus{ timers };
 };
 
 TEST_F(KeychainUnlock, readsTheKeysOnceTheUserHasUnlockedThem)
