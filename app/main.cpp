@@ -92,7 +92,7 @@ int run(DiagnosticLog &log, Restart &restart)
     const SystemSteadyClock steadyClock;
     const SystemRegion region;
     JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
-    KeychainHelper keys(bus);
+    KeychainHelper keys(bus, timers, steadyClock);
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);
     RevenueServices revenue(http, log, clock, region, liveEndpoints());

@@ -2,6 +2,8 @@
 // without any copy, which is when a kill would lose it.
 
 #include "bench/Measure.h"
+#include "platform/RepeatingTimer.h"
+#include "platform/SteadyClock.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
 #include "revenue/RevenueChoices.h"
@@ -20,6 +22,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int rounds = 200;
+const SystemSteadyClock steadyClock;
 
 QString value()
 {
@@ -54,13 +57,13 @@ void saveAll(KeyStore &store)
         store.save(ApiKey(value()), name.toString());
 }
 
-void measureStartUp(const SessionBus &bus)
+void measureStartUp(const SessionBus &bus, Timers &timers)
 {
     std::vector<double> loads;
     std::vector<double> saves;
     const double cpu = threadCpu();
     for (int i = 0; i < rounds; ++i) {
-        KeychainHelper store(bus);
+        KeychainHelper store(bus, timers, steadyClock);
         loads.push_back(duration([&] { loadAll(store); }));
         saves.push_back(duration([&] { saveAll(store); }));
     }
@@ -78,7 +81,7 @@ void measureTimeWithoutACopy(const SessionBus &bus)
     std::vector<double> removals;
     std::vector<double> additions;
     for (int i = 0; i < rounds; ++i) {
-        CallBudget budget(3s, 300ms);
+        CallBudget budget(steadyClock, { 3s, 300ms });
         const CallBudget::Call call(budget);
         const auto matches = service.find(attributes, call);
         removals.push_back(duration([&] { service.remove(matches->unlocked.first(), 300ms); }));
@@ -100,12 +103,12 @@ int main(int argc, char *argv[])
     SessionBus bus(timers);
     bus.open();
     const int before = privateDirty();
-    KeychainHelper first(bus);
+    KeychainHelper first(bus, timers, steadyClock);
     saveAll(first);
     loadAll(first);
     std::printf("the store: %d kB\n", privateDirty() - before);
 
-    measureStartUp(bus);
+    measureStartUp(bus, timers);
     measureTimeWithoutACopy(bus);
     return 0;
 }

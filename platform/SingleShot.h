@@ -27,6 +27,9 @@ public:
         m_timer = m_timers.repeating(m_delay, [this] { fire(); });
     }
     void stop() { m_timer.reset(); }
+    /// From the next start on.
+    void setDelay(std::chrono::milliseconds delay) { m_delay = delay; }
+    std::chrono::milliseconds delay() const { return m_delay; }
     bool isRunning() const { return m_timer != nullptr; }
 
 private:

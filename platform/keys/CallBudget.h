@@ -1,15 +1,23 @@
 #pragma once
 
-#include <QDeadlineTimer>
-#include <QElapsedTimer>
+#include "platform/SteadyClock.h"
 
+#include <QtGlobal>
+
+#include <algorithm>
 #include <chrono>
 #include <optional>
 
 namespace glimmet {
 
-/// How long calls may keep their caller waiting: the calls of the start-up share one budget, which only the
-/// time within calls uses up; each later call has a budget of its own.
+/// How long calls may keep their caller waiting.
+struct CallLimits {
+    std::chrono::nanoseconds startUp; ///< all calls of the start-up together
+    std::chrono::nanoseconds later; ///< each later call
+};
+
+/// What is left of that: the calls of the start-up share one budget, which only the time within calls uses
+/// up; each later call has a budget of its own.
 class CallBudget {
 public:
     /// One call, from its construction to its end.
@@ -18,31 +26,37 @@ public:
         explicit Call(CallBudget &budget)
             : m_budget(budget)
             , m_time(budget.m_startUp.value_or(budget.m_later))
-            , m_deadline(m_time)
+            , m_start(budget.m_clock.elapsed())
         {
-            m_elapsed.start();
         }
-        ~Call() { m_budget.take(std::chrono::nanoseconds(m_elapsed.nsecsElapsed())); }
+        ~Call() { m_budget.take(elapsed()); }
         Q_DISABLE_COPY_MOVE(Call)
 
         /// What is left, rounded up; 0 when there is nothing left.
         std::chrono::milliseconds remaining() const
         {
-            return std::chrono::ceil<std::chrono::milliseconds>(m_deadline.remainingTimeAsDuration());
+            return std::chrono::ceil<std::chrono::milliseconds>(remainder());
         }
         /// Whether hardly anything is left: timers of D-Bus end a wait up to a tenth early.
-        bool hasExpired() const { return m_deadline.remainingTimeAsDuration() <= m_time / 10; }
+        bool hasExpired() const { return remainder() <= m_time / 10; }
 
     private:
+        std::chrono::nanoseconds elapsed() const { return m_budget.m_clock.elapsed() - m_start; }
+        std::chrono::nanoseconds remainder() const
+        {
+            return std::max(m_time - elapsed(), std::chrono::nanoseconds::zero());
+        }
+
         CallBudget &m_budget;
         std::chrono::nanoseconds m_time;
-        QDeadlineTimer m_deadline;
-        QElapsedTimer m_elapsed;
+        std::chrono::nanoseconds m_start;
     };
 
-    CallBudget(std::chrono::nanoseconds startUp, std::chrono::nanoseconds later)
-        : m_startUp(startUp)
-        , m_later(later)
+    /// `clock` outlives it.
+    CallBudget(const SteadyClock &clock, CallLimits limits)
+        : m_clock(clock)
+        , m_startUp(limits.startUp)
+        , m_later(limits.later)
     {
     }
 
@@ -55,6 +69,7 @@ private:
             m_startUp = std::max(*m_startUp - time, std::chrono::nanoseconds::zero());
     }
 
+    const SteadyClock &m_clock;
     std::optional<std::chrono::nanoseconds> m_startUp; ///< what is left of it; none once it is over
     std::chrono::nanoseconds m_later;
 };

@@ -39,12 +39,13 @@ QString label(const QString &account)
 
 } // namespace
 
-KeychainHelper::KeychainHelper(const SessionBus &bus, QObject *parent)
+KeychainHelper::KeychainHelper(
+    const SessionBus &bus, Timers &timers, const SteadyClock &clock, CallLimits limits, QObject *parent)
     : KeyStore(parent)
-    , m_budget(3s, 300ms)
+    , m_budget(clock, limits)
     , m_link(bus)
     , m_service(m_link)
-    , m_watch(m_link, bus)
+    , m_watch(m_link, bus, timers)
 {
     connect(&m_watch, &SecretServiceWatch::readable, this, &KeyStore::becameReadable);
     QMetaObject::invokeMethod(this, [this] { m_budget.endStartUp(); }, Qt::QueuedConnection);

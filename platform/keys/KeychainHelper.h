@@ -21,8 +21,10 @@ class KeychainHelper final : public KeyStore {
     Q_OBJECT
 
 public:
-    /// `bus` outlives the store; without a bus nothing is available.
-    explicit KeychainHelper(const SessionBus &bus, QObject *parent = nullptr);
+    /// What it is given outlives the store; without a bus nothing is available.
+    KeychainHelper(const SessionBus &bus, Timers &timers, const SteadyClock &clock,
+        CallLimits limits = { std::chrono::seconds(3), std::chrono::milliseconds(300) },
+        QObject *parent = nullptr);
 
 private:
     /// An update is a removal and an addition. The addition is tried again on a fresh connection: after the

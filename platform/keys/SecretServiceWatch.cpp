@@ -23,13 +23,12 @@ constexpr std::chrono::milliseconds busPatience = 300ms;
 
 } // namespace
 
-SecretServiceWatch::SecretServiceWatch(SecretServiceLink &link, const SessionBus &bus, QObject *parent)
+SecretServiceWatch::SecretServiceWatch(
+    SecretServiceLink &link, const SessionBus &bus, Timers &timers, QObject *parent)
     : QObject(parent)
     , m_link(link)
+    , m_pause(timers, shortestPause, [this] { look(); })
 {
-    m_pause.setSingleShot(true);
-    m_pause.setInterval(shortestPause);
-    connect(&m_pause, &QTimer::timeout, this, &SecretServiceWatch::look);
     connect(&link, &SecretServiceLink::changed, this, &SecretServiceWatch::look);
     connect(&bus, &SessionBus::connected, this, &SecretServiceWatch::look);
 }
@@ -39,13 +38,15 @@ void SecretServiceWatch::noteFailure(Service state)
     m_isLooking = true;
     if (state == Service::Hangs)
         m_isHanging = true;
-    if (!m_pause.isActive())
+    if (!m_pause.isRunning())
         m_pause.start();
 }
 
 void SecretServiceWatch::noteSuccess()
 {
-    m_pause.setInterval(shortestPause);
+    m_pause.setDelay(shortestPause);
+    if (m_pause.isRunning())
+        m_pause.start();
 }
 
 void SecretServiceWatch::look()
@@ -91,7 +92,7 @@ void SecretServiceWatch::report()
     m_isLooking = false;
     m_pause.stop();
     // What then fails in spite of it would else be tried every second.
-    m_pause.setInterval(std::min(m_pause.intervalAsDuration() * 2, longestPause));
+    m_pause.setDelay(std::min(m_pause.delay() * 2, longestPause));
     emit readable();
 }
 

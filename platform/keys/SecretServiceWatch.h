@@ -1,10 +1,11 @@
 #pragma once
 
+#include "platform/SingleShot.h"
+
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QObject>
 #include <QPointer>
-#include <QTimer>
 
 #include <functional>
 
@@ -21,8 +22,9 @@ class SecretServiceWatch : public QObject {
 public:
     enum class Service { Answers, Hangs };
 
-    /// `link` and `bus` outlive the watch.
-    SecretServiceWatch(SecretServiceLink &link, const SessionBus &bus, QObject *parent = nullptr);
+    /// What it is given outlives the watch.
+    SecretServiceWatch(
+        SecretServiceLink &link, const SessionBus &bus, Timers &timers, QObject *parent = nullptr);
 
     /// A call did not get through; where the service `Hangs`, it ran out of time.
     void noteFailure(Service state);
@@ -44,7 +46,7 @@ private:
     SecretServiceLink &m_link;
     bool m_isLooking = false;
     bool m_isHanging = false;
-    QTimer m_pause;
+    SingleShot m_pause;
     QPointer<QObject> m_question;
 };
 

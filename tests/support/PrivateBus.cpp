@@ -101,6 +101,15 @@ bool waitFor(const std::function<bool()> &condition)
     return true;
 }
 
+void settle(const QDBusConnection &connection)
+{
+    constexpr int answersToAnswers = 10;
+    const QString daemon = QStringLiteral("org.freedesktop.DBus");
+    for (int i = 0; i < answersToAnswers; ++i)
+        call(
+            connection, QStringLiteral("/org/freedesktop/DBus"), daemon, QStringLiteral("GetId"), {}, daemon);
+}
+
 QDBusMessage call(const QDBusConnection &connection, const QString &path, const QString &interface,
     const QString &method, const QVariantList &arguments, const QString &service)
 {

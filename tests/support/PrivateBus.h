@@ -37,6 +37,9 @@ private:
 /// Lets events happen until `condition` holds; false after ten seconds.
 bool waitFor(const std::function<bool()> &condition);
 
+/// Lets everything happen that has been said on the bus, and what follows from it.
+void settle(const QDBusConnection &connection);
+
 /// The answer to a call, while this process goes on serving its own objects.
 QDBusMessage call(const QDBusConnection &connection, const QString &path, const QString &interface,
     const QString &method, const QVariantList &arguments = {},

@@ -1,6 +1,5 @@
 #include "platform/keys/CallBudget.h"
-
-#include <QThread>
+#include "tests/support/ManualClock.h"
 
 #include <gtest/gtest.h>
 
@@ -9,51 +8,83 @@ namespace {
 
 using namespace std::chrono_literals;
 
-void spend(CallBudget &budget, std::chrono::milliseconds time)
+class CallBudgetTest : public testing::Test {
+protected:
+    /// Makes a call that takes so long.
+    void spend(std::chrono::nanoseconds time)
+    {
+        const CallBudget::Call call(budget);
+        clock.pass(time);
+    }
+    /// What a call has that is made now.
+    std::chrono::milliseconds left() { return CallBudget::Call(budget).remaining(); }
+
+    ManualClock clock;
+    CallBudget budget{ clock, { 10s, 1s } };
+};
+
+TEST_F(CallBudgetTest, isSharedByTheCallsOfTheStartUp)
 {
-    const CallBudget::Call call(budget);
-    QThread::msleep(static_cast<unsigned long>(time.count()));
+    spend(4s);
+    spend(5s);
+
+    EXPECT_EQ(left(), 1s);
 }
 
-TEST(CallBudget, isSharedByTheCallsOfTheStartUp)
+TEST_F(CallBudgetTest, isNotUsedUpBetweenCalls)
 {
-    CallBudget budget(10s, 1s);
+    clock.pass(1h);
 
-    spend(budget, 60ms);
-    spend(budget, 60ms);
-
-    EXPECT_LE(CallBudget::Call(budget).remaining(), 10s - 120ms);
-    EXPECT_GT(CallBudget::Call(budget).remaining(), 1s);
+    EXPECT_EQ(left(), 10s);
 }
 
-TEST(CallBudget, isNotUsedUpBetweenCalls)
+TEST_F(CallBudgetTest, hasNothingLeftOnceTheStartUpTookTooLong)
 {
-    CallBudget budget(10s, 1s);
+    spend(11s);
 
-    QThread::msleep(60);
-
-    EXPECT_GT(CallBudget::Call(budget).remaining(), 10s - 60ms);
-}
-
-TEST(CallBudget, hasNothingLeftOnceTheStartUpTookTooLong)
-{
-    CallBudget budget(20ms, 1s);
-
-    spend(budget, 40ms);
-
-    EXPECT_EQ(CallBudget::Call(budget).remaining(), 0ms);
+    EXPECT_EQ(left(), 0ms);
     EXPECT_TRUE(CallBudget::Call(budget).hasExpired());
 }
 
-TEST(CallBudget, isNewForEachLaterCall)
+TEST_F(CallBudgetTest, isNewForEachLaterCall)
 {
-    CallBudget budget(20ms, 1s);
+    spend(11s);
     budget.endStartUp();
 
-    spend(budget, 60ms);
+    spend(900ms);
 
-    EXPECT_GT(CallBudget::Call(budget).remaining(), 1s - 60ms);
-    EXPECT_LE(CallBudget::Call(budget).remaining(), 1s);
+    EXPECT_EQ(left(), 1s);
+}
+
+TEST_F(CallBudgetTest, runsOutWhileTheCallLasts)
+{
+    const CallBudget::Call call(budget);
+
+    clock.pass(8s);
+    EXPECT_EQ(call.remaining(), 2s);
+
+    clock.pass(3s);
+    EXPECT_EQ(call.remaining(), 0ms);
+}
+
+TEST_F(CallBudgetTest, leavesAMillisecondToWhatIsLeftOfOne)
+{
+    const CallBudget::Call call(budget);
+
+    clock.pass(10s - 1ns);
+
+    EXPECT_EQ(call.remaining(), 1ms);
+}
+
+TEST_F(CallBudgetTest, hasExpiredWhereTheWaitOfABusEndsATenthEarly)
+{
+    const CallBudget::Call call(budget);
+
+    clock.pass(9s - 1ns);
+    EXPECT_FALSE(call.hasExpired());
+
+    clock.pass(1ns);
+    EXPECT_TRUE(call.hasExpired());
 }
 
 } // namespace
