@@ -9,6 +9,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <chrono>
@@ -42,21 +43,17 @@ bool isAtBar(QPoint position)
     return !screen.toNative(screen.available).contains(position);
 }
 
-bool hasPassed(const QElapsedTimer &timer, std::chrono::milliseconds duration)
-{
-    return !timer.isValid() || timer.hasExpired(duration.count());
-}
-
 } // namespace
 
-PanelController::PanelController(TickerViewModel &ticker, PanelServices services, QObject *parent)
+PanelController::PanelController(TickerViewModel &ticker, PanelServices services, Timers &timers,
+    const SteadyClock &clock, QObject *parent)
     : QObject(parent)
     , m_ticker(ticker)
     , m_services(std::move(services))
+    , m_forgetTimer(timers, busyHostTime, [this] { forgetPresses(); })
+    , m_sinceOpening(clock)
+    , m_sinceClosing(clock)
 {
-    m_forgetTimer.setSingleShot(true);
-    m_forgetTimer.setInterval(busyHostTime);
-    connect(&m_forgetTimer, &QTimer::timeout, this, &PanelController::forgetPresses);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelController::handleFocus);
 }
 
@@ -70,7 +67,7 @@ void PanelController::toggle(std::optional<QPoint> anchor)
         close(Cause::Request);
     else if (!isClosingClick())
         open(anchor);
-    m_sinceClosing.invalidate();
+    m_sinceClosing.reset();
 }
 
 void PanelController::open(std::optional<QPoint> anchor)
@@ -161,7 +158,7 @@ void PanelController::handleFocus(const QWindow *focused)
         return;
     // Another window of our own takes it on purpose.
     const bool isOurs = focused != nullptr;
-    if (isOurs || hasPassed(m_sinceOpening, settlingTime))
+    if (isOurs || m_sinceOpening.hasPassed(settlingTime))
         close(Cause::FocusElsewhere);
     else
         X11::giveFocus(m_panel->window());
@@ -192,7 +189,7 @@ bool PanelController::isClosingClick() const
 {
     if (m_closing == Cause::Request || m_wasPressedSince)
         return false;
-    return !hasPassed(m_sinceClosing, m_closing == Cause::PressAtBar ? busyHostTime : hostTime);
+    return !m_sinceClosing.hasPassed(m_closing == Cause::PressAtBar ? busyHostTime : hostTime);
 }
 
 } // namespace glimmet

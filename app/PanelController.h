@@ -1,14 +1,14 @@
 #pragma once
 
 #include "app/PanelLibrary.h"
+#include "platform/SingleShot.h"
+#include "platform/SteadyClock.h"
 #include "platform/desktop/DesktopLook.h"
 #include "ui/panel/PanelServices.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPoint>
 #include <QSize>
-#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -28,7 +28,9 @@ class PanelController final : public QObject {
     Q_OBJECT
 
 public:
-    PanelController(TickerViewModel &ticker, PanelServices services, QObject *parent = nullptr);
+    /// `ticker`, `timers` and `clock` outlive it.
+    PanelController(TickerViewModel &ticker, PanelServices services, Timers &timers, const SteadyClock &clock,
+        QObject *parent = nullptr);
     ~PanelController() override;
 
     /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first
@@ -67,10 +69,10 @@ private:
     std::unique_ptr<PressWatch> m_presses;
     std::optional<QPoint> m_anchor;
     QSize m_naturalSize;
-    QTimer m_forgetTimer;
-    QElapsedTimer m_sinceOpening;
+    SingleShot m_forgetTimer;
+    Stopwatch m_sinceOpening;
     Cause m_closing = Cause::Request;
-    QElapsedTimer m_sinceClosing;
+    Stopwatch m_sinceClosing;
     bool m_wasPressedSince = false;
 };
 

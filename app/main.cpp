@@ -102,8 +102,8 @@ int run(DiagnosticLog &log, Restart &restart)
     MenuBar menuBar(menuBarHosts(bus, timers, steadyClock), timers);
     const std::unique_ptr<LoginItem> loginItem = makeLoginItem(bus);
     PanelController panel(ticker,
-        { *loginItem, [&] { updater.checkForUpdates(); },
-            [&](const QString &line) { log.plainLine(line); } });
+        { *loginItem, [&] { updater.checkForUpdates(); }, [&](const QString &line) { log.plainLine(line); } },
+        timers, steadyClock);
     UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;
 

@@ -8,6 +8,7 @@ int main(int argc, char *argv[])
     // Nothing of a desktop that happens to be there takes part.
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     qunsetenv("XDG_RUNTIME_DIR");
+    qunsetenv("DISPLAY");
     testing::InitGoogleMock(&argc, argv);
     const QGuiApplication application(argc, argv);
     // The module is loaded by the program of its own version only.

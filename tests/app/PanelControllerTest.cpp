@@ -1,0 +1,121 @@
+#include "app/PanelController.h"
+#include "tests/support/MemoryLoginItem.h"
+#include "tests/support/TestWorld.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+
+namespace glimmet {
+namespace {
+
+/// A panel over a ticker of the test's own. There is no X server to tell of presses, so that the keyboard's
+/// going away is all that tells of a click elsewhere.
+class PanelControllerTest : public testing::Test {
+protected:
+    void click() { controller.toggle(std::nullopt); }
+    static void takeTheKeyboardAway() { emit qGuiApp->focusWindowChanged(nullptr); }
+    /// Opens the panel, and closes it by a click elsewhere once it has settled.
+    void openAndClickElsewhere()
+    {
+        click();
+        world.timers.advance(1s);
+        takeTheKeyboardAway();
+        ASSERT_FALSE(controller.isOpen());
+    }
+
+    TestWorld world;
+    TickerViewModel ticker{ world.forTicker() };
+    MemoryLoginItem loginItem;
+    PanelController controller{ ticker, { loginItem, [] {}, [](const QString &) {} }, world.timers,
+        world.clock };
+};
+
+TEST_F(PanelControllerTest, opensByOneClickAndClosesByTheNext)
+{
+    click();
+    EXPECT_TRUE(controller.isOpen());
+    click();
+    EXPECT_FALSE(controller.isOpen());
+    click();
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, staysOpenWhileTheKeyboardPassesBySoonAfterItsOpening)
+{
+    click();
+    world.timers.advance(400ms);
+    takeTheKeyboardAway();
+    EXPECT_TRUE(controller.isOpen());
+
+    world.timers.advance(1ms);
+    takeTheKeyboardAway();
+    EXPECT_FALSE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, closesAtOnceForAnotherWindowOfTheProgram)
+{
+    QWindow other;
+    click();
+
+    emit qGuiApp->focusWindowChanged(&other);
+
+    EXPECT_FALSE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, isNotOpenedByTheClickThatClosedIt)
+{
+    openAndClickElsewhere();
+    world.timers.advance(700ms);
+
+    click();
+
+    EXPECT_FALSE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, isOpenedByAClickThatComesTooLateForTheOneThatClosedIt)
+{
+    openAndClickElsewhere();
+    world.timers.advance(701ms);
+
+    click();
+
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, takesOneClickOnlyForTheOneThatClosedIt)
+{
+    openAndClickElsewhere();
+
+    click();
+    EXPECT_FALSE(controller.isOpen());
+
+    click();
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, listensForPressesForFiveSecondsAfterItsClosing)
+{
+    const std::size_t before = world.timers.running().size();
+    click();
+    EXPECT_EQ(world.timers.running().size(), before);
+
+    click();
+    EXPECT_EQ(world.timers.running().back(), 5s);
+
+    world.timers.advance(5s);
+    EXPECT_EQ(world.timers.running().size(), before);
+}
+
+TEST_F(PanelControllerTest, goesOnListeningWhereItIsOpenedAgain)
+{
+    click();
+    click();
+    const std::size_t whileClosed = world.timers.running().size();
+
+    click();
+
+    EXPECT_EQ(world.timers.running().size(), whileClosed - 1);
+}
+
+} // namespace
+} // namespace glimmet
