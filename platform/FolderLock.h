@@ -2,14 +2,16 @@
 
 #include <QString>
 
+#include <chrono>
+
 namespace glimmet {
 
 /// Keeps other programs that take the same lock out of a folder while it lives. It is a lock on the folder
 /// itself (flock(2)), so nothing is left behind, also by a kill.
 class FolderLock {
 public:
-    /// Waits up to a second for the lock.
-    explicit FolderLock(const QString &folder);
+    /// Waits for the lock no longer than `patience`.
+    explicit FolderLock(const QString &folder, std::chrono::milliseconds patience = std::chrono::seconds(1));
     ~FolderLock();
     Q_DISABLE_COPY_MOVE(FolderLock)
 

@@ -10,6 +10,7 @@ namespace glimmet {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 TEST(FolderLock, keepsAnotherProgramOutWhileItLives)
 {
@@ -17,7 +18,7 @@ TEST(FolderLock, keepsAnotherProgramOutWhileItLives)
     const FolderLock lock(folder.path());
     ASSERT_TRUE(lock.isHeld());
 
-    ChildProcess other([&] { return FolderLock(folder.path()).isHeld() ? 1 : 0; });
+    ChildProcess other([&] { return FolderLock(folder.path(), 50ms).isHeld() ? 1 : 0; });
 
     EXPECT_EQ(other.wait(), 0);
 }
