@@ -1,7 +1,7 @@
 #include "platform/keys/SecretService.h"
 
 #include "platform/keys/SecretServiceLink.h"
-#include "platform/keys/SecretServiceNames.h"
+#include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusPendingCall>
 #include <QDBusVariant>

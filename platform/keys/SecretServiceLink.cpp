@@ -4,7 +4,6 @@
 #include "platform/bus/BusDaemon.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SessionBusAddress.h"
-#include "platform/keys/SecretServiceNames.h"
 #include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusVariant>

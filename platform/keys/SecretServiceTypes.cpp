@@ -1,7 +1,5 @@
 #include "platform/keys/SecretServiceTypes.h"
 
-#include "platform/keys/SecretServiceNames.h"
-
 #include <QDBusMetaType>
 
 namespace glimmet {

@@ -3,7 +3,6 @@
 #include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/SecretServiceLink.h"
-#include "platform/keys/SecretServiceNames.h"
 #include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusObjectPath>

@@ -1,6 +1,6 @@
 #include "tests/support/SecretServiceDaemon.h"
 
-#include "platform/keys/SecretServiceNames.h"
+#include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusVariant>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "tests/platform/keys/FakeSecretService.h"
 
-#include "platform/keys/SecretServiceNames.h"
+#include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusVariant>
