@@ -1,5 +1,6 @@
 #include "app/updates/UpdaterController.h"
 
+#include "app/updates/UpdateWords.h"
 #include "platform/EndLater.h"
 #include "platform/updates/UpdateCheck.h"
 #include "platform/updates/UpdateInstallation.h"
@@ -29,7 +30,7 @@ UpdatePhase phaseOf(Verdict verdict)
 UpdateState stateOf(const UpdateFinding &finding)
 {
     return { phaseOf(finding.verdict), finding.installed.version, finding.update.version, finding.changes, {},
-        false, finding.failure };
+        false, finding.failure ? inWords(*finding.failure) : UpdateFailure{} };
 }
 
 /// Whether a state has to be seen to its end before a new check makes sense.
@@ -150,7 +151,7 @@ void UpdaterController::handleInstallation(const InstallationResult &result)
         after.newVersion = result.installed->version;
     } else if (!result.wasCancelled) {
         after.phase = UpdatePhase::Failed;
-        after.failure = result.failure;
+        after.failure = result.failure ? inWords(*result.failure) : withoutEffect();
     } else if (m_isDismissed) {
         after = {};
     }

@@ -70,17 +70,20 @@ struct TransactionProgress {
     friend bool operator==(const TransactionProgress &, const TransactionProgress &) = default;
 };
 
-/// What went wrong, for the user.
-struct UpdateFailure {
-    QString words; ///< a sentence or two
-    QString details; ///< the service's own words; may be empty
+/// What went wrong, as the service told it.
+struct PackageKitFailure {
+    TransactionEnd end = TransactionEnd::Failed;
+    uint errorCode = 0; ///< PackageKit's PkErrorEnum
+    QString details; ///< the service's own words, all of them; may be empty
 
-    friend bool operator==(const UpdateFailure &, const UpdateFailure &) = default;
+    friend bool operator==(const PackageKitFailure &, const PackageKitFailure &) = default;
 };
 
 /// None where the transaction succeeded.
-std::optional<UpdateFailure> failureOf(const TransactionResult &result);
-/// The sentence for one of PackageKit's error numbers; one that says little for a number without its own.
-QString wordsForErrorCode(uint code);
+std::optional<PackageKitFailure> failureOf(const TransactionResult &result);
+
+/// The beginning of a text of the service's, which may be of megabytes: no user reads more, while laying out
+/// all of it would stop everything for seconds.
+QString readableLength(const QString &text);
 
 } // namespace glimmet

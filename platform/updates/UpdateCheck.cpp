@@ -42,7 +42,7 @@ void UpdateCheck::handleOwner(const TransactionResult &owner)
 {
     const auto installed = installedAmong(owner.packages);
     if (const auto failure = failureOf(owner)) {
-        m_finding.failure = *failure;
+        m_finding.failure = failure;
         return finish();
     }
     if (!installed) {

@@ -30,7 +30,7 @@ QList<FoundPackage> updatesOf(const PackageId &installed, QList<FoundPackage> pa
     return packages;
 }
 
-UpdateFinding failed(const PackageId &installed, const UpdateFailure &failure)
+UpdateFinding failed(const PackageId &installed, const PackageKitFailure &failure)
 {
     return { UpdateFinding::Verdict::Failed, installed, {}, {}, failure };
 }
@@ -51,7 +51,7 @@ UpdateFinding findingOf(
     const QList<FoundPackage> candidates = updatesOf(installed, updates.packages);
     const FoundPackage *update = newest(candidates);
     if (update != nullptr && update->info == blockedInfo)
-        return failed(installed, { wordsForErrorCode(installBlockedError), {} });
+        return failed(installed, { TransactionEnd::Failed, installBlockedError, {} });
     if (update != nullptr)
         return { UpdateFinding::Verdict::Found, installed, update->id, {}, {} };
     if (const auto failure = failureOf(refreshed))

@@ -14,7 +14,7 @@ struct UpdateFinding {
     PackageId installed; ///< empty where it was not found out
     PackageId update; ///< empty unless one was found
     QString changes; ///< what is new in it, if the source says so
-    UpdateFailure failure; ///< where it failed
+    std::optional<PackageKitFailure> failure; ///< where it failed
 
     friend bool operator==(const UpdateFinding &, const UpdateFinding &) = default;
 };

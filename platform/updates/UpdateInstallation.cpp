@@ -6,21 +6,6 @@
 #include <utility>
 
 namespace glimmet {
-namespace {
-
-const QString withoutEffect =
-    QStringLiteral("The package manager reported success, but the newer version is not installed.");
-
-UpdateFailure failureWithoutNewVersion(const TransactionResult &installed, const TransactionResult &versions)
-{
-    if (const auto failure = failureOf(installed))
-        return *failure;
-    if (const auto failure = failureOf(versions))
-        return *failure;
-    return { withoutEffect, {} };
-}
-
-} // namespace
 
 UpdateInstallation::UpdateInstallation(
     PackageKitClient &client, PackageId installed, PackageId update, QObject *parent)
@@ -64,7 +49,8 @@ void UpdateInstallation::handleVersions(const TransactionResult &versions)
     const auto newer = newerInstalled(m_installed, versions);
     const bool wasCancelled = !newer && m_result.end == TransactionEnd::Cancelled;
     m_isRunning = false;
-    emit finished({ newer, wasCancelled, failureWithoutNewVersion(m_result, versions) });
+    const auto failure = failureOf(m_result);
+    emit finished({ newer, wasCancelled, failure ? failure : failureOf(versions) });
 }
 
 } // namespace glimmet

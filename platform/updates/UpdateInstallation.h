@@ -15,7 +15,8 @@ class PackageKitClient;
 struct InstallationResult {
     std::optional<PackageId> installed; ///< the newer version, where there is one now
     bool wasCancelled = false;
-    UpdateFailure failure; ///< where there is none, and the user did not cancel
+    /// Where there is none, and the user did not cancel; none also where the service reported success.
+    std::optional<PackageKitFailure> failure;
 };
 
 /// Installs one update. Main thread.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/updates/PackageKit.h"
-
 #include <QObject>
 #include <QString>
 
@@ -26,6 +24,14 @@ Q_ENUM_NS(UpdatePhase)
 } // namespace UpdatePhases
 
 using UpdatePhases::UpdatePhase;
+
+/// What went wrong, for the user.
+struct UpdateFailure {
+    QString words; ///< a sentence or two
+    QString details; ///< the service's own words; may be empty
+
+    friend bool operator==(const UpdateFailure &, const UpdateFailure &) = default;
+};
 
 /// Everything that there is to show.
 struct UpdateState {

@@ -1,5 +1,7 @@
 #include "tests/app/updates/UpdaterControllerTest.h"
 
+#include "app/updates/UpdateWords.h"
+
 namespace glimmet {
 namespace {
 
