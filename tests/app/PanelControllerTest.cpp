@@ -93,6 +93,16 @@ TEST_F(PanelControllerTest, takesOneClickOnlyForTheOneThatClosedIt)
     EXPECT_TRUE(controller.isOpen());
 }
 
+TEST_F(PanelControllerTest, isOpenedByAClickSoonAfterItClosedByItself)
+{
+    click();
+    controller.close();
+
+    click();
+
+    EXPECT_TRUE(controller.isOpen());
+}
+
 TEST_F(PanelControllerTest, listensForPressesForFiveSecondsAfterItsClosing)
 {
     const std::size_t before = world.timers.running().size();

@@ -3,6 +3,7 @@
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusPendingReply>
+#include <QPointer>
 
 #include <gtest/gtest.h>
 
@@ -73,9 +74,10 @@ TEST_F(CallLaterTest, answersFromTheEventLoopOnly)
 
 TEST_F(CallLaterTest, tellsNothingOnceTheReceiverIsGone)
 {
-    ask(question(), receiver.get());
+    const QPointer<QObject> call = ask(question(), receiver.get());
 
     receiver.reset();
+    EXPECT_TRUE(call.isNull());
     settle(bus);
 
     EXPECT_EQ(answers, 0);
