@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 
 namespace glimmet {
 namespace {
@@ -155,8 +156,9 @@ Qt::DayOfWeek firstDayOf(const icu::Locale &locale)
 QStringList weekdaysFrom(Qt::DayOfWeek first, const icu::DateFormatSymbols &symbols)
 {
     int32_t count = 0;
-    const icu::UnicodeString *names =
+    const auto *listed =
         symbols.getWeekdays(count, icu::DateFormatSymbols::STANDALONE, icu::DateFormatSymbols::SHORT);
+    const std::span names(listed, static_cast<std::size_t>(count));
     QStringList weekdays;
     for (int i = 0; i < daysInWeek && count > daysInWeek; ++i)
         weekdays.append(toQString(names[UCAL_SUNDAY + (first + i) % daysInWeek]));
@@ -166,7 +168,8 @@ QStringList weekdaysFrom(Qt::DayOfWeek first, const icu::DateFormatSymbols &symb
 QStringList dayPeriodsOf(const icu::DateFormatSymbols &symbols)
 {
     int32_t count = 0;
-    const icu::UnicodeString *names = symbols.getAmPmStrings(count);
+    const auto *listed = symbols.getAmPmStrings(count);
+    const std::span names(listed, static_cast<std::size_t>(count));
     return { toQString(names[0]), toQString(names[1]) };
 }
 

@@ -27,6 +27,13 @@ bool reducesMotion(const DesktopSettings &settings)
         || (isNumber && factor <= 0);
 }
 
+uint schemeOfGnome(const QByteArray &value)
+{
+    if (value == "'prefer-dark'")
+        return prefersDark;
+    return value == "'prefer-light'" ? prefersLight : 0;
+}
+
 } // namespace
 
 QList<DesktopSetting> lookSettings()
@@ -59,10 +66,7 @@ DesktopSettings settingsOfGnome(const QByteArray &listing)
         const QByteArray key = words.value(1);
         const QByteArray value = words.value(2);
         if (key == "color-scheme")
-            settings.insert(colorScheme,
-                value == "'prefer-dark'"        ? prefersDark
-                    : value == "'prefer-light'" ? prefersLight
-                                                : 0);
+            settings.insert(colorScheme, schemeOfGnome(value));
         else if (key == "enable-animations")
             settings.insert(gnomeAnimations, value != "false");
     }
