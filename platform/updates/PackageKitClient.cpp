@@ -67,6 +67,8 @@ void PackageKitClient::finish(const TransactionResult &result)
 void PackageKitClient::forgetTransaction()
 {
     m_opening.stop();
+    if (m_transaction != nullptr)
+        m_transaction->abandon();
     m_transaction = nullptr;
     // Later in this turn of the loop: the call may come from the transaction's own signal.
     if (QObject *used = m_use.release()) {

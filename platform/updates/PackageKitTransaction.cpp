@@ -64,7 +64,7 @@ PackageKitTransaction::PackageKitTransaction(QDBusConnection systemBus, PackageK
 
 PackageKitTransaction::~PackageKitTransaction()
 {
-    cancel();
+    abandon();
 }
 
 void PackageKitTransaction::start()
@@ -87,6 +87,15 @@ void PackageKitTransaction::cancel()
         return finishLater(TransactionEnd::Cancelled);
     m_bus.send(method(QStringLiteral("Cancel")));
     m_silence.start(); // Also while the user is being asked: the program waits for that answer no more.
+}
+
+void PackageKitTransaction::abandon()
+{
+    if (std::exchange(m_hasEnded, true))
+        return;
+    m_silence.stop();
+    if (!m_path.isEmpty())
+        m_bus.send(method(QStringLiteral("Cancel")));
 }
 
 void PackageKitTransaction::send(const QDBusMessage &message, Use use)

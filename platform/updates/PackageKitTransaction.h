@@ -13,13 +13,13 @@
 namespace glimmet {
 
 /// One transaction with PackageKit, from its creation to its end. Whatever happens to the service or the bus,
-/// it ends. Destroyed on its way, it is cancelled. Main thread, which it never keeps waiting.
+/// it ends. Destroyed on its way, it is abandoned. Main thread, which it never keeps waiting.
 class PackageKitTransaction final : public QObject {
     Q_OBJECT
 
 public:
     /// Ends as timed out when for `patience` nothing is heard of it, unless the user is being asked. `timers`
-    /// outlives it.
+    /// outlives what it does until it ends.
     PackageKitTransaction(QDBusConnection systemBus, PackageKitCall call, Timers &timers,
         std::chrono::milliseconds patience, QObject *parent = nullptr);
     ~PackageKitTransaction() override;
@@ -27,6 +27,8 @@ public:
     void start();
     /// Asks the service to stop. `finished` follows, and may also tell that it was too late.
     void cancel();
+    /// Asks the service to stop and ends at once, without `finished`.
+    void abandon();
 
 signals:
     void progressed(const glimmet::TransactionProgress &progress);

@@ -11,7 +11,7 @@ namespace glimmet {
 /// moment in the order of their making). The clock moves along.
 class ManualTimers final : public Timers {
 public:
-    /// With a clock of their own that nobody looks at.
+    /// With a clock of their own that the test does not look at.
     ManualTimers();
     explicit ManualTimers(ManualClock &clock);
     Q_DISABLE_COPY_MOVE(ManualTimers)

@@ -357,6 +357,19 @@ TEST_F(PackageKitTransactionTest, isCancelledWhenItIsDestroyed)
     EXPECT_TRUE(waitFor([this] { return service->wasCalled(u"Cancel"_s); }));
 }
 
+TEST_F(PackageKitTransactionTest, endsWithoutAWordWhereItIsAbandoned)
+{
+    service->courses[u"GetUpdates"_s] = { Kind::Hangs };
+    start(PackageKitCalls::updates());
+    ASSERT_TRUE(hangs(u"GetUpdates"_s));
+
+    transaction->abandon();
+
+    EXPECT_TRUE(timers.running().empty());
+    EXPECT_TRUE(waitFor([this] { return service->wasCalled(u"Cancel"_s); }));
+    EXPECT_EQ(endings, 0);
+}
+
 TEST_F(PackageKitTransactionTest, believesNobodyElse)
 {
     service->courses[u"GetUpdates"_s] = { Kind::Hangs };
