@@ -16,7 +16,7 @@ constexpr std::chrono::milliseconds pause{ 1 };
 
 bool lockWithin(std::chrono::milliseconds patience, int descriptor)
 {
-    for (auto waited = std::chrono::milliseconds::zero(); waited < patience; waited += pause) {
+    for (auto waited = std::chrono::milliseconds::zero(); waited <= patience; waited += pause) {
         if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
             return true;
         // A file system without locks still has the atomic replacement of the file.

@@ -89,6 +89,13 @@ constexpr std::array tellTales = {
     TellTale{ u"/usr/bin/sqv", badSourceSignature },
 };
 
+QString wordsForErrorCode(uint code)
+{
+    const auto *found = std::find_if(errorWords.begin(), errorWords.end(),
+        [code](const ErrorWords &candidate) { return candidate.code == code; });
+    return (found == errorWords.end() ? unknown : found->words).toString();
+}
+
 QString wordsForFailure(const PackageKitFailure &failure)
 {
     const auto *found = std::find_if(tellTales.begin(), tellTales.end(),
@@ -115,13 +122,6 @@ QString wordsFor(const PackageKitFailure &failure)
 }
 
 } // namespace
-
-QString wordsForErrorCode(uint code)
-{
-    const auto *found = std::find_if(errorWords.begin(), errorWords.end(),
-        [code](const ErrorWords &candidate) { return candidate.code == code; });
-    return (found == errorWords.end() ? unknown : found->words).toString();
-}
 
 UpdateFailure inWords(const PackageKitFailure &failure)
 {

@@ -4,6 +4,8 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 
+#include <utility>
+
 namespace glimmet {
 namespace {
 

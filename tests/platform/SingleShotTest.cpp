@@ -126,7 +126,7 @@ TEST(SingleShot, mayBeDestroyedByItsOwnCall)
     EXPECT_EQ(told, std::string(100, 'x'));
 }
 
-TEST(SingleShot, callsNobodyAfterItsEnd)
+TEST(SingleShot, callsNothingAfterItsEnd)
 {
     ManualTimers timers;
     int fired = 0;

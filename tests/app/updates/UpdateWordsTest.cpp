@@ -8,6 +8,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// The words for an error number of which the service says nothing else.
+QString wordsForErrorCode(uint code)
+{
+    return inWords({ TransactionEnd::Failed, code, {} }).words;
+}
+
 TEST(UpdateWords, tellEveryEndFromTheOthers)
 {
     QStringList words;

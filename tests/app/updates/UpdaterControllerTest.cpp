@@ -7,6 +7,12 @@ namespace {
 
 using Kind = FakePackageKit::Course::Kind;
 
+/// The words for an error number of which the service says nothing else.
+QString wordsForErrorCode(uint code)
+{
+    return inWords({ TransactionEnd::Failed, code, {} }).words;
+}
+
 TEST_F(UpdaterControllerTest, hasNothingToShowAtFirst)
 {
     EXPECT_EQ(updater.state(), UpdateState());
