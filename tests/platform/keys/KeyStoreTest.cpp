@@ -1,6 +1,7 @@
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
 #include "tests/platform/keys/Accounts.h"
+#include "tests/platform/keys/Limits.h"
 #include "tests/support/ManualTimers.h"
 #include "tests/support/MemoryKeyStore.h"
 #include "tests/support/Printing.h"
@@ -59,7 +60,7 @@ private:
     ManualTimers m_timers;
     SystemSteadyClock m_clock;
     SessionBus m_bus{ m_timers };
-    KeychainHelper m_store{ m_bus, m_timers, m_clock };
+    KeychainHelper m_store{ m_bus, m_timers, m_clock, patient };
 };
 
 class Memory {

@@ -1,6 +1,7 @@
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
 #include "tests/platform/keys/FakeSecretService.h"
+#include "tests/platform/keys/Limits.h"
 #include "tests/support/ManualTimers.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SecretServiceDaemon.h"
@@ -30,9 +31,10 @@ const LoadedKey unavailable = KeyUnavailable{};
 constexpr auto everyFault = { Fault::Refuses, Fault::Hangs, Fault::Dies, Fault::Babbles };
 /// More calls than any of the three operations makes, the opening of the session included.
 constexpr int everyStep = 9;
-constexpr CallLimits usual{ 3s, 300ms };
-/// Where nothing has to get through: the wait for a service that hangs is a real one.
+/// The wait for a service that hangs is a real one. Less where nothing has to get through beside it.
 constexpr CallLimits brief{ 3s, 100ms };
+constexpr CallLimits usual{ 3s, 300ms };
+constexpr CallLimits ample{ 3s, 1s };
 
 LoadedKey found(const QString &text)
 {
@@ -42,7 +44,7 @@ LoadedKey found(const QString &text)
 /// The program beside a service that fails when it is told to.
 class World {
 public:
-    explicit World(int lives = 1, CallLimits callLimits = usual)
+    explicit World(int lives = 1, CallLimits callLimits = patient)
         : limits(callLimits)
         , service(bus, lives)
     {
@@ -102,7 +104,7 @@ TEST(KeychainHelper, losesNoItemToAServiceThatLives)
 {
     for (const Fault fault : { Fault::Refuses, Fault::Hangs, Fault::Babbles }) {
         for (int step = 0; step < everyStep; ++step) {
-            World world(1, brief);
+            World world(1, usual);
             world.service.failAfter(step, fault);
 
             world.store->save(ApiKey(u"new"_s), account);
@@ -130,7 +132,7 @@ TEST(KeychainHelper, neverReportsARemovalThatWasNotMade)
 TEST(KeychainHelper, triesAnAdditionOnceMoreOnAFreshConnection)
 {
     for (const Fault fault : everyFault) {
-        World world(2);
+        World world(2, ample);
         world.service.failAt(u"CreateItem"_s, fault);
 
         EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
@@ -145,7 +147,7 @@ TEST(KeychainHelper, triesAnAdditionOnceMoreOnAFreshConnection)
 
 TEST(KeychainHelper, hasTimeLeftForTheSecondTry)
 {
-    World world(2);
+    World world(2, ample);
     world.service.setDelay(20ms);
     world.service.failAt(u"CreateItem"_s, Fault::Hangs);
 
@@ -171,7 +173,7 @@ TEST(KeychainHelper, leavesItemsOfALockedCollectionAlone)
 TEST(KeychainHelper, readsAgainAfterAFailure)
 {
     for (const Fault fault : everyFault) {
-        World world(2);
+        World world(2, usual);
         QSignalSpy readable(&*world.store, &KeyStore::becameReadable);
         world.service.failAt(u"GetSecret"_s, fault);
         EXPECT_EQ(world.store->load(account), unavailable);
@@ -245,8 +247,8 @@ TEST(KeychainHelper, givesTheCallsOfTheStartUpThreeSecondsTogether)
 
     // Between the calls, where it does not count, it was looked at once each.
     const auto within = clock.elapsed() - loads * 20ms;
-    EXPECT_GE(within, 2800ms);
-    EXPECT_LE(within, 3200ms);
+    EXPECT_GE(within, 2500ms);
+    EXPECT_LE(within, 3300ms);
 }
 
 TEST(KeychainHelper, neverReportsASaveThatAKillUndid)

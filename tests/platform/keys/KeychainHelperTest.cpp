@@ -1,6 +1,7 @@
 #include "platform/keys/KeychainHelper.h"
 #include "platform/bus/SessionBus.h"
 #include "tests/platform/keys/Accounts.h"
+#include "tests/platform/keys/Limits.h"
 #include "tests/support/ManualTimers.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SecretServiceDaemon.h"
@@ -31,6 +32,7 @@ constexpr milliseconds slack{ 250 };
 constexpr milliseconds laterBudget{ 300 };
 /// Shorter than the usual one, since the wait for a service that hangs is a real one.
 constexpr milliseconds startUpBudget{ 600 };
+constexpr CallLimits limits{ startUpBudget, laterBudget };
 
 LoadedKey found(const QString &text)
 {
@@ -49,10 +51,10 @@ template <typename Work> milliseconds duration(Work work)
 class KeychainOnDaemon : public testing::Test {
 protected:
     /// The program, started on the bus as it is now.
-    void launch()
+    void launch(CallLimits callLimits = patient)
     {
         bus.open();
-        store.emplace(bus, timers, clock, CallLimits{ startUpBudget, laterBudget });
+        store.emplace(bus, timers, clock, callLimits);
         readable.emplace(&*store, &KeyStore::becameReadable);
     }
     /// From here on each call has a budget of its own.
@@ -128,7 +130,7 @@ TEST_F(KeychainOnDaemon, leavesOneItemWhereThereWereSeveral)
 TEST_F(KeychainOnDaemon, hasAllCallsOfTheStartUpShareOneBudget)
 {
     daemon.start();
-    launch();
+    launch(limits);
     daemon.halt();
 
     const milliseconds waited = duration([this] {
@@ -145,7 +147,7 @@ TEST_F(KeychainOnDaemon, hasAllCallsOfTheStartUpShareOneBudget)
 TEST_F(KeychainOnDaemon, givesALaterCallThreeHundredMilliseconds)
 {
     daemon.start();
-    launch();
+    launch(limits);
     endStartUp();
     daemon.halt();
 
@@ -158,7 +160,7 @@ TEST_F(KeychainOnDaemon, givesALaterCallThreeHundredMilliseconds)
 TEST_F(KeychainOnDaemon, waitsNoMoreForAServiceThatHangs)
 {
     daemon.start();
-    launch();
+    launch(limits);
     endStartUp();
     daemon.halt();
     store->load(account);
@@ -175,7 +177,7 @@ TEST_F(KeychainOnDaemon, readsOnceAServiceThatHungGoesOn)
 {
     daemon.start();
     daemon.put(attributesOf(account), "abc");
-    launch();
+    launch(limits);
     endStartUp();
     daemon.halt();
     store->load(account);
@@ -295,7 +297,7 @@ TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
     const SystemSteadyClock clock;
     SessionBus bus(timers);
     bus.open();
-    KeychainHelper store(bus, timers, clock);
+    KeychainHelper store(bus, timers, clock, patient);
     QSignalSpy readable(&store, &KeyStore::becameReadable);
 
     EXPECT_EQ(store.load(account), unavailable);
@@ -309,7 +311,7 @@ TEST(KeychainOnActivatedDaemon, hasAServiceStartedThatDoesNotRun)
 TEST_F(KeychainOnDaemon, waitsNoLongerForABusThatHangs)
 {
     daemon.start();
-    launch();
+    launch(limits);
     endStartUp();
     daemon.bus().halt();
 

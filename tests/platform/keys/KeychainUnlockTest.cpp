@@ -1,6 +1,7 @@
 #include "platform/bus/SessionBus.h"
 #include "platform/keys/KeychainHelper.h"
 #include "tests/platform/keys/Accounts.h"
+#include "tests/platform/keys/Limits.h"
 #include "tests/platform/keys/MockPrompter.h"
 #include "tests/support/ManualTimers.h"
 #include "tests/support/SecretServiceDaemon.h"
@@ -39,7 +40,7 @@ protected:
 TEST_F(KeychainUnlock, readsTheKeysOnceTheUserHasUnlockedThem)
 {
     prompter.expectPassword(SecretServiceDaemon::password);
-    KeychainHelper store(bus, timers, clock);
+    KeychainHelper store(bus, timers, clock, patient);
     QSignalSpy readable(&store, &KeyStore::becameReadable);
 
     EXPECT_EQ(store.load(account), unavailable);
@@ -52,7 +53,7 @@ TEST_F(KeychainUnlock, readsTheKeysOnceTheUserHasUnlockedThem)
 TEST_F(KeychainUnlock, asksTheUserOnceInARun)
 {
     prompter.expectCancel();
-    KeychainHelper store(bus, timers, clock);
+    KeychainHelper store(bus, timers, clock, patient);
     QSignalSpy readable(&store, &KeyStore::becameReadable);
     store.load(account);
     ASSERT_TRUE(waitFor([&] { return !prompter.isExpecting() && !prompter.isPrompting(); }));
@@ -73,7 +74,7 @@ TEST_F(KeychainUnlock, leavesAPromptToTheUserWhenTheProgramEnds)
     prompter.setDelay(300);
     prompter.expectPassword(SecretServiceDaemon::password);
     {
-        KeychainHelper store(bus, timers, clock);
+        KeychainHelper store(bus, timers, clock, patient);
         store.load(account);
         ASSERT_TRUE(waitFor([&] { return prompter.isPrompting(); }));
     }
