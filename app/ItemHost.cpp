@@ -129,7 +129,8 @@ void ItemHost::choosePresentation()
     const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
     const bool isMate = qgetenv("XDG_CURRENT_DESKTOP").toUpper().contains("MATE");
     m_showsMenu = isGnome;
-    m_item->setPresentation(isGnome ? Menu : isMate ? Label : Icon);
+    const auto elsewhere = isMate ? Label : Icon;
+    m_item->setPresentation(isGnome ? Menu : elsewhere);
 }
 
 void ItemHost::registerItem()
