@@ -2,10 +2,8 @@
 
 #include "platform/EndLater.h"
 #include "platform/bus/BusCalls.h"
+#include "platform/bus/BusProbe.h"
 
-#include <QLocalSocket>
-
-#include <unistd.h>
 #include <utility>
 
 namespace glimmet {
@@ -25,12 +23,6 @@ QString socketPath(const QString &address)
     if (!address.startsWith(unixPath))
         return {};
     return address.section(u';', 0, 0).section(u',', 0, 0).mid(unixPath.size());
-}
-
-/// How every client begins (https://dbus.freedesktop.org/doc/dbus-specification.html#auth-protocol).
-QByteArray greeting()
-{
-    return QByteArray(1, '\0') + "AUTH EXTERNAL " + QByteArray::number(getuid()).toHex() + "\r\n";
 }
 
 } // namespace
@@ -62,16 +54,13 @@ void SystemBus::look()
     const QString path = socketPath(m_address);
     if (path.isEmpty())
         return connectNow();
-    m_probe = std::make_unique<QLocalSocket>();
-    connect(m_probe.get(), &QLocalSocket::connected, this, &SystemBus::greet);
-    connect(m_probe.get(), &QLocalSocket::errorOccurred, this, &SystemBus::finish);
-    connect(m_probe.get(), &QLocalSocket::readyRead, this, &SystemBus::connectNow);
-    m_probe->connectToServer(path);
-}
-
-void SystemBus::greet()
-{
-    m_probe->write(greeting());
+    m_probe = std::make_unique<BusProbe>(path);
+    connect(m_probe.get(), &BusProbe::over, this, [this](bool isAlive) {
+        if (isAlive)
+            connectNow();
+        else
+            finish();
+    });
 }
 
 void SystemBus::connectNow()

@@ -7,9 +7,9 @@
 #include <functional>
 #include <memory>
 
-class QLocalSocket;
-
 namespace glimmet {
+
+class BusProbe;
 
 /// A connection of the program's own to the system bus, made when it is needed and closed when it is not.
 /// Main thread, which it never keeps waiting: while Qt connects to a bus, every other use of D-Bus stands
@@ -31,14 +31,13 @@ public:
 
 private:
     void look();
-    void greet();
     void connectNow();
     void finish();
 
     QString m_address;
     Ready m_ready;
     QDBusConnection m_connection{ QString() };
-    std::unique_ptr<QLocalSocket> m_probe; ///< while the bus is asked for a sign of life
+    std::unique_ptr<BusProbe> m_probe; ///< while the bus is asked for a sign of life
 };
 
 } // namespace glimmet
