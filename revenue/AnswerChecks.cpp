@@ -60,8 +60,8 @@ QByteArray masked(QByteArray text, const ApiKey &apiKey)
 
 HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, const QByteArray &accept)
 {
-    return { address,
-        { { "Authorization", "Bearer " + apiKey.characters().toUtf8() }, { "Accept", accept } } };
+    return { .address = address,
+        .headers = { { "Authorization", "Bearer " + apiKey.characters().toUtf8() }, { "Accept", accept } } };
 }
 
 QString transportText(TransportFailure failure)

@@ -45,8 +45,9 @@ void PagedRevenueService::fetchPage(
             return *error;
         return parsedPage(std::get<QByteArray>(body), parse);
     };
-    m_world.http.get(authorizedRequest(pageAddress(cursor), query.apiKey, acceptedType()), this, read,
-        std::move(completion));
+    HttpRequest request = authorizedRequest(pageAddress(cursor), query.apiKey, acceptedType());
+    request.largestBody = longestPage;
+    m_world.http.get(request, this, read, std::move(completion));
 }
 
 void PagedRevenueService::fetchAllPages(const RevenueQuery &query, const std::optional<QString> &cursor,

@@ -7,6 +7,8 @@
 namespace glimmet {
 namespace {
 
+constexpr qsizetype longestAddress = qsizetype(16) << 10;
+
 bool isVisibleAscii(char character)
 {
     return character > ' ' && character <= '~';
@@ -56,7 +58,7 @@ QString describe(TransportFailure failure)
 
 bool isSendableAddress(const QByteArray &address)
 {
-    if (!std::all_of(address.begin(), address.end(), isVisibleAscii))
+    if (address.size() > longestAddress || !std::all_of(address.begin(), address.end(), isVisibleAscii))
         return false;
     const QUrl url = QUrl::fromEncoded(address, QUrl::StrictMode);
     return url.isValid() && url.scheme() == u"https" && !url.host().isEmpty() && url.userInfo().isEmpty();

@@ -9,10 +9,16 @@
 
 namespace glimmet {
 
+/// The longest body of an answer that is one figure, and of one that is a page of a list, in bytes, unpacked.
+/// They bound what reading it takes: simdjson's buffers are up to some eighteen times as long.
+inline constexpr qint64 longestFigure = qint64(4) << 20;
+inline constexpr qint64 longestPage = qint64(16) << 20;
+
 /// What to ask a server for: always a GET, always over https.
 struct HttpRequest {
     QByteArray address; ///< absolute, percent-encoded
-    QList<std::pair<QByteArray, QByteArray>> headers; ///< names and values as they are sent
+    QList<std::pair<QByteArray, QByteArray>> headers = {}; ///< names and values as they are sent
+    qint64 largestBody = longestFigure; ///< bytes, unpacked; a longer one is lost
 };
 
 /// A complete answer, whatever its status says.
@@ -43,7 +49,7 @@ using HttpResult = std::variant<HttpAnswer, TransportFailure>;
 QString describe(TransportFailure failure);
 
 /// Whether `address` may go out as it is: https with a host, no user name, valid by RFC 3986 read strictly,
-/// and of visible ASCII characters only.
+/// of visible ASCII characters only, and no longer than 16 kB.
 bool isSendableAddress(const QByteArray &address);
 /// Whether every header is one line: a token as its name and no line break or NUL in its value.
 bool areSendableHeaders(const QList<std::pair<QByteArray, QByteArray>> &headers);

@@ -39,8 +39,12 @@ HttpBody::~HttpBody()
         inflateEnd(m_gzip.get());
 }
 
-bool HttpBody::append(const QByteArray &piece)
+bool HttpBody::append(QByteArrayView piece)
 {
+    // What is packed may also unpack to nothing, for ever.
+    m_received += piece.size();
+    if (m_received > 2 * m_longest)
+        return false;
     return m_gzip ? unpack(piece) : keep(piece);
 }
 
@@ -52,11 +56,11 @@ bool HttpBody::keep(QByteArrayView bytes)
     return true;
 }
 
-bool HttpBody::unpack(const QByteArray &piece)
+bool HttpBody::unpack(QByteArrayView piece)
 {
-    QByteArray packed = piece; // zlib wants it writable, and leaves it as it is
-    m_gzip->next_in = reinterpret_cast<Bytef *>(packed.data());
-    m_gzip->avail_in = static_cast<uInt>(packed.size());
+    // zlib wants it writable, and leaves it as it is.
+    m_gzip->next_in = reinterpret_cast<Bytef *>(const_cast<char *>(piece.data()));
+    m_gzip->avail_in = static_cast<uInt>(piece.size());
     while (m_gzip->avail_in > 0)
         if (!unpackNext())
             return false;

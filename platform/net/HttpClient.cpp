@@ -20,8 +20,7 @@ HttpClient::HttpClient(HttpSettings settings, QObject *parent)
 HttpClient::~HttpClient()
 {
     m_thread->quit();
-    // A server can keep Qt busy for minutes. That must not keep the program from ending, which ends the
-    // thread too.
+    // What keeps the thread busy must not keep the program from ending, which ends the thread too.
     if (m_thread->wait(patience))
         delete m_thread;
 }

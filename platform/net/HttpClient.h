@@ -16,15 +16,19 @@ class HttpNetwork;
 /// How the client speaks to servers; the defaults are the program's.
 struct HttpSettings {
     std::chrono::milliseconds idleTimeout = std::chrono::seconds(15); ///< without any progress
-    qint64 largestBody = qint64(64) << 20; ///< bytes, unpacked
+    std::chrono::milliseconds longestAnswer = std::chrono::minutes(5); ///< from its first step to its end
+    std::chrono::milliseconds longestWait = std::chrono::minutes(1); ///< before its first step
+    std::chrono::milliseconds connectionsKept = std::chrono::minutes(2); ///< after the last answer
     /// Whom to trust: these authorities (PEM) instead of the system's, where there are any.
-    QByteArray authorities;
+    QByteArray authorities = {};
 };
 
-/// The one HTTP client of the program. Requests run side by side on a thread of its own, connections are kept
-/// and shared, HTTP/2 is used where the server has it, packed answers are unpacked. No cookies, no cache, no
+/// The one HTTP client of the program: HTTP/1.1 over TLS. Requests run side by side on a thread of its own,
+/// at most six to a server, whose others wait in their order; connections are kept and shared, packed answers
+/// are unpacked. Proxies are those of the environment and of the desktop. No cookies, no cache, no
 /// credentials but the headers of the request. Redirects are followed only within the same https origin, at
-/// most ten; any other is an answer like all others.
+/// most ten; any other is an answer like all others. A request whose kept connection breaks before the
+/// answer's status is sent once more.
 ///
 /// Lives on the main thread. Destroying it drops what is still out.
 class HttpClient final : public QObject {

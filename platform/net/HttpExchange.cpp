@@ -1,190 +1,257 @@
 #include "platform/net/HttpExchange.h"
 
+#include "platform/net/HttpFailures.h"
 #include "platform/net/HttpRedirection.h"
 
-#include <QNetworkAccessManager>
+#include <sys/socket.h>
 
 namespace glimmet {
 namespace {
 
 constexpr int mostRedirections = 10;
-constexpr qint64 pieceSize = qint64(64) << 10;
+constexpr long receiveBuffer = 64L << 10; // bytes
+/// What encryption adds to what is small, in bytes.
+constexpr qint64 encryption = qint64(64) << 10;
 
-/// Whether an answer came to its end: Qt reports a bad status as an error too.
-bool isComplete(int status, QNetworkReply::NetworkError error)
+template <typename Value> void set(CURL *handle, CURLoption option, Value value)
 {
-    if (error == QNetworkReply::NoError)
-        return status > 0;
-    const bool isAboutTheStatus = error == QNetworkReply::ProtocolInvalidOperationError
-        || error == QNetworkReply::ProxyAuthenticationRequiredError
-        || (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError)
-        || error >= QNetworkReply::InternalServerError;
-    return status >= 400 && isAboutTheStatus;
+    curl_easy_setopt(handle, option, value);
 }
 
-TransportFailure transportFailure(QNetworkReply::NetworkError error)
+/// As curl wants it: a header without a value is another matter there, namely one to leave out.
+QByteArray headerLine(const QByteArray &name, const QByteArray &value)
 {
-    switch (error) {
-    case QNetworkReply::TimeoutError:
-    case QNetworkReply::OperationCanceledError: // what Qt makes of its own time-out
-        return TransportFailure::TimedOut;
-    case QNetworkReply::HostNotFoundError:
-        return TransportFailure::ServerNotFound;
-    case QNetworkReply::ConnectionRefusedError:
-    case QNetworkReply::TemporaryNetworkFailureError:
-    case QNetworkReply::NetworkSessionFailedError:
-    case QNetworkReply::UnknownNetworkError: // the network is unreachable
-        return TransportFailure::CannotConnect;
-    case QNetworkReply::RemoteHostClosedError:
-    case QNetworkReply::ProtocolFailure: // a stream of HTTP/2 that the server ends
-        return TransportFailure::ConnectionLost;
-    case QNetworkReply::SslHandshakeFailedError:
-        return TransportFailure::NotSecure;
-    case QNetworkReply::ProxyConnectionRefusedError:
-    case QNetworkReply::ProxyConnectionClosedError:
-    case QNetworkReply::ProxyNotFoundError:
-    case QNetworkReply::ProxyTimeoutError:
-    case QNetworkReply::ProxyAuthenticationRequiredError:
-    case QNetworkReply::UnknownProxyError:
-        return TransportFailure::ProxyFailed;
-    default:
-        return TransportFailure::Failed;
-    }
+    return value.trimmed().isEmpty() ? name + ';' : name + ": " + value;
+}
+
+curl_slist *headerLines(const HttpRequest &request)
+{
+    // Asked for by name, it is not unpacked by curl (see HttpBody).
+    curl_slist *lines = curl_slist_append(nullptr, "Accept-Encoding: gzip");
+    for (const auto &[name, value] : request.headers)
+        lines = curl_slist_append(lines, headerLine(name, value).constData());
+    return lines;
+}
+
+/// What is asked for at the server, byte for byte.
+QByteArray target(const QUrl &url)
+{
+    const QByteArray target =
+        url.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment);
+    return target.startsWith('/') ? target : '/' + target;
+}
+
+/// No process that this one starts, or becomes, is to hold a connection.
+curl_socket_t openSocket(void *, curlsocktype, curl_sockaddr *address)
+{
+    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
+/// What a step does never and always, whatever it asks for.
+void setRules(CURL *handle)
+{
+    set(handle, CURLOPT_PROTOCOLS_STR, "https");
+    set(handle, CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
+    set(handle, CURLOPT_HTTPAUTH, CURLAUTH_NONE);
+    set(handle, CURLOPT_FOLLOWLOCATION, 0L);
+    set(handle, CURLOPT_HTTP_CONTENT_DECODING, 0L);
+    set(handle, CURLOPT_NETRC, long(CURL_NETRC_IGNORED));
+    set(handle, CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+    set(handle, CURLOPT_NOSIGNAL, 1L);
+    // A name that is still looked up is not waited for.
+    set(handle, CURLOPT_QUICK_EXIT, 1L);
+    set(handle, CURLOPT_USERAGENT, "glimmet"); // unless a header says another
+    set(handle, CURLOPT_BUFFERSIZE, receiveBuffer);
+    set(handle, CURLOPT_OPENSOCKETFUNCTION, openSocket);
+}
+
+/// curl adds what the environment says where it is told of no proxy; the environment is asked already.
+void setProxy(CURL *handle, const QByteArray &proxy)
+{
+    set(handle, CURLOPT_PROXY, proxy.constData());
+    set(handle, CURLOPT_NOPROXY, "");
+    set(handle, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
 }
 
 } // namespace
 
-HttpExchange::HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, const QSslConfiguration &trust,
-    HttpSettings settings, Finished finished, QObject *parent)
-    : QObject(parent)
-    , m_manager(std::move(manager))
-    , m_trust(trust)
-    , m_settings(std::move(settings))
+HttpExchange::HttpExchange(HttpSettings settings, HttpRequest request, Finished finished)
+    : m_settings(std::move(settings))
+    , m_request(std::move(request))
     , m_finished(std::move(finished))
+    , m_asked(std::chrono::steady_clock::now())
+    , m_lastProgress(m_asked)
+    , m_url(QUrl::fromEncoded(m_request.address, QUrl::StrictMode))
+    , m_headers(headerLines(m_request))
 {
 }
 
-void HttpExchange::send(const HttpRequest &request)
+QByteArray HttpExchange::origin() const
 {
-    m_request = request;
-    if (!isSendableAddress(m_request.address))
-        finish(TransportFailure::InvalidAddress);
-    else if (!areSendableHeaders(m_request.headers))
-        finish(TransportFailure::InvalidHeader);
-    else
-        start(QUrl::fromEncoded(m_request.address, QUrl::StrictMode));
+    return m_url.host(QUrl::FullyEncoded).toLatin1() + ':' + QByteArray::number(m_url.port(443));
 }
 
-QNetworkRequest HttpExchange::prepared(const QUrl &url) const
+void HttpExchange::prepare(CURL *handle, const QByteArray &proxy, TlsWatch &tls)
 {
-    QNetworkRequest request(url);
-    request.setSslConfiguration(m_trust);
-    request.setTransferTimeout(static_cast<int>(m_settings.idleTimeout.count()));
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    // Asked for by name, it is not unpacked by Qt (see HttpBody).
-    request.setRawHeader("Accept-Encoding", "gzip");
-    for (const auto &[name, value] : m_request.headers)
-        request.setRawHeader(name, value);
-    return request;
+    beginStep();
+    m_handle = handle;
+    m_tls = &tls;
+    m_usesProxy = !proxy.isEmpty();
+    curl_easy_reset(handle);
+    setRules(handle);
+    setProxy(handle, proxy);
+    setTrust();
+    setAddress();
+    setCallbacks();
+    // The first of several addresses gets half of this, the next half of the rest.
+    set(handle, CURLOPT_CONNECTTIMEOUT_MS, long(m_settings.idleTimeout.count()));
+    set(handle, CURLOPT_FRESH_CONNECT, m_isRepeated ? 1L : 0L);
 }
 
-void HttpExchange::start(const QUrl &url)
+void HttpExchange::beginStep()
 {
+    m_lastProgress = std::chrono::steady_clock::now();
+    if (!m_begun)
+        m_begun = m_lastProgress;
+    m_errorText[0] = '\0';
+    m_connection = nullptr;
+    m_wasSent = false;
+    m_isRefused = false;
+    m_head = {};
     m_body.reset();
-    m_received = 0;
-    m_reply.reset(m_manager->get(prepared(url)));
-    connect(m_reply.get(), &QNetworkReply::sslErrors, this, [this] { m_isTrusted = false; });
-    connect(m_reply.get(), &QNetworkReply::readyRead, this, [this] {
-        if (!collect())
-            finish(TransportFailure::ConnectionLost);
-    });
-    connect(m_reply.get(), &QNetworkReply::finished, this, &HttpExchange::conclude);
 }
 
-bool HttpExchange::collect()
+void HttpExchange::setAddress()
 {
-    if (!m_body && m_reply->bytesAvailable() > 0)
-        m_body.emplace(m_reply->rawHeader("Content-Encoding"), m_settings.largestBody);
-    // Piece by piece: what comes in is not to be kept twice.
-    while (m_reply->bytesAvailable() > 0) {
-        const QByteArray piece = m_reply->read(pieceSize);
-        m_received += piece.size();
-        // What is packed may also unpack to nothing, for ever.
-        if (piece.isEmpty() || m_received > m_settings.largestBody || !m_body->append(piece))
-            return false;
+    set(m_handle, CURLOPT_URL, m_url.toEncoded(QUrl::RemoveFragment).constData());
+    set(m_handle, CURLOPT_REQUEST_TARGET, target(m_url).constData());
+    set(m_handle, CURLOPT_HTTPHEADER, m_headers.get());
+}
+
+void HttpExchange::setTrust() const
+{
+    m_tls->watch(m_handle);
+    if (!m_settings.authorities.isEmpty()) {
+        curl_blob authorities{ const_cast<char *>(m_settings.authorities.constData()),
+            size_t(m_settings.authorities.size()), CURL_BLOB_COPY };
+        set(m_handle, CURLOPT_CAINFO_BLOB, &authorities);
+        set<const char *>(m_handle, CURLOPT_CAPATH, nullptr);
+    } else if (curl_version_info(CURLVERSION_NOW)->capath != nullptr) {
+        // The folder serves the one certificate that is asked for; the file is read as a whole, which takes
+        // longer than an answer and megabytes.
+        set<const char *>(m_handle, CURLOPT_CAINFO, nullptr);
     }
-    return true;
 }
 
-void HttpExchange::conclude()
+void HttpExchange::setCallbacks()
 {
-    if (!collect())
-        return finish(TransportFailure::ConnectionLost);
-    if (isInterim())
-        return emit connectionMisread();
-    const HttpResult ending = result();
-    const auto *answer = std::get_if<HttpAnswer>(&ending);
-    const auto next =
-        answer ? redirection(m_reply->url(), answer->status, m_reply->rawHeader("Location")) : std::nullopt;
-    if (!next || m_redirections == mostRedirections)
-        return finish(ending);
-    ++m_redirections;
-    m_reply->disconnect(this);
-    m_reply.release()->deleteLater(); // It is in the middle of reporting.
-    start(*next);
+    set(m_handle, CURLOPT_PREREQFUNCTION, aboutToSend);
+    set(m_handle, CURLOPT_PREREQDATA, this);
+    set(m_handle, CURLOPT_HEADERFUNCTION, takeLine);
+    set(m_handle, CURLOPT_HEADERDATA, this);
+    set(m_handle, CURLOPT_WRITEFUNCTION, takeBody);
+    set(m_handle, CURLOPT_WRITEDATA, this);
+    set(m_handle, CURLOPT_ERRORBUFFER, m_errorText.data());
 }
 
-HttpResult HttpExchange::result() const
+int HttpExchange::aboutToSend(void *exchange, char *, char *, int, int)
 {
-    const QNetworkReply::NetworkError error = m_reply->error();
-    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (!m_isTrusted)
-        return TransportFailure::ServerNotTrusted;
-    if (!isComplete(status, error))
-        return transportFailure(error);
-    if (!hasWholeLength())
-        return TransportFailure::ConnectionLost;
+    auto &self = *static_cast<HttpExchange *>(exchange);
+    self.m_lastProgress = std::chrono::steady_clock::now();
+    // curl would send it again over one kept connection after the other; the one repetition goes over a fresh
+    // one.
+    if (self.m_wasSent)
+        return CURL_PREREQFUNC_ABORT;
+    self.m_wasSent = true;
+    self.m_connection = TlsWatch::connectionOf(self.m_handle);
+    self.m_receivedBefore = TlsWatch::received(self.m_connection);
+    return CURL_PREREQFUNC_OK;
+}
+
+size_t HttpExchange::takeLine(char *line, size_t, size_t count, void *exchange)
+{
+    auto &self = *static_cast<HttpExchange *>(exchange);
+    self.m_isRefused = !self.read({ line, qsizetype(count) });
+    return self.m_isRefused ? 0 : count;
+}
+
+size_t HttpExchange::takeBody(char *piece, size_t, size_t count, void *exchange)
+{
+    auto &self = *static_cast<HttpExchange *>(exchange);
+    self.m_isRefused = !self.collect({ piece, qsizetype(count) });
+    return self.m_isRefused ? 0 : count;
+}
+
+bool HttpExchange::read(QByteArrayView line)
+{
+    m_lastProgress = std::chrono::steady_clock::now();
+    return m_head.append(line) && !isFlooded();
+}
+
+bool HttpExchange::collect(QByteArrayView piece)
+{
+    m_lastProgress = std::chrono::steady_clock::now();
     if (!m_body)
-        return HttpAnswer{ status, {} };
-    if (!m_body->isWhole())
-        return TransportFailure::ConnectionLost;
-    return HttpAnswer{ status, m_body->bytes() };
+        m_body.emplace(m_head.contentEncoding(), m_request.largestBody);
+    return m_body->append(piece) && !isFlooded();
 }
 
-bool HttpExchange::isInterim() const
+bool HttpExchange::isFlooded() const
 {
-    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    return status >= 100 && status < 200;
+    // curl lets go of a connection by itself.
+    if (m_connection == nullptr || TlsWatch::connectionOf(m_handle) != m_connection)
+        return false;
+    const qint64 most = 2 * m_request.largestBody + HttpHead::longest + encryption;
+    return TlsWatch::received(m_connection) - m_receivedBefore > most;
 }
 
-bool HttpExchange::hasWholeLength() const
+std::optional<HttpResult> HttpExchange::conclude(CURLcode code)
 {
-    // Over HTTP/2 Qt lets a body be shorter or longer than announced.
-    bool isNumber = false;
-    const qint64 announced = m_reply->rawHeader("Content-Length").toLongLong(&isNumber);
-    // RFC 9112, 6.3: chunks take precedence.
-    if (!isNumber || m_reply->hasRawHeader("Transfer-Encoding"))
+    if (shallBeRepeated(code)) {
+        m_isRepeated = true;
+        return std::nullopt;
+    }
+    HttpResult ending = result(code);
+    const auto *answer = std::get_if<HttpAnswer>(&ending);
+    const auto next = answer ? redirection(m_url, answer->status, m_head.location()) : std::nullopt;
+    if (!next || m_redirections == mostRedirections)
+        return ending;
+    ++m_redirections;
+    m_isRepeated = false;
+    m_url = *next;
+    return std::nullopt;
+}
+
+bool HttpExchange::shallBeRepeated(CURLcode code) const
+{
+    if (code == CURLE_OK || m_isRepeated || !m_wasSent || m_head.hasBegun())
+        return false;
+    if (code == CURLE_ABORTED_BY_CALLBACK) // It was curl that wanted to.
         return true;
-    return m_received == 0 || m_received == announced;
+    long connectionsMade = 0;
+    curl_easy_getinfo(m_handle, CURLINFO_NUM_CONNECTS, &connectionsMade);
+    return connectionsMade == 0 && code != CURLE_OPERATION_TIMEDOUT;
 }
 
-void HttpExchange::lose()
+HttpResult HttpExchange::result(CURLcode code) const
 {
-    finish(TransportFailure::ConnectionLost);
+    if (m_isRefused)
+        return TransportFailure::ConnectionLost;
+    if (code != CURLE_OK)
+        return transportFailure(m_handle, code, { m_errorText.data(), m_usesProxy });
+    if (!isWhole())
+        return TransportFailure::ConnectionLost;
+    return HttpAnswer{ m_head.status(), m_body ? m_body->bytes() : QByteArray() };
 }
 
-void HttpExchange::finish(const HttpResult &result)
+bool HttpExchange::isWhole() const
 {
-    if (m_isFinished)
-        return;
-    m_isFinished = true;
-    if (m_reply)
-        m_reply->disconnect(this);
-    m_finished(result);
-    deleteLater();
+    if (!m_head.isComplete() || (m_body && !m_body->isWhole()))
+        return false;
+    if (m_head.isBodyEndedByClosing())
+        return m_tls->hasTakenLeave(m_connection);
+    const qint64 received = m_body ? m_body->received() : 0;
+    return received == m_head.bodyLength().value_or(received);
 }
 
 } // namespace glimmet

@@ -2,62 +2,93 @@
 
 #include "platform/net/HttpBody.h"
 #include "platform/net/HttpClient.h"
+#include "platform/net/HttpHead.h"
+#include "platform/net/TlsWatch.h"
 
-#include <QNetworkReply>
-#include <QSslConfiguration>
+#include <QUrl>
 
+#include <array>
+#include <chrono>
+#include <curl/curl.h>
+#include <functional>
 #include <memory>
 #include <optional>
 
-class QNetworkAccessManager;
-
 namespace glimmet {
 
-/// One request and what follows from it until there is a result. Deletes itself after reporting that.
-class HttpExchange final : public QObject {
-    Q_OBJECT
-
+/// One request and what follows from it until there is a result: redirections, and a second try where a kept
+/// connection turned out to be none. What is sent at once is a step; the connections that it goes over are
+/// another's business. The client's thread.
+class HttpExchange {
 public:
     using Finished = std::function<void(const HttpResult &)>;
+    using Moment = std::chrono::steady_clock::time_point;
 
-    HttpExchange(std::shared_ptr<QNetworkAccessManager> manager, const QSslConfiguration &trust,
-        HttpSettings settings, Finished finished, QObject *parent);
+    /// Of a request that may be sent as it is.
+    HttpExchange(HttpSettings settings, HttpRequest request, Finished finished);
+    Q_DISABLE_COPY_MOVE(HttpExchange)
 
-    /// To be called once. What cannot be sent has its result within this call.
-    void send(const HttpRequest &request);
-    /// Ends it: what comes over its connection is not to be trusted any more.
-    void lose();
-    bool isUsing(const QNetworkAccessManager *manager) const { return m_manager.get() == manager; }
+    /// The server and its port: what its connections are kept by.
+    QByteArray origin() const;
+    /// Sets `handle` up for the next step; the exchange stays where it is until that step is over. `proxy`
+    /// leads there; empty: none does. `tls` watches the connections that it may go over.
+    void prepare(CURL *handle, const QByteArray &proxy, TlsWatch &tls);
+    /// What has come of the step, which `code` ended; its handle is still as it was. Nothing: there is
+    /// another step.
+    std::optional<HttpResult> conclude(CURLcode code);
+    void finish(const HttpResult &result) { m_finished(result); }
 
-signals:
-    /// Qt took an interim answer for the answer: whatever comes over the connection from now on is the answer
-    /// to another request than Qt says. The exchange is still to be ended.
-    void connectionMisread();
+    /// When it has waited for too long for its first step.
+    Moment endOfWaiting() const { return m_asked + m_settings.longestWait; }
+    /// When the step that is under way has been silent for too long.
+    Moment endOfSilence() const { return m_lastProgress + m_settings.idleTimeout; }
+    /// When the answer as a whole has taken too long.
+    Moment endOfAll() const { return m_begun.value_or(m_asked) + m_settings.longestAnswer; }
+    /// Whether more came in this step than an answer may be, whatever became of it: what is around a body's
+    /// chunks has no end of its own.
+    bool isFlooded() const;
 
 private:
-    void start(const QUrl &url);
-    QNetworkRequest prepared(const QUrl &url) const;
-    /// Takes what has come of the body; false where that is no good or too much.
-    bool collect();
-    void conclude();
-    HttpResult result() const;
-    /// Whether the end is that of an interim answer (1xx), which Qt takes for the answer itself.
-    bool isInterim() const;
-    /// Whether as much came of the body as was announced, if anything was.
-    bool hasWholeLength() const;
-    void finish(const HttpResult &result);
+    static int aboutToSend(void *exchange, char *, char *, int, int);
+    static size_t takeLine(char *line, size_t size, size_t count, void *exchange);
+    static size_t takeBody(char *piece, size_t size, size_t count, void *exchange);
 
-    std::shared_ptr<QNetworkAccessManager> m_manager;
-    QSslConfiguration m_trust;
+    void beginStep();
+    void setAddress();
+    void setTrust() const;
+    void setCallbacks();
+    bool read(QByteArrayView line);
+    bool collect(QByteArrayView piece);
+    bool shallBeRepeated(CURLcode code) const;
+    HttpResult result(CURLcode code) const;
+    bool isWhole() const;
+
     HttpSettings m_settings;
-    Finished m_finished;
     HttpRequest m_request;
-    std::unique_ptr<QNetworkReply> m_reply; ///< goes before its manager
-    std::optional<HttpBody> m_body; ///< from the first byte on
-    qint64 m_received = 0; ///< bytes of the body as they came
+    Finished m_finished;
+    Moment m_asked;
+    std::optional<Moment> m_begun; ///< its first step
+    Moment m_lastProgress;
+
+    struct ListDeleter {
+        void operator()(curl_slist *list) const { curl_slist_free_all(list); }
+    };
+    QUrl m_url;
+    std::unique_ptr<curl_slist, ListDeleter> m_headers;
     int m_redirections = 0;
-    bool m_isTrusted = true;
-    bool m_isFinished = false;
+    bool m_isRepeated = false;
+
+    // Of the step:
+    std::array<char, CURL_ERROR_SIZE> m_errorText{};
+    CURL *m_handle = nullptr;
+    TlsWatch *m_tls = nullptr;
+    TlsWatch::Connection m_connection = nullptr;
+    qint64 m_receivedBefore = 0; ///< over that connection
+    bool m_usesProxy = false;
+    bool m_wasSent = false;
+    bool m_isRefused = false; ///< by this side: what comes is no good
+    HttpHead m_head;
+    std::optional<HttpBody> m_body; ///< from the first byte on
 };
 
 } // namespace glimmet

@@ -1,47 +1,87 @@
 #include "platform/net/HttpNetwork.h"
 
-#include <QNetworkAccessManager>
-#include <QSslCertificate>
-
 namespace glimmet {
+namespace {
+
+/// A proxy of another network is told of within this time.
+constexpr std::chrono::minutes proxyHolds{ 1 };
+
+} // namespace
 
 HttpNetwork::HttpNetwork(HttpSettings settings)
     : m_settings(std::move(settings))
 {
 }
 
+HttpNetwork::~HttpNetwork()
+{
+    // They tell of nothing any more.
+    for (HttpConnections *connections : findChildren<HttpConnections *>())
+        connections->disconnect(this);
+}
+
 void HttpNetwork::send(const HttpRequest &request, const HttpExchange::Finished &finished)
 {
-    if (!m_manager)
-        open();
-    const auto conclude = [this, used = m_manager.get(), finished](const HttpResult &result) {
-        // Silence may also mean a connection that is dead since the network changed or the machine slept: Qt
-        // would go on using it for a quarter of an hour. What is still out ends over the old connections.
-        if (result == HttpResult(TransportFailure::TimedOut) && m_manager.get() == used)
-            m_manager.reset();
-        finished(result);
-    };
-    auto *exchange = new HttpExchange(m_manager, m_trust, m_settings, conclude, this); // Deletes itself.
-    connect(exchange, &HttpExchange::connectionMisread, this, [this, used = m_manager.get()] { lose(used); });
-    exchange->send(request);
+    if (!isSendableAddress(request.address))
+        return finished(TransportFailure::InvalidAddress);
+    if (!areSendableHeaders(request.headers))
+        return finished(TransportFailure::InvalidHeader);
+    auto exchange = std::make_unique<HttpExchange>(m_settings, request, finished);
+    const QByteArray origin = exchange->origin();
+    add(origin, std::move(exchange));
 }
 
-void HttpNetwork::lose(const QNetworkAccessManager *manager)
+void HttpNetwork::add(const QByteArray &origin, std::unique_ptr<HttpExchange> exchange)
 {
-    // Which of the others shares the connection, Qt does not say.
-    if (m_manager.get() == manager)
-        m_manager.reset();
-    for (HttpExchange *exchange : findChildren<HttpExchange *>())
-        if (exchange->isUsing(manager))
-            exchange->lose();
+    Server &server = m_servers[origin];
+    if (server.connections == nullptr)
+        server.connections = opened(origin);
+    server.connections->add(std::move(exchange));
+    const auto now = std::chrono::steady_clock::now();
+    if (!server.proxyAsked || now - *server.proxyAsked >= proxyHolds) {
+        server.proxyAsked = now;
+        askForProxy(origin);
+    }
 }
 
-void HttpNetwork::open()
+HttpConnections *HttpNetwork::opened(const QByteArray &origin)
 {
-    m_manager = std::make_shared<QNetworkAccessManager>();
-    m_trust = QSslConfiguration::defaultConfiguration();
-    if (!m_settings.authorities.isEmpty())
-        m_trust.setCaCertificates(QSslCertificate::fromData(m_settings.authorities, QSsl::Pem));
+    auto *connections = new HttpConnections(m_settings);
+    connections->setParent(this);
+    connect(connections, &HttpConnections::fellSilent, this,
+        [this, origin, connections] { replace(origin, connections); });
+    connect(connections, &HttpConnections::ended, this,
+        [this, origin, connections] { close(origin, connections); });
+    return connections;
+}
+
+void HttpNetwork::askForProxy(const QByteArray &origin)
+{
+    if (!m_proxies)
+        m_proxies = std::make_unique<ProxySettings>();
+    m_proxies->find("https://" + origin + '/', this, [this, origin](const QByteArray &proxy) {
+        const auto server = m_servers.find(origin);
+        if (server != m_servers.end() && server->second.connections != nullptr)
+            server->second.connections->setProxy(proxy);
+    });
+}
+
+void HttpNetwork::replace(const QByteArray &origin, HttpConnections *connections)
+{
+    const auto server = m_servers.find(origin);
+    if (server == m_servers.end() || server->second.connections != connections)
+        return;
+    m_servers.erase(server);
+    for (auto &exchange : connections->retire())
+        add(origin, std::move(exchange));
+}
+
+void HttpNetwork::close(const QByteArray &origin, HttpConnections *connections)
+{
+    const auto server = m_servers.find(origin);
+    if (server != m_servers.end() && server->second.connections == connections)
+        m_servers.erase(server);
+    connections->deleteLater();
 }
 
 } // namespace glimmet

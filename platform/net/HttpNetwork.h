@@ -1,28 +1,41 @@
 #pragma once
 
-#include "platform/net/HttpExchange.h"
+#include "platform/net/HttpConnections.h"
+#include "platform/net/ProxySettings.h"
+
+#include <map>
 
 namespace glimmet {
 
-/// A client's connections and what goes over them. Made on the client's main thread, at work on its other
-/// one.
+/// The connections of a client, by the server that they lead to. Made on the client's main thread, at work on
+/// its other one.
 class HttpNetwork final : public QObject {
     Q_OBJECT
 
 public:
     explicit HttpNetwork(HttpSettings settings);
+    ~HttpNetwork() override;
 
     /// Sends `request`; `finished` is called once, on this thread, possibly within this call.
     void send(const HttpRequest &request, const HttpExchange::Finished &finished);
 
 private:
-    void open();
-    /// Ends everything that is out over these connections, and lets them go.
-    void lose(const QNetworkAccessManager *manager);
+    /// What is in use for one server.
+    struct Server {
+        HttpConnections *connections = nullptr; ///< a child of this object
+        std::optional<std::chrono::steady_clock::time_point> proxyAsked;
+    };
+
+    void add(const QByteArray &origin, std::unique_ptr<HttpExchange> exchange);
+    HttpConnections *opened(const QByteArray &origin);
+    void askForProxy(const QByteArray &origin);
+    /// Has everything that is not under way yet go over connections of its own.
+    void replace(const QByteArray &origin, HttpConnections *connections);
+    void close(const QByteArray &origin, HttpConnections *connections);
 
     HttpSettings m_settings;
-    QSslConfiguration m_trust; ///< read once: certificates take longer to read than an answer
-    std::shared_ptr<QNetworkAccessManager> m_manager; ///< shared with the exchanges that use it
+    std::unique_ptr<ProxySettings> m_proxies; ///< from the first request on
+    std::map<QByteArray, Server> m_servers;
 };
 
 } // namespace glimmet

@@ -141,8 +141,16 @@ TEST(PriceChartAddress, isThatOfOneChartWhateverTheSymbolHolds)
 
 TEST(PriceChartAddress, isThatOfOneChartForALongSymbol)
 {
-    expectTheChartOf(QString(100'000, u'a'));
-    expectTheChartOf(u"../"_s.repeated(33'333));
+    expectTheChartOf(QString(16'000, u'a'));
+    expectTheChartOf(u"../"_s.repeated(3'200));
+}
+
+TEST(PriceChartAddress, isTooLongToBeSentForAnEndlessSymbol)
+{
+    const auto address = PriceChart::address(endpoint, QString(100'000, u'a'));
+
+    ASSERT_TRUE(address);
+    EXPECT_FALSE(isSendableAddress(*address));
 }
 
 TEST(PriceChartAddress, isThatOfOneChartForRandomSymbols)

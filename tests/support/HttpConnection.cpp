@@ -61,7 +61,8 @@ void HttpConnection::beginAnswer(const ReceivedRequest &request, const ServerAns
         return;
     if (answer.ending != Ending::CutBeforeAnswer) {
         m_pieces = piecesOf(answer);
-        m_pieces.first().prepend(headOf(answer));
+        if (answer.raw.isEmpty())
+            m_pieces.first().prepend(headOf(answer));
     }
     m_pause = answer.pause;
     m_afterwards = answer.ending != Ending::Complete ? Afterwards::Break

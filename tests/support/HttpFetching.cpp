@@ -23,9 +23,14 @@ HttpSettings trustingSettings()
 
 HttpResult fetched(HttpClient &client, const QByteArray &address, const HttpHeaders &headers)
 {
+    return fetched(client, HttpRequest{ .address = address, .headers = headers });
+}
+
+HttpResult fetched(HttpClient &client, const HttpRequest &request)
+{
     QObject receiver;
     std::optional<HttpResult> result;
-    client.get({ address, headers }, &receiver, asItIs, [&result](const HttpResult &value) {
+    client.get(request, &receiver, asItIs, [&result](const HttpResult &value) {
         EXPECT_FALSE(result) << "a second result";
         result = value;
     });

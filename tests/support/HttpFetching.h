@@ -14,6 +14,7 @@ HttpSettings trustingSettings();
 
 /// Asks, and lets events happen until the result is there; a failure of the test where none comes within ten
 /// seconds.
+HttpResult fetched(HttpClient &client, const HttpRequest &request);
 HttpResult fetched(HttpClient &client, const QByteArray &address, const HttpHeaders &headers = {});
 
 /// Asks for each address at the same moment; the results are in the order of the addresses.

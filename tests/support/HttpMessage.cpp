@@ -69,13 +69,14 @@ QByteArray headOf(const ServerAnswer &answer)
 
 QList<QByteArray> piecesOf(const ServerAnswer &answer)
 {
-    const bool isCut = answer.ending == ServerAnswer::Ending::CutInBody;
-    const qsizetype size = isCut ? answer.body.size() / 2 : answer.body.size();
+    const bool isCut = answer.raw.isEmpty() && answer.ending == ServerAnswer::Ending::CutInBody;
+    const QByteArray &content = answer.raw.isEmpty() ? answer.body : answer.raw;
+    const qsizetype size = isCut ? content.size() / 2 : content.size();
     const qsizetype count = std::max(answer.pieces, 1);
     QList<QByteArray> pieces;
     for (qsizetype i = 0; i < count; ++i) {
         const qsizetype begin = size * i / count;
-        pieces.append(answer.body.mid(begin, size * (i + 1) / count - begin));
+        pieces.append(content.mid(begin, size * (i + 1) / count - begin));
     }
     return pieces;
 }

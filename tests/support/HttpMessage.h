@@ -15,7 +15,8 @@ std::optional<ReceivedRequest> takeRequest(QByteArray &received);
 
 /// The status line and all headers, with the Content-Length of the whole body and the empty line.
 QByteArray headOf(const ServerAnswer &answer);
-/// What goes out of the body, in the pieces in which it goes out: at least one, which may be empty.
+/// What goes out of the body, or of what takes its place, in the pieces in which it goes out: at least one,
+/// which may be empty.
 QList<QByteArray> piecesOf(const ServerAnswer &answer);
 /// Whether the connection has served its time after `answer`.
 bool endsConnection(const ReceivedRequest &request, const ServerAnswer &answer);

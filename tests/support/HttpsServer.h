@@ -39,6 +39,7 @@ struct ServerAnswer {
     std::chrono::milliseconds delay{ 0 }; ///< before the first byte
     int pieces = 1; ///< what comes of the body goes out in so many pieces, the first with the headers,
     std::chrono::milliseconds pause{ 0 }; ///< so long apart
+    QByteArray raw = {}; ///< sent as it is, in the place of status, headers and body
 };
 
 /// Where a server of the tests is that listens at 127.0.0.1: "https://127.0.0.1:PORT". By a name,

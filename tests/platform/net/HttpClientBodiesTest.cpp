@@ -19,14 +19,12 @@ const HttpHeaders packing{ { "Content-Encoding", "gzip" } };
 const HttpHeaders chunking{ { "Transfer-Encoding", "chunked" } };
 const HttpResult lost = TransportFailure::ConnectionLost;
 
-/// What comes of that answer with the program's own settings, or with another limit.
-HttpResult received(const ServerAnswer &sent, qint64 largestBody = HttpSettings().largestBody)
+/// What comes of that answer, where the body may be so long.
+HttpResult received(const ServerAnswer &sent, qint64 largestBody = longestFigure)
 {
     const HttpsServer server([&sent](const ReceivedRequest &) { return sent; });
-    HttpSettings settings = trustingSettings();
-    settings.largestBody = largestBody;
-    HttpClient client(settings);
-    return fetched(client, server.origin() + "/");
+    HttpClient client(trustingSettings());
+    return fetched(client, { .address = server.origin() + "/", .largestBody = largestBody });
 }
 
 QByteArray chunked(const QByteArray &body)
@@ -103,13 +101,11 @@ TEST(HttpClientBody, endsTheConnectionWhereItUnpacksToNothingWithoutEnd)
     HttpsServer server([&](const ReceivedRequest &) {
         return ServerAnswer{ .body = packed, .headers = { { "Content-Encoding", "gzip" } } };
     });
-    HttpSettings settings = trustingSettings();
-    HttpClient patient(settings);
-    settings.largestBody = 1'000'000;
-    HttpClient client(settings);
+    HttpClient client(trustingSettings());
 
-    EXPECT_EQ(fetched(patient, server.origin() + "/"), answer(200, {}));
-    EXPECT_EQ(fetched(client, server.origin() + "/"), HttpResult(TransportFailure::ConnectionLost));
+    EXPECT_EQ(fetched(client, server.origin() + "/"), answer(200, {}));
+    EXPECT_EQ(
+        fetched(client, { .address = server.origin() + "/", .largestBody = packed.size() / 2 - 1 }), lost);
 }
 
 TEST(HttpClientBody, mayHaveTheSizeOfTheLimitAndNotAByteMore)
@@ -134,13 +130,23 @@ TEST(HttpClientBody, endsTheConnectionAsSoonAsItIsTooLong)
     EXPECT_EQ(received(endless, 100), lost);
 }
 
-TEST(HttpClientBody, mayBe64MebibytesUnpackedAndNotAByteMore)
+TEST(HttpClientBody, mayBeFourMebibytesUnlessSetOtherwise)
 {
-    const QByteArray largest = gzipped(QByteArray(mebi, 'a')).repeated(64);
+    const QByteArray largest = gzipped(QByteArray(mebi, 'a')).repeated(4);
 
-    EXPECT_EQ(HttpSettings().largestBody, 64 * mebi);
-    EXPECT_EQ(received({ .body = largest, .headers = packing }), answer(200, QByteArray(64 * mebi, 'a')));
+    EXPECT_EQ(HttpRequest().largestBody, 4 * mebi);
+    EXPECT_EQ(received({ .body = largest, .headers = packing }), answer(200, QByteArray(4 * mebi, 'a')));
     EXPECT_EQ(received({ .body = largest + gzipped("a"), .headers = packing }), lost);
+}
+
+TEST(HttpClientBody, mayBeSixteenMebibytesWhereItIsAPage)
+{
+    const QByteArray largest = gzipped(QByteArray(mebi, 'a')).repeated(16);
+
+    EXPECT_EQ(longestPage, 16 * mebi);
+    EXPECT_EQ(received({ .body = largest, .headers = packing }, longestPage),
+        answer(200, QByteArray(16 * mebi, 'a')));
+    EXPECT_EQ(received({ .body = largest + gzipped("a"), .headers = packing }, longestPage), lost);
 }
 
 TEST(HttpClientBody, doesNotFillTheMemoryWhenItUnpacksToAGreatDeal)

@@ -3,6 +3,9 @@
 
 #include "tests/support/Printing.h"
 
+#include <QDir>
+#include <QTest>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -88,6 +91,30 @@ TEST_F(HttpClientConnections, areMadeAnewAfterOneFellSilent)
 
     EXPECT_EQ(fetched(impatient, relay.origin() + "/"), HttpResult(TransportFailure::TimedOut));
     EXPECT_EQ(fetched(impatient, relay.origin() + "/"), answer(200, "answer to /"));
+}
+
+/// How many sockets this process has open, those of its servers too.
+qsizetype openSockets()
+{
+    const QDir descriptors(QStringLiteral("/proc/self/fd"));
+    const QFileInfoList links = descriptors.entryInfoList(QDir::System | QDir::Files);
+    return std::count_if(links.begin(), links.end(),
+        [](const QFileInfo &link) { return link.symLinkTarget().contains(QLatin1String("socket:")); });
+}
+
+TEST(HttpClientKeptConnections, areLetGoAfterAWhileWithoutRequests)
+{
+    const HttpsServer server(echo);
+    HttpSettings settings = trustingSettings();
+    settings.connectionsKept = 50ms;
+    HttpClient client(settings);
+    const qsizetype before = openSockets();
+
+    EXPECT_THAT(
+        fetchedAtOnce(client, QList<QByteArray>(6, server.origin() + "/")), Each(answer(200, "answer to /")));
+
+    EXPECT_TRUE(QTest::qWaitFor([before] { return openSockets() == before; }));
+    EXPECT_EQ(fetched(client, server.origin() + "/"), answer(200, "answer to /"));
 }
 
 TEST(HttpClientTimeOut, leavesTheOtherRequestsAlone)

@@ -5,12 +5,15 @@
 #include <QElapsedTimer>
 #include <QTcpServer>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace glimmet {
 namespace {
 
 using namespace std::chrono_literals;
+
+using testing::Each;
 
 using Ending = ServerAnswer::Ending;
 
@@ -21,15 +24,20 @@ struct Timed {
     qint64 milliseconds;
 };
 
-Timed timed(const QByteArray &address, std::chrono::milliseconds idleTimeout)
+Timed timed(const QByteArray &address, const HttpSettings &settings)
 {
-    HttpSettings settings = trustingSettings();
-    settings.idleTimeout = idleTimeout;
     HttpClient client(settings);
     QElapsedTimer elapsed;
     elapsed.start();
     HttpResult result = fetched(client, address);
     return { std::move(result), elapsed.elapsed() };
+}
+
+Timed timed(const QByteArray &address, std::chrono::milliseconds idleTimeout)
+{
+    HttpSettings settings = trustingSettings();
+    settings.idleTimeout = idleTimeout;
+    return timed(address, settings);
 }
 
 Timed timed(const ServerAnswer &answer, std::chrono::milliseconds idleTimeout = 400ms)
@@ -46,9 +54,12 @@ void expectTimeOut(const Timed &timed)
     EXPECT_LT(timed.milliseconds, 2000);
 }
 
-TEST(HttpClientTime, isFifteenSecondsWithoutProgressUnlessSetOtherwise)
+TEST(HttpClientTime, isLimitedAsTheProgramHasItUnlessSetOtherwise)
 {
     EXPECT_EQ(HttpSettings().idleTimeout, 15s);
+    EXPECT_EQ(HttpSettings().longestAnswer, 5min);
+    EXPECT_EQ(HttpSettings().longestWait, 1min);
+    EXPECT_EQ(HttpSettings().connectionsKept, 2min);
 }
 
 TEST(HttpClientTime, isUnlimitedWhileSomethingComes)
@@ -91,6 +102,77 @@ TEST(HttpClientTime, runsOutForEachStepOfARedirectionByItself)
     const Timed steps = timed(server.origin() + "/0", 400ms);
 
     EXPECT_EQ(steps.result, answer(200, "step"));
+}
+
+TEST(HttpClientTime, runsOutForAnAnswerThatComesTooSlowlyAsAWhole)
+{
+    const HttpsServer server(
+        [](const ReceivedRequest &) { return ServerAnswer{ .body = body, .pieces = 600, .pause = 20ms }; });
+    HttpSettings settings = trustingSettings();
+    settings.longestAnswer = 400ms;
+
+    expectTimeOut(timed(server.origin() + "/", settings));
+}
+
+/// Never answers at "/silence", and answers everything else in 150 milliseconds.
+ServerAnswer serve(const ReceivedRequest &request)
+{
+    if (request.target == "/silence")
+        return { .ending = Ending::Silence };
+    return { .body = "hello", .delay = 150ms };
+}
+
+TEST(HttpClientWaiting, isNoSilence)
+{
+    const HttpsServer server(serve);
+    HttpSettings settings = trustingSettings();
+    settings.idleTimeout = 400ms;
+    HttpClient client(settings);
+
+    EXPECT_THAT(
+        fetchedAtOnce(client, QList<QByteArray>(36, server.origin() + "/")), Each(answer(200, "hello")));
+}
+
+TEST(HttpClientWaiting, runsOutToo)
+{
+    const HttpsServer server(serve);
+    HttpSettings settings = trustingSettings();
+    settings.longestWait = 400ms;
+    HttpClient client(settings);
+    QObject receiver;
+    for (int i = 0; i < 6; ++i)
+        client.get({ server.origin() + "/silence" }, &receiver, asItIs, [](const HttpResult &) {});
+    QElapsedTimer elapsed;
+    elapsed.start();
+
+    HttpResult result = fetched(client, server.origin() + "/");
+
+    expectTimeOut({ std::move(result), elapsed.elapsed() });
+    EXPECT_EQ(server.requests().size(), 6);
+}
+
+TEST(HttpClientWaiting, isForAConnectionThatIsNotSilent)
+{
+    const HttpsServer server(serve);
+    HttpSettings settings = trustingSettings();
+    settings.idleTimeout = 400ms;
+    HttpClient client(settings);
+    QList<QByteArray> addresses(6, server.origin() + "/silence");
+    addresses.append(server.origin() + "/");
+
+    EXPECT_EQ(fetchedAtOnce(client, addresses).last(), answer(200, "hello"));
+}
+
+TEST(HttpClientWaiting, isNotForOtherServers)
+{
+    const HttpsServer silent(serve);
+    const HttpsServer server(serve);
+    HttpClient client(trustingSettings());
+    QObject receiver;
+    for (int i = 0; i < 30; ++i)
+        client.get({ silent.origin() + "/silence" }, &receiver, asItIs, [](const HttpResult &) {});
+
+    EXPECT_EQ(fetched(client, server.origin() + "/"), answer(200, "hello"));
 }
 
 } // namespace

@@ -76,6 +76,14 @@ TEST(SendableAddress, isOfVisibleAsciiCharactersOnly)
     EXPECT_FALSE(isSendableAddress("https://example.com\0.evil.example/"_ba));
 }
 
+TEST(SendableAddress, isNoLongerThan16Kibibytes)
+{
+    const QByteArray address = "https://example.com/" + QByteArray(16 * 1024 - 20, 'a');
+
+    EXPECT_TRUE(isSendableAddress(address));
+    EXPECT_FALSE(isSendableAddress(address + 'a'));
+}
+
 TEST(SendableHeaders, areTokensWithAValue)
 {
     EXPECT_TRUE(areSendableHeaders({}));

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+
+#include <memory>
+#include <proxy.h>
+
+namespace glimmet {
+
+/// Asks libproxy, which answers when it can: that may take a script that is fetched from somewhere. Lives on
+/// a thread that may wait.
+class ProxyLookup final : public QObject {
+    Q_OBJECT
+
+public:
+    void find(int number, const QByteArray &address);
+
+signals:
+    /// To the question with that number: the proxy that leads there as curl takes it; empty: none does.
+    void found(int number, const QByteArray &proxy);
+
+private:
+    struct FactoryDeleter {
+        void operator()(pxProxyFactory *factory) const { px_proxy_factory_free(factory); }
+    };
+
+    QByteArray firstProxy(const QByteArray &address);
+
+    std::unique_ptr<pxProxyFactory, FactoryDeleter> m_factory;
+};
+
+/// What libproxy calls `proxy`, as curl calls it: one of SOCKS looks the names up itself, as it is said of
+/// them. Empty for "direct://" and for a kind that is not known.
+QByteArray curlProxy(const QByteArray &proxy);
+
+} // namespace glimmet
