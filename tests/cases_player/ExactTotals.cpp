@@ -56,12 +56,22 @@ RevenueTotals polarTotals(const AnswerCase &played)
     return PolarService::parse(played.pages.value(0).answer.body, nowhere);
 }
 
+/// The answer's metrics, and 0 for each that is asked about and that the answer lacks.
+CaseTotals revenueCatTotals(const AnswerCase &played, RevenueMode period)
+{
+    CaseTotals metrics = RevenueCatService::parse(played.pages.value(0).answer.body).value_or(CaseTotals());
+    for (const QString &id : played.totals.value(period).keys())
+        if (!metrics.contains(id))
+            metrics.insert(id, 0);
+    return metrics;
+}
+
 } // namespace
 
 CaseTotals exactTotals(const AnswerCase &played, RevenueMode period)
 {
     if (played.provider() == RevenueProvider::RevenueCat)
-        return RevenueCatService::parse(played.pages.value(0).answer.body).value_or(CaseTotals());
+        return revenueCatTotals(played, period);
     const RevenueTotals totals =
         played.provider() == RevenueProvider::Polar ? polarTotals(played) : pagedTotals(played, period);
     return { { u"total"_s, totals.revenue }, { u"count"_s, totals.orders }, { u"max"_s, totals.max } };

@@ -56,8 +56,7 @@ TEST_F(ServiceRequests, carryTheKeyAsItIs)
     odd.apiKey = ApiKey(u" sk \"ü\" "_s);
     fetched(odd);
 
-    // The blank at its end is lost on the way in, as everywhere.
-    EXPECT_EQ(server.requests().first().header("Authorization"), "Bearer  sk \"ü\"");
+    EXPECT_EQ(server.requests().first().header("Authorization"), "Bearer  sk \"ü\" ");
 }
 
 TEST_F(ServiceRequests, continueStripesListBehindTheLastCharge)

@@ -13,11 +13,14 @@ QList<QByteArray> linesOf(QByteArray head)
     return head.split('\n');
 }
 
+/// The value is kept with the blanks that are its own: all but the one that everybody sends behind the colon.
 std::pair<QByteArray, QByteArray> headerOf(const QByteArray &line)
 {
     const qsizetype colon = line.indexOf(':');
-    return colon < 0 ? std::pair(line, QByteArray())
-                     : std::pair(line.left(colon), line.mid(colon + 1).trimmed());
+    if (colon < 0)
+        return { line, {} };
+    const QByteArray value = line.mid(colon + 1);
+    return { line.left(colon), value.startsWith(' ') ? value.mid(1) : value };
 }
 
 ReceivedRequest requestOf(const QByteArray &head)
