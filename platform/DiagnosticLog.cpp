@@ -18,10 +18,34 @@ namespace {
 
 QMutex lineMutex;
 
-bool steersTerminal(char character)
+/// Controls (C0, DEL and C1), also those that only move the cursor, such as tabs and carriage returns.
+bool isControl(QChar character)
 {
-    const bool isControl = static_cast<uchar>(character) < 0x20 || character == 0x7f;
-    return isControl && character != '\n' && character != '\r' && character != '\t';
+    return character < u' ' || (character >= u'\x7f' && character <= u'\x9f');
+}
+
+/// What turns the direction in which the characters around it are shown (Unicode's Bidi_Control).
+bool turnsText(QChar character)
+{
+    return character == u'\u061c' || character == u'\u200e' || character == u'\u200f'
+        || (character >= u'\u202a' && character <= u'\u202e')
+        || (character >= u'\u2066' && character <= u'\u2069');
+}
+
+/// With a blank in the place of every character that would steer the terminal that shows it, but for `kept`.
+QString harmless(QString text, QChar kept)
+{
+    const auto steersTerminal = [kept](QChar character) {
+        return character != kept && (isControl(character) || turnsText(character));
+    };
+    std::replace_if(text.begin(), text.end(), steersTerminal, u' ');
+    return text;
+}
+
+/// A tab stays: no more than a wide blank, it may be the user's own, in the name of a price.
+QByteArray inOneLine(const QString &text)
+{
+    return harmless(text, u'\t').toUtf8();
 }
 
 bool isPipeOrTerminal(int descriptor)
@@ -98,19 +122,16 @@ void DiagnosticLog::line(const QString &message)
 
 void DiagnosticLog::plainLine(const QString &message)
 {
-    QByteArray bytes = message.toUtf8();
-    write(bytes.replace('\n', ' ').replace('\r', ' ').append('\n'));
+    write(inOneLine(message) + '\n');
 }
 
 void DiagnosticLog::text(const QString &title, const QString &text)
 {
-    write("[glimmet] " + title.toUtf8() + '\n' + text.toUtf8() + '\n');
+    write("[glimmet] " + inOneLine(title) + '\n' + harmless(text, u'\n').toUtf8() + '\n');
 }
 
 void DiagnosticLog::write(QByteArray bytes)
 {
-    // What a server sends must not steer the terminal that shows it.
-    std::replace_if(bytes.begin(), bytes.end(), steersTerminal, ' ');
     const QMutexLocker lock(&lineMutex);
     // A line that a full pipe took only in part is ended before the next one begins.
     if (m_isInsideLine)

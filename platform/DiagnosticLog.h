@@ -5,7 +5,9 @@
 namespace glimmet {
 
 /// Writes diagnostic lines to standard output, each as a whole and at once, also into a pipe. A closed, full
-/// or stuck standard output loses lines; it never ends or holds up the program. Any thread.
+/// or stuck standard output loses lines; it never ends or holds up the program. What a server sent must not
+/// steer the terminal that shows it: controls and what turns the direction of text become blanks, but for the
+/// tabs of a line and the line feeds of a text. Any thread.
 class DiagnosticLog {
 public:
     /// Takes over `descriptor` for writing only; SIGPIPE is ignored in the process from now on.
@@ -13,11 +15,11 @@ public:
     ~DiagnosticLog();
     Q_DISABLE_COPY_MOVE(DiagnosticLog)
 
-    /// Writes "[glimmet] " and `message`. Line breaks in it become blanks.
+    /// Writes "[glimmet] " and `message`. Line feeds in it become blanks, too.
     void line(const QString &message);
-    /// Writes `message` alone. Line breaks in it become blanks.
+    /// Writes `message` alone. Line feeds in it become blanks, too.
     void plainLine(const QString &message);
-    /// Writes "[glimmet] " and `title` as a line, and below it `text` as it is, line breaks too.
+    /// Writes "[glimmet] " and `title` as a line, and below it `text` with its line feeds.
     void text(const QString &title, const QString &text);
 
 private:

@@ -61,15 +61,62 @@ TEST(DiagnosticLog, turnsLineBreaksIntoBlanks)
     EXPECT_EQ(readNow(pipe.reader()), "[glimmet] a b  c \n");
 }
 
+/// What all three ways of writing make of "a", the character and "b".
+QByteArrayList written(char16_t character)
+{
+    const QString message = u'a' + QString(QChar(character)) + u'b';
+    const Pipe pipe;
+    DiagnosticLog log(pipe.writer());
+    log.line(message);
+    const QByteArray line = readNow(pipe.reader());
+    log.plainLine(message);
+    const QByteArray plainLine = readNow(pipe.reader());
+    log.text(u"head:"_s, message);
+    return { line, plainLine, readNow(pipe.reader()) };
+}
+
+QByteArrayList writtenAs(const QByteArray &message)
+{
+    return { "[glimmet] " + message + '\n', message + '\n', "[glimmet] head:\n" + message + '\n' };
+}
+
 TEST(DiagnosticLog, steersNoTerminal)
+{
+    const auto range = [](char16_t first, char16_t last) {
+        QList<char16_t> all;
+        for (char16_t character = first; character <= last; ++character)
+            all.append(character);
+        return all;
+    };
+    QList<char16_t> steering = range(0, u'\t' - 1) + range(u'\n' + 1, 0x1f) + range(0x7f, 0x9f);
+    steering += { 0x061c, 0x200e, 0x200f };
+    steering += range(0x202a, 0x202e) + range(0x2066, 0x2069);
+    for (const char16_t character : steering)
+        EXPECT_EQ(written(character), writtenAs("a b")) << int(character);
+}
+
+TEST(DiagnosticLog, writesWhatOnlyLooksLikeIt)
+{
+    // Among them the neighbours of what is blanked; a byte of "ı" in UTF-8 is one of C1's codes.
+    for (const char16_t character :
+        std::u16string_view(u" ~\u00a0é±ı\u061b\u061d\u200d\u2010\u2029\u202f\u2065\u206a\u0622漢"))
+        EXPECT_EQ(written(character), writtenAs("a" + QString(QChar(character)).toUtf8() + "b"))
+            << int(character);
+}
+
+TEST(DiagnosticLog, keepsTheTabsOfALineOnly)
+{
+    EXPECT_EQ(written(u'\t'), (QByteArrayList{ "[glimmet] a\tb\n", "a\tb\n", "[glimmet] head:\na b\n" }));
+}
+
+TEST(DiagnosticLog, keepsTheLinesOfATextOnly)
 {
     const Pipe pipe;
     DiagnosticLog log(pipe.writer());
 
-    log.line(u"a\x1b[2Jb\a"_s);
-    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] a [2Jb \n");
-    log.text(u"head:"_s, u"{\n\t\x1b[31m}"_s);
-    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] head:\n{\n\t [31m}\n");
+    log.text(u"head\nor\rtail:"_s, u"{\r\n\t\x1b[31m}\u202e"_s);
+
+    EXPECT_EQ(readNow(pipe.reader()), "[glimmet] head or tail:\n{ \n  [31m} \n");
 }
 
 TEST(DiagnosticLog, leavesAPipeThatOthersShareBlocking)
