@@ -77,9 +77,9 @@ std::optional<QByteArray> address(const QByteArray &endpoint, const QString &sym
     return endpoint + "/v8/finance/chart/" + QUrl::toPercentEncoding(step) + "?interval=1h&range=1d";
 }
 
-std::optional<CryptoPrice> parse(QByteArrayView body, const QString &originalSymbol)
+std::optional<CryptoPrice> parse(const QByteArray &body, const QString &originalSymbol)
 {
-    const auto document = JsonDocument::read(body);
+    const auto document = JsonDocument::readInPlace(body);
     if (!document)
         return std::nullopt;
     const auto results = document->root()["chart"]["result"].listOfObjects();

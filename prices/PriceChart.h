@@ -3,7 +3,6 @@
 #include "prices/CryptoPrice.h"
 
 #include <QByteArray>
-#include <QByteArrayView>
 
 #include <optional>
 
@@ -21,7 +20,7 @@ std::optional<QByteArray> address(const QByteArray &endpoint, const QString &sym
 
 /// The price in the service's answer, under the symbol as the user has it. Nothing where the answer holds
 /// none.
-std::optional<CryptoPrice> parse(QByteArrayView body, const QString &originalSymbol);
+std::optional<CryptoPrice> parse(const QByteArray &body, const QString &originalSymbol);
 
 /// The line that tells of a price that came: "BTC: $97000.0 +1.3%  24pts".
 QString logLine(const CryptoPrice &price);

@@ -30,16 +30,21 @@ QByteArray escaped(QByteArray key)
     return key.replace('\\', "\\\\").replace('"', "\\\"");
 }
 
-void mask(const QString &key, QByteArray &text)
+/// How the key may stand in an answer: as it is, and in JSON, which may have its slashes either way.
+QByteArrayList formsOf(const QString &key)
 {
     if (key.size() < shortestMasked)
-        return;
+        return {};
     const QByteArray bytes = key.toUtf8();
-    QByteArray inJson = escaped(bytes);
-    text.replace(bytes, "•••");
-    text.replace(inJson, "•••");
-    // JSON may have its slashes either way.
-    text.replace(inJson.replace("/", "\\/"), "•••");
+    const QByteArray inJson = escaped(bytes);
+    return { bytes, inJson, QByteArray(inJson).replace("/", "\\/") };
+}
+
+/// Qt alone would make a copy of a body even where there is nothing to replace.
+void mask(const QByteArray &form, QByteArray &text)
+{
+    if (text.contains(form))
+        text.replace(form, "•••");
 }
 
 void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
@@ -52,9 +57,13 @@ void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &api
 
 QByteArray masked(QByteArray text, const ApiKey &apiKey)
 {
-    mask(apiKey.characters(), text);
+    const QByteArrayList whole = formsOf(apiKey.characters());
+    for (const QByteArray &form : whole)
+        mask(form, text);
     // Headers lose the blanks around their values, so a server may know the key without them.
-    mask(apiKey.characters().trimmed(), text);
+    for (const QByteArray &form : formsOf(apiKey.characters().trimmed()))
+        if (!whole.contains(form))
+            mask(form, text);
     return text;
 }
 

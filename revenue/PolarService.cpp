@@ -109,7 +109,7 @@ QByteArray PolarService::buildUrl(RevenueMode period) const
 RevenueTotals PolarService::parse(const QByteArray &body, DiagnosticLog &log)
 {
     RevenueTotals totals;
-    const auto document = JsonDocument::read(body);
+    const auto document = JsonDocument::readInPlace(body);
     const auto periods = document ? document->root()["periods"].listOfObjects() : std::nullopt;
     if (!periods)
         return totals;

@@ -65,7 +65,7 @@ void RevenueCatService::fetchMetric(const RevenueQuery &query, RevenueFetcher::C
 
 std::optional<RevenueCatService::Metrics> RevenueCatService::parse(const QByteArray &body)
 {
-    const auto document = JsonDocument::read(body);
+    const auto document = JsonDocument::readInPlace(body);
     const auto list = document ? document->root()["metrics"].listOfObjects() : std::nullopt;
     if (!list)
         return std::nullopt;

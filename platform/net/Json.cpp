@@ -25,9 +25,17 @@ std::unique_ptr<simdjson::dom::parser> parserFor(size_t size)
     return parser;
 }
 
-simdjson::error_code parse(QByteArrayView text, simdjson::dom::parser &parser, simdjson::dom::element &root)
+/// A text, and whether the parser must make a copy of it to have its padding behind it.
+struct ParsedText {
+    QByteArrayView bytes;
+    bool mustBeCopied = true;
+};
+
+simdjson::error_code parse(
+    const ParsedText &text, simdjson::dom::parser &parser, simdjson::dom::element &root)
 {
-    return parser.parse(text.data(), static_cast<size_t>(text.size())).get(root);
+    const auto size = static_cast<size_t>(text.bytes.size());
+    return parser.parse(text.bytes.data(), size, text.mustBeCopied).get(root);
 }
 
 size_t levels(const simdjson::dom::element &value)
@@ -49,12 +57,19 @@ size_t levels(const simdjson::dom::element &value)
 /// Parses once more what was too deep. The parser does not count an innermost list or object that is empty,
 /// and it stops at its limit: only a higher one lets through every text with as many levels as there may be.
 simdjson::error_code parseDeepest(
-    QByteArrayView text, simdjson::dom::parser &parser, simdjson::dom::element &root)
+    const ParsedText &text, simdjson::dom::parser &parser, simdjson::dom::element &root)
 {
     if (parser.allocate(parser.capacity(), mostLevels + 1) != simdjson::SUCCESS)
         return simdjson::MEMALLOC;
     const simdjson::error_code error = parse(text, parser, root);
     return error == simdjson::SUCCESS && levels(root) > mostLevels ? simdjson::DEPTH_ERROR : error;
+}
+
+/// How many bytes behind its text the array has allocated. Not its capacity, in which room at the front
+/// counts, too.
+qsizetype roomBehind(QByteArray bytes)
+{
+    return bytes.data_ptr().freeSpaceAtEnd();
 }
 
 bool beginsWithByteOrderMark(QByteArrayView bytes)
@@ -164,12 +179,22 @@ JsonDocument::~JsonDocument()
 
 std::optional<JsonDocument> JsonDocument::read(QByteArrayView bytes)
 {
-    const QByteArrayView text = withoutByteOrderMark(bytes);
-    if (text.isEmpty()) // Perhaps a null pointer, which the parser would copy from.
+    return read(bytes, Source::Copied);
+}
+
+std::optional<JsonDocument> JsonDocument::readInPlace(const QByteArray &bytes)
+{
+    return read(bytes, roomBehind(bytes) >= padding ? Source::InPlace : Source::Copied);
+}
+
+std::optional<JsonDocument> JsonDocument::read(QByteArrayView bytes, Source source)
+{
+    const ParsedText text{ withoutByteOrderMark(bytes), source == Source::Copied };
+    if (text.bytes.isEmpty()) // Perhaps a null pointer, which the parser would copy from.
         return std::nullopt;
-    if (beginsWithByteOrderMark(text)) // A second one, which some releases of the parser skip.
+    if (beginsWithByteOrderMark(text.bytes)) // A second one, which some releases of the parser skip.
         return std::nullopt;
-    auto parser = parserFor(static_cast<size_t>(text.size()));
+    auto parser = parserFor(static_cast<size_t>(text.bytes.size()));
     if (!parser)
         return std::nullopt;
     simdjson::dom::element root;
@@ -179,6 +204,11 @@ std::optional<JsonDocument> JsonDocument::read(QByteArrayView bytes)
     if (error != simdjson::SUCCESS)
         return std::nullopt;
     return JsonDocument(std::move(parser), root);
+}
+
+void JsonDocument::dropBuffers()
+{
+    keptParser.reset();
 }
 
 } // namespace glimmet

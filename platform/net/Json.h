@@ -87,8 +87,15 @@ private:
 /// invalid UTF-8, NaN, anything behind the value, and a number that fits neither 64 bits nor a double.
 class JsonDocument {
 public:
+    /// How many bytes behind a text the parser may look at, whatever they hold.
+    static constexpr qsizetype padding = simdjson::SIMDJSON_PADDING;
+
     /// Nothing where `bytes` cannot be read. Any thread; the document stays on it.
     static std::optional<JsonDocument> read(QByteArrayView bytes);
+    /// The same without a copy of the text, where the array has room for `padding` bytes behind it.
+    static std::optional<JsonDocument> readInPlace(const QByteArray &bytes);
+    /// Lets go of the buffers that this thread keeps for its next document.
+    static void dropBuffers();
 
     JsonDocument(JsonDocument &&) noexcept = default;
     JsonDocument &operator=(JsonDocument &&) noexcept = delete;
@@ -97,6 +104,9 @@ public:
     JsonValue root() const { return m_root; }
 
 private:
+    enum class Source { Copied, InPlace };
+
+    static std::optional<JsonDocument> read(QByteArrayView bytes, Source source);
     JsonDocument(std::unique_ptr<simdjson::dom::parser> parser, const simdjson::dom::element &root);
 
     std::unique_ptr<simdjson::dom::parser> m_parser;

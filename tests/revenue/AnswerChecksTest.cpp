@@ -148,6 +148,13 @@ TEST(MaskedText, keepsAKeyTooShortToBeOne)
     EXPECT_EQ(masked("text", ApiKey()), "text");
 }
 
+TEST(MaskedText, isNoCopyWhereTheKeyIsNotInIt)
+{
+    const QByteArray body = "a body that may be long";
+
+    EXPECT_EQ(masked(body, ApiKey(u"sk/live\"51 "_s)).constData(), body.constData());
+}
+
 TEST(AuthorizedRequest, carriesTheKeyAsItIs)
 {
     const HttpRequest request =

@@ -101,6 +101,35 @@ TEST(JsonDocument, leavesNoLargeBuffersBehind)
     }).join();
 }
 
+TEST(JsonDocument, leavesNoBuffersBehindOnceTheyAreDropped)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "AddressSanitizer's own memory is not counted";
+#endif
+    std::thread([] {
+        const std::size_t before = bytesInUse();
+        EXPECT_EQ(numberIn(read(longText(500'000, 1))), 1);
+        ASSERT_GT(bytesInUse(), before + 500'000);
+
+        JsonDocument::dropBuffers();
+
+        EXPECT_LT(bytesInUse(), before + 10'000);
+        EXPECT_EQ(numberIn(read(shortText(2))), 2);
+        JsonDocument::dropBuffers();
+    }).join();
+}
+
+TEST(JsonDocument, staysReadableWhenBuffersAreDropped)
+{
+    const JsonDocument document = read(shortText(1));
+
+    JsonDocument::dropBuffers();
+    JsonDocument::dropBuffers();
+
+    EXPECT_EQ(numberIn(document), 1);
+    EXPECT_EQ(numberIn(read(shortText(2))), 2);
+}
+
 TEST(JsonDocument, isReadableAfterARefusedOne)
 {
     for (const char *refused : { "", "[", "[1,]", "[\"\xFF\"]", "[1e400]" }) {
