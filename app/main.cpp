@@ -95,7 +95,7 @@ int run(DiagnosticLog &log, Restart &restart)
     KeychainHelper keys(bus, timers, steadyClock);
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);
-    RevenueServices revenue(http, log, clock, region, liveEndpoints());
+    RevenueServices revenue(http, log, clock, steadyClock, region, liveEndpoints());
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });

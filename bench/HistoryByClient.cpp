@@ -6,6 +6,7 @@
 #include "bench/Measure.h"
 #include "platform/Clock.h"
 #include "platform/DiagnosticLog.h"
+#include "platform/SteadyClock.h"
 #include "platform/net/HttpClient.h"
 #include "revenue/StripeService.h"
 #include "tests/support/FixedRegion.h"
@@ -40,8 +41,10 @@ int main(int argc, char *argv[])
     DiagnosticLog log(open("/dev/null", O_WRONLY));
     HttpClient http({ .authorities = contents(argv[1]) });
     const SystemClock clock;
+    const SystemSteadyClock steadyClock;
     const FixedRegion region("en_US", "America/New_York");
-    StripeService stripe({ http, log, clock, region, argc > 2 ? QByteArray(argv[2]) : QByteArray() });
+    StripeService stripe(
+        { http, log, clock, steadyClock, region, argc > 2 ? QByteArray(argv[2]) : QByteArray() });
     if (argc == 2) {
         std::puts("ready");
         std::fflush(stdout);

@@ -7,6 +7,9 @@
 
 #include <QObject>
 
+#include <memory>
+#include <vector>
+
 namespace glimmet {
 
 class JsonValue;
@@ -21,8 +24,10 @@ struct RevenuePage {
 using RevenuePageResult = std::variant<RevenuePage, QString>;
 
 /// What Stripe, Lemon Squeezy and Dodo have in common: a list of orders that is read page by page to its end,
-/// whatever the period, and folded into totals. Keeps nothing between fetches: every chain of pages carries
-/// its own accumulator, and chains that overlap know nothing of each other. Main thread.
+/// whatever the period, and folded into totals, a slice of a long page at a time. Where the list does not end
+/// within its world's bounds, the chain of pages does, as one that cannot be read. Keeps nothing between
+/// fetches: every chain carries its own accumulator, and chains that overlap know nothing of each other. Main
+/// thread.
 class PagedRevenueService : public QObject {
     Q_OBJECT
 
@@ -52,14 +57,14 @@ protected:
     virtual QString displayedCurrency(const RevenueQuery &query) const = 0;
 
 private:
-    using PageCompletion = std::function<void(const RevenuePageResult &)>;
+    struct Chain;
+    using ChainPointer = std::shared_ptr<Chain>;
 
-    void fetchPage(
-        const RevenueQuery &query, const std::optional<QString> &cursor, PageCompletion completion);
-    void fetchAllPages(const RevenueQuery &query, const std::optional<QString> &cursor,
-        const RevenueAccumulator &accumulator, const RevenueFetcher::Completion &completion);
-    void finish(const RevenueQuery &query, const RevenueAccumulator &totals,
-        const RevenueFetcher::Completion &completion) const;
+    void fetchPage(const ChainPointer &chain, const std::optional<QString> &cursor);
+    void takePage(const ChainPointer &chain, RevenuePageResult result);
+    void foldSlice(const ChainPointer &chain);
+    void goOn(const ChainPointer &chain);
+    void finish(const Chain &chain) const;
 
     ServiceWorld m_world;
     AnswerRules m_rules;

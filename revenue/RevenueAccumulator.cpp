@@ -13,7 +13,7 @@ void RevenueAccumulator::add(qint64 cents)
     maxAmount = std::max(maxAmount, cents);
 }
 
-RevenueAccumulator fold(const std::vector<PagedOrder> &orders, RevenueAccumulator accumulator,
+RevenueAccumulator fold(std::span<const PagedOrder> orders, RevenueAccumulator accumulator,
     const std::function<bool(Instant)> &isInPeriod)
 {
     for (const PagedOrder &order : orders)

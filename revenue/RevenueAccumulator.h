@@ -6,7 +6,7 @@
 
 #include <functional>
 #include <optional>
-#include <vector>
+#include <span>
 
 namespace glimmet {
 
@@ -29,8 +29,8 @@ struct RevenueAccumulator {
     friend bool operator==(const RevenueAccumulator &, const RevenueAccumulator &) = default;
 };
 
-/// The totals with a page's orders added, in their order, as far as their time counts.
-RevenueAccumulator fold(const std::vector<PagedOrder> &orders, RevenueAccumulator accumulator,
+/// The totals with these orders added, in their order, as far as their time counts.
+RevenueAccumulator fold(std::span<const PagedOrder> orders, RevenueAccumulator accumulator,
     const std::function<bool(Instant)> &isInPeriod);
 
 } // namespace glimmet

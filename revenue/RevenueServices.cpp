@@ -25,11 +25,11 @@ struct Row {
 template <typename Service> Asking askingOf(const ServiceWorld &world)
 {
     return [service = std::make_shared<Service>(world)](
-               const RevenueQuery &query, RevenueFetcher::Completion completion) {
+               const RevenueQuery &query, const RevenueFetcher::Completion &completion) {
         if constexpr (std::is_base_of_v<PagedRevenueService, Service>)
             service->fetch(query, completion);
         else
-            service->fetchMetric(query, std::move(completion));
+            service->fetchMetric(query, completion);
     };
 }
 
@@ -68,10 +68,12 @@ RevenueEndpoints endpointsAt(const QByteArray &origin)
 }
 
 RevenueServices::RevenueServices(HttpClient &http, DiagnosticLog &log, const Clock &clock,
-    const UserRegion &region, const RevenueEndpoints &endpoints)
+    const SteadyClock &steadyClock, const UserRegion &region, const RevenueEndpoints &endpoints,
+    const HistoryBounds &bounds)
 {
     for (const Row &row : rows())
-        m_askings.emplace(row.provider, row.asking({ http, log, clock, region, endpoints.at(row.provider) }));
+        m_askings.emplace(row.provider,
+            row.asking({ http, log, clock, steadyClock, region, endpoints.at(row.provider), bounds }));
 }
 
 void RevenueServices::fetch(const RevenueQuery &query, Completion completion)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "revenue/HistoryBounds.h"
 #include "revenue/RevenueFetcher.h"
 
 #include <QByteArray>
@@ -11,6 +12,7 @@ namespace glimmet {
 class Clock;
 class DiagnosticLog;
 class HttpClient;
+class SteadyClock;
 class UserRegion;
 
 /// Where each platform is: an https origin.
@@ -25,8 +27,8 @@ RevenueEndpoints endpointsAt(const QByteArray &origin);
 class RevenueServices final : public RevenueFetcher {
 public:
     /// What it is given outlives it.
-    RevenueServices(HttpClient &http, DiagnosticLog &log, const Clock &clock, const UserRegion &region,
-        const RevenueEndpoints &endpoints);
+    RevenueServices(HttpClient &http, DiagnosticLog &log, const Clock &clock, const SteadyClock &steadyClock,
+        const UserRegion &region, const RevenueEndpoints &endpoints, const HistoryBounds &bounds = {});
 
     void fetch(const RevenueQuery &query, Completion completion) override;
 

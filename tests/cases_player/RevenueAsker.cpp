@@ -5,7 +5,7 @@ namespace glimmet {
 RevenueAsker::RevenueAsker(
     const AnswerCase &played, const CaseFigure &figure, const QByteArray &origin, DiagnosticLog &log)
     : m_world(played)
-    , m_services(m_world.http, log, m_world.clock, m_world.region, endpointsAt(origin))
+    , m_services(m_world.http, log, m_world.clock, m_world.clock, m_world.region, endpointsAt(origin))
     , m_ticker(m_world.forTicker(m_services))
 {
     applySettings(played);

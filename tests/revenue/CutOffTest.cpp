@@ -23,7 +23,7 @@ private:
 /// Orders of one evening that are read while the day ends.
 class CutOff : public ServedRevenue {
 protected:
-    CutOff() { services.emplace(*http, log.log(), midnight, region, endpointsAt(server.origin())); }
+    CutOff() { services.emplace(*http, log.log(), midnight, clock, region, endpointsAt(server.origin())); }
     /// Two pages of two orders each, for every platform.
     static ServerAnswer twoPages(const ReceivedRequest &request)
     {

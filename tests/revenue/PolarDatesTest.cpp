@@ -29,7 +29,7 @@ protected:
     FixedRegion region{ "en_US", "America/New_York" };
     CapturedLog log;
     HttpClient http;
-    PolarService polar{ { http, log.log(), clock, region, PolarService::liveEndpoint } };
+    PolarService polar{ { http, log.log(), clock, clock, region, PolarService::liveEndpoint } };
 };
 
 TEST_F(PolarDates, areTheDaysOfThePeriod)

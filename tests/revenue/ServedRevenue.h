@@ -69,7 +69,7 @@ protected:
     std::optional<HttpClient> http{ std::in_place,
         HttpSettings{
             .idleTimeout = std::chrono::milliseconds(1500), .authorities = HttpsServer::authority() } };
-    std::optional<RevenueServices> services{ std::in_place, *http, log.log(), clock, region,
+    std::optional<RevenueServices> services{ std::in_place, *http, log.log(), clock, clock, region,
         endpointsAt(server.origin()) };
 };
 

@@ -112,7 +112,7 @@ TEST_F(ServiceErrors, nameAServerThatNobodyVouchesFor)
 {
     const HttpsServer stranger([](const ReceivedRequest &) { return ServerAnswer{ .body = "{}" }; },
         HttpsServer::Certificate::UnknownAuthority);
-    services.emplace(*http, log.log(), clock, region, endpointsAt(stranger.origin()));
+    services.emplace(*http, log.log(), clock, clock, region, endpointsAt(stranger.origin()));
 
     for (const RevenueProvider provider : all)
         EXPECT_EQ(fetched(query(provider)), u"⚠ the server's identity cannot be verified"_s) << int(provider);
