@@ -8,6 +8,8 @@
 
 #include <QUrl>
 
+#include <cmath>
+
 namespace glimmet {
 namespace {
 
@@ -24,6 +26,39 @@ bool counts(const JsonValue &payment, const QString &currency)
     const auto paidIn = payment["currency"].text();
     return payment["status"].text() == u"succeeded"_s && paidIn && paidIn->toUpper() == currency;
 }
+
+/// A period as it is at each moment at which it is asked. The zone is looked at once a second only: where the
+/// clock is put forward or back, or a day begins, it does so with a full second.
+class PresentPeriod {
+public:
+    PresentPeriod(RevenueMode period, const Clock &clock, const UserRegion &region)
+        : m_period(period)
+        , m_clock(clock)
+        , m_region(region)
+    {
+    }
+
+    bool contains(Instant moment)
+    {
+        const Instant now = m_clock.now();
+        const Instant second{ std::floor(now.secondsSince2001) };
+        if (m_second != second) {
+            m_second = second;
+            m_span = Periods::spanAt(m_period, second, m_region);
+        }
+        Periods::Span span = m_span;
+        if (m_period == RevenueMode::Week) // It begins at the present time of day, the others with midnight.
+            span.begin = span.begin->advanced(now.secondsSince2001 - second.secondsSince2001);
+        return span.contains(moment);
+    }
+
+private:
+    RevenueMode m_period;
+    const Clock &m_clock;
+    const UserRegion &m_region;
+    std::optional<Instant> m_second; ///< the full one at which it was looked at last
+    Periods::Span m_span;
+};
 
 } // namespace
 
@@ -61,17 +96,11 @@ std::optional<RevenuePage> DodoService::parsePage(const JsonValue &answer, const
 
 std::function<bool(Instant)> DodoService::periodTest(RevenueMode period) const
 {
+    if (period == RevenueMode::AllTime)
+        return [](Instant) { return true; };
     // Against the moment at which each payment is looked at, not that of the page.
-    return [this, period](Instant created) { return isInMode(created, period); };
-}
-
-bool DodoService::isInMode(Instant created, RevenueMode period) const
-{
-    const Instant now = world().clock.now();
-    if (period == RevenueMode::Today)
-        return Periods::dateAt(created, world().region) == Periods::dateAt(now, world().region);
-    const auto cutoff = Periods::cutoffDate(period, now, world().region);
-    return !cutoff || created >= *cutoff;
+    return [present = PresentPeriod(period, world().clock, world().region)](
+               Instant created) mutable { return present.contains(created); };
 }
 
 QString DodoService::summary(const RevenueQuery &query, const RevenueAccumulator &totals) const

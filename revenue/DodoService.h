@@ -21,9 +21,6 @@ protected:
     std::function<bool(Instant)> periodTest(RevenueMode period) const override;
     QString summary(const RevenueQuery &query, const RevenueAccumulator &totals) const override;
     QString displayedCurrency(const RevenueQuery &query) const override { return query.currency; }
-
-private:
-    bool isInMode(Instant created, RevenueMode period) const;
 };
 
 } // namespace glimmet

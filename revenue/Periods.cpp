@@ -55,4 +55,12 @@ std::optional<Instant> cutoffDate(RevenueMode period, Instant now, const UserReg
     Q_UNREACHABLE();
 }
 
+Span spanAt(RevenueMode period, Instant now, const UserRegion &region)
+{
+    Span span{ cutoffDate(period, now, region), std::nullopt };
+    if (period == RevenueMode::Today)
+        span.end = startOfDay(dateAt(now, region).addDays(1), region);
+    return span;
+}
+
 } // namespace glimmet::Periods
