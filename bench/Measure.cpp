@@ -5,33 +5,30 @@
 #include <QFile>
 
 #include <csignal>
+#include <ctime>
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace glimmet {
 namespace {
 
-double cpuMilliseconds(int who)
+double cpuMilliseconds(clockid_t clock)
 {
-    rusage usage{};
-    getrusage(who, &usage);
-    const auto milliseconds = [](const timeval &time) {
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-    };
-    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 } // namespace
 
 double processCpu()
 {
-    return cpuMilliseconds(RUSAGE_SELF);
+    return cpuMilliseconds(CLOCK_PROCESS_CPUTIME_ID);
 }
 
 double threadCpu()
 {
-    return cpuMilliseconds(RUSAGE_THREAD);
+    return cpuMilliseconds(CLOCK_THREAD_CPUTIME_ID);
 }
 
 int privateDirty()
