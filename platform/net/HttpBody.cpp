@@ -1,7 +1,9 @@
 #include "platform/net/HttpBody.h"
 
 #include "platform/Fatal.h"
+#include "platform/net/Json.h"
 
+#include <algorithm>
 #include <array>
 #include <zlib.h>
 
@@ -9,6 +11,9 @@ namespace glimmet {
 namespace {
 
 constexpr int gzipOnly = MAX_WBITS + 16; // how zlib is told
+
+/// Who reads the body may look a little further than its end, in bytes; else it would be copied for that.
+constexpr qsizetype roomBehind = JsonDocument::padding;
 
 bool isGzip(const QByteArray &encoding)
 {
@@ -52,6 +57,9 @@ bool HttpBody::keep(QByteArrayView bytes)
 {
     if (bytes.size() > m_longest - m_bytes.size())
         return false;
+    const qsizetype needed = m_bytes.size() + bytes.size() + roomBehind;
+    if (m_bytes.capacity() < needed)
+        m_bytes.reserve(std::max(needed, 2 * m_bytes.capacity()));
     m_bytes.append(bytes);
     return true;
 }

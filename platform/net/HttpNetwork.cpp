@@ -1,16 +1,24 @@
 #include "platform/net/HttpNetwork.h"
 
+#include "platform/net/Json.h"
+
+#include <malloc.h>
+
 namespace glimmet {
 namespace {
 
 /// A proxy of another network is told of within this time.
 constexpr std::chrono::minutes proxyHolds{ 1 };
+/// Requests come in bursts.
+constexpr std::chrono::seconds beforeRest{ 2 };
 
 } // namespace
 
 HttpNetwork::HttpNetwork(HttpSettings settings)
     : m_settings(std::move(settings))
 {
+    m_rest.setSingleShot(true);
+    connect(&m_rest, &QTimer::timeout, this, &HttpNetwork::giveMemoryBack);
 }
 
 HttpNetwork::~HttpNetwork()
@@ -33,6 +41,7 @@ void HttpNetwork::send(const HttpRequest &request, const HttpExchange::Finished 
 
 void HttpNetwork::add(const QByteArray &origin, std::unique_ptr<HttpExchange> exchange)
 {
+    m_rest.stop();
     Server &server = m_servers[origin];
     if (server.connections == nullptr)
         server.connections = opened(origin);
@@ -50,6 +59,7 @@ HttpConnections *HttpNetwork::opened(const QByteArray &origin)
     connections->setParent(this);
     connect(connections, &HttpConnections::fellSilent, this,
         [this, origin, connections] { replace(origin, connections); });
+    connect(connections, &HttpConnections::cameToRest, &m_rest, [this] { m_rest.start(beforeRest); });
     connect(connections, &HttpConnections::ended, this,
         [this, origin, connections] { close(origin, connections); });
     return connections;
@@ -82,6 +92,13 @@ void HttpNetwork::close(const QByteArray &origin, HttpConnections *connections)
     if (server != m_servers.end() && server->second.connections == connections)
         m_servers.erase(server);
     connections->deleteLater();
+}
+
+void HttpNetwork::giveMemoryBack()
+{
+    // What a page took is not needed until the next one comes, minutes later.
+    JsonDocument::dropBuffers();
+    malloc_trim(0);
 }
 
 } // namespace glimmet

@@ -32,8 +32,10 @@ private:
     /// Has everything that is not under way yet go over connections of its own.
     void replace(const QByteArray &origin, HttpConnections *connections);
     void close(const QByteArray &origin, HttpConnections *connections);
+    void giveMemoryBack();
 
     HttpSettings m_settings;
+    QTimer m_rest{ this };
     std::unique_ptr<ProxySettings> m_proxies; ///< from the first request on
     std::map<QByteArray, Server> m_servers;
 };
