@@ -193,6 +193,7 @@ void HttpConnections::conclude(CURL *handle, CURLcode code)
     curl_multi_remove_handle(m_multi, handle);
     if (!result)
         return start(std::move(exchange), handle);
+    curl_easy_reset(handle); // It knows the exchange, which goes now.
     m_spareHandles.push_back(handle);
     if (*result == HttpResult(TransportFailure::TimedOut))
         emit fellSilent();
