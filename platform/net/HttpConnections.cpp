@@ -231,7 +231,7 @@ void HttpConnections::endOverdue(Moment now)
     for (CURL *handle : silent)
         conclude(handle, CURLE_OPERATION_TIMEDOUT);
     for (CURL *handle : flooded)
-        conclude(handle, CURLE_RECV_ERROR);
+        conclude(handle, CURLE_WEIRD_SERVER_REPLY);
 }
 
 void HttpConnections::checkTimesLater()

@@ -70,6 +70,7 @@ void setProxy(CURL *handle, const QByteArray &proxy)
 {
     set(handle, CURLOPT_PROXY, proxy.constData());
     set(handle, CURLOPT_NOPROXY, "");
+    set(handle, CURLOPT_SOCKS5_AUTH, CURLAUTH_BASIC); // never the user's own ticket
     set(handle, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
 }
 
@@ -224,13 +225,14 @@ std::optional<HttpResult> HttpExchange::conclude(CURLcode code)
 
 bool HttpExchange::shallBeRepeated(CURLcode code) const
 {
-    if (code == CURLE_OK || m_isRepeated || !m_wasSent || m_head.hasBegun())
+    if (m_isRepeated || !m_wasSent || m_head.hasBegun())
         return false;
     if (code == CURLE_ABORTED_BY_CALLBACK) // It was curl that wanted to.
         return true;
+    const bool isBroken = code == CURLE_GOT_NOTHING || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR;
     long connectionsMade = 0;
     curl_easy_getinfo(m_handle, CURLINFO_NUM_CONNECTS, &connectionsMade);
-    return connectionsMade == 0 && code != CURLE_OPERATION_TIMEDOUT;
+    return isBroken && connectionsMade == 0;
 }
 
 HttpResult HttpExchange::result(CURLcode code) const

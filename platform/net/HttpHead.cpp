@@ -12,11 +12,15 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-/// "HTTP/1.1 200 OK": what stands behind the first blank.
-int statusIn(QByteArrayView line)
+/// "HTTP/1.1 200 OK": the three digits behind the first blank (RFC 9112, 4); nothing where there are others.
+std::optional<int> statusIn(QByteArrayView line)
 {
-    const QByteArrayView behind = line.sliced(std::max<qsizetype>(line.indexOf(' '), 0));
-    return behind.trimmed().first(std::min<qsizetype>(behind.trimmed().size(), 3)).toInt();
+    const QByteArrayView behind = line.sliced(std::max<qsizetype>(line.indexOf(' '), 0)).trimmed();
+    const qsizetype blank = behind.indexOf(' ');
+    const QByteArrayView status = blank < 0 ? behind : behind.first(blank);
+    if (status.size() != 3 || !std::all_of(status.begin(), status.end(), isDigit))
+        return std::nullopt;
+    return status.toInt();
 }
 
 /// A length that 64 bits with a sign can hold. RFC 9110, 8.6: digits alone.
@@ -43,34 +47,47 @@ bool HttpHead::append(QByteArrayView line)
         return false;
     if (m_isComplete) // Lines behind the body say nothing that is asked for.
         return true;
-    if (line.startsWith("HTTP/")) {
-        begin(line);
-        return true;
-    }
+    if (m_status == 0)
+        return begin(line);
     const QByteArrayView content = line.trimmed();
     if (content.isEmpty()) {
-        m_isComplete = m_status >= 200;
+        end();
         return true;
     }
+    // RFC 9112, 5.2: the rest of the line before, and no header.
+    if (line.startsWith(' ') || line.startsWith('\t'))
+        return true;
     const qsizetype colon = content.indexOf(':');
     return colon < 0 || take(content.first(colon), content.sliced(colon + 1).trimmed().toByteArray());
 }
 
-void HttpHead::begin(QByteArrayView statusLine)
+bool HttpHead::begin(QByteArrayView statusLine)
 {
     const qsizetype size = m_size;
     *this = {};
     m_size = size;
-    m_status = statusIn(statusLine);
+    const auto status = statusLine.startsWith("HTTP/") ? statusIn(statusLine) : std::nullopt;
+    m_status = status.value_or(0);
+    return status.has_value();
+}
+
+void HttpHead::end()
+{
+    m_isComplete = m_status >= 200;
+    if (!m_isComplete) // Another answer is behind an interim one.
+        m_status = 0;
 }
 
 bool HttpHead::take(QByteArrayView name, const QByteArray &value)
 {
     if (isName(name, "Content-Length"))
         return takeLength(value);
-    if (isName(name, "Transfer-Encoding"))
-        m_isChunked = true;
-    else if (isName(name, "Content-Encoding"))
+    if (isName(name, "Transfer-Encoding")) {
+        // No other was asked for, and the end of any other would be that of the connection.
+        m_isChunked = isName(value, "chunked");
+        return m_isChunked;
+    }
+    if (isName(name, "Content-Encoding"))
         m_contentEncoding = value;
     else if (isName(name, "Location"))
         m_location = value;

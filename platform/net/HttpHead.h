@@ -20,7 +20,8 @@ public:
     /// Whether a line came at all, and whether those of the answer itself are all there.
     bool hasBegun() const { return m_size > 0; }
     bool isComplete() const { return m_isComplete; }
-    /// That of the last status line: 100 to 999; 0 before it came.
+    /// That of the last status line: three digits; 0 before it came, and between an interim answer and the
+    /// next.
     int status() const { return m_status; }
     /// The values of the headers with these names; empty where there are none.
     const QByteArray &contentEncoding() const { return m_contentEncoding; }
@@ -31,7 +32,8 @@ public:
     bool isBodyEndedByClosing() const;
 
 private:
-    void begin(QByteArrayView statusLine);
+    bool begin(QByteArrayView statusLine);
+    void end();
     bool take(QByteArrayView name, const QByteArray &value);
     bool takeLength(const QByteArray &value);
     bool hasNoBody() const { return m_status == 204 || m_status == 304; } // RFC 9112, 6.3

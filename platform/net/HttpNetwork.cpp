@@ -7,7 +7,7 @@
 namespace glimmet {
 namespace {
 
-/// A proxy of another network is told of within this time.
+/// What is sent after this time has the proxies asked for again; what is sent just then goes by the old one.
 constexpr std::chrono::minutes proxyHolds{ 1 };
 /// Requests come in bursts.
 constexpr std::chrono::seconds beforeRest{ 2 };

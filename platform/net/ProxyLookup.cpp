@@ -22,13 +22,17 @@ QByteArray ProxyLookup::firstProxy(const QByteArray &address)
 
 QByteArray curlProxy(const QByteArray &proxy)
 {
-    if (proxy.startsWith("socks5://"))
-        return "socks5h" + proxy.sliced(6);
-    if (proxy.startsWith("socks4://"))
-        return "socks4a" + proxy.sliced(6);
-    if (proxy.startsWith("socks://"))
-        return "socks5h" + proxy.sliced(5);
-    return proxy.startsWith("http://") || proxy.startsWith("https://") ? proxy : QByteArray();
+    const qsizetype colon = proxy.indexOf("://");
+    if (colon < 0)
+        return proxy.isEmpty() ? proxy : "http://" + proxy;
+    const QByteArray kind = proxy.first(colon).toLower();
+    if (kind == "direct")
+        return {};
+    if (kind == "socks" || kind == "socks5")
+        return "socks5h" + proxy.sliced(colon);
+    if (kind == "socks4")
+        return "socks4a" + proxy.sliced(colon);
+    return kind + proxy.sliced(colon);
 }
 
 } // namespace glimmet

@@ -30,8 +30,8 @@ private:
     std::unique_ptr<pxProxyFactory, FactoryDeleter> m_factory;
 };
 
-/// What libproxy calls `proxy`, as curl calls it: one of SOCKS looks the names up itself, as it is said of
-/// them. Empty for "direct://" and for a kind that is not known.
+/// What libproxy calls `proxy`, as curl calls it: one of SOCKS looks the names up itself. Empty for
+/// "direct://" alone: a kind that curl does not know fails, rather than being gone round.
 QByteArray curlProxy(const QByteArray &proxy);
 
 } // namespace glimmet

@@ -163,7 +163,11 @@ TEST(ProxyName, isWhatCurlCallsIt)
     EXPECT_EQ(curlProxy("socks5://proxy:1080"), "socks5h://proxy:1080");
     EXPECT_EQ(curlProxy("socks4://proxy:1080"), "socks4a://proxy:1080");
     EXPECT_EQ(curlProxy("socks://proxy:1080"), "socks5h://proxy:1080");
-    EXPECT_EQ(curlProxy("gopher://proxy"), "");
+    EXPECT_EQ(curlProxy("SOCKS5H://proxy:1080"), "socks5h://proxy:1080");
+    EXPECT_EQ(curlProxy("socks4a://proxy:1080"), "socks4a://proxy:1080");
+    EXPECT_EQ(curlProxy("proxy:3128"), "http://proxy:3128");
+    EXPECT_EQ(curlProxy(""), "");
+    EXPECT_EQ(curlProxy("gopher://proxy"), "gopher://proxy");
 }
 
 } // namespace

@@ -39,8 +39,13 @@ TEST(HttpHead, hasAStatusWithoutAReason)
 {
     EXPECT_EQ(head({ "HTTP/1.1 999 " })->status(), 999);
     EXPECT_EQ(head({ "HTTP/1.1 204" })->status(), 204);
-    EXPECT_EQ(head({ "HTTP/1.1" })->status(), 0);
-    EXPECT_EQ(head({ "HTTP/1.1 twelve" })->status(), 0);
+}
+
+TEST(HttpHead, isRefusedWithoutAStatusOfThreeDigits)
+{
+    for (const char *line : { "HTTP/1.1", "HTTP/1.1 ", "HTTP/1.1 twelve", "HTTP/1.1 20", "HTTP/1.1 2000 OK",
+             "HTTP/1.1 +20 OK", "HTTP/1.1 200OK", "HTTP/1.1 22222222222222222222222" })
+        EXPECT_FALSE(head({ line })) << line;
 }
 
 TEST(HttpHead, isThatOfTheAnswerBehindInterimOnes)
@@ -71,6 +76,21 @@ TEST(HttpHead, saysALengthThatIsANumber)
     EXPECT_EQ(lengthOf("00012"), 12);
     EXPECT_EQ(lengthOf("9223372036854775807"), 9223372036854775807);
     EXPECT_EQ(lengthOf("5, 5"), 5);
+}
+
+TEST(HttpHead, isRefusedWithACodingThatIsNotAskedFor)
+{
+    for (const char *coding : { "", "identity", "gzip", "gzip, chunked", "chunked, identity" })
+        EXPECT_FALSE(head({ "HTTP/1.1 200 OK", QByteArray("Transfer-Encoding: ") + coding })) << coding;
+}
+
+TEST(HttpHead, takesNoHeaderFromAFoldedLine)
+{
+    const auto read =
+        head({ "HTTP/1.1 200 OK", "X: y", " Content-Length: 5", "\tTransfer-Encoding: chunked", "" });
+
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(read->isBodyEndedByClosing());
 }
 
 TEST(HttpHead, isRefusedWithALengthThatIsNone)
