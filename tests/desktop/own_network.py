@@ -66,6 +66,10 @@ class OwnNetwork:
         number, = self._ask("listen", port, address)
         return socket.socket(fileno=number)
 
+    def let_programs_listen_everywhere(self):
+        """Also those that are not root's at the ports below 1024."""
+        self._ask("run", "sh", "-c", "echo 0 >/proc/sys/net/ipv4/ip_unprivileged_port_start")
+
     def swallow(self, port, address):
         """Has what is sent there come to nothing, as on a network that leads nowhere: no answer, and no refusal.
         Returns the socket that listens there, and the connection that takes all the room that it has."""

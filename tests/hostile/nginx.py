@@ -66,6 +66,7 @@ class Nginx:
             (folder / f"{name}.json").write_text(page(number, number + 1 == count))
 
     def __enter__(self):
+        self._network.let_programs_listen_everywhere()
         self._process = self._desktop.start("nginx", [
             *self._network.wrapper, shutil.which("nginx", path="/usr/sbin:/usr/bin:/sbin:/bin"),
             "-p", str(self._folder), "-c", str(self._configuration), "-e", str(self._folder / "error.log")])

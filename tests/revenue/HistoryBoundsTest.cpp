@@ -119,7 +119,7 @@ TEST_F(BoundedHistory, asksForNoPageByACursorThatFitsNoAddress)
 {
     answer = [this](const ReceivedRequest &) {
         ++pages;
-        return page(QByteArray(3'000'000, 'x'));
+        return page(QByteArray(20'000, 'x'));
     };
 
     EXPECT_EQ(ordersOf(Stripe), u"⚠ url error"_s);
