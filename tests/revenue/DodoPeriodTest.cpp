@@ -52,14 +52,15 @@ private:
 class DodoPeriod : public ServedRevenue {
 protected:
     /// The sum in cents of the payments that count; the first is one of 1 cent, each further one of twice as
-    /// much.
+    /// much, and the 33rd is of 1 cent again.
     QString counted(RevenueMode period, const Clock &passing, const QStringList &created)
     {
         QByteArray payments;
         for (qsizetype i = 0; i < created.size(); ++i)
             payments += QByteArray(i == 0 ? "" : ",")
                 + R"({"status":"succeeded","currency":"usd","total_amount":)"
-                + QByteArray::number(qint64(1) << i) + R"(,"created_at":")" + created[i].toUtf8() + "\"}";
+                + QByteArray::number(qint64(1) << (i % 32)) + R"(,"created_at":")" + created[i].toUtf8()
+                + "\"}";
         answer = [payments](const ReceivedRequest &) {
             return ServerAnswer{ .body = R"({"items":[)" + payments + "]}" };
         };
