@@ -19,16 +19,15 @@ bool isBlank(QChar character)
 
 constexpr auto wholeText = QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom;
 
-constexpr qsizetype firstGuess = 4096;
+constexpr qsizetype firstGuess = 1024;
 
-/// As much of `bytes` as `size` allows without breaking a code point.
-QByteArrayView wholeCodePoints(QByteArrayView bytes, qsizetype size)
+/// Whether each of the first `count` bytes is a character by itself, and the next one begins another.
+bool areCharacters(QByteArrayView bytes, int count)
 {
-    const auto continues = [&bytes](qsizetype at) { return (static_cast<uchar>(bytes[at]) & 0xC0) == 0x80; };
-    size = std::min(size, bytes.size());
-    while (size > 0 && size < bytes.size() && continues(size))
-        --size;
-    return bytes.first(size);
+    const QByteArrayView head = bytes.first(std::min<qsizetype>(count + 1, bytes.size()));
+    // A carriage return and a line feed are one.
+    return std::all_of(
+        head.begin(), head.end(), [](char byte) { return static_cast<uchar>(byte) < 0x80 && byte != '\r'; });
 }
 
 /// Where the first `count` characters end; nothing where the text ends first.
@@ -78,10 +77,26 @@ std::optional<QString> textFromUtf8(const QByteArray &bytes)
     return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
+bool isUtf8(QByteArrayView bytes)
+{
+    return simdjson::validate_utf8(bytes.data(), static_cast<size_t>(bytes.size()));
+}
+
+QByteArrayView wholeCodePoints(QByteArrayView bytes, qsizetype size)
+{
+    const auto continues = [&bytes](qsizetype at) { return (static_cast<uchar>(bytes[at]) & 0xC0) == 0x80; };
+    size = std::min(size, bytes.size());
+    while (size > 0 && size < bytes.size() && continues(size))
+        --size;
+    return bytes.first(size);
+}
+
 std::optional<QString> firstCharacters(QByteArrayView bytes, int count)
 {
-    if (!simdjson::validate_utf8(bytes.data(), static_cast<size_t>(bytes.size())))
+    if (!isUtf8(bytes))
         return std::nullopt;
+    if (areCharacters(bytes, count))
+        return QString::fromLatin1(bytes.first(std::min<qsizetype>(count, bytes.size())));
     // Bodies are long and heads are short; a character may be long, too.
     for (qsizetype size = firstGuess;; size *= 4) {
         const QByteArrayView part = wholeCodePoints(bytes, size);

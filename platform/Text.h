@@ -20,6 +20,12 @@ std::optional<QByteArray> exactUtf8(const QString &text);
 /// The text behind `bytes`, a leading byte order mark included; none where they are not UTF-8.
 std::optional<QString> textFromUtf8(const QByteArray &bytes);
 
+/// Whether all of `bytes` is valid UTF-8.
+bool isUtf8(QByteArrayView bytes);
+
+/// As much of the UTF-8 text `bytes` as `size` bytes hold without breaking a code point.
+QByteArrayView wholeCodePoints(QByteArrayView bytes, qsizetype size);
+
 /// The first `count` characters of UTF-8 text, as a reader counts them: a sign with its accents, or an emoji
 /// of many parts, is one. Nothing where `bytes` are not valid UTF-8 anywhere.
 std::optional<QString> firstCharacters(QByteArrayView bytes, int count);

@@ -3,6 +3,8 @@
 #include "platform/DiagnosticLog.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+
 namespace glimmet {
 namespace {
 
@@ -10,6 +12,9 @@ using namespace Qt::StringLiterals;
 
 /// A shorter key is no key of any of the services, and masking it would only garble the log.
 constexpr qsizetype shortestMasked = 8;
+constexpr qsizetype byteOrderMark = 3; // bytes
+/// So much of a body holds what is logged of it, but where the key stands in it many times, in bytes.
+constexpr qsizetype nearEnough = qsizetype(8) << 10;
 
 std::optional<QString> statusText(int status, const AnswerRules &rules)
 {
@@ -30,26 +35,61 @@ QByteArray escaped(QByteArray key)
     return key.replace('\\', "\\\\").replace('"', "\\\"");
 }
 
-/// How the key may stand in an answer: as it is, and in JSON, which may have its slashes either way.
-QByteArrayList formsOf(const QString &key)
+/// How the key may stand in an answer: as it is, and in JSON, which may have its slashes either way. Headers
+/// lose the blanks around their values, so a server may know the key without them.
+QByteArrayList formsOf(const ApiKey &apiKey)
 {
-    if (key.size() < shortestMasked)
-        return {};
-    const QByteArray bytes = key.toUtf8();
-    const QByteArray inJson = escaped(bytes);
-    return { bytes, inJson, QByteArray(inJson).replace("/", "\\/") };
+    QByteArrayList forms;
+    for (const QString &key : { apiKey.characters(), apiKey.characters().trimmed() }) {
+        if (key.size() < shortestMasked)
+            continue;
+        const QByteArray bytes = key.toUtf8();
+        const QByteArray inJson = escaped(bytes);
+        for (const QByteArray &form : { bytes, inJson, QByteArray(inJson).replace("/", "\\/") })
+            if (!forms.contains(form))
+                forms.append(form);
+    }
+    return forms;
 }
 
-/// Qt alone would make a copy of a body even where there is nothing to replace.
-void mask(const QByteArray &form, QByteArray &text)
+QByteArray masked(QByteArray text, const QByteArrayList &forms)
 {
-    if (text.contains(form))
-        text.replace(form, "•••");
+    for (const QByteArray &form : forms)
+        if (text.contains(form)) // Qt would make a copy even where there is nothing to replace.
+            text.replace(form, "•••");
+    return text;
+}
+
+/// The first characters of the masked body, if they are found without a look at the rest of it.
+std::optional<QString> nearHead(const QByteArray &body, int length, const QByteArrayList &forms)
+{
+    QByteArray part = masked(wholeCodePoints(body, nearEnough).toByteArray(), forms);
+    // At its end the beginning of a key may be left.
+    qsizetype longestForm = 0;
+    for (const QByteArray &form : forms)
+        longestForm = std::max(longestForm, form.size());
+    part = wholeCodePoints(part, std::max<qsizetype>(part.size() - longestForm, 0)).toByteArray();
+    const auto head = firstCharacters(part, length);
+    // What takes all of the part, but perhaps a byte order mark, may go on behind it.
+    const bool endsBefore = head && head->toUtf8().size() + byteOrderMark < part.size();
+    return endsBefore ? head : std::nullopt;
+}
+
+/// The first `length` characters of `body` as they are without the key. Nothing where it is no text.
+std::optional<QString> maskedHead(const QByteArray &body, int length, const ApiKey &apiKey)
+{
+    if (!isUtf8(body))
+        return std::nullopt;
+    const QByteArrayList forms = formsOf(apiKey);
+    if (body.size() > nearEnough)
+        if (auto head = nearHead(body, length, forms))
+            return head;
+    return firstCharacters(masked(body, forms), length);
 }
 
 void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
 {
-    if (const auto head = firstCharacters(masked(body, apiKey), rules.headLength))
+    if (const auto head = maskedHead(body, rules.headLength, apiKey))
         log.text(rules.service + u' ' + rules.body + u':', *head);
 }
 
@@ -57,14 +97,7 @@ void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &api
 
 QByteArray masked(QByteArray text, const ApiKey &apiKey)
 {
-    const QByteArrayList whole = formsOf(apiKey.characters());
-    for (const QByteArray &form : whole)
-        mask(form, text);
-    // Headers lose the blanks around their values, so a server may know the key without them.
-    for (const QByteArray &form : formsOf(apiKey.characters().trimmed()))
-        if (!whole.contains(form))
-            mask(form, text);
-    return text;
+    return masked(std::move(text), formsOf(apiKey));
 }
 
 HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, const QByteArray &accept)

@@ -121,6 +121,30 @@ TEST_F(AnswerChecks, isMaskedBeforeItIsCut)
     EXPECT_EQ(logged("01234567sk_live_51Hq0aaEXAMPLE"), "[glimmet] Stripe page:\n01234567••\n");
 }
 
+TEST_F(AnswerChecks, isMaskedWhereverTheKeyStandsInALongBody)
+{
+    const QByteArray bytes = key.characters().toUtf8();
+    rules.headLength = 8190;
+    for (int before = 8100; before < 8200; ++before) {
+        const QByteArray body = QByteArray(before, 'x') + bytes + bytes + QByteArray(20'000, 'y');
+        const QByteArray text = QByteArray(before, 'x') + "••••••" + QByteArray(20'000, 'y');
+
+        EXPECT_EQ(
+            logged(body), "[glimmet] Stripe page:\n" + QString::fromUtf8(text).first(8190).toUtf8() + '\n')
+            << before;
+    }
+}
+
+TEST_F(AnswerChecks, isLoggedWhereItsFirstCharactersAreLong)
+{
+    const QByteArray longCharacter = "e" + QByteArray("\xCC\x81").repeated(5000);
+
+    EXPECT_EQ(
+        logged(longCharacter + "0123456789"), "[glimmet] Stripe page:\n" + longCharacter + "012345678\n");
+    EXPECT_EQ(
+        logged("\xEF\xBB\xBF" + longCharacter + "x"), "[glimmet] Stripe page:\n" + longCharacter + "x\n");
+}
+
 TEST_F(AnswerChecks, isReadWithTheKeyInIt)
 {
     EXPECT_EQ(checked(HttpAnswer{ 200, "sk_live_51Hq0aaEXAMPLE" }), u"body: sk_live_51Hq0aaEXAMPLE"_s);
