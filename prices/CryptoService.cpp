@@ -21,8 +21,10 @@ void CryptoService::fetchPrice(const QString &symbol, Completion completion)
         // The status says nothing that the body does not: an error's body holds no price.
         const auto *answer = std::get_if<HttpAnswer>(&result);
         auto price = answer ? PriceChart::parse(answer->body, symbol) : std::nullopt;
-        if (price)
-            log.line(PriceChart::logLine(*price));
+        if (!price)
+            return price;
+        log.line(PriceChart::logLine(*price));
+        price->history = PriceChart::bounded(price->history); // The main thread compares and draws it.
         return price;
     };
     // Without an address the client refuses the request: every failure takes the same way back.

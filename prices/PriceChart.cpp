@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 namespace glimmet::PriceChart {
@@ -43,6 +44,9 @@ QList<double> extractHistory(const JsonValue &chart)
             history.append(*price);
     return history;
 }
+
+/// Far more than a day has hours, and than a screen has columns.
+constexpr qsizetype mostPoints = 20'000;
 
 double changeInPercent(double price, double previous)
 {
@@ -91,6 +95,22 @@ std::optional<CryptoPrice> parse(const QByteArray &body, const QString &original
         return std::nullopt;
     const double previous = chart["meta"]["chartPreviousClose"].number().value_or(*price);
     return CryptoPrice{ originalSymbol, *price, changeInPercent(*price, previous), extractHistory(chart) };
+}
+
+QList<double> bounded(const QList<double> &history)
+{
+    if (history.size() <= mostPoints)
+        return history;
+    const qsizetype pieces = mostPoints / 2;
+    QList<double> points;
+    points.reserve(mostPoints);
+    for (qsizetype piece = 0; piece < pieces; ++piece) {
+        const auto begin = history.begin() + history.size() * piece / pieces;
+        const auto end = history.begin() + history.size() * (piece + 1) / pieces;
+        const auto [low, high] = std::minmax_element(begin, end);
+        points << *std::min(low, high) << *std::max(low, high); // in their order
+    }
+    return points;
 }
 
 QString logLine(const CryptoPrice &price)

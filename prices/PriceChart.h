@@ -22,6 +22,9 @@ std::optional<QByteArray> address(const QByteArray &endpoint, const QString &sym
 /// none.
 std::optional<CryptoPrice> parse(const QByteArray &body, const QString &originalSymbol);
 
+/// `history` with fewer points where it has very many, and every low and high that a chart can show.
+QList<double> bounded(const QList<double> &history);
+
 /// The line that tells of a price that came: "BTC: $97000.0 +1.3%  24pts".
 QString logLine(const CryptoPrice &price);
 

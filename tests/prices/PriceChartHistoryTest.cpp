@@ -66,5 +66,30 @@ TEST(PriceChartHistory, isEmptyWhereAnyQuoteIsNoObject)
     }
 }
 
+TEST(PriceChartBounds, leaveADayAlone)
+{
+    EXPECT_EQ(PriceChart::bounded({}), QList<double>());
+    EXPECT_EQ(PriceChart::bounded({ 1, 3, 2 }), QList<double>({ 1, 3, 2 }));
+    const QList<double> many(20'000, 5);
+    EXPECT_EQ(PriceChart::bounded(many), many);
+}
+
+TEST(PriceChartBounds, keepEveryLowAndHighOfVeryMany)
+{
+    QList<double> history(2'000'000, 5);
+    history[0] = 1;
+    history[777'777] = 9;
+    history[777'778] = 2;
+    history[1'999'999] = 8;
+
+    const QList<double> points = PriceChart::bounded(history);
+
+    EXPECT_EQ(points.size(), 20'000);
+    EXPECT_EQ(points.first(), 1);
+    EXPECT_EQ(points.last(), 8);
+    EXPECT_GT(points.indexOf(9), 7'000);
+    EXPECT_EQ(points.indexOf(2), points.indexOf(9) + 1);
+}
+
 } // namespace
 } // namespace glimmet
