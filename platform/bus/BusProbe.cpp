@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <cerrno>
 #include <cstring>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -50,9 +51,12 @@ bool BusProbe::greet(const QByteArray &path) const
 
 void BusProbe::conclude()
 {
-    m_answer->setEnabled(false);
     char first = 0;
-    emit over(recv(m_socket, &first, 1, MSG_PEEK) == 1);
+    const ssize_t count = recv(m_socket, &first, 1, MSG_PEEK);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR))
+        return;
+    m_answer->setEnabled(false);
+    emit over(count == 1);
 }
 
 } // namespace glimmet
