@@ -5,7 +5,7 @@
 namespace glimmet {
 namespace {
 
-constexpr std::chrono::milliseconds patience = std::chrono::seconds(1);
+constexpr std::chrono::milliseconds patience = std::chrono::milliseconds(500);
 
 } // namespace
 
@@ -13,6 +13,7 @@ HttpClient::HttpClient(HttpSettings settings, QObject *parent)
     : QObject(parent)
     , m_settings(std::move(settings))
     , m_thread(new QThread)
+    , m_mailbox(new QObject)
 {
     m_thread->setObjectName(QStringLiteral("http"));
 }
@@ -21,8 +22,13 @@ HttpClient::~HttpClient()
 {
     m_thread->quit();
     // What keeps the thread busy must not keep the program from ending, which ends the thread too.
-    if (m_thread->wait(patience))
+    if (m_thread->wait(patience)) {
         delete m_thread;
+        delete m_mailbox; // with what was on its way
+        return;
+    }
+    connect(m_thread, &QThread::finished, m_thread, &QObject::deleteLater);
+    connect(m_thread, &QThread::finished, m_mailbox, &QObject::deleteLater);
 }
 
 HttpNetwork &HttpClient::network()
@@ -39,12 +45,12 @@ HttpNetwork &HttpClient::network()
 
 void HttpClient::send(const HttpRequest &request, QObject *receiver, Reader reader)
 {
-    const auto deliver = [this, asker = QPointer(receiver), reader = std::move(reader)](
-                             const HttpResult &result) {
+    const auto deliver = [client = QPointer(this), mailbox = m_mailbox, asker = QPointer(receiver),
+                             reader = std::move(reader)](const HttpResult &result) {
         QMetaObject::invokeMethod(
-            this,
-            [asker, delivery = reader(result)] {
-                if (asker)
+            mailbox,
+            [client, asker, delivery = reader(result)] {
+                if (client && asker)
                     delivery();
             },
             Qt::QueuedConnection);

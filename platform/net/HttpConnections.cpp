@@ -12,6 +12,8 @@ namespace {
 
 constexpr size_t mostConnections = 6;
 constexpr std::chrono::milliseconds mostBetweenLooks = std::chrono::seconds(1);
+/// The two clocks that tell how long the machine slept are not read at the same moment.
+constexpr std::chrono::milliseconds leastSleep = std::chrono::seconds(1);
 
 CURLM *multiHandle()
 {
@@ -39,8 +41,10 @@ void letGo(std::unique_ptr<QSocketNotifier> &notifier)
 
 } // namespace
 
-HttpConnections::HttpConnections(HttpSettings settings)
+HttpConnections::HttpConnections(HttpSettings settings, std::shared_ptr<size_t> underWay)
     : m_settings(std::move(settings))
+    , m_underWay(std::move(underWay))
+    , m_asleepBefore(m_settings.timeAsleep())
     , m_multi(multiHandle())
 {
     curl_multi_setopt(m_multi, CURLMOPT_SOCKETFUNCTION, watchSocket);
@@ -88,11 +92,17 @@ std::deque<std::unique_ptr<HttpExchange>> HttpConnections::retire()
     return std::exchange(m_waiting, {});
 }
 
+bool HttpConnections::haveSlept() const
+{
+    return m_settings.timeAsleep() - m_asleepBefore >= leastSleep;
+}
+
 void HttpConnections::startNext()
 {
-    while (m_proxy && !m_waiting.empty() && m_running.size() < mostConnections) {
+    while (m_proxy && !m_waiting.empty() && *m_underWay < mostConnections) {
         auto exchange = std::move(m_waiting.front());
         m_waiting.pop_front();
+        ++*m_underWay;
         start(std::move(exchange), spareHandle());
     }
     checkTimesLater();
@@ -109,7 +119,7 @@ CURL *HttpConnections::spareHandle()
 
 void HttpConnections::start(std::unique_ptr<HttpExchange> exchange, CURL *handle)
 {
-    exchange->prepare(handle, *m_proxy, m_tls);
+    exchange->prepare(handle, *m_proxy, m_openSockets, m_tls);
     m_running.push_back({ handle, std::move(exchange) });
     if (curl_multi_add_handle(m_multi, handle) != CURLM_OK)
         fatal("out of memory");
@@ -137,7 +147,7 @@ int HttpConnections::setTimer(CURLM *, long milliseconds, void *connections)
 
 void HttpConnections::watch(curl_socket_t socket, int what)
 {
-    Watched &watched = m_sockets[socket];
+    Watched &watched = m_watched[socket];
     const auto notify = [&](std::unique_ptr<QSocketNotifier> &notifier, QSocketNotifier::Type type, int event,
                             bool isWanted) {
         if (!notifier && isWanted) {
@@ -154,12 +164,12 @@ void HttpConnections::watch(curl_socket_t socket, int what)
 
 void HttpConnections::unwatch(curl_socket_t socket)
 {
-    const auto found = m_sockets.find(socket);
-    if (found == m_sockets.end())
+    const auto found = m_watched.find(socket);
+    if (found == m_watched.end())
         return;
     letGo(found->second.reading);
     letGo(found->second.writing);
-    m_sockets.erase(found);
+    m_watched.erase(found);
 }
 
 void HttpConnections::act(curl_socket_t socket, int events)
@@ -195,8 +205,8 @@ void HttpConnections::conclude(CURL *handle, CURLcode code)
         return start(std::move(exchange), handle);
     curl_easy_reset(handle); // It knows the exchange, which goes now.
     m_spareHandles.push_back(handle);
-    if (*result == HttpResult(TransportFailure::TimedOut))
-        emit fellSilent();
+    --*m_underWay;
+    emit cameFree();
     exchange->finish(*result);
 }
 
@@ -220,15 +230,19 @@ void HttpConnections::endWaiting(Moment now)
 
 void HttpConnections::endOverdue(Moment now)
 {
-    std::vector<CURL *> silent;
+    std::vector<CURL *> late;
     std::vector<CURL *> flooded;
+    bool isAnySilent = false;
     for (const auto &[handle, exchange] : m_running) {
         if (std::min(exchange->endOfSilence(), exchange->endOfAll()) <= now)
-            silent.push_back(handle);
+            late.push_back(handle);
         else if (exchange->isFlooded())
             flooded.push_back(handle);
+        isAnySilent |= exchange->wasSent() && exchange->endOfSilence() <= now;
     }
-    for (CURL *handle : silent)
+    if (isAnySilent) // Before the results: who hears of one may ask again.
+        emit fellSilent();
+    for (CURL *handle : late)
         conclude(handle, CURLE_OPERATION_TIMEDOUT);
     for (CURL *handle : flooded)
         conclude(handle, CURLE_WEIRD_SERVER_REPLY);

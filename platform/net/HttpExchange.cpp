@@ -1,9 +1,8 @@
 #include "platform/net/HttpExchange.h"
 
+#include "platform/net/CertificateFolder.h"
 #include "platform/net/HttpFailures.h"
 #include "platform/net/HttpRedirection.h"
-
-#include <sys/socket.h>
 
 namespace glimmet {
 namespace {
@@ -41,10 +40,18 @@ QByteArray target(const QUrl &url)
     return target.startsWith('/') ? target : '/' + target;
 }
 
-/// No process that this one starts, or becomes, is to hold a connection.
-curl_socket_t openSocket(void *, curlsocktype, curl_sockaddr *address)
+bool isReusing(CURL *handle)
 {
-    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    long connectionsMade = 0;
+    curl_easy_getinfo(handle, CURLINFO_NUM_CONNECTS, &connectionsMade);
+    return connectionsMade == 0;
+}
+
+/// Whether the folder of the system's certificates will do; looked at once.
+bool hasUsableFolder()
+{
+    static const bool isUsable = isCertificateFolder(curl_version_info(CURLVERSION_NOW)->capath);
+    return isUsable;
 }
 
 /// What a step does never and always, whatever it asks for.
@@ -62,7 +69,6 @@ void setRules(CURL *handle)
     set(handle, CURLOPT_QUICK_EXIT, 1L);
     set(handle, CURLOPT_USERAGENT, "glimmet"); // unless a header says another
     set(handle, CURLOPT_BUFFERSIZE, receiveBuffer);
-    set(handle, CURLOPT_OPENSOCKETFUNCTION, openSocket);
 }
 
 /// curl adds what the environment says where it is told of no proxy; the environment is asked already.
@@ -92,15 +98,17 @@ QByteArray HttpExchange::origin() const
     return m_url.host(QUrl::FullyEncoded).toLatin1() + ':' + QByteArray::number(m_url.port(443));
 }
 
-void HttpExchange::prepare(CURL *handle, const QByteArray &proxy, TlsWatch &tls)
+void HttpExchange::prepare(CURL *handle, const QByteArray &proxy, SocketWatch &sockets, TlsWatch &tls)
 {
     beginStep();
     m_handle = handle;
+    m_sockets = &sockets;
     m_tls = &tls;
     m_usesProxy = !proxy.isEmpty();
     curl_easy_reset(handle);
     setRules(handle);
     setProxy(handle, proxy);
+    sockets.watch(handle);
     setTrust();
     setAddress();
     setCallbacks();
@@ -137,7 +145,7 @@ void HttpExchange::setTrust() const
             size_t(m_settings.authorities.size()), CURL_BLOB_COPY };
         set(m_handle, CURLOPT_CAINFO_BLOB, &authorities);
         set<const char *>(m_handle, CURLOPT_CAPATH, nullptr);
-    } else if (curl_version_info(CURLVERSION_NOW)->capath != nullptr) {
+    } else if (hasUsableFolder()) {
         // The folder serves the one certificate that is asked for; the file is read as a whole, which takes
         // longer than an answer and megabytes.
         set<const char *>(m_handle, CURLOPT_CAINFO, nullptr);
@@ -155,7 +163,7 @@ void HttpExchange::setCallbacks()
     set(m_handle, CURLOPT_ERRORBUFFER, m_errorText.data());
 }
 
-int HttpExchange::aboutToSend(void *exchange, char *, char *, int, int)
+int HttpExchange::aboutToSend(void *exchange, char *, char *, int, int localPort)
 {
     auto &self = *static_cast<HttpExchange *>(exchange);
     self.m_lastProgress = std::chrono::steady_clock::now();
@@ -164,6 +172,9 @@ int HttpExchange::aboutToSend(void *exchange, char *, char *, int, int)
     if (self.m_wasSent)
         return CURL_PREREQFUNC_ABORT;
     self.m_wasSent = true;
+    // What a server sent before it was asked is no answer; most often, it is a farewell.
+    if (isReusing(self.m_handle) && self.m_sockets->hasUnread(localPort))
+        return CURL_PREREQFUNC_ABORT;
     self.m_connection = TlsWatch::connectionOf(self.m_handle);
     self.m_receivedBefore = TlsWatch::received(self.m_connection);
     return CURL_PREREQFUNC_OK;
@@ -227,12 +238,10 @@ bool HttpExchange::shallBeRepeated(CURLcode code) const
 {
     if (m_isRepeated || !m_wasSent || m_head.hasBegun())
         return false;
-    if (code == CURLE_ABORTED_BY_CALLBACK) // It was curl that wanted to.
+    if (code == CURLE_ABORTED_BY_CALLBACK) // before it was sent, or before curl would have sent it again
         return true;
     const bool isBroken = code == CURLE_GOT_NOTHING || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR;
-    long connectionsMade = 0;
-    curl_easy_getinfo(m_handle, CURLINFO_NUM_CONNECTS, &connectionsMade);
-    return isBroken && connectionsMade == 0;
+    return isBroken && isReusing(m_handle);
 }
 
 HttpResult HttpExchange::result(CURLcode code) const

@@ -3,6 +3,7 @@
 #include "platform/net/HttpBody.h"
 #include "platform/net/HttpClient.h"
 #include "platform/net/HttpHead.h"
+#include "platform/net/SocketWatch.h"
 #include "platform/net/TlsWatch.h"
 
 #include <QUrl>
@@ -31,8 +32,8 @@ public:
     /// The server and its port: what its connections are kept by.
     QByteArray origin() const;
     /// Sets `handle` up for the next step; the exchange stays where it is until that step is over. `proxy`
-    /// leads there; empty: none does. `tls` watches the connections that it may go over.
-    void prepare(CURL *handle, const QByteArray &proxy, TlsWatch &tls);
+    /// leads there; empty: none does. `sockets` and `tls` watch the connections that it may go over.
+    void prepare(CURL *handle, const QByteArray &proxy, SocketWatch &sockets, TlsWatch &tls);
     /// What has come of the step, which `code` ended; its handle is still as it was. Nothing: there is
     /// another step.
     std::optional<HttpResult> conclude(CURLcode code);
@@ -42,6 +43,8 @@ public:
     Moment endOfWaiting() const { return m_asked + m_settings.longestWait; }
     /// When the step that is under way has been silent for too long.
     Moment endOfSilence() const { return m_lastProgress + m_settings.idleTimeout; }
+    /// Whether the step that is under way has a connection and asked its question there.
+    bool wasSent() const { return m_wasSent; }
     /// When the answer as a whole has taken too long.
     Moment endOfAll() const { return m_begun.value_or(m_asked) + m_settings.longestAnswer; }
     /// Whether more came in this step than an answer may be, whatever became of it: what is around a body's
@@ -49,7 +52,7 @@ public:
     bool isFlooded() const;
 
 private:
-    static int aboutToSend(void *exchange, char *, char *, int, int);
+    static int aboutToSend(void *exchange, char *, char *, int, int localPort);
     static size_t takeLine(char *line, size_t size, size_t count, void *exchange);
     static size_t takeBody(char *piece, size_t size, size_t count, void *exchange);
 
@@ -81,6 +84,7 @@ private:
     // Of the step:
     std::array<char, CURL_ERROR_SIZE> m_errorText{};
     CURL *m_handle = nullptr;
+    SocketWatch *m_sockets = nullptr;
     TlsWatch *m_tls = nullptr;
     TlsWatch::Connection m_connection = nullptr;
     qint64 m_receivedBefore = 0; ///< over that connection

@@ -46,6 +46,8 @@ TransportFailure transportFailure(CURL *handle, CURLcode code, const TransferTra
     switch (code) {
     case CURLE_OPERATION_TIMEDOUT:
         return TransportFailure::TimedOut;
+    case CURLE_URL_MALFORMAT:
+        return TransportFailure::InvalidAddress;
     case CURLE_COULDNT_RESOLVE_HOST:
         return TransportFailure::ServerNotFound;
     case CURLE_COULDNT_RESOLVE_PROXY:

@@ -2,6 +2,7 @@
 
 #include "platform/net/Json.h"
 
+#include <algorithm>
 #include <malloc.h>
 
 namespace glimmet {
@@ -43,8 +44,10 @@ void HttpNetwork::add(const QByteArray &origin, std::unique_ptr<HttpExchange> ex
 {
     m_rest.stop();
     Server &server = m_servers[origin];
+    if (server.connections != nullptr && server.connections->haveSlept())
+        replace(origin, server.connections);
     if (server.connections == nullptr)
-        server.connections = opened(origin);
+        server.connections = opened(origin, server);
     server.connections->add(std::move(exchange));
     const auto now = std::chrono::steady_clock::now();
     if (!server.proxyAsked || now - *server.proxyAsked >= proxyHolds) {
@@ -53,13 +56,14 @@ void HttpNetwork::add(const QByteArray &origin, std::unique_ptr<HttpExchange> ex
     }
 }
 
-HttpConnections *HttpNetwork::opened(const QByteArray &origin)
+HttpConnections *HttpNetwork::opened(const QByteArray &origin, const Server &server)
 {
-    auto *connections = new HttpConnections(m_settings);
+    auto *connections = new HttpConnections(m_settings, server.underWay);
     connections->setParent(this);
     connect(connections, &HttpConnections::fellSilent, this,
         [this, origin, connections] { replace(origin, connections); });
-    connect(connections, &HttpConnections::cameToRest, &m_rest, [this] { m_rest.start(beforeRest); });
+    connect(connections, &HttpConnections::cameFree, this, [this, origin] { proceed(origin); });
+    connect(connections, &HttpConnections::cameToRest, this, &HttpNetwork::rest);
     connect(connections, &HttpConnections::ended, this,
         [this, origin, connections] { close(origin, connections); });
     return connections;
@@ -69,29 +73,50 @@ void HttpNetwork::askForProxy(const QByteArray &origin)
 {
     if (!m_proxies)
         m_proxies = std::make_unique<ProxySettings>();
+    if (!m_unansweredForProxy.insert(origin).second)
+        return;
     m_proxies->find("https://" + origin + '/', this, [this, origin](const QByteArray &proxy) {
-        const auto server = m_servers.find(origin);
-        if (server != m_servers.end() && server->second.connections != nullptr)
-            server->second.connections->setProxy(proxy);
+        m_unansweredForProxy.erase(origin);
+        if (HttpConnections *connections = m_servers[origin].connections)
+            connections->setProxy(proxy);
     });
 }
 
 void HttpNetwork::replace(const QByteArray &origin, HttpConnections *connections)
 {
-    const auto server = m_servers.find(origin);
-    if (server == m_servers.end() || server->second.connections != connections)
+    if (!giveUp(origin, connections))
         return;
-    m_servers.erase(server);
     for (auto &exchange : connections->retire())
         add(origin, std::move(exchange));
 }
 
 void HttpNetwork::close(const QByteArray &origin, HttpConnections *connections)
 {
-    const auto server = m_servers.find(origin);
-    if (server != m_servers.end() && server->second.connections == connections)
-        m_servers.erase(server);
+    giveUp(origin, connections);
     connections->deleteLater();
+}
+
+bool HttpNetwork::giveUp(const QByteArray &origin, const HttpConnections *connections)
+{
+    Server &server = m_servers[origin];
+    if (server.connections != connections)
+        return false;
+    server.connections = nullptr;
+    server.proxyAsked.reset();
+    return true;
+}
+
+void HttpNetwork::proceed(const QByteArray &origin)
+{
+    if (HttpConnections *connections = m_servers[origin].connections)
+        connections->startNext();
+}
+
+void HttpNetwork::rest()
+{
+    const auto all = findChildren<HttpConnections *>();
+    if (std::all_of(all.begin(), all.end(), [](const auto *connections) { return connections->isAtRest(); }))
+        m_rest.start(beforeRest);
 }
 
 void HttpNetwork::giveMemoryBack()

@@ -4,6 +4,7 @@
 #include "platform/net/ProxySettings.h"
 
 #include <map>
+#include <set>
 
 namespace glimmet {
 
@@ -22,21 +23,27 @@ public:
 private:
     /// What is in use for one server.
     struct Server {
-        HttpConnections *connections = nullptr; ///< a child of this object
+        HttpConnections *connections = nullptr; ///< a child of this object; null: none yet, or none any more
+        std::shared_ptr<size_t> underWay = std::make_shared<size_t>(0); ///< over these and retired ones
         std::optional<std::chrono::steady_clock::time_point> proxyAsked;
     };
 
     void add(const QByteArray &origin, std::unique_ptr<HttpExchange> exchange);
-    HttpConnections *opened(const QByteArray &origin);
+    HttpConnections *opened(const QByteArray &origin, const Server &server);
     void askForProxy(const QByteArray &origin);
     /// Has everything that is not under way yet go over connections of its own.
     void replace(const QByteArray &origin, HttpConnections *connections);
     void close(const QByteArray &origin, HttpConnections *connections);
+    /// Forgets `connections`; false where others lead there by now.
+    bool giveUp(const QByteArray &origin, const HttpConnections *connections);
+    void proceed(const QByteArray &origin);
+    void rest();
     void giveMemoryBack();
 
     HttpSettings m_settings;
     QTimer m_rest{ this };
     std::unique_ptr<ProxySettings> m_proxies; ///< from the first request on
+    std::set<QByteArray> m_unansweredForProxy; ///< origins that are asked about
     std::map<QByteArray, Server> m_servers;
 };
 

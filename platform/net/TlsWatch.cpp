@@ -20,6 +20,9 @@ CURLcode TlsWatch::watchEvents(CURL *, void *context, void *watch)
     auto *encryption = static_cast<SSL_CTX *>(context);
     SSL_CTX_set_app_data(encryption, watch);
     SSL_CTX_set_info_callback(encryption, noteEvent);
+    // OpenSSL reads on and on while what comes is for itself alone; curl is told instead, so that other
+    // connections have their turn.
+    SSL_CTX_clear_mode(encryption, SSL_MODE_AUTO_RETRY);
     return CURLE_OK;
 }
 

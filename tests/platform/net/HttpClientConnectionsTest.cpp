@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+
 namespace glimmet {
 namespace {
 
@@ -116,6 +118,57 @@ TEST(HttpClientKeptConnections, areLetGoAfterAWhileWithoutRequests)
 
     EXPECT_TRUE(QTest::qWaitFor([&server] { return !isConnected(server.port()); }));
     EXPECT_EQ(fetched(client, server.origin() + "/"), answer(200, "answer to /"));
+}
+
+TEST(HttpClientKeptConnections, areNotUsedAfterTheMachineSlept)
+{
+    const HttpsServer server(echo);
+    std::atomic<std::chrono::milliseconds> asleep{ 1h };
+    HttpSettings settings = trustingSettings();
+    settings.timeAsleep = [&asleep] { return asleep.load(); };
+    HttpClient client(settings);
+    EXPECT_EQ(fetched(client, server.origin() + "/1"), answer(200, "answer to /1"));
+    EXPECT_EQ(fetched(client, server.origin() + "/2"), answer(200, "answer to /2"));
+    EXPECT_EQ(server.connections(), 1);
+
+    asleep = 2h;
+
+    EXPECT_EQ(fetched(client, server.origin() + "/3"), answer(200, "answer to /3"));
+    EXPECT_EQ(fetched(client, server.origin() + "/4"), answer(200, "answer to /4"));
+    EXPECT_EQ(server.connections(), 2);
+}
+
+TEST(HttpClientTimeOut, leavesRequestsInThePlacesOfThoseThatAreStillOut)
+{
+    std::atomic<int> asked = 0;
+    std::atomic<int> over = 0;
+    std::atomic<int> most = 0;
+    const HttpsServer server([&](const ReceivedRequest &request) {
+        most = std::max(most.load(), ++asked - over);
+        if (request.target == "/silence")
+            return ServerAnswer{ .ending = ServerAnswer::Ending::Silence };
+        return ServerAnswer{ .body = QByteArray(1000, 'a'), .pieces = 5, .pause = 150ms };
+    });
+    HttpClient client(impatientSettings());
+    QObject receiver;
+    const auto ask = [&](const QByteArray &target) {
+        client.get(
+            { server.origin() + target }, &receiver,
+            [&over](const HttpResult &result) {
+                ++over;
+                return result;
+            },
+            [](const HttpResult &) {});
+    };
+
+    for (int i = 0; i < 5; ++i) {
+        ask("/silence");
+        for (int j = 0; j < 5; ++j)
+            ask("/slow");
+    }
+
+    EXPECT_TRUE(QTest::qWaitFor([&over] { return over == 30; }, 20'000));
+    EXPECT_EQ(most, 6);
 }
 
 TEST(HttpClientTimeOut, leavesTheOtherRequestsAlone)

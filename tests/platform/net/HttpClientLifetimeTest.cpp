@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
 
 namespace glimmet {
@@ -160,6 +161,30 @@ TEST_F(HttpClientLifetime, endsWithResultsThatNobodyTookYet)
         QThread::yieldCurrentThread();
 
     destroyClient();
+}
+
+TEST_F(HttpClientLifetime, endsWhileItsThreadIsBusy)
+{
+    std::atomic<bool> isReading = false;
+    std::atomic<bool> shallEnd = false;
+    std::atomic<bool> wasRead = false;
+    const auto readForLong = [&](const HttpResult &) {
+        isReading = true;
+        while (!shallEnd)
+            QThread::msleep(1);
+        return wasRead.exchange(true);
+    };
+    client->get(request("/"), &receiver, readForLong, [](bool) { ADD_FAILURE() << "called"; });
+    ASSERT_TRUE(QTest::qWaitFor([&isReading] { return isReading.load(); }, deadline));
+    QElapsedTimer elapsed;
+    elapsed.start();
+
+    client.reset();
+
+    EXPECT_LT(elapsed.elapsed(), 900);
+    shallEnd = true;
+    ASSERT_TRUE(QTest::qWaitFor([&wasRead] { return wasRead.load(); }, deadline));
+    QTest::qWait(50); // It comes here now, if it does.
 }
 
 TEST_F(HttpClientLifetime, endsWithinItsOwnReport)

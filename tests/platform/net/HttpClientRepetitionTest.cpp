@@ -2,6 +2,8 @@
 
 #include "tests/support/Printing.h"
 
+#include <QTest>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -87,6 +89,32 @@ TEST(HttpClientRepetition, isNoneAfterSilence)
     EXPECT_EQ(fetched(client, server.origin() + "/silence"), HttpResult(TransportFailure::TimedOut));
 
     EXPECT_EQ(server.requests().size(), 2);
+}
+
+/// The answer to "/kept", and behind it, on the same connection, an answer to nothing.
+class TalkativeServer : public HttpsServer {
+public:
+    TalkativeServer()
+        : HttpsServer([](const ReceivedRequest &request) {
+            const QByteArray head = "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n";
+            if (request.target == "/kept")
+                return ServerAnswer{ .pieces = 2, .pause = 50ms, .raw = head + "kept" + head + "evil" };
+            return ServerAnswer{ .body = "good" };
+        })
+    {
+    }
+};
+
+TEST(HttpClientRepetition, isInThePlaceOfAnAnswerThatCameBeforeItsQuestion)
+{
+    const TalkativeServer server;
+    HttpClient client(trustingSettings());
+    EXPECT_EQ(fetched(client, server.origin() + "/kept"), answer(200, "kept"));
+    QTest::qWait(150); // for what comes behind it
+
+    EXPECT_EQ(fetched(client, server.origin() + "/next"), answer(200, "good"));
+
+    EXPECT_EQ(server.connections(), 2);
 }
 
 TEST(HttpClientRepetition, isForEachStepOfARedirectionByItself)
