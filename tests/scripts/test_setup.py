@@ -113,6 +113,25 @@ class Setup(Machine):
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertEqual([call.split()[-1] for call in self.runs("apt-get")], ["util-linux", "update", "util-linux"])
 
+    def test_startsNoWebServer(self):
+        self.bring("systemctl", NOTING)
+        self.files["KNOWN"].write_text("nginx-light\n")
+
+        self.assertEqual(self.set_up("web").returncode, 0)
+
+        around = [call for call in self.calls() if call.startswith(("systemctl", "apt-get")) and "simulate" not in call]
+        self.assertEqual(around[0], "systemctl -q mask nginx.service")
+        self.assertEqual(around[-2:], ["systemctl -q unmask nginx.service", "systemctl -q disable nginx.service"])
+
+    def test_leavesAWebServerAloneThatWasThere(self):
+        self.bring("systemctl", NOTING)
+        self.files["KNOWN"].write_text("nginx-light\n")
+        self.files["INSTALLED"].write_text("nginx-common\n")
+
+        self.assertEqual(self.set_up("web").returncode, 0)
+
+        self.assertFalse([call for call in self.calls() if call.startswith("systemctl")])
+
     def test_asksForAPasswordOnce(self):
         self.set_up()
 
