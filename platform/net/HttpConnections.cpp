@@ -64,6 +64,9 @@ HttpConnections::HttpConnections(HttpSettings settings, std::shared_ptr<size_t> 
 
 HttpConnections::~HttpConnections()
 {
+    // No notifier is in the middle of its signal here, and an event loop that is over would delete none
+    // later.
+    curl_multi_setopt(m_multi, CURLMOPT_SOCKETFUNCTION, nullptr);
     for (const Running &running : m_running) {
         curl_multi_remove_handle(m_multi, running.handle);
         m_spareHandles.push_back(running.handle);
