@@ -20,15 +20,14 @@ HttpClient::HttpClient(HttpSettings settings, QObject *parent)
 
 HttpClient::~HttpClient()
 {
-    m_thread->quit();
-    // What keeps the thread busy must not keep the program from ending, which ends the thread too.
-    if (m_thread->wait(patience)) {
-        delete m_thread;
-        delete m_mailbox; // with what was on its way
-        return;
-    }
     connect(m_thread, &QThread::finished, m_thread, &QObject::deleteLater);
     connect(m_thread, &QThread::finished, m_mailbox, &QObject::deleteLater);
+    m_thread->quit();
+    // What keeps the thread busy must not keep the program from ending, which ends the thread too.
+    if (!m_thread->wait(patience))
+        return;
+    delete m_thread;
+    delete m_mailbox; // with what was on its way
 }
 
 HttpNetwork &HttpClient::network()

@@ -172,10 +172,11 @@ int HttpExchange::aboutToSend(void *exchange, char *, char *, int, int localPort
     if (self.m_wasSent)
         return CURL_PREREQFUNC_ABORT;
     self.m_wasSent = true;
-    // What a server sent before it was asked is no answer; most often, it is a farewell.
-    if (isReusing(self.m_handle) && self.m_sockets->hasUnread(localPort))
-        return CURL_PREREQFUNC_ABORT;
     self.m_connection = TlsWatch::connectionOf(self.m_handle);
+    // What a server sent before it was asked is no answer; most often, it is a farewell.
+    const bool hasUnread = TlsWatch::hasUnread(self.m_connection) || self.m_sockets->hasUnread(localPort);
+    if (hasUnread && isReusing(self.m_handle))
+        return CURL_PREREQFUNC_ABORT;
     self.m_receivedBefore = TlsWatch::received(self.m_connection);
     return CURL_PREREQFUNC_OK;
 }

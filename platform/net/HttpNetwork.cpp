@@ -108,7 +108,12 @@ bool HttpNetwork::giveUp(const QByteArray &origin, const HttpConnections *connec
 
 void HttpNetwork::proceed(const QByteArray &origin)
 {
-    if (HttpConnections *connections = m_servers[origin].connections)
+    HttpConnections *connections = m_servers[origin].connections;
+    if (connections == nullptr)
+        return;
+    if (connections->haveSlept())
+        replace(origin, connections);
+    else
         connections->startNext();
 }
 

@@ -41,8 +41,9 @@ void SocketWatch::watch(CURL *handle)
 
 bool SocketWatch::hasUnread(int localPort) const
 {
-    return std::any_of(m_open.begin(), m_open.end(),
-        [localPort](curl_socket_t socket) { return portOf(socket) == localPort && isReadable(socket); });
+    return localPort != 0 && std::any_of(m_open.begin(), m_open.end(), [localPort](curl_socket_t socket) {
+        return portOf(socket) == localPort && isReadable(socket);
+    });
 }
 
 curl_socket_t SocketWatch::open(void *watch, curlsocktype, curl_sockaddr *address)

@@ -11,7 +11,8 @@ class SocketWatch {
 public:
     /// Watches what `handle` may come to open.
     void watch(CURL *handle);
-    /// Whether something can be read from the socket with that port at this end.
+    /// Whether something can be read from the socket with that port at this end; what the encryption holds is
+    /// not among it.
     bool hasUnread(int localPort) const;
 
 private:

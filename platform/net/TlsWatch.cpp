@@ -45,4 +45,9 @@ qint64 TlsWatch::received(Connection connection)
     return bytes ? static_cast<qint64>(BIO_number_read(bytes)) : 0;
 }
 
+bool TlsWatch::hasUnread(Connection connection)
+{
+    return connection && SSL_has_pending(static_cast<const SSL *>(connection)) == 1;
+}
+
 } // namespace glimmet

@@ -22,6 +22,8 @@ public:
     static Connection connectionOf(CURL *handle);
     /// How much the server ever sent over it, in bytes, encrypted.
     static qint64 received(Connection connection);
+    /// Whether something that came over it is decrypted, or about to be, and not read yet.
+    static bool hasUnread(Connection connection);
     /// Whether the server took leave (close_notify, RFC 8446, 6.1) before it hung up. A body whose length is
     /// not said is whole only then: anyone on the way can cut a connection.
     bool hasTakenLeave(Connection connection) const { return m_goodbyes.contains(connection); }

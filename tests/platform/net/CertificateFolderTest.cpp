@@ -43,6 +43,7 @@ TEST_F(CertificateFolder, isUselessWithOneFileForAll)
     put(QStringLiteral("ca-certificates.crt"));
     put(QStringLiteral("0a1b2c3.0"));
     put(QStringLiteral("0a1b2c3g.0"));
+    put(QStringLiteral("0A1B2C3D.0"));
 
     EXPECT_FALSE(isCertificateFolder(path()));
 }

@@ -138,6 +138,54 @@ TEST(HttpClientKeptConnections, areNotUsedAfterTheMachineSlept)
     EXPECT_EQ(server.connections(), 2);
 }
 
+TEST(HttpClientKeptConnections, giveTheirPlacesUpToWhatIsAskedAfterASleep)
+{
+    const HttpsServer server([](const ReceivedRequest &request) {
+        return ServerAnswer{
+            .body = request.target, .pieces = request.target == "/slow" ? 4 : 1, .pause = 100ms
+        };
+    });
+    std::atomic<std::chrono::milliseconds> asleep{ 0ms };
+    HttpSettings settings = trustingSettings();
+    settings.timeAsleep = [&asleep] { return asleep.load(); };
+    HttpClient client(settings);
+    QObject receiver;
+    int answers = 0;
+    for (int i = 0; i < 9; ++i)
+        client.get({ server.origin() + "/slow" }, &receiver, asItIs, [&](const HttpResult &result) {
+            EXPECT_EQ(result, answer(200, "/slow"));
+            ++answers;
+        });
+    ASSERT_TRUE(QTest::qWaitFor([&server] { return server.requests().size() == 6; }));
+
+    asleep = 1h;
+
+    // Six are out, and three wait.
+    EXPECT_EQ(fetched(client, server.origin() + "/last"), answer(200, "/last"));
+    EXPECT_TRUE(QTest::qWaitFor([&answers] { return answers == 9; }));
+    EXPECT_GT(server.connections(), 6);
+}
+
+TEST(HttpClientTimeOut, leavesKeptConnectionsAloneWhereItWasNoSilence)
+{
+    const HttpsServer server([](const ReceivedRequest &request) {
+        return ServerAnswer{
+            .body = QByteArray(1000, 'a'), .pieces = request.target == "/drip" ? 1000 : 2, .pause = 50ms
+        };
+    });
+    HttpSettings settings = trustingSettings();
+    settings.longestAnswer = 400ms;
+    HttpClient client(settings);
+    const HttpResult whole = answer(200, QByteArray(1000, 'a'));
+    EXPECT_THAT(fetchedAtOnce(client, QList<QByteArray>(2, server.origin() + "/")), Each(whole));
+    ASSERT_EQ(server.connections(), 2);
+
+    EXPECT_EQ(fetched(client, server.origin() + "/drip"), HttpResult(TransportFailure::TimedOut));
+
+    EXPECT_EQ(fetched(client, server.origin() + "/"), whole);
+    EXPECT_EQ(server.connections(), 2);
+}
+
 TEST(HttpClientTimeOut, leavesRequestsInThePlacesOfThoseThatAreStillOut)
 {
     std::atomic<int> asked = 0;

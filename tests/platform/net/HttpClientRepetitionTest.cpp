@@ -2,6 +2,8 @@
 
 #include "tests/support/Printing.h"
 
+#include <QFile>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -91,26 +93,58 @@ TEST(HttpClientRepetition, isNoneAfterSilence)
     EXPECT_EQ(server.requests().size(), 2);
 }
 
-/// The answer to "/kept", and behind it, on the same connection, an answer to nothing.
+/// Answers "/kept" with `length` bytes, and behind that, on the same connection, sends an answer to nothing:
+/// at once or a moment later.
 class TalkativeServer : public HttpsServer {
 public:
-    TalkativeServer()
-        : HttpsServer([](const ReceivedRequest &request) {
-            const QByteArray head = "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n";
-            if (request.target == "/kept")
-                return ServerAnswer{ .pieces = 2, .pause = 50ms, .raw = head + "kept" + head + "evil" };
-            return ServerAnswer{ .body = "good" };
+    TalkativeServer(qsizetype length, int pieces)
+        : HttpsServer([=](const ReceivedRequest &request) {
+            if (request.target != "/kept")
+                return ServerAnswer{ .body = "good" };
+            return ServerAnswer{
+                .pieces = pieces, .pause = 50ms, .raw = answerOf(length) + answerOf(length)
+            };
         })
     {
     }
+
+private:
+    static QByteArray answerOf(qsizetype length)
+    {
+        return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(length) + "\r\n\r\n"
+            + QByteArray(length, 'a');
+    }
 };
+
+TEST(HttpClientRepetition, isInThePlaceOfAnAnswerThatCameTogetherWithTheOneBefore)
+{
+    // Where both are in one record of the encryption, the second is decrypted before it is asked for.
+    for (const qsizetype length : { 4, 4'000, 20'000, 100'000 }) {
+        const TalkativeServer server(length, 1);
+        HttpClient client(trustingSettings());
+        EXPECT_EQ(fetched(client, server.origin() + "/kept"), answer(200, QByteArray(length, 'a')));
+
+        EXPECT_EQ(fetched(client, server.origin() + "/next"), answer(200, "good")) << length;
+    }
+}
+
+/// Whether something came from that port of this machine that is not read yet.
+bool hasArrived(quint16 port)
+{
+    QFile connections(QStringLiteral("/proc/self/net/tcp"));
+    EXPECT_TRUE(connections.open(QIODevice::ReadOnly));
+    // The other end, the state (established), and the bytes to send and to read.
+    const QRegularExpression unread(
+        QStringLiteral(":%1 01 0+:0*[1-9A-F]").arg(port, 4, 16, QLatin1Char('0')).toUpper());
+    return unread.match(QString::fromLatin1(connections.readAll())).hasMatch();
+}
 
 TEST(HttpClientRepetition, isInThePlaceOfAnAnswerThatCameBeforeItsQuestion)
 {
-    const TalkativeServer server;
+    const TalkativeServer server(4, 2);
     HttpClient client(trustingSettings());
-    EXPECT_EQ(fetched(client, server.origin() + "/kept"), answer(200, "kept"));
-    QTest::qWait(150); // for what comes behind it
+    EXPECT_EQ(fetched(client, server.origin() + "/kept"), answer(200, "aaaa"));
+    ASSERT_TRUE(QTest::qWaitFor([&server] { return hasArrived(server.port()); }));
 
     EXPECT_EQ(fetched(client, server.origin() + "/next"), answer(200, "good"));
 
