@@ -27,7 +27,7 @@ class Result(NamedTuple):
     quit_seconds: float | None = None
 
 
-def faults(case, result):
+def faults(case, result, most_memory=MOST_MEMORY):
     """What the program must not do, and did."""
     if result.trouble:
         yield result.trouble
@@ -35,7 +35,7 @@ def faults(case, result):
         yield f"it shows “{result.text}”, not {' or '.join(f'“{text}”' for text in sorted(case.texts))}"
     if not case.least_seconds <= result.seconds <= case.most_seconds:
         yield f"the result took {result.seconds:.1f} s, not {case.least_seconds} to {case.most_seconds} s"
-    if result.peak_kilobytes > MOST_MEMORY:
+    if result.peak_kilobytes > most_memory:
         yield f"it took {result.peak_kilobytes >> 10} MB of private memory, {result.before_kilobytes >> 10} MB before"
     if result.requests > case.most_requests:
         yield f"it asked {result.requests} times, not at most {case.most_requests} times"
