@@ -31,6 +31,7 @@ from gi.repository import GLib
 KINDS = ("strip", "gnome")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
+KEYRING = "org.freedesktop.secrets"
 # Of the machine's services the one that asks for a keyring's password: the keyring has the bus bring it.
 SERVICES = Path("/usr/share/dbus-1/services")
 PROMPTER = "org.gnome.keyring.SystemPrompter.service"
@@ -153,14 +154,23 @@ class VirtualDesktop:
     def has_session_bus(self):
         return self._session_bus.poll() is None
 
+    def start_keyring(self):
+        """Starts the keyring, unlocked."""
+        self._keyring = self.start("keyring", [
+            "gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets"], stdin=subprocess.PIPE)
+        self._keyring.stdin.write(b"password")
+        self._keyring.stdin.close()
+        wait_for(lambda: self.bus.owner(KEYRING), 15, KEYRING)
+
+    def has_keyring_failed(self):
+        """Whether the keyring found fault with itself, at which it stops itself as a debugger would."""
+        return self._keyring.poll() == -signal.SIGTRAP
+
     def _start_services(self):
-        keyring = self.start("keyring", ["gnome-keyring-daemon", "--foreground", "--unlock", "--components=secrets"],
-                             stdin=subprocess.PIPE)
-        keyring.stdin.write(b"password")
-        keyring.stdin.close()
+        self.start_keyring()
         self.start("accessibility", ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
         self.start("portal", [sys.executable, settings_portal.__file__])
-        for name in ("org.freedesktop.secrets", "org.a11y.Bus", settings_portal.NAME):
+        for name in ("org.a11y.Bus", settings_portal.NAME):
             wait_for(lambda: self.bus.owner(name), 15, name)
 
     def _start_window_manager(self):

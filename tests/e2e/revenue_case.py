@@ -31,6 +31,19 @@ class RevenueCase(DesktopCase):
         subprocess.run([MAKE_CERTIFICATES, cls.certificates, *hosts], check=True)
         cls.network = OwnNetwork(cls.desktop, hosts, cls.certificates / "authority.pem", cls.addresses)
 
+    def run(self, result=None):
+        """gnome-keyring 42 ends itself once in a while, frozen or with a dialog up. What comes of a test then says
+        nothing about the program: the test is run once more, with another keyring."""
+        errors, failures = len(result.errors), len(result.failures)
+        super().run(result)
+        if len(result.errors) + len(result.failures) == errors + failures or not self.desktop.has_keyring_failed():
+            return
+        print(f"{self.id()}: the keyring ended itself; once more")
+        del result.errors[errors:], result.failures[failures:]
+        self.desktop.start_keyring()
+        type(self).keyring = Keyring(self.desktop)
+        super().run(result)
+
     def setUp(self):
         super().setUp()
         self.keyring.clear()
