@@ -1,17 +1,20 @@
 #include "platform/net/ProxyLookup.h"
 
+#include <proxy.h>
+
 namespace glimmet {
 
 void ProxyLookup::find(int number, const QByteArray &address)
 {
     if (!m_factory)
-        m_factory.reset(px_proxy_factory_new());
+        m_factory = std::shared_ptr<pxProxyFactory>(px_proxy_factory_new(), px_proxy_factory_free);
     emit found(number, firstProxy(address));
 }
 
 QByteArray ProxyLookup::firstProxy(const QByteArray &address)
 {
-    char **proxies = px_proxy_factory_get_proxies(m_factory.get(), address.constData());
+    auto *factory = static_cast<pxProxyFactory *>(m_factory.get());
+    char **proxies = px_proxy_factory_get_proxies(factory, address.constData());
     if (proxies == nullptr)
         return {};
     // The others are for where the first fails, which the user is told instead.

@@ -4,7 +4,6 @@
 #include <QObject>
 
 #include <memory>
-#include <proxy.h>
 
 namespace glimmet {
 
@@ -21,13 +20,9 @@ signals:
     void found(int number, const QByteArray &proxy);
 
 private:
-    struct FactoryDeleter {
-        void operator()(pxProxyFactory *factory) const { px_proxy_factory_free(factory); }
-    };
-
     QByteArray firstProxy(const QByteArray &address);
 
-    std::unique_ptr<pxProxyFactory, FactoryDeleter> m_factory;
+    std::shared_ptr<void> m_factory; ///< libproxy's, whose header is elsewhere on each system
 };
 
 /// What libproxy calls `proxy`, as curl calls it: one of SOCKS looks the names up itself. Empty for
