@@ -1,5 +1,7 @@
 #include "platform/RepeatingTimer.h"
 
+#include "platform/SecondTimer.h"
+
 #include <QTimer>
 
 namespace glimmet {
@@ -30,6 +32,11 @@ std::unique_ptr<RepeatingTimer> EventLoopTimers::repeating(
     std::chrono::milliseconds interval, std::function<void()> fired)
 {
     return std::make_unique<EventLoopTimer>(interval, std::move(fired));
+}
+
+std::unique_ptr<RepeatingTimer> EventLoopTimers::everySecond(std::function<void()> fired)
+{
+    return std::make_unique<SecondTimer>(*this, m_clock, std::move(fired));
 }
 
 } // namespace glimmet

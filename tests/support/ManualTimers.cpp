@@ -35,6 +35,11 @@ std::unique_ptr<RepeatingTimer> ManualTimers::repeating(
     return timer;
 }
 
+std::unique_ptr<RepeatingTimer> ManualTimers::everySecond(std::function<void()> fired)
+{
+    return repeating(std::chrono::seconds(1), std::move(fired));
+}
+
 void ManualTimers::advance(std::chrono::milliseconds duration)
 {
     const auto end = m_elapsed + duration;

@@ -18,6 +18,8 @@ public:
 
     std::unique_ptr<RepeatingTimer> repeating(
         std::chrono::milliseconds interval, std::function<void()> fired) override;
+    /// Each second that passes from now on, wherever the clock is within its own.
+    std::unique_ptr<RepeatingTimer> everySecond(std::function<void()> fired) override;
 
     void advance(std::chrono::milliseconds duration);
     /// The intervals of the timers that run, in the order of their making.
