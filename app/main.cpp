@@ -91,7 +91,7 @@ int run(DiagnosticLog &log, Restart &restart)
     const SystemClock clock;
     const SystemSteadyClock steadyClock;
     const SystemRegion region;
-    JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath());
+    JsonPreferencesStore preferences(JsonPreferencesStore::defaultPath(), timers, log);
     KeychainHelper keys(bus, timers, steadyClock);
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);

@@ -1,5 +1,7 @@
 #include "core/PreferencesKeys.h"
+#include "platform/DiagnosticLog.h"
 #include "platform/JsonPreferencesStore.h"
+#include "platform/RepeatingTimer.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -22,7 +24,9 @@ QStringList quotes(qint64 count)
 void changedListIntoTheStore(benchmark::State &state)
 {
     const QTemporaryDir folder;
-    JsonPreferencesStore store(folder.filePath(QStringLiteral("preferences.json")));
+    EventLoopTimers timers;
+    DiagnosticLog log;
+    JsonPreferencesStore store(folder.filePath(QStringLiteral("preferences.json")), timers, log);
     const QStringList even = quotes(state.range(0));
     const QStringList odd = quotes(state.range(0) + 1);
     bool isOdd = false;
@@ -36,7 +40,9 @@ BENCHMARK(changedListIntoTheStore)->Arg(10)->Arg(1000);
 void equalListIntoTheStore(benchmark::State &state)
 {
     const QTemporaryDir folder;
-    JsonPreferencesStore store(folder.filePath(QStringLiteral("preferences.json")));
+    EventLoopTimers timers;
+    DiagnosticLog log;
+    JsonPreferencesStore store(folder.filePath(QStringLiteral("preferences.json")), timers, log);
     const QStringList list = quotes(state.range(0));
     for (auto _ : state)
         benchmark::DoNotOptimize(store.setStringList(PreferencesKeys::quotes, list));
@@ -61,7 +67,9 @@ BENCHMARK(changedListIntoQSettings)->Arg(10)->Arg(1000);
 void listOutOfTheStore(benchmark::State &state)
 {
     const QTemporaryDir folder;
-    JsonPreferencesStore store(folder.filePath(QStringLiteral("preferences.json")));
+    EventLoopTimers timers;
+    DiagnosticLog log;
+    JsonPreferencesStore store(folder.filePath(QStringLiteral("preferences.json")), timers, log);
     store.setStringList(PreferencesKeys::quotes, quotes(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(store.stringList(PreferencesKeys::quotes));

@@ -1,6 +1,7 @@
 #include "core/Deadline.h"
 
 #include "platform/CheckedInteger.h"
+#include "platform/StoredJson.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -81,7 +82,7 @@ std::optional<QByteArray> deadlinesToJson(const QList<Deadline> &deadlines)
 
 std::optional<QList<Deadline>> deadlinesFromJson(const QByteArray &json)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(json);
+    const QJsonDocument document = documentOf(json);
     if (!document.isArray())
         return std::nullopt;
     QList<Deadline> deadlines;

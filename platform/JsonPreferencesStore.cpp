@@ -1,47 +1,33 @@
 #include "platform/JsonPreferencesStore.h"
 
+#include "platform/ConfigFolder.h"
+#include "platform/DiagnosticLog.h"
 #include "platform/FileReplacement.h"
 #include "platform/FolderLock.h"
+#include "platform/PreferencesFile.h"
+#include "platform/RepeatingTimer.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QStandardPaths>
 
 #include <algorithm>
 
 namespace glimmet {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-/// `unavailable` may hold good values, which this moment does not give (too many open files, a failing disk).
-enum class FileState { absent, readable, unreadable, unavailable };
+constexpr std::chrono::milliseconds patienceWithOthers = 1s;
+// What runs beside the user's work does not hold it up: one look at the lock.
+constexpr std::chrono::milliseconds noPatience = 0ms;
+constexpr std::chrono::milliseconds betweenTries = 10s;
 
-struct FileContent {
-    FileState state = FileState::absent;
-    QJsonObject values;
-};
-
-FileContent readFile(const QString &path)
-{
-    const QFileInfo info(path);
-    if (!info.exists()) // Nor is there anything behind a link whose target is still to be written.
-        return {};
-    QFile file(path);
-    // Anything but a regular file is not opened: a pipe would never end.
-    if (!info.isFile())
-        return { FileState::unreadable, {} };
-    if (!file.open(QIODevice::ReadOnly))
-        return { file.error() == QFile::ResourceError ? FileState::unavailable : FileState::unreadable, {} };
-    const QByteArray content = file.readAll();
-    if (file.error() != QFile::NoError)
-        return { FileState::unavailable, {} };
-    const QJsonDocument document = QJsonDocument::fromJson(content);
-    if (!document.isObject())
-        return { FileState::unreadable, {} };
-    return { FileState::readable, document.object() };
-}
+const QString waits = QStringLiteral("settings: not saved yet, trying again");
+const QString nothingWaits = QStringLiteral("settings: nothing left to save");
+const QString isLost = QStringLiteral("settings: could not be saved");
 
 QStringList stringsOf(const QJsonArray &array)
 {
@@ -59,15 +45,24 @@ bool holdsOnlyStrings(const QJsonArray &array)
 
 } // namespace
 
-JsonPreferencesStore::JsonPreferencesStore(QString path)
+JsonPreferencesStore::JsonPreferencesStore(QString path, Timers &timers, DiagnosticLog &log)
     : m_path(std::move(path))
+    , m_timers(timers)
+    , m_log(log)
 {
+}
+
+JsonPreferencesStore::~JsonPreferencesStore()
+{
+    if (m_waiting.empty())
+        return;
+    writeWaiting(patienceWithOthers, {});
+    m_log.line(m_waiting.empty() ? nothingWaits : isLost);
 }
 
 QString JsonPreferencesStore::defaultPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/me.kerno.glimmet/preferences.json");
+    return configFolder() + QStringLiteral("/me.kerno.glimmet/preferences.json");
 }
 
 std::optional<QStringList> JsonPreferencesStore::stringList(const QString &key) const
@@ -103,28 +98,87 @@ bool JsonPreferencesStore::setData(const QString &key, const QByteArray &value)
 
 QJsonValue JsonPreferencesStore::value(const QString &key) const
 {
-    return readFile(m_path).values.value(key);
+    const auto waiting = m_waiting.find(key);
+    return waiting != m_waiting.end() ? waiting->second : readPreferencesFile(m_path).values.value(key);
 }
 
 bool JsonPreferencesStore::setValue(const QString &key, const QJsonValue &value)
 {
+    m_waiting.insert_or_assign(key, value);
+    writeWaiting(patienceWithOthers, key);
+    tryAgainWhileAnyWaits();
+    return !m_waiting.contains(key);
+}
+
+void JsonPreferencesStore::writeWaiting(std::chrono::milliseconds patience, const QString &justSet)
+{
+    using State = PreferencesFile::State;
     const QString folder = QFileInfo(m_path).path();
-    if (!QDir().mkpath(folder))
-        return false;
-    const FolderLock lock(folder);
-    if (!lock.isHeld())
-        return false;
-    FileContent content = readFile(m_path);
-    // What is stored already costs no write: a start-up that assigns what it loaded leaves the disk in peace.
-    if (content.state == FileState::readable && content.values.value(key) == value)
-        return true;
-    if (content.state == FileState::unavailable)
-        return false;
-    if (content.state == FileState::unreadable && !setAside(m_path))
-        return false;
-    content.values.insert(key, value);
+    QDir().mkpath(folder);
+    const FolderLock lock(folder, patience);
+    const PreferencesFile file = readPreferencesFile(m_path);
+    if (file.state == State::readable)
+        dropWhatNeedsNoWrite(file.values, justSet);
+    if (m_waiting.empty() || !lock.isHeld() || file.state == State::unavailable)
+        return;
+    if (file.state == State::unreadable && !setAside(m_path))
+        return;
     removeReplacementLeftovers(m_path);
-    return replaceFile(m_path, QJsonDocument(content.values).toJson());
+    writeInto(file.values);
+}
+
+void JsonPreferencesStore::dropWhatNeedsNoWrite(const QJsonObject &stored, const QString &justSet)
+{
+    // What is stored already costs no write: a start-up that assigns what it loaded leaves the disk in peace.
+    // And where a folder comes late, the start-up assigned what stands in for the user's lists in it.
+    std::erase_if(m_waiting, [&](const auto &waiting) {
+        const auto &[key, value] = waiting;
+        const bool givesWay = !m_knowsFile && key != justSet && stored.contains(key);
+        return givesWay || stored.value(key) == value;
+    });
+    m_knowsFile = true;
+}
+
+void JsonPreferencesStore::writeInto(QJsonObject stored)
+{
+    QJsonObject all = stored;
+    for (const auto &[key, value] : m_waiting)
+        all.insert(key, value);
+    if (replaceBy(all))
+        m_waiting.clear();
+    if (m_waiting.size() < 2)
+        return;
+    // A value for which there is room is not kept out by one for which there is none.
+    std::erase_if(m_waiting, [&](const auto &waiting) {
+        QJsonObject more = stored;
+        more.insert(waiting.first, waiting.second);
+        const bool isWritten = replaceBy(more);
+        if (isWritten)
+            stored = more;
+        return isWritten;
+    });
+}
+
+bool JsonPreferencesStore::replaceBy(const QJsonObject &values)
+{
+    const bool isReplaced = replaceFile(m_path, QJsonDocument(values).toJson());
+    m_knowsFile |= isReplaced;
+    return isReplaced;
+}
+
+void JsonPreferencesStore::tryAgainWhileAnyWaits()
+{
+    if (m_waiting.empty() == (m_timer == nullptr))
+        return;
+    m_log.line(m_waiting.empty() ? nothingWaits : waits);
+    if (m_waiting.empty()) {
+        m_timer.reset();
+        return;
+    }
+    m_timer = m_timers.repeating(betweenTries, [this] {
+        writeWaiting(noPatience, {});
+        tryAgainWhileAnyWaits();
+    });
 }
 
 } // namespace glimmet

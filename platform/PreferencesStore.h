@@ -19,7 +19,8 @@ public:
     /// The bytes under `key`.
     virtual std::optional<QByteArray> data(const QString &key) const = 0;
 
-    /// Replace the value under `key`. False where it could not be stored; the old value is then still there.
+    /// Replace the value under `key`. False where it could not be stored yet: the store then keeps it, gives
+    /// it to who reads the key, and goes on trying.
     virtual bool setStringList(const QString &key, const QStringList &value) = 0;
     virtual bool setData(const QString &key, const QByteArray &value) = 0;
 };

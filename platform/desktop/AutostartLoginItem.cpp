@@ -1,5 +1,6 @@
 #include "platform/desktop/AutostartLoginItem.h"
 
+#include "platform/ConfigFolder.h"
 #include "platform/FileReplacement.h"
 #include "platform/ProgramName.h"
 #include "platform/desktop/AutostartEntry.h"
@@ -41,8 +42,7 @@ AutostartLoginItem::AutostartLoginItem(const QString &folder, QString executable
 
 QString AutostartLoginItem::defaultFolder()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/autostart");
+    return configFolder() + QStringLiteral("/autostart");
 }
 
 LoginItemStatus AutostartLoginItem::status() const

@@ -1,5 +1,5 @@
-#include "platform/JsonPreferencesStore.h"
 #include "tests/platform/TestFolder.h"
+#include "tests/platform/TestPreferences.h"
 #include "tests/support/Printing.h"
 
 #include <gmock/gmock.h>
@@ -30,7 +30,8 @@ protected:
     void put(const QByteArray &content) { ASSERT_TRUE(putFile(folder.file(), content)); }
 
     TestFolder folder;
-    JsonPreferencesStore store{ folder.file() };
+    TestPreferences preferences{ folder.file() };
+    JsonPreferencesStore &store = preferences.store;
 };
 
 TEST_F(JsonPreferencesFile, liesInTheUsersConfigurationFolder)
@@ -171,17 +172,17 @@ TEST_F(JsonPreferencesFile, losesWhatAKilledWriterLeftAndNothingElse)
 TEST_F(JsonPreferencesFile, cannotBeMadeBelowAFile)
 {
     ASSERT_TRUE(putFile(folder.path() + u"/blocker"_s, "mine"));
-    JsonPreferencesStore below(folder.path() + u"/blocker/preferences.json"_s);
+    TestPreferences below(folder.path() + u"/blocker/preferences.json"_s);
 
-    EXPECT_FALSE(below.setStringList(key, { u"a"_s }));
-    EXPECT_EQ(below.stringList(key), std::nullopt);
+    EXPECT_FALSE(below.store.setStringList(key, { u"a"_s }));
     EXPECT_EQ(contentOf(folder.path() + u"/blocker"_s), "mine");
 }
 
 class JsonPreferencesWrongType : public testing::TestWithParam<const char *> {
 protected:
     TestFolder folder;
-    JsonPreferencesStore store{ folder.file() };
+    TestPreferences preferences{ folder.file() };
+    JsonPreferencesStore &store = preferences.store;
 };
 
 TEST_P(JsonPreferencesWrongType, readsAsAbsent)

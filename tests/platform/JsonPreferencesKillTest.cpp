@@ -1,6 +1,6 @@
-#include "platform/JsonPreferencesStore.h"
 #include "tests/platform/ChildProcess.h"
 #include "tests/platform/TestFolder.h"
+#include "tests/platform/TestPreferences.h"
 #include "tests/support/Printing.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +33,8 @@ bool isOneOfTheLists(const QStringList &list)
 /// Writes one list after the other until it is killed, and says so once it has written the first.
 int writeForEver(const QString &path, int readyDescriptor)
 {
-    JsonPreferencesStore store(path);
+    TestPreferences preferences(path);
+    JsonPreferencesStore &store = preferences.store;
     for (int number = 0;; ++number) {
         if (!store.setStringList(key, listOf(number)))
             return 1;
@@ -45,7 +46,8 @@ int writeForEver(const QString &path, int readyDescriptor)
 TEST(JsonPreferencesKill, leavesTheFileWholeAtAnyMoment)
 {
     const TestFolder folder;
-    JsonPreferencesStore store(folder.file());
+    TestPreferences preferences(folder.file());
+    JsonPreferencesStore &store = preferences.store;
     ASSERT_TRUE(store.setStringList(otherKey, { u"AAPL"_s }));
     std::mt19937 random(20260504); // The same moments in every run.
     std::uniform_int_distribution<int> microseconds(0, 6000);
@@ -71,7 +73,8 @@ TEST(JsonPreferencesKill, leavesTheFileWholeAtAnyMoment)
 /// Writes `count` keys that begin with `prefix`.
 int writeKeys(const QString &path, const QString &prefix, int count)
 {
-    JsonPreferencesStore store(path);
+    TestPreferences preferences(path);
+    JsonPreferencesStore &store = preferences.store;
     for (int number = 0; number < count; ++number) {
         if (!store.setStringList(prefix + QString::number(number), { prefix }))
             return 1;
@@ -89,7 +92,8 @@ TEST(JsonPreferencesTwoPrograms, loseNothingWhenTheyWriteAtOnce)
     EXPECT_EQ(one.wait(), 0);
     EXPECT_EQ(two.wait(), 0);
 
-    const JsonPreferencesStore store(folder.file());
+    TestPreferences preferences(folder.file());
+    const JsonPreferencesStore &store = preferences.store;
     for (const QString &prefix : { u"one"_s, u"two"_s }) {
         for (int number = 0; number < count; ++number)
             EXPECT_EQ(store.stringList(prefix + QString::number(number)), QStringList{ prefix });
@@ -99,7 +103,8 @@ TEST(JsonPreferencesTwoPrograms, loseNothingWhenTheyWriteAtOnce)
 TEST(JsonPreferencesTwoPrograms, neverShowAReaderHalfAFile)
 {
     const TestFolder folder;
-    const JsonPreferencesStore reader(folder.file());
+    TestPreferences preferences(folder.file());
+    const JsonPreferencesStore &reader = preferences.store;
     Pipe ready;
     const ChildProcess writer([&] { return writeForEver(folder.file(), ready.writer()); });
     char mark = 0;

@@ -1,12 +1,11 @@
-#include "platform/JsonPreferencesStore.h"
+#include "tests/platform/FewFiles.h"
 #include "tests/platform/TestFolder.h"
+#include "tests/platform/TestPreferences.h"
 #include "tests/support/Printing.h"
 
 #include <gmock/gmock.h>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace glimmet {
 namespace {
@@ -30,7 +29,8 @@ protected:
     }
 
     TestFolder folder;
-    JsonPreferencesStore store{ folder.file() };
+    TestPreferences preferences{ folder.file() };
+    JsonPreferencesStore &store = preferences.store;
 };
 
 struct Damage {
@@ -136,31 +136,12 @@ TEST_F(JsonPreferencesRepair, setsALinkToAnUnreadableFileAsideAndLeavesTheFile)
     EXPECT_EQ(contentOf(setAside().first()), "damaged");
 }
 
-/// Allows the process one more open file while it lives.
-class OneMoreFile {
-public:
-    OneMoreFile()
-    {
-        getrlimit(RLIMIT_NOFILE, &m_before);
-        const int next = dup(STDERR_FILENO);
-        close(next);
-        rlimit tight = m_before;
-        tight.rlim_cur = static_cast<rlim_t>(next) + 1;
-        setrlimit(RLIMIT_NOFILE, &tight);
-    }
-    ~OneMoreFile() { setrlimit(RLIMIT_NOFILE, &m_before); }
-    Q_DISABLE_COPY_MOVE(OneMoreFile)
-
-private:
-    rlimit m_before{};
-};
-
 TEST_F(JsonPreferencesRepair, leavesAGoodFileAloneThatCannotBeOpenedNow)
 {
     ASSERT_TRUE(store.setStringList(key, { u"a"_s }));
     const QByteArray before = contentOf(folder.file());
     {
-        const OneMoreFile forTheLock;
+        const FewFiles onlyTheLock(1);
         EXPECT_FALSE(store.setStringList(key, { u"b"_s }));
     }
 

@@ -1,5 +1,5 @@
-#include "platform/JsonPreferencesStore.h"
 #include "tests/platform/TestFolder.h"
+#include "tests/platform/TestPreferences.h"
 #include "tests/support/MemoryPreferences.h"
 #include "tests/support/Printing.h"
 
@@ -18,11 +18,11 @@ const QString otherKey = u"glimmet.cryptoSymbols"_s;
 /// The store in a file, in a folder that does not exist yet.
 class FileStore {
 public:
-    PreferencesStore &store() { return m_store; }
+    PreferencesStore &store() { return m_preferences.store; }
 
 private:
     TestFolder m_folder;
-    JsonPreferencesStore m_store{ m_folder.path() + u"/a/b/preferences.json"_s };
+    TestPreferences m_preferences{ m_folder.path() + u"/a/b/preferences.json"_s };
 };
 
 class MemoryStore {
