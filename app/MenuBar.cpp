@@ -38,7 +38,7 @@ void MenuBar::setText(const QString &text)
     if (text == m_rawText)
         return;
     m_rawText = text;
-    const QString line = hostText(text);
+    const QString line = hasInk(text) ? hostText(text) : QStringLiteral("glimmet");
     for (const auto &host : m_hosts)
         host->setText(line);
 }

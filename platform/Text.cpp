@@ -56,6 +56,11 @@ QString trimmedBlanks(const QString &text)
     return text.sliced(first, last - first);
 }
 
+bool isAllBlank(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), isBlank);
+}
+
 QString oneDecimal(double value)
 {
     std::array<char, 320> digits; // The largest double has 309 before its point.

@@ -32,5 +32,20 @@ TEST(HostText, replacesANullCharacterInsideTheText)
     EXPECT_EQ(hostText(QString(QStringLiteral("a") + QChar(0) + QStringLiteral("b"))), QStringLiteral("a b"));
 }
 
+TEST(HostText, hasInkWhereThereIsSomethingToSee)
+{
+    for (const char16_t *text :
+        { u"a", u" . ", u"\uFEFFa", u"⚡️", u"👩‍💻", u"\u0301", u"\u00A9", u"한" })
+        EXPECT_TRUE(hasInk(QString::fromUtf16(text))) << QString::fromUtf16(text).toStdString();
+}
+
+TEST(HostText, hasNoInkInBlanksAndInWhatShowsNothing)
+{
+    for (const char16_t *text : { u"", u" ", u"\t\n", u"\uFEFF", u"\u200B\u200D", u"\u00A0\u3000", u"\u2028",
+             u"\u2800", u"\u3164", u"\uFE0F", u"\U000E0101", u"\u202E", u"\U000E0020" })
+        EXPECT_FALSE(hasInk(QString::fromUtf16(text)))
+            << QString::fromUtf16(text).toUtf8().toPercentEncoding().toStdString();
+}
+
 } // namespace
 } // namespace glimmet
