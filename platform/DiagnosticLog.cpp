@@ -1,22 +1,29 @@
 #include "platform/DiagnosticLog.h"
 
+#include <QByteArrayView>
 #include <QMutex>
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace glimmet {
 namespace {
 
 QMutex lineMutex;
+
+/// Where the journal takes lines (sd_journal_stream_fd(3)).
+constexpr QByteArrayView journalSocket = "/run/systemd/journal/stdout";
 
 /// Controls (C0, DEL and C1), also those that only move the cursor, such as tabs and carriage returns.
 bool isControl(QChar character)
@@ -46,6 +53,34 @@ QString harmless(QString text, QChar kept)
 QByteArray inOneLine(const QString &text)
 {
     return harmless(text, u'\t').toUtf8();
+}
+
+/// Whether `descriptor` is what the service manager says that it connected to the journal (systemd.exec(5),
+/// JOURNAL_STREAM). What a terminal or file took its place meanwhile is another device or inode.
+bool isNamedAsJournal(int descriptor)
+{
+    struct stat info{};
+    return fstat(descriptor, &info) == 0
+        && qgetenv("JOURNAL_STREAM")
+        == QByteArray::number(info.st_dev) + ':' + QByteArray::number(info.st_ino);
+}
+
+/// Whether the journal is at the other end. Shells of desktops give each program a stream of its own, of
+/// which the variable, which they inherited, does not know.
+bool leadsToJournal(int descriptor)
+{
+    sockaddr_un peer{};
+    socklen_t size = sizeof peer;
+    if (getpeername(descriptor, reinterpret_cast<sockaddr *>(&peer), &size) != 0
+        || peer.sun_family != AF_UNIX)
+        return false;
+    const auto length = std::min(size_t(size) - offsetof(sockaddr_un, sun_path), sizeof peer.sun_path);
+    return QByteArrayView(peer.sun_path, qsizetype(strnlen(peer.sun_path, length))) == journalSocket;
+}
+
+bool isJournal(int descriptor)
+{
+    return isNamedAsJournal(descriptor) || leadsToJournal(descriptor);
 }
 
 bool isPipeOrTerminal(int descriptor)
@@ -94,6 +129,7 @@ ssize_t writeWhileReady(int descriptor, const QByteArray &bytes)
 
 DiagnosticLog::DiagnosticLog(int descriptor)
     : m_descriptor(descriptor)
+    , m_isJournal(isJournal(descriptor))
 {
     std::signal(SIGPIPE, SIG_IGN);
     // A closed descriptor's number goes to the next thing that is opened, which wants no diagnostics in it.
@@ -125,8 +161,16 @@ void DiagnosticLog::plainLine(const QString &message)
     write(inOneLine(message) + '\n');
 }
 
-void DiagnosticLog::text(const QString &title, const QString &text)
+void DiagnosticLog::privateLine(const QString &message)
 {
+    if (!m_isJournal)
+        line(message);
+}
+
+void DiagnosticLog::privateText(const QString &title, const QString &text)
+{
+    if (m_isJournal)
+        return;
     write("[glimmet] " + inOneLine(title) + '\n' + harmless(text, u'\n').toUtf8() + '\n');
 }
 

@@ -6,7 +6,7 @@ namespace glimmet {
 
 bool ApiKey::isBlank() const
 {
-    return trimmedBlanks(m_key).isEmpty();
+    return isAllBlank(*m_key);
 }
 
 } // namespace glimmet

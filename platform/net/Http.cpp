@@ -22,9 +22,8 @@ bool isTokenCharacter(char character)
 bool isSendableHeader(const std::pair<QByteArray, QByteArray> &header)
 {
     const auto &[name, value] = header;
-    const auto breaksTheLine = [](char c) { return c == '\r' || c == '\n' || c == '\0'; };
     return !name.isEmpty() && std::all_of(name.begin(), name.end(), isTokenCharacter)
-        && std::none_of(value.begin(), value.end(), breaksTheLine);
+        && isSendableValue(value);
 }
 
 } // namespace
@@ -37,6 +36,7 @@ QString describe(TransportFailure failure)
     case TransportFailure::InvalidHeader:
         return QStringLiteral("key cannot be sent");
     case TransportFailure::TimedOut:
+    case TransportFailure::ConnectingTimedOut:
         return QStringLiteral("the request timed out");
     case TransportFailure::ServerNotFound:
         return QStringLiteral("the server cannot be found");
@@ -49,9 +49,31 @@ QString describe(TransportFailure failure)
     case TransportFailure::ServerNotTrusted:
         return QStringLiteral("the server's identity cannot be verified");
     case TransportFailure::ProxyFailed:
+    case TransportFailure::ProxyNotReached:
         return QStringLiteral("the proxy cannot be used");
     case TransportFailure::Failed:
         return QStringLiteral("the request failed");
+    }
+    Q_UNREACHABLE();
+}
+
+bool lacksNetwork(TransportFailure failure)
+{
+    switch (failure) {
+    case TransportFailure::ConnectingTimedOut:
+    case TransportFailure::ServerNotFound:
+    case TransportFailure::CannotConnect:
+    case TransportFailure::ProxyNotReached:
+        return true;
+    case TransportFailure::InvalidAddress:
+    case TransportFailure::InvalidHeader:
+    case TransportFailure::TimedOut:
+    case TransportFailure::ConnectionLost:
+    case TransportFailure::NotSecure:
+    case TransportFailure::ServerNotTrusted:
+    case TransportFailure::ProxyFailed:
+    case TransportFailure::Failed:
+        return false;
     }
     Q_UNREACHABLE();
 }
@@ -62,6 +84,12 @@ bool isSendableAddress(const QByteArray &address)
         return false;
     const QUrl url = QUrl::fromEncoded(address, QUrl::StrictMode);
     return url.isValid() && url.scheme() == u"https" && !url.host().isEmpty() && url.userInfo().isEmpty();
+}
+
+bool isSendableValue(const QByteArray &value)
+{
+    const auto breaksTheLine = [](char c) { return c == '\r' || c == '\n' || c == '\0'; };
+    return std::none_of(value.begin(), value.end(), breaksTheLine);
 }
 
 bool areSendableHeaders(const QList<std::pair<QByteArray, QByteArray>> &headers)

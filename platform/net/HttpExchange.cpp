@@ -4,6 +4,8 @@
 #include "platform/net/HttpFailures.h"
 #include "platform/net/HttpRedirection.h"
 
+#include <cstring>
+
 namespace glimmet {
 namespace {
 
@@ -27,6 +29,10 @@ curl_slist *headerLines(const HttpRequest &request)
 {
     // Asked for by name, it is not unpacked by curl (see HttpBody).
     curl_slist *lines = curl_slist_append(nullptr, "Accept-Encoding: gzip");
+    if (!request.authorization->isEmpty()) {
+        const SecretBytes line("Authorization: " + *request.authorization);
+        lines = curl_slist_append(lines, line->constData());
+    }
     for (const auto &[name, value] : request.headers)
         lines = curl_slist_append(lines, headerLine(name, value).constData());
     return lines;
@@ -81,6 +87,13 @@ void setProxy(CURL *handle, const QByteArray &proxy)
 }
 
 } // namespace
+
+void HttpExchange::ListDeleter::operator()(curl_slist *list) const
+{
+    for (const curl_slist *line = list; line != nullptr; line = line->next)
+        explicit_bzero(line->data, std::strlen(line->data)); // One of them has the key in it.
+    curl_slist_free_all(list);
+}
 
 HttpExchange::HttpExchange(HttpSettings settings, HttpRequest request, Finished finished)
     : m_settings(std::move(settings))
@@ -249,8 +262,10 @@ HttpResult HttpExchange::result(CURLcode code) const
 {
     if (m_isRefused)
         return TransportFailure::ConnectionLost;
-    if (code != CURLE_OK)
-        return transportFailure(m_handle, code, { m_errorText.data(), m_usesProxy });
+    if (code != CURLE_OK) {
+        const bool hasConnected = m_wasSent || m_tls->hasBegun(m_handle);
+        return transportFailure(m_handle, code, { m_errorText.data(), m_usesProxy, hasConnected });
+    }
     if (!isWhole())
         return TransportFailure::ConnectionLost;
     return HttpAnswer{ m_head.status(), m_body ? m_body->bytes() : QByteArray() };

@@ -74,7 +74,7 @@ private:
     Moment m_lastProgress;
 
     struct ListDeleter {
-        void operator()(curl_slist *list) const { curl_slist_free_all(list); }
+        void operator()(curl_slist *list) const;
     };
     QUrl m_url;
     std::unique_ptr<curl_slist, ListDeleter> m_headers;

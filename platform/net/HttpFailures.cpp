@@ -45,18 +45,19 @@ TransportFailure transportFailure(CURL *handle, CURLcode code, const TransferTra
         return TransportFailure::ConnectionLost;
     switch (code) {
     case CURLE_OPERATION_TIMEDOUT:
-        return TransportFailure::TimedOut;
+        return trace.hasConnected ? TransportFailure::TimedOut : TransportFailure::ConnectingTimedOut;
     case CURLE_URL_MALFORMAT:
         return TransportFailure::InvalidAddress;
     case CURLE_COULDNT_RESOLVE_HOST:
         return TransportFailure::ServerNotFound;
     case CURLE_COULDNT_RESOLVE_PROXY:
+        return TransportFailure::ProxyNotReached;
     case CURLE_PROXY:
         return TransportFailure::ProxyFailed;
     case CURLE_COULDNT_CONNECT:
         if (trace.usesProxy)
-            return TransportFailure::ProxyFailed;
-        return hasTimedOut(handle) ? TransportFailure::TimedOut : TransportFailure::CannotConnect;
+            return TransportFailure::ProxyNotReached;
+        return hasTimedOut(handle) ? TransportFailure::ConnectingTimedOut : TransportFailure::CannotConnect;
     case CURLE_SSL_CONNECT_ERROR:
         return isHangUp(trace.errorText) ? TransportFailure::ConnectionLost : TransportFailure::NotSecure;
     case CURLE_SSL_CIPHER:

@@ -10,6 +10,7 @@ namespace glimmet {
 struct TransferTrace {
     const char *errorText = ""; ///< curl's, in English
     bool usesProxy = false;
+    bool hasConnected = false; ///< to the server
 };
 
 /// Why the transfer over `handle` failed with `code`, which is not CURLE_OK.

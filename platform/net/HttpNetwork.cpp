@@ -33,7 +33,7 @@ void HttpNetwork::send(const HttpRequest &request, const HttpExchange::Finished 
 {
     if (!isSendableAddress(request.address))
         return finished(TransportFailure::InvalidAddress);
-    if (!areSendableHeaders(request.headers))
+    if (!isSendableValue(*request.authorization) || !areSendableHeaders(request.headers))
         return finished(TransportFailure::InvalidHeader);
     auto exchange = std::make_unique<HttpExchange>(m_settings, request, finished);
     const QByteArray origin = exchange->origin();

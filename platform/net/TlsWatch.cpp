@@ -15,8 +15,9 @@ void TlsWatch::noteEvent(const SSL *connection, int event, int value)
         goodbyes.insert(connection);
 }
 
-CURLcode TlsWatch::watchEvents(CURL *, void *context, void *watch)
+CURLcode TlsWatch::watchEvents(CURL *handle, void *context, void *watch)
 {
+    static_cast<TlsWatch *>(watch)->m_begun.insert(handle);
     auto *encryption = static_cast<SSL_CTX *>(context);
     SSL_CTX_set_app_data(encryption, watch);
     SSL_CTX_set_info_callback(encryption, noteEvent);
@@ -28,6 +29,7 @@ CURLcode TlsWatch::watchEvents(CURL *, void *context, void *watch)
 
 void TlsWatch::watch(CURL *handle)
 {
+    m_begun.erase(handle);
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_DATA, this);
     curl_easy_setopt(handle, CURLOPT_SSL_CTX_FUNCTION, watchEvents);
 }

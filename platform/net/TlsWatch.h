@@ -18,6 +18,9 @@ public:
 
     /// Watches the connection that `handle` may come to make.
     void watch(CURL *handle);
+    /// Whether that connection came as far as agreeing on how to encrypt. Nothing is known of one that was
+    /// kept.
+    bool hasBegun(CURL *handle) const { return m_begun.contains(handle); }
     /// The one that `handle` uses right now; null: none yet.
     static Connection connectionOf(CURL *handle);
     /// How much the server ever sent over it, in bytes, encrypted.
@@ -33,6 +36,7 @@ private:
     static CURLcode watchEvents(CURL *, void *context, void *watch);
 
     std::set<Connection> m_goodbyes;
+    std::set<CURL *> m_begun;
 };
 
 } // namespace glimmet

@@ -4,10 +4,16 @@
 #include "tests/platform/TestFolder.h"
 #include "tests/support/Printing.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
 #include <thread>
 
 namespace glimmet {
@@ -71,7 +77,7 @@ QByteArrayList written(char16_t character)
     const QByteArray line = readNow(pipe.reader());
     log.plainLine(message);
     const QByteArray plainLine = readNow(pipe.reader());
-    log.text(u"head:"_s, message);
+    log.privateText(u"head:"_s, message);
     return { line, plainLine, readNow(pipe.reader()) };
 }
 
@@ -114,9 +120,78 @@ TEST(DiagnosticLog, keepsTheLinesOfATextOnly)
     const Pipe pipe;
     DiagnosticLog log(pipe.writer());
 
-    log.text(u"head\nor\rtail:"_s, u"{\r\n\t\x1b[31m}\u202e"_s);
+    log.privateText(u"head\nor\rtail:"_s, u"{\r\n\t\x1b[31m}\u202e"_s);
 
     EXPECT_EQ(readNow(pipe.reader()), "[glimmet] head or tail:\n{ \n  [31m} \n");
+}
+
+/// How the service manager names what `descriptor` is connected to.
+QByteArray streamName(int descriptor)
+{
+    struct stat info{};
+    EXPECT_EQ(fstat(descriptor, &info), 0);
+    return QByteArray::number(info.st_dev) + ':' + QByteArray::number(info.st_ino);
+}
+
+/// What becomes of all kinds of lines on a pipe while JOURNAL_STREAM names `stream`.
+QByteArray writtenWhereTheJournalIs(const QByteArray &stream, const Pipe &pipe)
+{
+    qputenv("JOURNAL_STREAM", stream);
+    DiagnosticLog log(pipe.writer());
+    log.line(u"Stripe HTTP 200"_s);
+    log.privateLine(u"BTC: $97000.0"_s);
+    log.privateText(u"Stripe page:"_s, u"{\n\"name\":\"Ann\"}"_s);
+    qunsetenv("JOURNAL_STREAM");
+    return readNow(pipe.reader());
+}
+
+TEST(DiagnosticLog, keepsWhatIsPrivateOutOfTheJournal)
+{
+    const Pipe pipe;
+
+    EXPECT_EQ(writtenWhereTheJournalIs(streamName(pipe.writer()), pipe), "[glimmet] Stripe HTTP 200\n");
+}
+
+TEST(DiagnosticLog, isNoJournalBecauseAnotherStreamIsOne)
+{
+    const Pipe pipe;
+    const Pipe other;
+
+    for (const QByteArray &stream :
+        { streamName(other.writer()), "8:"_ba + streamName(pipe.writer()), ""_ba })
+        EXPECT_EQ(writtenWhereTheJournalIs(stream, pipe),
+            "[glimmet] Stripe HTTP 200\n[glimmet] BTC: $97000.0\n[glimmet] Stripe "
+            "page:\n{\n\"name\":\"Ann\"}\n")
+            << stream.toStdString();
+}
+
+/// What a child's log writes to the journal's own socket, which is the test's in a file system of its own:
+/// the child's status says whether that is `expected`.
+int writesToJournal(const QByteArray &expected)
+{
+    unshare(CLONE_NEWNS);
+    if (mount("tmpfs", "/run", "tmpfs", 0, nullptr) != 0)
+        return 2;
+    QDir().mkpath(u"/run/systemd/journal"_s);
+    sockaddr_un address{ AF_UNIX, "/run/systemd/journal/stdout" };
+    auto *const generic = reinterpret_cast<sockaddr *>(&address);
+    const int journal = socket(AF_UNIX, SOCK_STREAM, 0);
+    const int stream = socket(AF_UNIX, SOCK_STREAM, 0);
+    if (bind(journal, generic, sizeof address) != 0 || listen(journal, 1) != 0
+        || connect(stream, generic, sizeof address) != 0)
+        return 3;
+    DiagnosticLog log(stream);
+    log.line(u"Stripe HTTP 200"_s);
+    log.privateLine(u"BTC: $97000.0"_s);
+    log.privateText(u"Stripe page:"_s, u"{}"_s);
+    return readNow(accept(journal, nullptr, nullptr)) == expected ? 0 : 1;
+}
+
+TEST(DiagnosticLog, knowsTheJournalByItsSocketWhereTheEnvironmentDoesNotNameIt)
+{
+    ChildProcess child([] { return writesToJournal("[glimmet] Stripe HTTP 200\n"); });
+
+    EXPECT_EQ(child.wait(), 0);
 }
 
 TEST(DiagnosticLog, leavesAPipeThatOthersShareBlocking)

@@ -137,8 +137,8 @@ TEST_F(HttpClientProxy, cannotBeUsedWhereThereIsNone)
     const QByteArray address = "http://127.0.0.1:" + QByteArray::number(closed.serverPort());
     closed.close();
 
-    EXPECT_EQ(fetchedBy(address), failed);
-    EXPECT_EQ(fetchedBy("http://does-not-exist.invalid:80"), failed);
+    EXPECT_EQ(fetchedBy(address), HttpResult(TransportFailure::ProxyNotReached));
+    EXPECT_EQ(fetchedBy("http://does-not-exist.invalid:80"), HttpResult(TransportFailure::ProxyNotReached));
 }
 
 TEST_F(HttpClientProxy, isToldItsOwnUserAndNoOther)

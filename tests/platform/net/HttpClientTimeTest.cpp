@@ -5,6 +5,10 @@
 #include <QElapsedTimer>
 #include <QTcpServer>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -46,10 +50,41 @@ Timed timed(const ServerAnswer &answer, std::chrono::milliseconds idleTimeout = 
     return timed(server.origin() + "/", idleTimeout);
 }
 
+/// Takes no connection: there is room for one, which is taken, and the system drops what comes then.
+class FullServer {
+public:
+    FullServer()
+    {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof address;
+        auto *const generic = reinterpret_cast<sockaddr *>(&address);
+        EXPECT_EQ(bind(m_listening, generic, length), 0);
+        EXPECT_EQ(listen(m_listening, 0), 0);
+        EXPECT_EQ(getsockname(m_listening, generic, &length), 0);
+        EXPECT_EQ(connect(m_only, generic, length), 0);
+        m_port = ntohs(address.sin_port);
+    }
+    ~FullServer()
+    {
+        close(m_only);
+        close(m_listening);
+    }
+    Q_DISABLE_COPY_MOVE(FullServer)
+
+    QByteArray origin() const { return originAt(m_port); }
+
+private:
+    int m_listening = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    int m_only = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    quint16 m_port = 0;
+};
+
 /// After 400 milliseconds, give or take what a timer may be early and a busy machine late.
-void expectTimeOut(const Timed &timed)
+void expectTimeOut(const Timed &timed, TransportFailure failure = TransportFailure::TimedOut)
 {
-    EXPECT_EQ(timed.result, HttpResult(TransportFailure::TimedOut));
+    EXPECT_EQ(timed.result, HttpResult(failure));
     EXPECT_GT(timed.milliseconds, 300);
     EXPECT_LT(timed.milliseconds, 2000);
 }
@@ -87,6 +122,13 @@ TEST(HttpClientTime, runsOutWhileTheServerDoesNotEncrypt)
     ASSERT_TRUE(mute.listen(QHostAddress::LocalHost));
 
     expectTimeOut(timed(originAt(mute.serverPort()) + "/", 400ms));
+}
+
+TEST(HttpClientTime, runsOutWhileThereIsNoConnectionWhichIsToldApart)
+{
+    const FullServer server;
+
+    expectTimeOut(timed(server.origin() + "/", 400ms), TransportFailure::ConnectingTimedOut);
 }
 
 TEST(HttpClientTime, runsOutForEachStepOfARedirectionByItself)

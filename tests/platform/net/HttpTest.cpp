@@ -113,17 +113,32 @@ TEST(SendableHeaders, areAllSendable)
     EXPECT_FALSE(areSendableHeaders({ { "bad name", "good" }, { "Y", "good" } }));
 }
 
-TEST(TransportFailure, isDescribedInAFewWordsOfItsOwn)
+TEST(TransportFailure, isDescribedInAFewWords)
 {
     QSet<QString> descriptions;
     for (const TransportFailure failure : allFailures()) {
         const QString description = describe(failure);
 
         EXPECT_FALSE(description.isEmpty() || description.size() > 50) << description.toStdString();
-        EXPECT_FALSE(descriptions.contains(description)) << description.toStdString();
         descriptions.insert(description);
     }
     EXPECT_EQ(descriptions.size(), 10);
+}
+
+TEST(TransportFailure, isToldInTheSameWordsHoweverFarARequestCameThatTimedOutOrWentOverAProxy)
+{
+    EXPECT_EQ(describe(TransportFailure::ConnectingTimedOut), describe(TransportFailure::TimedOut));
+    EXPECT_EQ(describe(TransportFailure::ProxyNotReached), describe(TransportFailure::ProxyFailed));
+}
+
+TEST(TransportFailure, isForWantOfANetworkWhereTheRequestCameToNobody)
+{
+    const QSet<TransportFailure> withoutNetwork{ TransportFailure::ConnectingTimedOut,
+        TransportFailure::ServerNotFound, TransportFailure::CannotConnect,
+        TransportFailure::ProxyNotReached };
+
+    for (const TransportFailure failure : allFailures())
+        EXPECT_EQ(lacksNetwork(failure), withoutNetwork.contains(failure)) << int(failure);
 }
 
 TEST(TransportFailure, isDescribedAsPartOfASentence)
