@@ -94,9 +94,9 @@ void measureProgram(const QByteArray &origin)
         }
         void fetchPrice(const QString &symbol, Completion completion) override
         {
-            source.fetchPrice(symbol, [this, completion](const std::optional<CryptoPrice> &price) {
-                count += price ? 1 : 0;
-                completion(price);
+            source.fetchPrice(symbol, [this, completion](const PriceResult &result) {
+                count += std::holds_alternative<CryptoPrice>(result) ? 1 : 0;
+                completion(result);
             });
         }
     } counting(prices, answers);

@@ -17,15 +17,16 @@ CryptoService::CryptoService(HttpClient &http, DiagnosticLog &log, QByteArray en
 void CryptoService::fetchPrice(const QString &symbol, Completion completion)
 {
     const auto address = PriceChart::address(m_endpoint, symbol);
-    const auto parse = [symbol, &log = m_log](const HttpResult &result) -> std::optional<CryptoPrice> {
+    const auto parse = [symbol, &log = m_log](const HttpResult &result) -> PriceResult {
+        if (const auto *failure = std::get_if<TransportFailure>(&result))
+            return lacksNetwork(*failure) ? PriceFailure::NoNetwork : PriceFailure::NoPrice;
         // The status says nothing that the body does not: an error's body holds no price.
-        const auto *answer = std::get_if<HttpAnswer>(&result);
-        auto price = answer ? PriceChart::parse(answer->body, symbol) : std::nullopt;
+        auto price = PriceChart::parse(std::get<HttpAnswer>(result).body, symbol);
         if (!price)
-            return price;
-        log.line(PriceChart::logLine(*price));
+            return PriceFailure::NoPrice;
+        log.privateLine(PriceChart::logLine(*price));
         price->history = PriceChart::bounded(price->history); // The main thread compares and draws it.
-        return price;
+        return *std::move(price);
     };
     // Without an address the client refuses the request: every failure takes the same way back.
     m_http.get({ address.value_or(QByteArray()), { { "User-Agent", "Mozilla/5.0" } } }, this, parse,

@@ -4,7 +4,6 @@
 #include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
 #include "platform/Text.h"
-#include "prices/PriceSource.h"
 
 #include <QPointer>
 #include <QSet>
@@ -18,6 +17,7 @@ using namespace std::chrono_literals;
 PriceList::PriceList(PriceListWorld world, QObject *parent)
     : QObject(parent)
     , m_world(std::move(world))
+    , m_retries(m_world.timers, [this] { tryAgain(); })
 {
 }
 
@@ -85,10 +85,29 @@ void PriceList::fetch(const QString &symbol)
 {
     if (m_world.source == nullptr)
         return;
-    m_world.source->fetchPrice(symbol, [list = QPointer(this)](const std::optional<CryptoPrice> &price) {
-        if (list && price)
-            list->keep(*price);
+    const qint64 request = m_latest[symbol].begin();
+    m_world.source->fetchPrice(symbol, [list = QPointer(this), symbol, request](const PriceResult &result) {
+        if (list)
+            list->take(result, symbol, request);
     });
+}
+
+void PriceList::take(const PriceResult &result, const QString &symbol, qint64 request)
+{
+    const auto *failure = std::get_if<PriceFailure>(&result);
+    m_latest[symbol].end(request, failure != nullptr && *failure == PriceFailure::NoNetwork);
+    if (failure == nullptr)
+        keep(std::get<CryptoPrice>(result));
+}
+
+void PriceList::tryAgain()
+{
+    // A copy: see fetchAll().
+    const QStringList symbols = m_symbols;
+    for (const QString &symbol : symbols) {
+        if (m_latest.value(symbol).lackedNetwork())
+            fetch(symbol);
+    }
 }
 
 void PriceList::keep(const CryptoPrice &price)
@@ -106,9 +125,17 @@ void PriceList::startTimer()
     m_timer = m_world.timers.repeating(300s, [this] { fetchAll(); });
 }
 
+void PriceList::startAnew()
+{
+    m_retries.start();
+    fetchAll();
+    startTimer();
+}
+
 void PriceList::stopTimer()
 {
     m_timer.reset();
+    m_retries.stop();
 }
 
 void PriceList::tick()

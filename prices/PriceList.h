@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/Retries.h"
 #include "platform/Rotation.h"
-#include "prices/CryptoPrice.h"
+#include "prices/PriceSource.h"
 
 #include <QHash>
 #include <QObject>
@@ -13,7 +14,6 @@
 namespace glimmet {
 
 class PreferencesStore;
-class PriceSource;
 class RepeatingTimer;
 class Timers;
 
@@ -28,7 +28,8 @@ struct PriceListWorld {
 
 /// The symbols whose prices are shown in turn, and their prices. They are asked for
 ///   - all of them where the timer says so, and where the list is set while prices are on show;
-///   - one of them where it comes on show.
+///   - one of them where it comes on show;
+///   - again for a while after the machine slept, those that found no network.
 /// Main thread.
 class PriceList final : public QObject {
     Q_OBJECT
@@ -59,6 +60,9 @@ public:
     void fetchAll();
     /// Asks again every five minutes, the first time in five minutes.
     void startTimer();
+    /// Asks for all now and every five minutes, as after the machine slept: where the network is not there
+    /// yet, it tries again.
+    void startAnew();
     void stopTimer();
 
     /// Counts a second, if prices are on show.
@@ -75,14 +79,18 @@ private:
     /// The list is not empty.
     QString symbolOnShow() const;
     void fetch(const QString &symbol);
+    void take(const PriceResult &result, const QString &symbol, qint64 request);
     void keep(const CryptoPrice &price);
+    void tryAgain();
 
     PriceListWorld m_world;
     QStringList m_symbols{ QStringLiteral("BTC-USD"), QStringLiteral("ETH-USD") };
     qint64 m_rotateInterval = 10;
     QHash<QString, CryptoPrice> m_prices;
     Rotation m_rotation;
+    QHash<QString, LatestRequest> m_latest; ///< of each symbol
     std::unique_ptr<RepeatingTimer> m_timer;
+    Retries m_retries;
 };
 
 } // namespace glimmet

@@ -3,17 +3,25 @@
 #include "prices/CryptoPrice.h"
 
 #include <functional>
-#include <optional>
+#include <variant>
 
 namespace glimmet {
+
+/// Why there is no price.
+enum class PriceFailure {
+    NoNetwork, ///< nothing was asked
+    NoPrice, ///< an answer without one, or none
+};
+
+using PriceResult = std::variant<CryptoPrice, PriceFailure>;
 
 /// Answers with the current price of a symbol. Main thread.
 class PriceSource {
 public:
-    using Completion = std::function<void(std::optional<CryptoPrice>)>;
+    using Completion = std::function<void(const PriceResult &)>;
 
     virtual ~PriceSource() = default;
-    /// Ends with exactly one call of `completion` on the main thread; nothing on every kind of failure.
+    /// Ends with exactly one call of `completion` on the main thread.
     virtual void fetchPrice(const QString &symbol, Completion completion) = 0;
 };
 

@@ -44,7 +44,7 @@ void UpdateSchedule::begin()
 
 void UpdateSchedule::look()
 {
-    if (isDayApart(*m_lastFired, m_clock.now()))
+    if (!m_lastFired || isDayApart(*m_lastFired, m_clock.now()))
         fire();
 }
 

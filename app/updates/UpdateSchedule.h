@@ -20,6 +20,8 @@ public:
     Q_DISABLE_COPY_MOVE(UpdateSchedule)
 
     void start();
+    /// What was due has failed: it is due again in an hour, daily only once it got through.
+    void tryAgain() { m_lastFired.reset(); }
 
 private:
     void begin();
@@ -29,7 +31,7 @@ private:
     Timers &m_timers;
     const Clock &m_clock;
     std::function<void()> m_due;
-    std::optional<Instant> m_lastFired;
+    std::optional<Instant> m_lastFired; ///< nothing: never, or in vain
     std::unique_ptr<RepeatingTimer> m_timer;
 };
 

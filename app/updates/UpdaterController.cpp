@@ -72,11 +72,15 @@ void UpdaterController::checkByItself()
 {
     if (!m_check && !isPending(m_state.phase))
         startCheck(Asking::Nobody);
+    else
+        m_schedule.tryAgain();
 }
 
 void UpdaterController::startCheck(Asking asking)
 {
     // The user's check takes the place of the program's own, which may ask for no password and so do less.
+    if (m_check && asking == Asking::User)
+        m_schedule.tryAgain();
     m_check.reset();
     m_check = std::make_unique<UpdateCheck>(m_client, m_program, asking);
     const bool isForUser = asking == Asking::User;
@@ -100,6 +104,8 @@ void UpdaterController::handleOwnFinding(const UpdateFinding &finding)
 {
     m_finding = finding;
     endWork();
+    if (m_finding.verdict == Verdict::Failed)
+        m_schedule.tryAgain();
     if (m_finding.verdict == Verdict::Found)
         m_notification.show(m_sessionBus, m_finding.installed.version, m_finding.update.version);
 }

@@ -55,7 +55,10 @@ std::optional<Record> asked(const AnswerCase &played, const QByteArray &origin, 
     CaseWorld world(played);
     CryptoService service(world.http, log, origin);
     std::optional<Record> result;
-    service.fetchPrice(played.symbol, [&result](const Record &record) { result = record; });
+    service.fetchPrice(played.symbol, [&result](const PriceResult &got) {
+        const auto *price = std::get_if<CryptoPrice>(&got);
+        result = price ? Record(*price) : Record();
+    });
     waitUntil([&result] { return result.has_value(); });
     return result;
 }

@@ -32,6 +32,12 @@ const QByteArray goodChart = R"({"chart":{"result":[{
 const QByteArray unknownSymbol =
     R"({"chart":{"result":null,"error":{"code":"Not Found","description":"No data found"}}})";
 
+Price priceOf(const PriceResult &result)
+{
+    const auto *price = std::get_if<CryptoPrice>(&result);
+    return price ? Price(*price) : std::nullopt;
+}
+
 /// A service that writes its log into a file and asks a server of the test's.
 class Prices {
 public:
@@ -43,17 +49,19 @@ public:
 
     CryptoService &service() { return m_service; }
     /// The price that comes of it, once.
-    Price fetched(const QString &symbol)
+    Price fetched(const QString &symbol) { return priceOf(result(symbol)); }
+    /// What comes of it, once.
+    PriceResult result(const QString &symbol)
     {
-        std::optional<Price> price;
-        m_service.fetchPrice(symbol, [&price](const Price &value) {
-            EXPECT_FALSE(price) << "a second price";
+        std::optional<PriceResult> result;
+        m_service.fetchPrice(symbol, [&result](const PriceResult &value) {
+            EXPECT_FALSE(result) << "a second result";
             EXPECT_EQ(QThread::currentThread(), qApp->thread());
-            price = value;
+            result = value;
         });
-        EXPECT_FALSE(price) << "the price came within the call";
-        EXPECT_TRUE(QTest::qWaitFor([&price] { return price.has_value(); }, deadline)) << "no price";
-        return price.value_or(std::nullopt);
+        EXPECT_FALSE(result) << "the result came within the call";
+        EXPECT_TRUE(QTest::qWaitFor([&result] { return result.has_value(); }, deadline)) << "no result";
+        return result.value_or(PriceFailure::NoPrice);
     }
     QByteArray logged() const
     {
@@ -91,7 +99,7 @@ void expectNothing(const ServerAnswer &answer)
     const HttpsServer server(always(answer));
     Prices prices(server.origin(), 400ms);
 
-    EXPECT_EQ(prices.fetched(u"BTC"_s), std::nullopt);
+    EXPECT_EQ(prices.result(u"BTC"_s), PriceResult(PriceFailure::NoPrice));
     EXPECT_EQ(prices.logged(), "");
 }
 
@@ -173,6 +181,17 @@ TEST(CryptoService, hasNothingWhereTheAnswerIsCutOrDoesNotCome)
     expectNothing({ .body = goodChart, .ending = Ending::Silence });
 }
 
+TEST(CryptoService, tellsWhereThereIsNoNetwork)
+{
+    HttpsServer server(always({ .body = goodChart }));
+    Prices prices(server.origin());
+
+    server.close();
+
+    EXPECT_EQ(prices.result(u"BTC"_s), PriceResult(PriceFailure::NoNetwork));
+    EXPECT_EQ(prices.logged(), "");
+}
+
 TEST(CryptoService, waitsForASlowAnswer)
 {
     const HttpsServer server(always({ .body = goodChart, .pieces = 4, .pause = 150ms }));
@@ -231,7 +250,8 @@ TEST(CryptoService, answersTwoHundredSymbolsAtOnceEachByItself)
     QList<double> received(200, -1);
 
     for (int number = 0; number < 200; ++number)
-        prices.service().fetchPrice(u"s"_s + QString::number(number), [&, number](const Price &price) {
+        prices.service().fetchPrice(u"s"_s + QString::number(number), [&, number](const PriceResult &result) {
+            const Price price = priceOf(result);
             EXPECT_EQ(QThread::currentThread(), qApp->thread());
             ASSERT_TRUE(price);
             EXPECT_EQ(price->id, u"s"_s + QString::number(number));
@@ -255,7 +275,7 @@ TEST(CryptoService, tellsNobodyAfterItsEnd)
     HttpClient http(trustingSettings());
     DiagnosticLog log(-1);
     auto service = std::make_unique<CryptoService>(http, log, server.origin());
-    service->fetchPrice(u"BTC"_s, [](const Price &) { ADD_FAILURE() << "called"; });
+    service->fetchPrice(u"BTC"_s, [](const PriceResult &) { ADD_FAILURE() << "called"; });
 
     service.reset();
 

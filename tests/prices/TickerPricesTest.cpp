@@ -17,9 +17,9 @@ protected:
         m_before = world.prices.asked().size();
     }
     QStringList asked() const { return world.prices.asked().sliced(m_before); }
-    void answer(qsizetype request, const std::optional<CryptoPrice> &price)
+    void answer(qsizetype request, const PriceResult &result)
     {
-        world.prices.answer(static_cast<std::size_t>(m_before + request), price);
+        world.prices.answer(static_cast<std::size_t>(m_before + request), result);
     }
 
 private:
@@ -110,7 +110,7 @@ TEST_F(TickerPrices, keepTheLastRecordOverAFailure)
 {
     tick(10);
     answer(0, CryptoPrice{ u"B"_s, 105, 25, {} });
-    answer(0, std::nullopt);
+    answer(0, PriceFailure::NoPrice);
     tick();
 
     EXPECT_EQ(shown(), u"B $105 (↑25.0%)"_s);

@@ -18,9 +18,9 @@ QStringList FakePriceSource::asked() const
     return symbols;
 }
 
-void FakePriceSource::answer(std::size_t request, const std::optional<CryptoPrice> &price)
+void FakePriceSource::answer(std::size_t request, const PriceResult &result)
 {
-    m_requests.at(request).completion(price);
+    m_requests.at(request).completion(result);
 }
 
 } // namespace glimmet

@@ -16,8 +16,8 @@ public:
 
     /// The symbols asked for, in order.
     QStringList asked() const;
-    /// Answers the request with this number (from 0); nothing stands for a failure.
-    void answer(std::size_t request, const std::optional<CryptoPrice> &price);
+    /// Answers the request with this number (from 0).
+    void answer(std::size_t request, const PriceResult &result);
     /// From now on requests for the price's symbol are answered within the call.
     void answerAtOnce(const CryptoPrice &price) { m_prices.insert(price.id, price); }
 

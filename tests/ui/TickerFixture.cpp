@@ -63,14 +63,14 @@ void TickerFixture::storePrice(
 
 void TickerFixture::failPrice(const QString &symbol)
 {
-    answerPrice(symbol, {});
+    answerPrice(symbol, PriceFailure::NoPrice);
 }
 
-void TickerFixture::answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price)
+void TickerFixture::answerPrice(const QString &symbol, const PriceResult &result)
 {
     const qsizetype request = m_world.prices.asked().lastIndexOf(symbol);
     if (request >= 0)
-        m_world.prices.answer(static_cast<std::size_t>(request), price);
+        m_world.prices.answer(static_cast<std::size_t>(request), result);
 }
 
 QStringList TickerFixture::storedSymbols() const

@@ -74,7 +74,7 @@ public:
     Q_INVOKABLE QStringList reported() const;
 
 private:
-    void answerPrice(const QString &symbol, const std::optional<CryptoPrice> &price);
+    void answerPrice(const QString &symbol, const PriceResult &result);
 
     TestWorld m_world;
     TickerViewModel m_ticker{ m_world.forTicker() };

@@ -90,6 +90,21 @@ TEST_F(AutomaticUpdateCheckTest, isSilentWhereItFails)
     EXPECT_TRUE(desktop.shown.isEmpty());
 }
 
+TEST_F(AutomaticUpdateCheckTest, isTriedAgainInAnHourWhereItFailed)
+{
+    const auto offered = std::exchange(service->offered, {});
+    service->courses[u"RefreshCache"_s] = { Kind::Fails, 48, u"nobody to ask"_s };
+    timers.advance(1min);
+    ASSERT_TRUE(isAskedFor(u"GetUpdates"_s));
+    ASSERT_TRUE(isOver());
+    service->offered = offered;
+    service->courses.clear();
+
+    timers.advance(1h);
+
+    EXPECT_TRUE(isNotified());
+}
+
 TEST_F(AutomaticUpdateCheckTest, isSilentWithoutAService)
 {
     service.reset();

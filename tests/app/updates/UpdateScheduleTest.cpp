@@ -40,6 +40,25 @@ TEST_F(UpdateScheduleTest, looksOnceADay)
     EXPECT_EQ(looks, 4);
 }
 
+TEST_F(UpdateScheduleTest, looksAgainInAnHourWhereItFailed)
+{
+    timers.advance(1min);
+    schedule.tryAgain();
+
+    timers.advance(59min);
+    EXPECT_EQ(looks, 1);
+    timers.advance(1min);
+    EXPECT_EQ(looks, 2);
+    schedule.tryAgain();
+    timers.advance(1h);
+    EXPECT_EQ(looks, 3);
+
+    timers.advance(23h);
+    EXPECT_EQ(looks, 3);
+    timers.advance(1h);
+    EXPECT_EQ(looks, 4);
+}
+
 TEST_F(UpdateScheduleTest, countsTheTimeThatTheComputerSleeps)
 {
     timers.advance(1min);
