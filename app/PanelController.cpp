@@ -14,6 +14,7 @@
 
 #include <chrono>
 #include <malloc.h>
+#include <utility>
 
 namespace glimmet {
 namespace {
@@ -28,6 +29,8 @@ constexpr std::chrono::milliseconds busyHostTime = 5s;
 constexpr std::chrono::milliseconds hostTime = 700ms;
 /// While a host's own menu or grab goes away, the keyboard may pass by the new panel.
 constexpr std::chrono::milliseconds settlingTime = 400ms;
+/// A keyring takes its dialog away in its own time, and the keyboard goes wherever the window manager likes.
+constexpr std::chrono::milliseconds settlingTimeAfterDialog = 2s;
 
 ScreenSpace screenFor(std::optional<QPoint> anchor)
 {
@@ -83,6 +86,7 @@ void PanelController::open(std::optional<QPoint> anchor)
         watch(m_panel->window());
         m_panel->window().show();
         m_sinceOpening.start();
+        m_settlingTime = settlingTime;
     }
     X11::giveFocus(m_panel->window());
 }
@@ -90,6 +94,24 @@ void PanelController::open(std::optional<QPoint> anchor)
 void PanelController::close()
 {
     close(Cause::Request);
+}
+
+void PanelController::setHeld(bool isHeld)
+{
+    // The last press at the dialog may still be on its way.
+    if (m_presses)
+        m_presses->catchUp();
+    const bool isReleased = std::exchange(m_isHeld, isHeld) && !isHeld;
+    if (!isReleased || !isOpen())
+        return;
+    m_sinceOpening.start();
+    m_settlingTime = settlingTimeAfterDialog;
+    X11::giveFocus(m_panel->window());
+}
+
+quint32 PanelController::windowId() const
+{
+    return isOpen() ? static_cast<quint32>(m_panel->window().winId()) : 0;
 }
 
 void PanelController::setLook(const DesktopLook &look)
@@ -143,6 +165,8 @@ void PanelController::handlePress(QPoint position)
         m_wasPressedSince = true;
         return;
     }
+    if (m_isHeld)
+        return;
     const QWindow &window = m_panel->window();
     if (!spaceOf(*window.screen()).toNative(window.geometry()).contains(position))
         close(isAtBar(position) ? Cause::PressAtBar : Cause::PressElsewhere);
@@ -150,7 +174,7 @@ void PanelController::handlePress(QPoint position)
 
 void PanelController::handleFocus(const QWindow *focused)
 {
-    if (!isOpen() || focused == &m_panel->window())
+    if (!isOpen() || m_isHeld || focused == &m_panel->window())
         return;
     // The press that took the keyboard away may still be on its way, since it comes over another connection.
     m_presses->catchUp();
@@ -158,7 +182,7 @@ void PanelController::handleFocus(const QWindow *focused)
         return;
     // Another window of our own takes it on purpose.
     const bool isOurs = focused != nullptr;
-    if (isOurs || m_sinceOpening.hasPassed(settlingTime))
+    if (isOurs || m_sinceOpening.hasPassed(m_settlingTime))
         close(Cause::FocusElsewhere);
     else
         X11::giveFocus(m_panel->window());

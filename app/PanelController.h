@@ -10,6 +10,7 @@
 #include <QPoint>
 #include <QSize>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -40,6 +41,11 @@ public:
     void open(std::optional<QPoint> anchor);
     void close();
     bool isOpen() const { return m_panel != nullptr; }
+    /// While it is held, neither a press nor the keyboard's going elsewhere closes it: a dialog that belongs
+    /// to it is up.
+    void setHeld(bool isHeld);
+    /// The panel's X11 window; 0 while it is closed.
+    quint32 windowId() const;
 
     void setLook(const DesktopLook &look);
 
@@ -69,8 +75,10 @@ private:
     std::unique_ptr<PressWatch> m_presses;
     std::optional<QPoint> m_anchor;
     QSize m_naturalSize;
+    bool m_isHeld = false;
     SingleShot m_forgetTimer;
-    Stopwatch m_sinceOpening;
+    Stopwatch m_sinceOpening; ///< or since it was last let go
+    std::chrono::milliseconds m_settlingTime{ 0 };
     Cause m_closing = Cause::Request;
     Stopwatch m_sinceClosing;
     bool m_wasPressedSince = false;

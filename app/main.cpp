@@ -12,6 +12,7 @@
 #include "platform/QuitSignals.h"
 #include "platform/RepeatingTimer.h"
 #include "platform/SteadyClock.h"
+#include "platform/TimeAsleep.h"
 #include "platform/UserRegion.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/bus/SystemBus.h"
@@ -96,7 +97,8 @@ int run(DiagnosticLog &log, Restart &restart)
     HttpClient http;
     CryptoService prices(http, log, CryptoService::yahooFinance);
     RevenueServices revenue(http, log, clock, steadyClock, region, liveEndpoints());
-    TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys });
+    const auto readClocks = [&] { return ClockReadings{ clock.now(), steadyClock.elapsed(), timeAsleep() }; };
+    TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys, readClocks });
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
     MenuBar menuBar(menuBarHosts(bus, timers, steadyClock), timers);
@@ -104,6 +106,7 @@ int run(DiagnosticLog &log, Restart &restart)
     PanelController panel(ticker,
         { *loginItem, [&] { updater.checkForUpdates(); }, [&](const QString &line) { log.plainLine(line); } },
         timers, steadyClock);
+    keys.setDialogParent([&panel] { return panel.windowId(); });
     UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;
 
@@ -134,6 +137,7 @@ int run(DiagnosticLog &log, Restart &restart)
     QObject::connect(&updateWindow, &UpdateWindowController::replaced, &menuBar, startAgain);
     QObject::connect(
         &updater.updaterController(), &UpdaterController::restartRequested, &menuBar, startAgain);
+    QObject::connect(&keys, &KeyStore::isAskingChanged, &panel, [&] { panel.setHeld(keys.isAsking()); });
     QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);
     QObject::connect(&look, &DesktopLookWatch::changed, &panel, showLook);
     QObject::connect(&bus, &SessionBus::connected, &look, followLook);

@@ -6,12 +6,10 @@
 #include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
 
-#include <chrono>
 #include <map>
+#include <utility>
 
 namespace glimmet {
-
-using namespace std::chrono_literals;
 
 TickerViewModel::TickerViewModel(const TickerWorld &world, QObject *parent)
     : QObject(parent)
@@ -56,6 +54,7 @@ void TickerViewModel::forwardSignals()
     forward(m_revenue, &RevenueReport::isFetchingChanged, &Ticker::isFetchingRevenueChanged);
     forward(m_revenue, &RevenueReport::lastErrorChanged, &Ticker::lastFetchErrorChanged);
     connect(&m_revenue, &RevenueReport::credentialChanged, this, &Ticker::forwardCredential);
+    connect(&m_revenue, &RevenueReport::credentialStatusChanged, this, &Ticker::credentialStatusChanged);
 }
 
 void TickerViewModel::forwardCredential(KeychainKey key)
@@ -78,7 +77,11 @@ void TickerViewModel::forwardCredential(KeychainKey key)
 void TickerViewModel::start()
 {
     tick();
-    m_timer = m_world.timers.repeating(1s, [this] { tick(); });
+    m_lastReadings = clockReadings();
+    m_timer = m_world.timers.everySecond([this] {
+        refreshAfterTimeJump();
+        tick();
+    });
     startRevenueTimer();
     fetchAllCryptoPrices();
     startCryptoPriceTimer();
@@ -100,6 +103,20 @@ void TickerViewModel::tick()
         m_deadlines.tick();
     publish(*this, m_currentDisplay, buildText(), &TickerViewModel::currentDisplayChanged);
     emit ticked();
+}
+
+ClockReadings TickerViewModel::clockReadings() const
+{
+    return m_world.clockReadings ? m_world.clockReadings() : ClockReadings{};
+}
+
+void TickerViewModel::refreshAfterTimeJump()
+{
+    const ClockReadings before = std::exchange(m_lastReadings, clockReadings());
+    if (!hasTimeJumped(before, m_lastReadings))
+        return;
+    m_revenue.startAnew();
+    m_prices.startAnew();
 }
 
 Instant TickerViewModel::now() const
@@ -146,6 +163,9 @@ void TickerViewModel::setMode(TickerMode mode)
 
 void TickerViewModel::chooseMode(TickerMode mode)
 {
+    // Before it is on show, so that what this finds is fetched for once.
+    if (mode == TickerMode::Revenue)
+        m_revenue.askToUnlock(KeyConsent::Act::ChoosingRevenue);
     setMode(mode);
     if (mode == TickerMode::Revenue)
         fetchRevenue();

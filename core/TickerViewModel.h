@@ -25,8 +25,10 @@ class RepeatingTimer;
 /// (a list is saved, a rotation reset, a fetch started) happens on every assignment, also of an equal value:
 /// an assignment is a request, and what the request means may have changed elsewhere (the file, the server).
 ///
-/// The engine runs from construction to destruction: a tick every second moves the rotations on and rebuilds
-/// `currentDisplay`, which is written nowhere else, so that a change shows within one second.
+/// The engine runs from construction to destruction: a tick just behind each full second of the clock moves
+/// the rotations on and rebuilds `currentDisplay`, which is written nowhere else, so that a change shows
+/// within one second. A tick that finds that the machine slept, or that its clock was set, fetches revenue
+/// and prices.
 ///
 /// It is the sum of its parts: quotes, deadlines, prices and revenue own their state and their rules, and
 /// hear from here only what is on show.
@@ -79,7 +81,7 @@ public:
 
     /// Refreshes the text at once, fetches revenue and prices and (re)starts the timers.
     void start();
-    /// Stops all three timers.
+    /// Stops all three timers, and what is left of tries to find the network again.
     void stop();
 
     TickerMode mode() const { return m_mode; }
@@ -154,6 +156,12 @@ public:
     /// Any credential; each of those that follow is one of them.
     QString credential(KeychainKey key) const { return m_revenue.credential(key); }
     void setCredential(KeychainKey key, const QString &value) { m_revenue.setCredential(key, value); }
+    /// What the key store has of it.
+    KeyStatus credentialStatus(KeychainKey key) const { return m_revenue.credentialStatus(key); }
+    /// The user turns to a credential's field.
+    Q_INVOKABLE void beginCredentialEditing() { m_revenue.beginEditing(); }
+    /// The user asks for the key store to be opened, which shows a dialog of its own.
+    Q_INVOKABLE void unlockKeys() { m_revenue.askToUnlock(KeyConsent::Act::AskingForIt); }
     QString polarAPIKey() const { return credential(KeychainKey::PolarAPIKey); }
     void setPolarAPIKey(const QString &key) { setCredential(KeychainKey::PolarAPIKey, key); }
     QString revenueCatAPIKey() const { return credential(KeychainKey::RevenueCatAPIKey); }
@@ -187,6 +195,7 @@ signals:
     void revenueModeChanged();
     /// Any of those that follow.
     void credentialChanged(glimmet::KeychainKey key);
+    void credentialStatusChanged(glimmet::KeychainKey key);
     void polarAPIKeyChanged();
     void revenueCatAPIKeyChanged();
     void revenueCatProjectIDChanged();
@@ -213,6 +222,8 @@ private:
     void forwardSignals();
     void forwardCredential(KeychainKey key);
     void tick();
+    ClockReadings clockReadings() const;
+    void refreshAfterTimeJump();
     QString buildText() const;
     QString formattedTime(bool withSeconds) const;
 
@@ -227,6 +238,7 @@ private:
     PriceList m_prices;
     RevenueReport m_revenue;
     std::unique_ptr<RepeatingTimer> m_timer;
+    ClockReadings m_lastReadings; ///< at the tick before
 };
 
 } // namespace glimmet

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "platform/TimeJump.h"
+
+#include <functional>
+
 namespace glimmet {
 
 class Clock;
@@ -19,6 +23,7 @@ struct TickerWorld {
     PriceSource *prices = nullptr; ///< none: prices stay unknown
     RevenueFetcher *revenue = nullptr; ///< none: the revenue text stays as it is
     KeyStore *keys = nullptr; ///< none: credentials live as long as the ticker
+    std::function<ClockReadings()> clockReadings = {}; ///< none: no sleep and no set clock is noticed
 };
 
 } // namespace glimmet

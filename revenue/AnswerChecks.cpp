@@ -29,45 +29,51 @@ std::optional<QString> statusText(int status, const AnswerRules &rules)
     return u"⚠ http "_s + QString::number(status);
 }
 
-/// The key in JSON where it has characters that must be escaped there.
-QByteArray escaped(QByteArray key)
+/// The key with a backslash before each of `characters`, as JSON has them.
+SecretBytes escaped(const QByteArray &key, QByteArrayView characters)
 {
-    return key.replace('\\', "\\\\").replace('"', "\\\"");
+    QByteArray text;
+    text.reserve(2 * key.size()); // No shorter one is left behind on the way.
+    for (const char character : key) {
+        if (characters.contains(character))
+            text.append('\\');
+        text.append(character);
+    }
+    return SecretBytes(std::move(text));
 }
 
 /// How the key may stand in an answer: as it is, and in JSON, which may have its slashes either way. Headers
 /// lose the blanks around their values, so a server may know the key without them.
-QByteArrayList formsOf(const ApiKey &apiKey)
+QList<SecretBytes> formsOf(const ApiKey &apiKey)
 {
-    QByteArrayList forms;
-    for (const QString &key : { apiKey.characters(), apiKey.characters().trimmed() }) {
-        if (key.size() < shortestMasked)
+    QList<SecretBytes> forms;
+    for (const ApiKey &key : { apiKey, ApiKey(apiKey.characters().trimmed()) }) {
+        if (key.characters().size() < shortestMasked)
             continue;
-        const QByteArray bytes = key.toUtf8();
-        const QByteArray inJson = escaped(bytes);
-        for (const QByteArray &form : { bytes, inJson, QByteArray(inJson).replace("/", "\\/") })
+        const SecretBytes bytes(key.characters().toUtf8());
+        for (const SecretBytes &form : { bytes, escaped(*bytes, "\\\""), escaped(*bytes, "\\\"/") })
             if (!forms.contains(form))
                 forms.append(form);
     }
     return forms;
 }
 
-QByteArray masked(QByteArray text, const QByteArrayList &forms)
+QByteArray masked(QByteArray text, const QList<SecretBytes> &forms)
 {
-    for (const QByteArray &form : forms)
-        if (text.contains(form)) // Qt would make a copy even where there is nothing to replace.
-            text.replace(form, "•••");
+    for (const SecretBytes &form : forms)
+        if (text.contains(*form)) // Qt would make a copy even where there is nothing to replace.
+            text.replace(*form, "•••");
     return text;
 }
 
 /// The first characters of the masked body, if they are found without a look at the rest of it.
-std::optional<QString> nearHead(const QByteArray &body, int length, const QByteArrayList &forms)
+std::optional<QString> nearHead(const QByteArray &body, int length, const QList<SecretBytes> &forms)
 {
     QByteArray part = masked(wholeCodePoints(body, nearEnough).toByteArray(), forms);
     // At its end the beginning of a key may be left.
     qsizetype longestForm = 0;
-    for (const QByteArray &form : forms)
-        longestForm = std::max(longestForm, form.size());
+    for (const SecretBytes &form : forms)
+        longestForm = std::max(longestForm, form->size());
     part = wholeCodePoints(part, std::max<qsizetype>(part.size() - longestForm, 0)).toByteArray();
     const auto head = firstCharacters(part, length);
     // What takes all of the part, but perhaps a byte order mark, may go on behind it.
@@ -80,7 +86,7 @@ std::optional<QString> maskedHead(const QByteArray &body, int length, const ApiK
 {
     if (!isUtf8(body))
         return std::nullopt;
-    const QByteArrayList forms = formsOf(apiKey);
+    const QList<SecretBytes> forms = formsOf(apiKey);
     if (body.size() > nearEnough)
         if (auto head = nearHead(body, length, forms))
             return head;
@@ -90,7 +96,7 @@ std::optional<QString> maskedHead(const QByteArray &body, int length, const ApiK
 void logHead(const QByteArray &body, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
 {
     if (const auto head = maskedHead(body, rules.headLength, apiKey))
-        log.text(rules.service + u' ' + rules.body + u':', *head);
+        log.privateText(rules.service + u' ' + rules.body + u':', *head);
 }
 
 } // namespace
@@ -102,28 +108,30 @@ QByteArray masked(QByteArray text, const ApiKey &apiKey)
 
 HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, const QByteArray &accept)
 {
+    const SecretBytes key(apiKey.characters().toUtf8());
     return { .address = address,
-        .headers = { { "Authorization", "Bearer " + apiKey.characters().toUtf8() }, { "Accept", accept } } };
+        .headers = { { "Accept", accept } },
+        .authorization = SecretBytes("Bearer " + *key) };
 }
 
-QString transportText(TransportFailure failure)
+RevenueResult transportError(TransportFailure failure)
 {
     if (failure == TransportFailure::InvalidAddress)
-        return u"⚠ url error"_s;
-    return u"⚠ "_s + describe(failure);
+        return { u"⚠ url error"_s };
+    return { u"⚠ "_s + describe(failure), lacksNetwork(failure) };
 }
 
-std::variant<QByteArray, QString> checkedBody(
+std::variant<QByteArray, RevenueResult> checkedBody(
     const HttpResult &result, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log)
 {
     if (const auto *failure = std::get_if<TransportFailure>(&result))
-        return transportText(*failure);
+        return transportError(*failure);
     const auto &answer = std::get<HttpAnswer>(result);
     log.line(rules.service + " HTTP "_L1 + QString::number(answer.status));
     if (const auto text = statusText(answer.status, rules))
-        return *text;
+        return RevenueResult{ *text };
     if (answer.body.isEmpty())
-        return rules.empty;
+        return RevenueResult{ rules.empty };
     logHead(answer.body, rules, apiKey, log);
     return answer.body;
 }

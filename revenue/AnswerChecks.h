@@ -2,6 +2,7 @@
 
 #include "platform/keys/ApiKey.h"
 #include "platform/net/Http.h"
+#include "revenue/RevenueFetcher.h"
 
 #include <QString>
 
@@ -24,16 +25,16 @@ struct AnswerRules {
 /// A GET of `address` that carries the key. The key goes exactly as it is.
 HttpRequest authorizedRequest(const QByteArray &address, const ApiKey &apiKey, const QByteArray &accept);
 
-/// The error text for a request that was not answered: "⚠ " and the reason.
-QString transportText(TransportFailure failure);
+/// The error for a request that was not answered: "⚠ " and the reason.
+RevenueResult transportError(TransportFailure failure);
 
 /// The UTF-8 `text` with "•••" in the place of the key, for the log. A key of fewer than eight characters
 /// stays.
 QByteArray masked(QByteArray text, const ApiKey &apiKey);
 
-/// The body of a good answer, or the error text for any other. Logs the status and the head of the body, in
+/// The body of a good answer, or the error for any other. Logs the status and the head of the body, in
 /// which the key, should the server send it back, is masked. Any thread.
-std::variant<QByteArray, QString> checkedBody(
+std::variant<QByteArray, RevenueResult> checkedBody(
     const HttpResult &result, const AnswerRules &rules, const ApiKey &apiKey, DiagnosticLog &log);
 
 } // namespace glimmet

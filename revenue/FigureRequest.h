@@ -16,8 +16,8 @@ struct FigureRequest {
 };
 
 /// Sends `request` and ends with exactly one call of `completion` on the main thread, unless `receiver` is
-/// gone by then: with what `figure` makes of a good answer's body, on the network's thread, or with an error
-/// text. An address that cannot be sent ends it within this call.
+/// gone by then: with what `figure` makes of a good answer's body, on the network's thread, or with an
+/// error. An address that cannot be sent ends it within this call.
 void askForFigure(const ServiceWorld &world, QObject *receiver, const FigureRequest &request,
     std::function<QString(const QByteArray &body)> figure, RevenueFetcher::Completion completion);
 

@@ -22,9 +22,9 @@ constexpr std::size_t ordersInASlice = 5'000;
 /// A longer one, it may be of megabytes, fits no address, and is not for the main thread to find that out.
 constexpr qsizetype longestCursor = 16'384;
 
-QString unreadable()
+RevenueResult unreadable()
 {
-    return u"⚠ parse error"_s;
+    return { u"⚠ parse error"_s };
 }
 
 RevenuePageResult parsedPage(const QByteArray &body, const PagedRevenueService::PageParser &parse)
@@ -35,7 +35,7 @@ RevenuePageResult parsedPage(const QByteArray &body, const PagedRevenueService::
     if (!page)
         return unreadable();
     if (page->nextCursor && page->nextCursor->size() > longestCursor)
-        return transportText(TransportFailure::InvalidAddress);
+        return transportError(TransportFailure::InvalidAddress);
     return *std::move(page);
 }
 
@@ -81,7 +81,7 @@ void PagedRevenueService::fetchPage(const ChainPointer &chain, const std::option
     const auto read = [parse = pageParser(query, cursor), rules = m_rules, apiKey = query.apiKey,
                           &log = m_world.log](const HttpResult &result) -> RevenuePageResult {
         const auto body = checkedBody(result, rules, apiKey, log);
-        if (const auto *error = std::get_if<QString>(&body))
+        if (const auto *error = std::get_if<RevenueResult>(&body))
             return *error;
         return parsedPage(std::get<QByteArray>(body), parse);
     };
@@ -94,7 +94,7 @@ void PagedRevenueService::fetchPage(const ChainPointer &chain, const std::option
 
 void PagedRevenueService::takePage(const ChainPointer &chain, RevenuePageResult result)
 {
-    if (const auto *error = std::get_if<QString>(&result))
+    if (const auto *error = std::get_if<RevenueResult>(&result))
         return chain->completion(*error);
     chain->page = std::get<RevenuePage>(std::move(result));
     chain->folded = 0;
@@ -130,7 +130,7 @@ void PagedRevenueService::goOn(const ChainPointer &chain)
 void PagedRevenueService::finish(const Chain &chain) const
 {
     m_world.log.line(summary(chain.query, chain.totals));
-    chain.completion(format(chain.query.metric, chain.totals.totals(), displayedCurrency(chain.query)));
+    chain.completion({ format(chain.query.metric, chain.totals.totals(), displayedCurrency(chain.query)) });
 }
 
 std::function<bool(Instant)> PagedRevenueService::periodTest(RevenueMode period) const

@@ -20,8 +20,8 @@ struct RevenuePage {
     std::optional<QString> nextCursor; ///< what asks for the next page; none: this is the last
 };
 
-/// A page, or the error text that ends the chain.
-using RevenuePageResult = std::variant<RevenuePage, QString>;
+/// A page, or the error that ends the chain.
+using RevenuePageResult = std::variant<RevenuePage, RevenueResult>;
 
 /// What Stripe, Lemon Squeezy and Dodo have in common: a list of orders that is read page by page to its end,
 /// whatever the period, and folded into totals, a slice of a long page at a time. Where the list does not end

@@ -74,7 +74,7 @@ PolarService::PolarService(ServiceWorld world, QObject *parent)
 void PolarService::fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion)
 {
     if (const QString missing = missingInput(query); !missing.isEmpty())
-        return completion(missing);
+        return completion({ missing });
     const auto figure = [metric = query.metric, &log = m_world.log](
                             const QByteArray &body) { return format(metric, parse(body, log), u"USD"_s); };
     askForFigure(m_world, this, { buildUrl(query.period), query.apiKey, answerRules() }, figure,

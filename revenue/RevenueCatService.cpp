@@ -53,7 +53,7 @@ RevenueCatService::RevenueCatService(ServiceWorld world, QObject *parent)
 void RevenueCatService::fetchMetric(const RevenueQuery &query, RevenueFetcher::Completion completion)
 {
     if (const QString missing = missingInput(query); !missing.isEmpty())
-        return completion(missing);
+        return completion({ missing });
     const QByteArray address =
         m_world.endpoint + "/v2/projects/" + query.projectID.toUtf8() + "/metrics/overview";
     const auto figure = [metric = query.metric, apiKey = query.apiKey, &log = m_world.log](

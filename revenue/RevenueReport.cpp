@@ -17,14 +17,21 @@ RevenueReport::RevenueReport(RevenueReportWorld world, QObject *parent)
     : QObject(parent)
     , m_world(std::move(world))
     , m_credentials(m_world.keys)
+    , m_retries(m_world.timers, [this] { tryAgain(); })
 {
     for (const RevenuePlatform &platform : revenuePlatforms()) {
-        for (const CredentialField &field : platform.credentials)
-            m_values.emplace(field.key, field.standIn);
+        for (const CredentialField &field : platform.credentials) {
+            m_values.emplace(field.key, ApiKey(field.standIn));
+            m_statuses.emplace(field.key, m_credentials.status(ApiKey(field.standIn), field.key));
+        }
     }
 }
 
-RevenueReport::~RevenueReport() = default;
+RevenueReport::~RevenueReport()
+{
+    for (const auto &[key, value] : m_values)
+        m_credentials.finish(key, value);
+}
 
 void RevenueReport::setProvider(RevenueProvider provider)
 {
@@ -51,8 +58,10 @@ void RevenueReport::setDodoCurrency(const QString &currency)
 
 void RevenueReport::setCredential(KeychainKey key, const QString &value)
 {
-    give(key, value);
-    m_credentials.save(value, key);
+    const ApiKey chosen(value);
+    give(key, chosen);
+    m_credentials.save(chosen, key);
+    publishStatus(key);
     fetchIfOnShow();
 }
 
@@ -60,35 +69,73 @@ void RevenueReport::loadCredentials()
 {
     for (const auto &[key, account] : rawValues<KeychainKey>)
         takeOver(key, m_credentials.load(key));
-    if (m_world.keys != nullptr)
-        connect(m_world.keys, &KeyStore::becameReadable, this, &RevenueReport::settleCredentials);
+    if (m_world.keys == nullptr)
+        return;
+    connect(m_world.keys, &KeyStore::refused, this, [this] { m_credentials.noteRefusal(); });
+    connect(m_world.keys, &KeyStore::becameReadable, this, [this] {
+        settleCredentials();
+        m_credentials.noteOpening();
+    });
+}
+
+void RevenueReport::beginEditing()
+{
+    settleUnanswered();
+    m_credentials.beginEditing();
+}
+
+void RevenueReport::askToUnlock(KeyConsent::Act act)
+{
+    settleUnanswered();
+    m_credentials.askToUnlock(act);
+}
+
+void RevenueReport::settleUnanswered()
+{
+    if (m_credentials.areAnyUnanswered())
+        settleCredentials();
+}
+
+bool RevenueReport::settle()
+{
+    bool areNew = false;
+    for (const KeychainKey key : m_credentials.unsettled()) {
+        std::optional<ApiKey> loaded;
+        const ApiKey held = m_values.at(key);
+        if (m_credentials.settle(key, held, loaded))
+            takeOver(key, loaded);
+        else
+            publishStatus(key);
+        areNew = areNew || m_values.at(key) != held;
+    }
+    return areNew;
 }
 
 void RevenueReport::settleCredentials()
 {
-    bool areNew = false;
-    for (const KeychainKey key : m_credentials.unsettled()) {
-        std::optional<QString> loaded;
-        if (!m_credentials.settle(key, credential(key), loaded))
-            continue;
-        takeOver(key, loaded);
-        areNew = true;
-    }
     // Once all are there: a fetch with a new key and the old currency could be answered last.
-    if (areNew)
+    if (settle())
         fetchIfOnShow();
 }
 
-void RevenueReport::takeOver(KeychainKey key, const std::optional<QString> &loaded)
+void RevenueReport::takeOver(KeychainKey key, const std::optional<ApiKey> &loaded)
 {
-    const QString value = loaded.value_or(credentialField(key).standIn);
+    const ApiKey value = loaded.value_or(ApiKey(credentialField(key).standIn));
     give(key, value);
     m_credentials.writeBack(value, key);
+    publishStatus(key);
 }
 
-void RevenueReport::give(KeychainKey key, const QString &value)
+void RevenueReport::publishStatus(KeychainKey key)
 {
-    QString &held = m_values.at(key);
+    const KeyStatus status = m_credentials.status(m_values.at(key), key);
+    if (std::exchange(m_statuses.at(key), status) != status)
+        emit credentialStatusChanged(key);
+}
+
+void RevenueReport::give(KeychainKey key, const ApiKey &value)
+{
+    ApiKey &held = m_values.at(key);
     if (held == value)
         return;
     held = value;
@@ -103,7 +150,7 @@ RevenueQuery RevenueReport::query() const
     query.metric = m_metric;
     for (const CredentialField &field : revenuePlatform(m_provider).credentials) {
         if (field.role == CredentialRole::Key)
-            query.apiKey = ApiKey(credential(field.key));
+            query.apiKey = m_values.at(field.key);
         else if (field.role == CredentialRole::ProjectID)
             query.projectID = credential(field.key);
     }
@@ -120,7 +167,7 @@ QString RevenueReport::currency() const
         if (field.role == CredentialRole::Currency)
             entered = credential(field.key);
     }
-    const QString code = trimmedBlanks(entered).toUpper();
+    QString code = trimmedBlanks(entered).toUpper();
     switch (platform.currency) {
     case RevenuePlatform::CurrencyCode::None:
         return {};
@@ -134,19 +181,35 @@ QString RevenueReport::currency() const
 
 void RevenueReport::fetch()
 {
+    ask(WithoutNetwork::TextTellsOfIt);
+}
+
+void RevenueReport::ask(WithoutNetwork withoutNetwork)
+{
     if (m_world.fetcher == nullptr)
         return;
     publish(*this, m_isFetching, true, &RevenueReport::isFetchingChanged);
     publish(*this, m_lastError, std::nullopt, &RevenueReport::lastErrorChanged);
+    const qint64 request = m_latest.begin();
     const RevenueQuery asked = query();
     const bool isSaidBefore =
         revenuePlatform(asked.provider).missingInput == RevenuePlatform::MissingInput::SaidBefore;
     if (const QString missing = missingInput(asked); isSaidBefore && !missing.isEmpty())
         return handleResult(missing);
-    m_world.fetcher->fetch(asked, [report = QPointer(this)](const QString &text) {
-        if (report)
-            report->handleResult(text);
-    });
+    m_world.fetcher->fetch(
+        asked, [report = QPointer(this), request, withoutNetwork](const RevenueResult &result) {
+            if (report)
+                report->take(result, request, withoutNetwork);
+        });
+}
+
+void RevenueReport::take(const RevenueResult &result, qint64 request, WithoutNetwork withoutNetwork)
+{
+    const bool isOld = !m_latest.isLatest(request);
+    m_latest.end(request, result.lacksNetwork);
+    const bool isHeldBack =
+        result.lacksNetwork && m_retries.areAhead() && (withoutNetwork == WithoutNetwork::TextStays || isOld);
+    handleResult(isHeldBack ? m_label : result.text);
 }
 
 void RevenueReport::fetchIfOnShow()
@@ -158,6 +221,19 @@ void RevenueReport::fetchIfOnShow()
 void RevenueReport::startTimer()
 {
     fetch();
+    runTimer();
+}
+
+void RevenueReport::startAnew()
+{
+    settle();
+    m_retries.start();
+    ask(WithoutNetwork::TextStays);
+    runTimer();
+}
+
+void RevenueReport::runTimer()
+{
     m_timer.reset();
     m_timer = m_world.timers.repeating(300s, [this] {
         settleCredentials();
@@ -165,9 +241,16 @@ void RevenueReport::startTimer()
     });
 }
 
+void RevenueReport::tryAgain()
+{
+    if (m_latest.lackedNetwork())
+        ask(WithoutNetwork::TextStays);
+}
+
 void RevenueReport::stopTimer()
 {
     m_timer.reset();
+    m_retries.stop();
 }
 
 void RevenueReport::handleResult(const QString &text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Retries.h"
 #include "revenue/Credentials.h"
 #include "revenue/RevenueFetcher.h"
 
@@ -42,11 +43,17 @@ public:
     QString dodoCurrency() const { return m_dodoCurrency; }
     void setDodoCurrency(const QString &currency);
 
-    QString credential(KeychainKey key) const { return m_values.at(key); }
+    QString credential(KeychainKey key) const { return m_values.at(key).characters(); }
     /// What the user chose: it is saved, also where it is equal.
     void setCredential(KeychainKey key, const QString &value);
+    /// What the key store has of it.
+    KeyStatus credentialStatus(KeychainKey key) const { return m_statuses.at(key); }
     /// Takes over what the key store has, and goes on with what it cannot tell yet once it can be read.
     void loadCredentials();
+    /// The user turns to a credential's field.
+    void beginEditing();
+    /// Has the key store ask the user to open it, where it is locked and the user's act allows it.
+    void askToUnlock(KeyConsent::Act act);
 
     /// The finished text of the last fetch.
     QString label() const { return m_label; }
@@ -56,6 +63,9 @@ public:
     void fetch();
     /// Fetches now and every five minutes.
     void startTimer();
+    /// The same after the machine slept, or as if it had: what the key store can tell by now is taken over
+    /// first, and where the network is not there yet, the text stays while the fetch is tried again.
+    void startAnew();
     void stopTimer();
     /// Takes the finished text of a fetch.
     void handleResult(const QString &text);
@@ -66,19 +76,32 @@ signals:
     void periodChanged();
     void dodoCurrencyChanged();
     void credentialChanged(glimmet::KeychainKey key);
+    void credentialStatusChanged(glimmet::KeychainKey key);
     void labelChanged();
     void isFetchingChanged();
     void lastErrorChanged();
 
 private:
-    void give(KeychainKey key, const QString &value);
+    /// What becomes of the text while there is no network but another try to come.
+    enum class WithoutNetwork { TextTellsOfIt, TextStays };
+
+    void give(KeychainKey key, const ApiKey &value);
     /// Takes over what the key store has, which is written back, also where that is nothing.
-    void takeOver(KeychainKey key, const std::optional<QString> &loaded);
-    /// Asks the key store once more for what it could not tell or take.
+    void takeOver(KeychainKey key, const std::optional<ApiKey> &loaded);
+    /// Asks the key store once more for what it could not tell or take. Returns whether it told anything.
+    bool settle();
+    /// The same, and fetches with what is new.
     void settleCredentials();
+    /// The same where the store was silent: what it says by now decides whether the user has to be asked.
+    void settleUnanswered();
+    void publishStatus(KeychainKey key);
     RevenueQuery query() const;
     QString currency() const;
     void fetchIfOnShow();
+    void ask(WithoutNetwork withoutNetwork);
+    void take(const RevenueResult &result, qint64 request, WithoutNetwork withoutNetwork);
+    void runTimer();
+    void tryAgain();
 
     RevenueReportWorld m_world;
     Credentials m_credentials;
@@ -86,11 +109,14 @@ private:
     RevenueMetric m_metric = RevenueMetric::Revenue;
     RevenueMode m_period = RevenueMode::AllTime;
     QString m_dodoCurrency = QStringLiteral("USD");
-    std::map<KeychainKey, QString> m_values; ///< one for each credential
+    std::map<KeychainKey, ApiKey> m_values; ///< one for each credential
+    std::map<KeychainKey, KeyStatus> m_statuses; ///< the same
     QString m_label = QStringLiteral("–");
     bool m_isFetching = false;
     std::optional<QString> m_lastError;
+    LatestRequest m_latest;
     std::unique_ptr<RepeatingTimer> m_timer;
+    Retries m_retries;
 };
 
 } // namespace glimmet

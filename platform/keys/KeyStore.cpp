@@ -2,9 +2,9 @@
 
 namespace glimmet {
 
-bool KeyStore::save(const ApiKey &value, const QString &account)
+bool KeyStore::save(const ApiKey &value, const QString &account, Cause cause)
 {
-    return !isUnread(account) && write(value, account);
+    return !isUnread(account) && write(value, account, cause);
 }
 
 LoadedKey KeyStore::load(const QString &account)
@@ -17,9 +17,9 @@ LoadedKey KeyStore::load(const QString &account)
     return loaded;
 }
 
-bool KeyStore::remove(const QString &account)
+bool KeyStore::remove(const QString &account, Cause cause)
 {
-    return !isUnread(account) && erase(account);
+    return !isUnread(account) && erase(account, cause);
 }
 
 } // namespace glimmet

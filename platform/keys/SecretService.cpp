@@ -3,7 +3,6 @@
 #include "platform/keys/SecretServiceLink.h"
 #include "platform/keys/SecretServiceTypes.h"
 
-#include <QDBusPendingCall>
 #include <QDBusVariant>
 
 namespace glimmet {
@@ -13,6 +12,7 @@ using namespace SecretServiceNames;
 using Paths = QList<QDBusObjectPath>;
 
 const QString labelProperty = QStringLiteral("org.freedesktop.Secret.Item.Label");
+const QString labelOfCollection = QStringLiteral("org.freedesktop.Secret.Collection.Label");
 const QString attributesProperty = QStringLiteral("org.freedesktop.Secret.Item.Attributes");
 
 template <typename Value> Value valueAt(int index, const QVariantList &arguments)
@@ -20,41 +20,65 @@ template <typename Value> Value valueAt(int index, const QVariantList &arguments
     return qdbus_cast<Value>(arguments.at(index));
 }
 
-} // namespace
-
-std::optional<SecretMatches> SecretService::find(
-    const SecretAttributes &attributes, const CallBudget::Call &call)
+/// What came of making something: its path, or the prompt that comes before.
+SecretChange changeOf(const QVariantList &madeAndPrompt)
 {
-    const auto collection = defaultCollection(call);
-    if (!collection || isNone(*collection))
-        return std::nullopt;
-    m_collection = *collection;
-    const std::optional<bool> locked = isLocked(call);
-    if (!locked || (*locked && !unlock(call)))
-        return std::nullopt;
-    QDBusMessage search = m_link.method(servicePath, serviceInterface, QStringLiteral("SearchItems"));
-    search << QVariant::fromValue(attributes);
-    const auto answer = m_link.call(search, QStringLiteral("aoao"), call.remaining());
-    if (!answer)
-        return std::nullopt;
-    return SecretMatches{ valueAt<Paths>(0, *answer), valueAt<Paths>(1, *answer) };
+    if (!isNone(valueAt<QDBusObjectPath>(0, madeAndPrompt)))
+        return { SecretChange::State::Made, {} };
+    const auto prompt = valueAt<QDBusObjectPath>(1, madeAndPrompt);
+    return { isNone(prompt) ? SecretChange::State::Failed : SecretChange::State::AwaitsPrompt, prompt };
 }
 
-std::optional<QByteArray> SecretService::valueOf(
-    const QDBusObjectPath &item, const CallBudget::Call &call) const
+} // namespace
+
+std::optional<SecretMatches> SecretService::find(const SecretAttributes &attributes, CallBudget::Call &call)
+{
+    m_obstacle = findCollection(call);
+    if (m_obstacle != KeyObstacle::None)
+        return std::nullopt;
+    auto matches = search(attributes, call);
+    if (!matches)
+        m_obstacle = KeyObstacle::NoService;
+    return matches;
+}
+
+SecretChange SecretService::open(const SecretAttributes &attributes, bool mayMake, CallBudget::Call &call)
+{
+    switch (findCollection(call)) {
+    case KeyObstacle::NoCollection:
+        return mayMake ? make(call) : SecretChange();
+    case KeyObstacle::Locked:
+        return unlock({ m_collection }, call);
+    case KeyObstacle::None:
+        break;
+    default:
+        return {};
+    }
+    const auto matches = search(attributes, call);
+    if (!matches)
+        return {};
+    return matches->locked.isEmpty() ? SecretChange{ SecretChange::State::Made, {} }
+                                     : unlock(matches->locked, call);
+}
+
+std::optional<QByteArray> SecretService::valueOf(const QDBusObjectPath &item, CallBudget::Call &call) const
 {
     QDBusMessage message = m_link.method(item.path(), itemInterface, QStringLiteral("GetSecret"));
     message << QVariant::fromValue(m_link.session());
-    const auto answer = m_link.call(message, QStringLiteral("(oayays)"), call.remaining());
+    const auto answer = m_link.ask(message, QStringLiteral("(oayays)"), call);
     if (!answer)
         return std::nullopt;
-    return valueAt<SecretOfItem>(0, *answer).value;
+    QByteArray value = valueAt<SecretOfItem>(0, *answer).value;
+    // KWallet gives a text of nothing for an item that is locked.
+    if (value.isEmpty() && isLocked(item, itemInterface, call) != false)
+        return std::nullopt;
+    return value;
 }
 
-SecretChange SecretService::remove(const QDBusObjectPath &item, std::chrono::milliseconds timeout) const
+SecretChange SecretService::remove(const QDBusObjectPath &item, CallBudget::Call &call) const
 {
     const QDBusMessage message = m_link.method(item.path(), itemInterface, QStringLiteral("Delete"));
-    const auto answer = m_link.call(message, QStringLiteral("o"), timeout);
+    const auto answer = m_link.ask(message, QStringLiteral("o"), call);
     if (!answer)
         return {};
     const auto prompt = valueAt<QDBusObjectPath>(0, *answer);
@@ -67,7 +91,7 @@ void SecretService::startRemoval(const QDBusObjectPath &item) const
 }
 
 SecretChange SecretService::add(const SecretAttributes &attributes, const QString &label,
-    const QByteArray &text, std::chrono::milliseconds timeout) const
+    const QByteArray &text, CallBudget::Call &call, std::chrono::milliseconds patience) const
 {
     const QVariantMap properties{ { labelProperty, label },
         { attributesProperty, QVariant::fromValue(attributes) } };
@@ -76,69 +100,85 @@ SecretChange SecretService::add(const SecretAttributes &attributes, const QStrin
     QDBusMessage message =
         m_link.method(m_collection.path(), collectionInterface, QStringLiteral("CreateItem"));
     message << properties << QVariant::fromValue(secret) << replace;
-    const auto answer = m_link.call(message, QStringLiteral("oo"), timeout);
+    const auto answer = m_link.ask(message, QStringLiteral("oo"), call, patience);
     if (!answer)
         return {};
-    if (!isNone(valueAt<QDBusObjectPath>(0, *answer)))
-        return { SecretChange::State::Made, {} };
-    const auto prompt = valueAt<QDBusObjectPath>(1, *answer);
-    return { isNone(prompt) ? SecretChange::State::Failed : SecretChange::State::AwaitsPrompt, prompt };
+    return changeOf(*answer);
 }
 
-void SecretService::start(const QDBusObjectPath &prompt) const
+KeyObstacle SecretService::findCollection(CallBudget::Call &call)
 {
-    QDBusMessage message = m_link.method(prompt.path(), promptInterface, QStringLiteral("Prompt"));
-    const QString noWindow;
-    message << noWindow;
-    m_link.connection().asyncCall(message);
+    const auto collection = defaultCollection(call);
+    if (!collection)
+        return KeyObstacle::NoService;
+    if (isNone(*collection))
+        return KeyObstacle::NoCollection;
+    m_collection = *collection;
+    const std::optional<bool> locked = isLocked(m_collection, collectionInterface, call);
+    if (!locked)
+        return KeyObstacle::NoService;
+    return *locked ? KeyObstacle::Locked : KeyObstacle::None;
 }
 
-std::optional<QDBusObjectPath> SecretService::defaultCollection(const CallBudget::Call &call)
+std::optional<QDBusObjectPath> SecretService::defaultCollection(CallBudget::Call &call)
 {
     const bool wasOpen = m_link.isOpen();
     auto collection = readAlias(call);
-    if (collection || !wasOpen || call.hasExpired())
+    if (collection || !wasOpen || call.wasUnanswered())
         return collection;
     // The service may have been replaced while the link did not listen to the bus.
     m_link.close();
     return readAlias(call);
 }
 
-std::optional<QDBusObjectPath> SecretService::readAlias(const CallBudget::Call &call)
+std::optional<QDBusObjectPath> SecretService::readAlias(CallBudget::Call &call)
 {
     if (!m_link.open(call))
         return std::nullopt;
     const QDBusMessage question = defaultCollectionQuestion(m_link.owner());
-    const auto answer = m_link.call(question, QStringLiteral("o"), call.remaining());
+    const auto answer = m_link.ask(question, QStringLiteral("o"), call);
     if (!answer)
         return std::nullopt;
     return valueAt<QDBusObjectPath>(0, *answer);
 }
 
-std::optional<bool> SecretService::isLocked(const CallBudget::Call &call) const
+std::optional<bool> SecretService::isLocked(
+    const QDBusObjectPath &object, const QString &interface, CallBudget::Call &call) const
 {
-    const QDBusMessage question = lockQuestion(m_link.owner(), m_collection);
-    const auto answer = m_link.call(question, QStringLiteral("v"), call.remaining());
+    const QDBusMessage question = lockQuestion(m_link.owner(), object, interface);
+    const auto answer = m_link.ask(question, QStringLiteral("v"), call);
     if (!answer)
         return std::nullopt;
     return valueAt<QDBusVariant>(0, *answer).variant().toBool();
 }
 
-bool SecretService::unlock(const CallBudget::Call &call)
+std::optional<SecretMatches> SecretService::search(
+    const SecretAttributes &attributes, CallBudget::Call &call) const
 {
-    if (m_hasAskedToUnlock)
-        return false;
-    QDBusMessage message = m_link.method(servicePath, serviceInterface, QStringLiteral("Unlock"));
-    message << QVariant::fromValue(Paths{ m_collection });
-    const auto answer = m_link.call(message, QStringLiteral("aoo"), call.remaining());
+    const auto answer = m_link.ask(itemsQuestion(m_link.owner(), attributes), QStringLiteral("aoao"), call);
     if (!answer)
-        return false;
-    m_hasAskedToUnlock = true;
+        return std::nullopt;
+    return SecretMatches{ valueAt<Paths>(0, *answer), valueAt<Paths>(1, *answer) };
+}
+
+SecretChange SecretService::make(CallBudget::Call &call) const
+{
+    const QVariantMap properties{ { labelOfCollection, QStringLiteral("Default keyring") } };
+    QDBusMessage message = m_link.method(servicePath, serviceInterface, QStringLiteral("CreateCollection"));
+    message << properties << defaultAlias;
+    const auto answer = m_link.ask(message, QStringLiteral("oo"), call);
+    return answer ? changeOf(*answer) : SecretChange();
+}
+
+SecretChange SecretService::unlock(const Paths &objects, CallBudget::Call &call) const
+{
+    QDBusMessage message = m_link.method(servicePath, serviceInterface, QStringLiteral("Unlock"));
+    message << QVariant::fromValue(objects);
+    const auto answer = m_link.ask(message, QStringLiteral("aoo"), call);
+    if (!answer)
+        return {};
     const auto prompt = valueAt<QDBusObjectPath>(1, *answer);
-    if (isNone(prompt))
-        return isLocked(call) == false;
-    start(prompt);
-    return false;
+    return { isNone(prompt) ? SecretChange::State::Made : SecretChange::State::AwaitsPrompt, prompt };
 }
 
 } // namespace glimmet

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/keys/CallBudget.h"
+#include "platform/keys/KeyStore.h"
 #include "platform/keys/SecretServiceTypes.h"
 
 #include <QList>
@@ -26,10 +27,8 @@ struct SecretChange {
     QDBusObjectPath prompt;
 };
 
-/// What is asked of the Secret Service, as blocking steps within the time of a call. The first time that the
-/// user's collection is found locked, the service is asked to have it unlocked, which the call does not wait
-/// for. No collection is ever made, and no prompt is ever taken back: gnome-keyring 42 aborts at that. Main
-/// thread.
+/// What is asked of the Secret Service, as blocking steps within the time of a call. None of them has the
+/// service ask the user. Main thread.
 class SecretService {
 public:
     /// `link` outlives this.
@@ -39,28 +38,35 @@ public:
     }
 
     /// The items with `attributes`, wherever they are. None where the user's collection cannot be read.
-    std::optional<SecretMatches> find(const SecretAttributes &attributes, const CallBudget::Call &call);
-    /// What is in an unlocked item.
-    std::optional<QByteArray> valueOf(const QDBusObjectPath &item, const CallBudget::Call &call) const;
-    SecretChange remove(const QDBusObjectPath &item, std::chrono::milliseconds timeout) const;
+    std::optional<SecretMatches> find(const SecretAttributes &attributes, CallBudget::Call &call);
+    /// What kept the last `find` from the items.
+    KeyObstacle obstacle() const { return m_obstacle; }
+    /// Unlocks the user's collection, or the items with `attributes` where only they are locked; where there
+    /// is no collection yet and `mayMake`, makes one.
+    SecretChange open(const SecretAttributes &attributes, bool mayMake, CallBudget::Call &call);
+    /// What is in an unlocked item; none where it has been locked meanwhile.
+    std::optional<QByteArray> valueOf(const QDBusObjectPath &item, CallBudget::Call &call) const;
+    SecretChange remove(const QDBusObjectPath &item, CallBudget::Call &call) const;
     /// The same, whatever comes of it: returns at once, and what is asked for next is done after it.
     void startRemoval(const QDBusObjectPath &item) const;
     /// Puts an item of text into the collection in which `find` looked last, in place of one with equal
     /// attributes.
     SecretChange add(const SecretAttributes &attributes, const QString &label, const QByteArray &text,
-        std::chrono::milliseconds timeout) const;
-    /// Lets the service ask the user, now or later.
-    void start(const QDBusObjectPath &prompt) const;
+        CallBudget::Call &call, std::chrono::milliseconds patience) const;
 
 private:
-    std::optional<QDBusObjectPath> defaultCollection(const CallBudget::Call &call);
-    std::optional<QDBusObjectPath> readAlias(const CallBudget::Call &call);
-    std::optional<bool> isLocked(const CallBudget::Call &call) const;
-    bool unlock(const CallBudget::Call &call);
+    KeyObstacle findCollection(CallBudget::Call &call);
+    std::optional<QDBusObjectPath> defaultCollection(CallBudget::Call &call);
+    std::optional<QDBusObjectPath> readAlias(CallBudget::Call &call);
+    std::optional<bool> isLocked(
+        const QDBusObjectPath &object, const QString &interface, CallBudget::Call &call) const;
+    std::optional<SecretMatches> search(const SecretAttributes &attributes, CallBudget::Call &call) const;
+    SecretChange make(CallBudget::Call &call) const;
+    SecretChange unlock(const QList<QDBusObjectPath> &objects, CallBudget::Call &call) const;
 
     SecretServiceLink &m_link;
     QDBusObjectPath m_collection;
-    bool m_hasAskedToUnlock = false;
+    KeyObstacle m_obstacle = KeyObstacle::None;
 };
 
 } // namespace glimmet

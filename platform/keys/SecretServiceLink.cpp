@@ -7,6 +7,7 @@
 #include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusVariant>
+#include <QElapsedTimer>
 
 #include <algorithm>
 
@@ -14,18 +15,31 @@ namespace glimmet {
 namespace {
 
 using namespace SecretServiceNames;
+using std::chrono::milliseconds;
 
 std::optional<QVariantList> answerOf(const QDBusConnection &connection, const QDBusMessage &message,
-    const QString &signature, std::chrono::milliseconds timeout)
+    const QString &signature, milliseconds timeout)
 {
-    if (timeout <= std::chrono::milliseconds::zero() || !connection.isConnected())
+    if (timeout <= milliseconds::zero() || !connection.isConnected())
         return std::nullopt;
     // Qt's timer for it may be late by a twentieth.
-    const auto patience = std::max(timeout * 19 / 20, std::chrono::milliseconds(1));
+    const auto patience = std::max(timeout * 19 / 20, milliseconds(1));
     const QDBusMessage reply = connection.call(message, QDBus::Block, static_cast<int>(patience.count()));
     if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != signature)
         return std::nullopt;
     return reply.arguments();
+}
+
+/// What `step` gives within `patience`. Where there was nothing for all that time, the call knows: timers of
+/// D-Bus end a wait up to a tenth early.
+template <typename Step> auto within(milliseconds patience, CallBudget::Call &call, Step step)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    auto result = step(patience);
+    if (!result && patience > milliseconds::zero() && milliseconds(elapsed.elapsed()) >= patience * 9 / 10)
+        call.noteSilence();
+    return result;
 }
 
 } // namespace
@@ -43,12 +57,13 @@ SecretServiceLink::~SecretServiceLink()
     close();
 }
 
-bool SecretServiceLink::open(const CallBudget::Call &call)
+bool SecretServiceLink::open(CallBudget::Call &call)
 {
-    return connectToBus(call.remaining()) && findService(call) && openSession(call);
+    const auto connectWithin = [this](milliseconds patience) { return connectToBus(patience); };
+    return within(call.patience(), call, connectWithin) && findService(call) && openSession(call);
 }
 
-bool SecretServiceLink::connectToBus(std::chrono::milliseconds timeout)
+bool SecretServiceLink::connectToBus(milliseconds timeout)
 {
     if (m_connection.isConnected())
         return true;
@@ -69,6 +84,7 @@ void SecretServiceLink::close()
     m_connection = QDBusConnection(QString());
     m_owner.clear();
     m_session = QDBusObjectPath();
+    emit lost();
 }
 
 QDBusMessage SecretServiceLink::method(
@@ -77,37 +93,44 @@ QDBusMessage SecretServiceLink::method(
     return QDBusMessage::createMethodCall(m_owner, path, interface, name);
 }
 
-std::optional<QVariantList> SecretServiceLink::call(
-    const QDBusMessage &message, const QString &signature, std::chrono::milliseconds timeout) const
+std::optional<QVariantList> SecretServiceLink::ask(
+    const QDBusMessage &message, const QString &signature, CallBudget::Call &call) const
 {
-    return answerOf(m_connection, message, signature, timeout);
+    return ask(message, signature, call, call.patience());
 }
 
-bool SecretServiceLink::findService(const CallBudget::Call &call)
+std::optional<QVariantList> SecretServiceLink::ask(const QDBusMessage &message, const QString &signature,
+    CallBudget::Call &call, milliseconds patience) const
+{
+    return within(
+        patience, call, [&](milliseconds time) { return answerOf(m_connection, message, signature, time); });
+}
+
+bool SecretServiceLink::findService(CallBudget::Call &call)
 {
     if (!m_owner.isEmpty())
         return true;
     const QDBusMessage question = BusDaemon::ownerQuestion(service);
     const QString one = QStringLiteral("s");
-    std::optional<QVariantList> owner = answerOf(m_connection, question, one, call.remaining());
+    std::optional<QVariantList> owner = ask(question, one, call);
     if (!owner) {
         const QDBusMessage start = BusDaemon::startRequest(service);
-        if (!answerOf(m_connection, start, QStringLiteral("u"), call.remaining()))
+        if (!ask(start, QStringLiteral("u"), call))
             return false;
-        owner = answerOf(m_connection, question, one, call.remaining());
+        owner = ask(question, one, call);
     }
     if (owner)
         m_owner = owner->first().toString();
     return owner.has_value();
 }
 
-bool SecretServiceLink::openSession(const CallBudget::Call &call)
+bool SecretServiceLink::openSession(CallBudget::Call &call)
 {
     if (isOpen())
         return true;
     QDBusMessage message = method(servicePath, serviceInterface, QStringLiteral("OpenSession"));
     message << QStringLiteral("plain") << QVariant::fromValue(QDBusVariant(QString()));
-    const auto answer = answerOf(m_connection, message, QStringLiteral("vo"), call.remaining());
+    const auto answer = ask(message, QStringLiteral("vo"), call);
     if (answer)
         m_session = answer->at(1).value<QDBusObjectPath>();
     return answer.has_value();
@@ -131,6 +154,7 @@ void SecretServiceLink::listen()
 void SecretServiceLink::handlePrompt(const QDBusMessage &completed)
 {
     const bool isDismissed = completed.arguments().value(0).toBool();
+    emit promptCompleted(completed.path(), isDismissed);
     if (!isDismissed)
         emit changed();
 }
@@ -142,6 +166,7 @@ void SecretServiceLink::handleOwner(const QDBusMessage &signal)
         return;
     m_owner.clear();
     m_session = QDBusObjectPath();
+    emit lost();
     if (!change->owner.isEmpty())
         emit changed();
 }

@@ -28,7 +28,7 @@ public:
     ~SecretServiceLink() override;
 
     /// Makes the way as far as it is not there yet; a service that does not run is started.
-    bool open(const CallBudget::Call &call);
+    bool open(CallBudget::Call &call);
     /// Only the connection, which waits for the bus alone.
     bool connectToBus(std::chrono::milliseconds timeout);
     /// Goes away; the next opening is a fresh one.
@@ -42,22 +42,29 @@ public:
     /// A call of the program that this link was opened to.
     QDBusMessage method(const QString &path, const QString &interface, const QString &name) const;
 
-    /// The arguments of the answer to `message`; none where it does not come in time, is an error or has
-    /// another signature. With no time left nothing is sent.
-    std::optional<QVariantList> call(
-        const QDBusMessage &message, const QString &signature, std::chrono::milliseconds timeout) const;
+    /// The arguments of the answer to `message`; none where it does not come in time, which the call then
+    /// knows, is an error or has another signature. With no time left nothing is sent.
+    std::optional<QVariantList> ask(
+        const QDBusMessage &message, const QString &signature, CallBudget::Call &call) const;
+    /// The same with a time of its own.
+    std::optional<QVariantList> ask(const QDBusMessage &message, const QString &signature,
+        CallBudget::Call &call, std::chrono::milliseconds patience) const;
 
 signals:
     /// The service appeared, or something in it changed: what could not be read may be readable now.
     void changed();
+    /// One of the service's dialogs has ended.
+    void promptCompleted(const QString &prompt, bool isDismissed);
+    /// The way is gone, and with it everything that was under way.
+    void lost();
 
 private slots:
     void handleOwner(const QDBusMessage &signal);
     void handlePrompt(const QDBusMessage &completed);
 
 private:
-    bool findService(const CallBudget::Call &call);
-    bool openSession(const CallBudget::Call &call);
+    bool findService(CallBudget::Call &call);
+    bool openSession(CallBudget::Call &call);
     void listen();
 
     const SessionBus &m_bus;

@@ -26,15 +26,23 @@ QDBusMessage defaultCollectionQuestion(const QString &owner)
 {
     QDBusMessage question =
         QDBusMessage::createMethodCall(owner, servicePath, serviceInterface, QStringLiteral("ReadAlias"));
-    question << QStringLiteral("default");
+    question << defaultAlias;
     return question;
 }
 
-QDBusMessage lockQuestion(const QString &owner, const QDBusObjectPath &collection)
+QDBusMessage lockQuestion(const QString &owner, const QDBusObjectPath &object, const QString &interface)
 {
     QDBusMessage question =
-        QDBusMessage::createMethodCall(owner, collection.path(), propertiesInterface, QStringLiteral("Get"));
-    question << collectionInterface << QStringLiteral("Locked");
+        QDBusMessage::createMethodCall(owner, object.path(), propertiesInterface, QStringLiteral("Get"));
+    question << interface << QStringLiteral("Locked");
+    return question;
+}
+
+QDBusMessage itemsQuestion(const QString &owner, const SecretAttributes &attributes)
+{
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(owner, servicePath, serviceInterface, QStringLiteral("SearchItems"));
+    question << QVariant::fromValue(attributes);
     return question;
 }
 

@@ -18,6 +18,7 @@ inline const QString serviceInterface = QStringLiteral("org.freedesktop.Secret.S
 inline const QString collectionInterface = QStringLiteral("org.freedesktop.Secret.Collection");
 inline const QString itemInterface = QStringLiteral("org.freedesktop.Secret.Item");
 inline const QString promptInterface = QStringLiteral("org.freedesktop.Secret.Prompt");
+inline const QString defaultAlias = QStringLiteral("default"); ///< of the user's own collection
 inline const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 } // namespace SecretServiceNames
@@ -40,8 +41,10 @@ QDebug operator<<(QDebug, const SecretOfItem &) = delete;
 /// Which collection is the user's own; answered by its path, or by the one that stands for none. `owner` is
 /// the service's name, well-known or unique.
 QDBusMessage defaultCollectionQuestion(const QString &owner);
-/// Whether a collection is locked; answered by a variant with a boolean.
-QDBusMessage lockQuestion(const QString &owner, const QDBusObjectPath &collection);
+/// Whether a collection or an item (by its `interface`) is locked; answered by a variant with a boolean.
+QDBusMessage lockQuestion(const QString &owner, const QDBusObjectPath &object, const QString &interface);
+/// Which items have `attributes`; answered by the paths of the unlocked ones and of the locked ones.
+QDBusMessage itemsQuestion(const QString &owner, const SecretAttributes &attributes);
 bool isNone(const QDBusObjectPath &path);
 
 /// Makes the types known to the bus; more than once does no harm.

@@ -9,6 +9,7 @@
 #include <QDBusVariant>
 
 #include <algorithm>
+#include <utility>
 
 namespace glimmet {
 namespace {
@@ -23,9 +24,10 @@ constexpr std::chrono::milliseconds busPatience = 300ms;
 } // namespace
 
 SecretServiceWatch::SecretServiceWatch(
-    SecretServiceLink &link, const SessionBus &bus, Timers &timers, QObject *parent)
+    SecretServiceLink &link, const SessionBus &bus, Timers &timers, SecretAttributes ours, QObject *parent)
     : QObject(parent)
     , m_link(link)
+    , m_ours(std::move(ours))
     , m_pause(timers, shortestPause, [this] { look(); })
 {
     connect(&link, &SecretServiceLink::changed, this, &SecretServiceWatch::look);
@@ -56,23 +58,40 @@ void SecretServiceWatch::look()
 
 void SecretServiceWatch::askForCollection()
 {
-    ask(defaultCollectionQuestion(service), [this](const QVariant &answer) {
-        const auto collection = answer.value<QDBusObjectPath>();
-        if (!isNone(collection))
+    ask(defaultCollectionQuestion(service), [this](const QVariantList &answer) {
+        const auto collection = answer.value(0).value<QDBusObjectPath>();
+        if (isNone(collection))
+            emit closed();
+        else
             askForLock(collection);
     });
 }
 
 void SecretServiceWatch::askForLock(const QDBusObjectPath &collection)
 {
-    ask(lockQuestion(service, collection), [this](const QVariant &answer) {
-        const bool isLocked = answer.value<QDBusVariant>().variant().toBool();
-        if (!isLocked)
+    ask(lockQuestion(service, collection, collectionInterface), [this](const QVariantList &answer) {
+        const bool isLocked = answer.value(0).value<QDBusVariant>().variant().toBool();
+        if (isLocked)
+            emit closed();
+        else
+            askForItems();
+    });
+}
+
+/// Some services keep every item locked until the user has allowed the program to have it.
+void SecretServiceWatch::askForItems()
+{
+    ask(itemsQuestion(service, m_ours), [this](const QVariantList &answer) {
+        const auto count = [&](int index) {
+            return qdbus_cast<QList<QDBusObjectPath>>(answer.value(index)).size();
+        };
+        const bool areAllLocked = count(0) == 0 && count(1) > 0;
+        if (!areAllLocked)
             report();
     });
 }
 
-void SecretServiceWatch::ask(const QDBusMessage &question, std::function<void(const QVariant &)> use)
+void SecretServiceWatch::ask(const QDBusMessage &question, std::function<void(const QVariantList &)> use)
 {
     // A service that hangs answers once it goes on. A later question takes the place of one without answer.
     delete m_question;
@@ -81,7 +100,7 @@ void SecretServiceWatch::ask(const QDBusMessage &question, std::function<void(co
         m_isHanging = false;
         const QDBusMessage answer = answered.reply();
         if (answer.type() == QDBusMessage::ReplyMessage)
-            use(answer.arguments().value(0));
+            use(answer.arguments());
     };
     m_question = callLater(m_link.connection(), question, this, take, withoutLimit);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/SingleShot.h"
+#include "platform/keys/SecretServiceTypes.h"
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -22,28 +23,35 @@ class SecretServiceWatch : public QObject {
 public:
     enum class Service { Answers, Hangs };
 
-    /// What it is given outlives the watch.
-    SecretServiceWatch(
-        SecretServiceLink &link, const SessionBus &bus, Timers &timers, QObject *parent = nullptr);
+    /// `ours`: what the program's own items are found by. What else it is given outlives the watch.
+    SecretServiceWatch(SecretServiceLink &link, const SessionBus &bus, Timers &timers, SecretAttributes ours,
+        QObject *parent = nullptr);
 
     /// A call did not get through; where the service `Hangs`, it ran out of time.
     void noteFailure(Service state);
+    /// A call will be of use once the service tells of a change: it is looked at then, and not before.
+    void expectChange() { m_isLooking = true; }
     /// A call got through.
     void noteSuccess();
     /// Whether the service let a call run out of time and has not answered since.
     bool isHanging() const { return m_isHanging; }
+    /// Asks now, where a call did not get through.
+    void look();
 
 signals:
     void readable();
+    /// The service answers, but there is nothing that could be read.
+    void closed();
 
 private:
-    void look();
     void askForCollection();
     void askForLock(const QDBusObjectPath &collection);
-    void ask(const QDBusMessage &question, std::function<void(const QVariant &)> use);
+    void askForItems();
+    void ask(const QDBusMessage &question, std::function<void(const QVariantList &)> use);
     void report();
 
     SecretServiceLink &m_link;
+    const SecretAttributes m_ours;
     bool m_isLooking = false;
     bool m_isHanging = false;
     SingleShot m_pause;

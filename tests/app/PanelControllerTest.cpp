@@ -52,6 +52,35 @@ TEST_F(PanelControllerTest, staysOpenWhileTheKeyboardPassesBySoonAfterItsOpening
     EXPECT_FALSE(controller.isOpen());
 }
 
+TEST_F(PanelControllerTest, staysOpenWhileADialogOfItsOwnHasTheKeyboard)
+{
+    click();
+    world.timers.advance(1s);
+    controller.setHeld(true);
+    takeTheKeyboardAway();
+    EXPECT_TRUE(controller.isOpen());
+
+    controller.setHeld(false);
+    world.timers.advance(2s);
+    takeTheKeyboardAway();
+    EXPECT_TRUE(controller.isOpen());
+    world.timers.advance(1ms);
+    takeTheKeyboardAway();
+    EXPECT_FALSE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, isClosedByAClickOnTheItemAlsoWhileItIsHeld)
+{
+    click();
+    controller.setHeld(true);
+
+    click();
+    EXPECT_FALSE(controller.isOpen());
+    EXPECT_EQ(controller.windowId(), 0U);
+    controller.setHeld(false);
+    EXPECT_FALSE(controller.isOpen());
+}
+
 TEST_F(PanelControllerTest, closesAtOnceForAnotherWindowOfTheProgram)
 {
     QWindow other;

@@ -22,10 +22,17 @@ public:
         connect(&store, &KeyStore::becameReadable, this, &KeyStore::becameReadable);
     }
 
+    KeyObstacle obstacle() const override { return m_store.obstacle(); }
+    void ask(Wish wish) override { m_store.ask(wish); }
+    bool isAsking() const override { return m_store.isAsking(); }
+
 private:
-    bool write(const ApiKey &value, const QString &account) override { return next().save(value, account); }
+    bool write(const ApiKey &value, const QString &account, Cause cause) override
+    {
+        return next().save(value, account, cause);
+    }
     LoadedKey read(const QString &account) override { return next().load(account); }
-    bool erase(const QString &account) override { return next().remove(account); }
+    bool erase(const QString &account, Cause cause) override { return next().remove(account, cause); }
 
     KeyStore &next()
     {

@@ -19,8 +19,8 @@ protected:
     QString checked(const HttpResult &result)
     {
         const auto body = checkedBody(result, rules, apiKey, log.log());
-        if (const auto *text = std::get_if<QString>(&body))
-            return *text;
+        if (const auto *error = std::get_if<RevenueResult>(&body))
+            return error->text;
         return "body: "_L1 + QString::fromUtf8(std::get<QByteArray>(body));
     }
     /// What the log holds of a body.
@@ -50,6 +50,20 @@ TEST_F(AnswerChecks, isATransportFailureInWordsBeforeAnythingElse)
     EXPECT_EQ(checked(TransportFailure::InvalidHeader), u"⚠ key cannot be sent"_s);
     EXPECT_EQ(checked(TransportFailure::InvalidAddress), u"⚠ url error"_s);
     EXPECT_EQ(log.written(), "");
+}
+
+TEST_F(AnswerChecks, lacksANetworkWhereTheRequestCameToNobody)
+{
+    const auto lacksNetwork = [this](const HttpResult &result) {
+        return std::get<RevenueResult>(checkedBody(result, rules, apiKey, log.log())).lacksNetwork;
+    };
+
+    EXPECT_TRUE(lacksNetwork(TransportFailure::ServerNotFound));
+    EXPECT_TRUE(lacksNetwork(TransportFailure::CannotConnect));
+    EXPECT_FALSE(lacksNetwork(TransportFailure::TimedOut));
+    EXPECT_FALSE(lacksNetwork(TransportFailure::InvalidAddress));
+    EXPECT_FALSE(lacksNetwork(HttpAnswer{ 401, "{}" }));
+    EXPECT_FALSE(lacksNetwork(HttpAnswer{ 200, "" }));
 }
 
 TEST_F(AnswerChecks, isTheStatusInWordsBeforeTheBody)
@@ -185,9 +199,9 @@ TEST(AuthorizedRequest, carriesTheKeyAsItIs)
         authorizedRequest("https://a.example/b", ApiKey(u" k é "_s), "application/json");
 
     EXPECT_EQ(request.address, "https://a.example/b");
-    EXPECT_EQ(request.headers,
-        (QList<std::pair<QByteArray, QByteArray>>{
-            { "Authorization", "Bearer  k é " }, { "Accept", "application/json" } }));
+    EXPECT_EQ(*request.authorization, "Bearer  k é ");
+    EXPECT_EQ(
+        request.headers, (QList<std::pair<QByteArray, QByteArray>>{ { "Accept", "application/json" } }));
 }
 
 } // namespace

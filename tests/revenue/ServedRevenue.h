@@ -36,7 +36,7 @@ protected:
     }
     RevenueFetcher::Completion collected()
     {
-        return [this](const QString &text) { texts.append(text); };
+        return [this](const RevenueResult &result) { texts.append(result.text); };
     }
     /// The one text that a fetch ends with.
     QString fetched(const RevenueQuery &query)

@@ -9,7 +9,12 @@ void FakeRevenueFetcher::fetch(const RevenueQuery &query, Completion completion)
 
 void FakeRevenueFetcher::answer(std::size_t request, const QString &text)
 {
-    m_requests.at(request).completion(text);
+    m_requests.at(request).completion({ text });
+}
+
+void FakeRevenueFetcher::failWithoutNetwork(std::size_t request)
+{
+    m_requests.at(request).completion({ QStringLiteral("⚠ the server cannot be found"), true });
 }
 
 } // namespace glimmet

@@ -17,6 +17,8 @@ public:
     const RevenueQuery &query(std::size_t request) const { return m_requests.at(request).query; }
     /// Answers the request with this number (from 0).
     void answer(std::size_t request, const QString &text);
+    /// The same with the error of one that found no network.
+    void failWithoutNetwork(std::size_t request);
 
 private:
     struct Request {

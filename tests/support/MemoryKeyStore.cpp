@@ -4,11 +4,15 @@
 
 namespace glimmet {
 
-bool MemoryKeyStore::write(const ApiKey &value, const QString &account)
+bool MemoryKeyStore::write(const ApiKey &value, const QString &account, Cause cause)
 {
     m_saves.append(account);
+    m_causes.append(cause);
     const std::optional<QByteArray> text = exactUtf8(value.characters());
-    if (!text || !isOpen())
+    if (!isOpen())
+        return false;
+    m_obstacle = text ? m_refusal : KeyObstacle::Refused;
+    if (m_obstacle != KeyObstacle::None)
         return false;
     m_items.insert(account, *text);
     return true;
@@ -17,10 +21,8 @@ bool MemoryKeyStore::write(const ApiKey &value, const QString &account)
 LoadedKey MemoryKeyStore::read(const QString &account)
 {
     m_loads.append(account);
-    if (m_isLocked) {
-        m_hasFailed = true;
+    if (!isOpen())
         return KeyUnavailable{};
-    }
     const auto found = m_items.constFind(account);
     if (found == m_items.constEnd())
         return KeyAbsent{};
@@ -28,7 +30,7 @@ LoadedKey MemoryKeyStore::read(const QString &account)
     return text ? LoadedKey(ApiKey(*text)) : KeyAbsent{};
 }
 
-bool MemoryKeyStore::erase(const QString &account)
+bool MemoryKeyStore::erase(const QString &account, Cause /*cause*/)
 {
     m_removals.append(account);
     return isOpen() && m_items.remove(account) > 0;
@@ -45,6 +47,7 @@ void MemoryKeyStore::unlock()
 void MemoryKeyStore::forgetCalls()
 {
     m_saves.clear();
+    m_causes.clear();
     m_loads.clear();
     m_removals.clear();
 }
@@ -52,6 +55,7 @@ void MemoryKeyStore::forgetCalls()
 bool MemoryKeyStore::isOpen()
 {
     m_hasFailed = m_hasFailed || m_isLocked;
+    m_obstacle = m_isLocked ? m_lockedBy : KeyObstacle::None;
     return !m_isLocked;
 }
 

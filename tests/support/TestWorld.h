@@ -26,9 +26,20 @@ struct TestWorld {
     FakePriceSource prices;
     FakeRevenueFetcher revenue;
     MemoryKeyStore keys;
+    std::chrono::milliseconds asleep{ 0 };
 
     TestWorld() { clock.set(instantAt(u"2026-05-04T08:05:07Z"_s)); }
-    TickerWorld forTicker() { return { clock, region, timers, preferences, &prices, &revenue, &keys }; }
+    TickerWorld forTicker()
+    {
+        return { clock, region, timers, preferences, &prices, &revenue, &keys,
+            [this] { return ClockReadings{ clock.now(), clock.elapsed(), asleep }; } };
+    }
+    /// The machine sleeps, and its timers with it.
+    void sleep(std::chrono::seconds time)
+    {
+        asleep += time;
+        clock.advance(static_cast<double>(time.count()));
+    }
     /// A deadline `seconds` from now.
     Deadline deadline(const QString &title, double seconds) const
     {

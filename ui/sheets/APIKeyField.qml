@@ -16,6 +16,8 @@ Column {
     readonly property bool revealedWhole: true
     property bool isRevealed: false
 
+    // The user turns to it.
+    signal entered
     signal edited(string text)
 
     spacing: Theme.captionGap
@@ -49,6 +51,10 @@ Column {
             value: root.value
             isRevealed: root.isRevealed
             name: root.name
+            onFocusChanged: {
+                if (focus)
+                    root.entered();
+            }
             onEdited: text => root.edited(text)
         }
         // Beside the field, not in it: what is in a field no assistive program is told.

@@ -24,6 +24,9 @@ Sheet {
             title: CredentialLabels.title(modelData)
             selected: root.ticker.revenueProvider === modelData
             value: mainKey.text
+            trouble: mainKey.trouble
+            remedy: mainKey.remedy
+            onRemedyChosen: root.ticker.unlockKeys()
 
             CredentialText {
                 id: mainKey
@@ -44,6 +47,7 @@ Sheet {
                     hint: CredentialLabels.hint(modelData)
                     name: CredentialLabels.name(modelData)
                     value: credential.text
+                    onEntered: root.ticker.beginCredentialEditing()
                     onEdited: text => credential.text = text
 
                     CredentialText {

@@ -12,6 +12,23 @@ const CredentialField &field(int key)
     return credentialField(static_cast<KeychainKey>(key));
 }
 
+QString reason(KeyObstacle obstacle)
+{
+    switch (obstacle) {
+    case KeyObstacle::Locked:
+        return QStringLiteral("Keyring locked");
+    case KeyObstacle::NoCollection:
+        return QStringLiteral("No keyring yet");
+    case KeyObstacle::NoService:
+        return QStringLiteral("No keyring service");
+    case KeyObstacle::None:
+    case KeyObstacle::AwaitsUser:
+    case KeyObstacle::Refused:
+        return QStringLiteral("Not saved");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 QList<int> CredentialLabels::sections()
@@ -58,6 +75,37 @@ QString CredentialLabels::hint(int key)
 QString CredentialLabels::status(bool isSaved)
 {
     return isSaved ? QStringLiteral("Key saved in Keychain") : QStringLiteral("No key saved");
+}
+
+QString CredentialLabels::trouble(const KeyStatus &status, bool isEmpty)
+{
+    const bool isLocked = status.obstacle == KeyObstacle::Locked;
+    switch (status.state) {
+    case KeyStatus::State::Saved:
+    case KeyStatus::State::Absent:
+        return {};
+    case KeyStatus::State::Unknown:
+        return isLocked ? QStringLiteral("The keyring is locked")
+                        : QStringLiteral("No keyring service answers");
+    case KeyStatus::State::KeptUntilEnd:
+        if (isEmpty)
+            return isLocked ? QStringLiteral("The keyring is locked")
+                            : QStringLiteral("Not cleared in the keyring");
+        return reason(status.obstacle) + QStringLiteral(": kept until glimmet quits");
+    }
+    Q_UNREACHABLE();
+}
+
+QString CredentialLabels::remedy(const KeyStatus &status)
+{
+    const bool isInTrouble = !trouble(status, false).isEmpty();
+    if (isInTrouble && status.obstacle == KeyObstacle::Locked)
+        return QStringLiteral("Unlock");
+    if (isInTrouble && status.obstacle == KeyObstacle::NoCollection)
+        return QStringLiteral("Create");
+    if (isInTrouble && status.obstacle == KeyObstacle::AwaitsUser)
+        return QStringLiteral("Save");
+    return {};
 }
 
 } // namespace glimmet

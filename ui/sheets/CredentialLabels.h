@@ -1,5 +1,7 @@
 #pragma once
 
+#include "revenue/Credentials.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -34,6 +36,10 @@ public:
 
     /// What the badge says of a section whose key is set, or is not.
     Q_INVOKABLE static QString status(bool isSaved);
+    /// What it says instead where the key store does not hold exactly what the field does; empty elsewhere.
+    static QString trouble(const KeyStatus &status, bool isEmpty);
+    /// What a button beside that offers; empty where it could be of no use.
+    static QString remedy(const KeyStatus &status);
 };
 
 } // namespace glimmet

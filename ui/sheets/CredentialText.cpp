@@ -1,5 +1,7 @@
 #include "ui/sheets/CredentialText.h"
 
+#include "ui/sheets/CredentialLabels.h"
+
 namespace glimmet {
 
 void CredentialText::setTicker(TickerViewModel *ticker)
@@ -13,10 +15,18 @@ void CredentialText::setTicker(TickerViewModel *ticker)
         if (changed == m_key)
             emit textChanged();
     };
-    if (m_ticker)
+    const auto followStatus = [this](KeychainKey changed) {
+        if (changed == m_key)
+            emit statusChanged();
+    };
+    if (m_ticker) {
         connect(m_ticker, &TickerViewModel::credentialChanged, this, follow);
+        connect(m_ticker, &TickerViewModel::credentialChanged, this, followStatus);
+        connect(m_ticker, &TickerViewModel::credentialStatusChanged, this, followStatus);
+    }
     emit tickerChanged();
     emit textChanged();
+    emit statusChanged();
 }
 
 void CredentialText::setKey(int key)
@@ -26,11 +36,27 @@ void CredentialText::setKey(int key)
     m_key = static_cast<KeychainKey>(key);
     emit keyChanged();
     emit textChanged();
+    emit statusChanged();
 }
 
 QString CredentialText::text() const
 {
     return m_ticker ? m_ticker->credential(m_key) : QString();
+}
+
+KeyStatus CredentialText::status() const
+{
+    return m_ticker ? m_ticker->credentialStatus(m_key) : KeyStatus();
+}
+
+QString CredentialText::trouble() const
+{
+    return CredentialLabels::trouble(status(), text().isEmpty());
+}
+
+QString CredentialText::remedy() const
+{
+    return CredentialLabels::remedy(status());
 }
 
 void CredentialText::setText(const QString &text)

@@ -9,7 +9,12 @@ RoundedBox {
     required property bool selected
     // Of the key that the section is about.
     required property string value
+    // Why the key store does not hold it, and what the user may do about that.
+    property string trouble
+    property string remedy
     default property alias content: fields.data
+
+    signal remedyChosen
 
     readonly property real contentWidth: width - 2 * Theme.cardPadding
 
@@ -34,7 +39,11 @@ RoundedBox {
             spacing: Theme.sectionSpacing
         }
         KeyStatusBadge {
+            width: root.contentWidth
             value: root.value
+            trouble: root.trouble
+            remedy: root.remedy
+            onRemedyChosen: root.remedyChosen()
         }
     }
 }

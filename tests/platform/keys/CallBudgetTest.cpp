@@ -17,10 +17,10 @@ protected:
         clock.pass(time);
     }
     /// What a call has that is made now.
-    std::chrono::milliseconds left() { return CallBudget::Call(budget).remaining(); }
+    std::chrono::milliseconds left() { return CallBudget::Call(budget).patience(); }
 
     ManualClock clock;
-    CallBudget budget{ clock, { 10s, 1s } };
+    CallBudget budget{ clock, { 10s, 1s, 1h } };
 };
 
 TEST_F(CallBudgetTest, isSharedByTheCallsOfTheStartUp)
@@ -43,7 +43,6 @@ TEST_F(CallBudgetTest, hasNothingLeftOnceTheStartUpTookTooLong)
     spend(11s);
 
     EXPECT_EQ(left(), 0ms);
-    EXPECT_TRUE(CallBudget::Call(budget).hasExpired());
 }
 
 TEST_F(CallBudgetTest, isNewForEachLaterCall)
@@ -61,10 +60,10 @@ TEST_F(CallBudgetTest, runsOutWhileTheCallLasts)
     const CallBudget::Call call(budget);
 
     clock.pass(8s);
-    EXPECT_EQ(call.remaining(), 2s);
+    EXPECT_EQ(call.patience(), 2s);
 
     clock.pass(3s);
-    EXPECT_EQ(call.remaining(), 0ms);
+    EXPECT_EQ(call.patience(), 0ms);
 }
 
 TEST_F(CallBudgetTest, leavesAMillisecondToWhatIsLeftOfOne)
@@ -73,18 +72,48 @@ TEST_F(CallBudgetTest, leavesAMillisecondToWhatIsLeftOfOne)
 
     clock.pass(10s - 1ns);
 
-    EXPECT_EQ(call.remaining(), 1ms);
+    EXPECT_EQ(call.patience(), 1ms);
 }
 
-TEST_F(CallBudgetTest, hasExpiredWhereTheWaitOfABusEndsATenthEarly)
+TEST_F(CallBudgetTest, leavesHalfToWhatFollowsAQuestionThatShares)
 {
     const CallBudget::Call call(budget);
 
-    clock.pass(9s - 1ns);
-    EXPECT_FALSE(call.hasExpired());
+    EXPECT_EQ(call.share(), 5s);
+    clock.pass(9s);
+    EXPECT_EQ(call.share(), 500ms);
+    clock.pass(2s);
+    EXPECT_EQ(call.share(), 0ms);
+}
 
-    clock.pass(1ns);
-    EXPECT_TRUE(call.hasExpired());
+TEST_F(CallBudgetTest, givesNoQuestionMoreThanItsLimit)
+{
+    CallBudget limited{ clock, { 10s, 1500ms, 300ms } };
+    {
+        const CallBudget::Call call(limited);
+        EXPECT_EQ(call.patience(), 300ms);
+        EXPECT_EQ(call.share(), 300ms);
+        clock.pass(9900ms);
+        EXPECT_EQ(call.patience(), 100ms);
+    }
+    limited.endStartUp();
+
+    const CallBudget::Call call(limited);
+    EXPECT_EQ(call.patience(), 300ms);
+    clock.pass(1400ms);
+    EXPECT_EQ(call.patience(), 100ms);
+    EXPECT_EQ(call.share(), 50ms);
+}
+
+TEST_F(CallBudgetTest, remembersAQuestionThatGotNoAnswer)
+{
+    CallBudget::Call call(budget);
+    EXPECT_FALSE(call.wasUnanswered());
+
+    call.noteSilence();
+
+    EXPECT_TRUE(call.wasUnanswered());
+    EXPECT_FALSE(CallBudget::Call(budget).wasUnanswered());
 }
 
 } // namespace

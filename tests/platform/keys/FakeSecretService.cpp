@@ -33,7 +33,11 @@ QDBusObjectPath pathOf(const QString &account)
 QVariantList promptInsteadOf(const QString &method)
 {
     const QVariant path = QVariant::fromValue(prompt);
-    return method == u"CreateItem" ? QVariantList{ QVariant::fromValue(none), path } : QVariantList{ path };
+    if (method == u"CreateItem")
+        return { QVariant::fromValue(none), path };
+    if (method == u"Unlock")
+        return { QVariant::fromValue(Paths()), path };
+    return { path };
 }
 
 } // namespace
@@ -88,6 +92,12 @@ void FakeSecretService::lockItems()
     m_hasLockedItems = true;
 }
 
+void FakeSecretService::lockItemsBefore(const QString &method)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_lockingMethod = method;
+}
+
 void FakeSecretService::setDelay(std::chrono::milliseconds delay)
 {
     const QMutexLocker lock(&m_mutex);
@@ -114,6 +124,12 @@ QStringList FakeSecretService::callersOf(const QString &method) const
     return callers;
 }
 
+QString FakeSecretService::promptWindow() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_promptWindow;
+}
+
 QHash<QString, QByteArray> FakeSecretService::items() const
 {
     const QMutexLocker lock(&m_mutex);
@@ -136,6 +152,7 @@ bool FakeSecretService::handleMessage(const QDBusMessage &message, const QDBusCo
     const QMutexLocker lock(&m_mutex);
     m_calls.append({ message.member(), message.service() });
     std::this_thread::sleep_for(m_delay);
+    m_hasLockedItems = m_hasLockedItems || message.member() == m_lockingMethod;
     if (const std::optional<Fault> fault = takeFault(message.member()))
         fail(*fault, message, connection);
     else
@@ -184,15 +201,18 @@ QVariantList FakeSecretService::answer(const QDBusMessage &message)
     if (method == u"ReadAlias")
         return { QVariant::fromValue(collection) };
     if (method == u"Get")
-        return { QVariant::fromValue(QDBusVariant(m_isLocked)) };
+        return { QVariant::fromValue(QDBusVariant(isLocked(arguments.value(0).toString()))) };
     if (method == u"Unlock") {
         m_isLocked = false;
+        m_hasLockedItems = false;
         return { QVariant::fromValue(Paths{ collection }), QVariant::fromValue(none) };
     }
     if (method == u"SearchItems")
         return search(qdbus_cast<SecretAttributes>(arguments.value(0)));
     if (method == u"GetSecret") {
-        const SecretOfItem secret{ collection, {}, m_items.value(accountOf(message.path())), {} };
+        // As KWallet does: a locked item is one of nothing.
+        const QByteArray value = m_hasLockedItems ? QByteArray() : m_items.value(accountOf(message.path()));
+        const SecretOfItem secret{ collection, {}, value, {} };
         return { QVariant::fromValue(secret) };
     }
     if (method == u"Delete") {
@@ -202,17 +222,25 @@ QVariantList FakeSecretService::answer(const QDBusMessage &message)
     if (method == u"CreateItem")
         return create(
             qdbus_cast<QVariantMap>(arguments.value(0)), qdbus_cast<SecretOfItem>(arguments.value(1)));
-    if (method == u"Prompt" && m_prompted)
+    if (method == u"Prompt" && m_prompted) {
+        m_promptWindow = arguments.value(0).toString();
         answer(*m_prompted);
+    }
     return {};
+}
+
+bool FakeSecretService::isLocked(const QString &interface) const
+{
+    return interface == itemInterface ? m_hasLockedItems : m_isLocked;
 }
 
 QVariantList FakeSecretService::search(const SecretAttributes &attributes) const
 {
-    const QString account = attributes.value(QStringLiteral("account"));
     Paths found;
-    if (m_items.contains(account))
-        found.append(pathOf(account));
+    for (auto item = m_items.cbegin(); item != m_items.cend(); ++item) {
+        if (attributes.value(QStringLiteral("account"), item.key()) == item.key())
+            found.append(pathOf(item.key()));
+    }
     const QVariant items = QVariant::fromValue(found);
     const QVariant noItems = QVariant::fromValue(Paths());
     return m_hasLockedItems ? QVariantList{ noItems, items } : QVariantList{ items, noItems };

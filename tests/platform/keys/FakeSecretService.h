@@ -39,12 +39,16 @@ public:
     void lock();
     /// The collection is open, but the items are in one that is not.
     void lockItems();
+    /// The same from the next call of `method` on, before it is answered.
+    void lockItemsBefore(const QString &method);
     /// Every answer takes this long.
     void setDelay(std::chrono::milliseconds delay);
 
     /// Every call so far: the method, and the unique name of who called.
     QStringList calls() const;
     QStringList callersOf(const QString &method) const;
+    /// What the last prompt was told of the window that it belongs to.
+    QString promptWindow() const;
     /// The values of the items by their accounts.
     QHash<QString, QByteArray> items() const;
     void put(const QString &account, const QByteArray &value);
@@ -61,6 +65,7 @@ private:
     std::optional<Fault> takeFault(const QString &method);
     void fail(Fault fault, const QDBusMessage &message, const QDBusConnection &connection);
     QVariantList answer(const QDBusMessage &message);
+    bool isLocked(const QString &interface) const;
     QVariantList search(const SecretAttributes &attributes) const;
     QVariantList create(const QVariantMap &properties, const SecretOfItem &secret);
 
@@ -71,8 +76,10 @@ private:
     int m_callsBeforeFault = -1;
     Fault m_fault = Fault::Refuses;
     std::optional<QDBusMessage> m_prompted;
+    QString m_promptWindow;
     bool m_isLocked = false;
     bool m_hasLockedItems = false;
+    QString m_lockingMethod;
     std::chrono::milliseconds m_delay{ 0 };
     QHash<QString, QByteArray> m_items;
     QThread m_thread;

@@ -1,21 +1,12 @@
-#include "platform/bus/SessionBus.h"
-#include "platform/keys/KeychainHelper.h"
-#include "tests/platform/keys/FakeSecretService.h"
-#include "tests/platform/keys/Limits.h"
-#include "tests/support/ManualTimers.h"
+#include "tests/platform/keys/FakeServiceWorld.h"
 #include "tests/support/Printing.h"
 #include "tests/support/SecretServiceDaemon.h"
 
-#include <QElapsedTimer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <csignal>
-#include <optional>
 #include <thread>
 
 namespace glimmet {
@@ -25,6 +16,7 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 using Fault = FakeSecretService::Fault;
+using World = FakeServiceWorld;
 
 const QString account = u"polar_api_key"_s;
 const LoadedKey unavailable = KeyUnavailable{};
@@ -32,43 +24,13 @@ constexpr auto everyFault = { Fault::Refuses, Fault::Hangs, Fault::Dies, Fault::
 /// More calls than any of the three operations makes, the opening of the session included.
 constexpr int everyStep = 9;
 /// The wait for a service that hangs is a real one. Less where nothing has to get through beside it.
-constexpr CallLimits brief{ 3s, 100ms };
-constexpr CallLimits usual{ 3s, 300ms };
-constexpr CallLimits ample{ 3s, 1s };
+constexpr CallLimits brief{ 3s, 200ms, 100ms };
+constexpr CallLimits usual{ 3s, 1500ms, 300ms };
 
 LoadedKey found(const QString &text)
 {
     return ApiKey(text);
 }
-
-/// The program beside a service that fails when it is told to.
-class World {
-public:
-    explicit World(int lives = 1, CallLimits callLimits = patient)
-        : limits(callLimits)
-        , service(bus, lives)
-    {
-        service.put(account, "old");
-        sessionBus.open();
-        store.emplace(sessionBus, timers, steadyClock, limits);
-        QTest::qWait(0);
-        sinceStart.start();
-    }
-    /// Whether everything since the start took no longer than one call may.
-    bool isInTime() const { return milliseconds(sinceStart.elapsed()) <= limits.later + slack; }
-
-    static constexpr auto slack = 300ms; ///< for a busy machine
-
-    CallLimits limits;
-    QTemporaryDir noServices;
-    PrivateBus bus{ noServices.path() };
-    FakeSecretService service;
-    ManualTimers timers;
-    SystemSteadyClock steadyClock;
-    SessionBus sessionBus{ timers };
-    std::optional<KeychainHelper> store;
-    QElapsedTimer sinceStart;
-};
 
 TEST(KeychainHelper, neverTakesAFailedLoadForAbsent)
 {
@@ -132,7 +94,7 @@ TEST(KeychainHelper, neverReportsARemovalThatWasNotMade)
 TEST(KeychainHelper, triesAnAdditionOnceMoreOnAFreshConnection)
 {
     for (const Fault fault : everyFault) {
-        World world(2, ample);
+        World world(2, usual);
         world.service.failAt(u"CreateItem"_s, fault);
 
         EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
@@ -145,9 +107,21 @@ TEST(KeychainHelper, triesAnAdditionOnceMoreOnAFreshConnection)
     }
 }
 
+TEST(KeychainHelper, worksWithAServiceThatTakesAHundredMillisecondsACall)
+{
+    World world(1, usual);
+    world.service.setDelay(100ms);
+
+    EXPECT_EQ(world.store->load(account), found(u"old"_s));
+    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
+    EXPECT_EQ(world.store->load(account), found(u"new"_s));
+    EXPECT_TRUE(world.store->remove(account));
+    EXPECT_EQ(world.store->load(account), LoadedKey(KeyAbsent{}));
+}
+
 TEST(KeychainHelper, hasTimeLeftForTheSecondTry)
 {
-    World world(2, ample);
+    World world(2, usual);
     world.service.setDelay(20ms);
     world.service.failAt(u"CreateItem"_s, Fault::Hangs);
 
@@ -226,6 +200,24 @@ TEST(KeychainHelper, looksSoonAgainOnceTheServiceHasWorked)
     EXPECT_EQ(world.timers.running(), std::vector<milliseconds>{ 1s });
 }
 
+TEST(KeychainHelper, readsAfterTheStartWhatThatHadNoTimeFor)
+{
+    World world;
+    world.service.put(u"dodo_api_key"_s, "dodo");
+    world.service.setDelay(100ms);
+    KeychainHelper store(world.sessionBus, world.timers, world.steadyClock, { 600ms, 1500ms, 300ms });
+    QSignalSpy readable(&store, &KeyStore::becameReadable);
+    EXPECT_EQ(store.load(account), found(u"old"_s));
+    EXPECT_EQ(store.load(u"dodo_api_key"_s), unavailable);
+    QTest::qWait(0);
+
+    world.timers.advance(1s);
+
+    ASSERT_TRUE(waitFor([&] { return readable.count() == 1; }));
+    EXPECT_EQ(store.load(u"dodo_api_key"_s), found(u"dodo"_s));
+    EXPECT_TRUE(store.save(ApiKey(u"new"_s), account));
+}
+
 /// Time that passes by being looked at.
 class CountedClock final : public SteadyClock {
 public:
@@ -276,48 +268,6 @@ TEST(KeychainHelper, neverReportsASaveThatAKillUndid)
         EXPECT_LE(items.size(), 1) << delay;
         EXPECT_TRUE(!isSaved || items.value(0).value == "new") << delay;
     }
-}
-
-TEST(KeychainHelper, startsThePromptOfAnAddition)
-{
-    World world;
-    world.service.failAt(u"CreateItem"_s, Fault::Prompts);
-
-    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
-
-    EXPECT_EQ(world.service.items().value(account), QByteArray("new"));
-    EXPECT_EQ(world.service.calls().count(u"CreateItem"_s), 1);
-}
-
-TEST(KeychainHelper, startsThePromptOfARemoval)
-{
-    World world;
-    world.service.failAt(u"Delete"_s, Fault::Prompts);
-
-    EXPECT_TRUE(world.store->remove(account));
-
-    EXPECT_FALSE(world.service.items().contains(account));
-}
-
-TEST(KeychainHelper, leavesThePromptOfARemovalWithinASaveAlone)
-{
-    World world;
-    world.service.failAt(u"Delete"_s, Fault::Prompts);
-
-    EXPECT_TRUE(world.store->save(ApiKey(u"new"_s), account));
-
-    EXPECT_EQ(world.service.items().value(account), QByteArray("new"));
-    EXPECT_FALSE(world.service.calls().contains(u"Prompt"_s));
-}
-
-TEST(KeychainHelper, readsAtOnceWhereTheServiceUnlocksByItself)
-{
-    World world;
-    world.service.lock();
-
-    EXPECT_EQ(world.store->load(account), found(u"old"_s));
-
-    EXPECT_EQ(world.service.calls().count(u"Unlock"_s), 1);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 import QtQuick
+import QtTest
 import Glimmet
 
 PanelTestCase {
@@ -13,11 +14,18 @@ PanelTestCase {
         }
     }
 
+    SignalSpy {
+        id: choices
+        target: testCase.badge
+        signalName: "remedyChosen"
+    }
+
     property KeyStatusBadge badge: null
 
     function init() {
         makeWorld();
         badge = make(badges);
+        choices.clear();
     }
 
     function dot(): Item {
@@ -39,6 +47,32 @@ PanelTestCase {
         compareFont(words, 10, 400);
         compareAccent(words.color, 0.8);
         compareAccent(dot().color, 1);
+    }
+
+    function test_saysWhyAKeyIsNotSaved() {
+        badge.value = "k";
+        const height = badge.height;
+        badge.trouble = "Keyring locked: kept until glimmet quits";
+
+        const words = textOf(badge, "Keyring locked: kept until glimmet quits");
+        compareFont(words, 10, 400);
+        compareInk(words.color, 0.7);
+        compareInk(dot().color, 0.7);
+        compare(badge.height, height);
+        verify(!all(badge, PlainButton)[0].visible);
+    }
+
+    function test_offersAWayOut() {
+        badge.width = 268;
+        badge.trouble = "Keyring locked: kept until glimmet quits";
+        badge.remedy = "Unlock";
+        const button = all(badge, PlainButton)[0];
+
+        compare(areaOf(button, badge).right, 268);
+        verify(areaOf(button, badge).left > areaOf(textOf(badge, badge.trouble), badge).right);
+        mouseClick(button);
+        compare(choices.count, 1);
+        compare(reader.told(badge), ["StaticText " + badge.trouble, "Button Unlock"]);
     }
 
     function test_itsDotIsSmallAndRound() {

@@ -92,4 +92,34 @@ TEST(CredentialLabels, theBadgeSaysWhetherThereIsAKey)
     EXPECT_EQ(CredentialLabels::status(false), QStringLiteral("No key saved"));
 }
 
+TEST(CredentialLabels, theBadgeSaysWhyAKeyIsNotSaved)
+{
+    using State = KeyStatus::State;
+    const auto said = [](State state, KeyObstacle obstacle, bool isEmpty = false) {
+        const KeyStatus status{ state, obstacle };
+        return QStringList{ CredentialLabels::trouble(status, isEmpty), CredentialLabels::remedy(status) };
+    };
+    const auto words = [](const char16_t *trouble, const char16_t *remedy = u"") {
+        return QStringList{ QString::fromUtf16(trouble), QString::fromUtf16(remedy) };
+    };
+
+    for (const State state : { State::Saved, State::Absent })
+        for (const KeyObstacle obstacle : { KeyObstacle::None, KeyObstacle::NoCollection })
+            EXPECT_EQ(said(state, obstacle), words(u""));
+    EXPECT_EQ(said(State::Unknown, KeyObstacle::Locked), words(u"The keyring is locked", u"Unlock"));
+    EXPECT_EQ(said(State::Unknown, KeyObstacle::NoService), words(u"No keyring service answers"));
+    EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::Locked),
+        words(u"Keyring locked: kept until glimmet quits", u"Unlock"));
+    EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::NoCollection),
+        words(u"No keyring yet: kept until glimmet quits", u"Create"));
+    EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::NoService),
+        words(u"No keyring service: kept until glimmet quits"));
+    EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::AwaitsUser),
+        words(u"Not saved: kept until glimmet quits", u"Save"));
+    EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::Refused), words(u"Not saved: kept until glimmet quits"));
+    EXPECT_EQ(
+        said(State::KeptUntilEnd, KeyObstacle::Locked, true), words(u"The keyring is locked", u"Unlock"));
+    EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::Refused, true), words(u"Not cleared in the keyring"));
+}
+
 } // namespace glimmet

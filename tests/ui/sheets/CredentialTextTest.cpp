@@ -47,6 +47,19 @@ TEST_F(CredentialTextTest, showsAnotherOneOnceItIsAskedFor)
     EXPECT_EQ(text.text(), u"dk_1"_s);
 }
 
+TEST_F(CredentialTextTest, saysWhatKeepsItsKeyFromBeingSaved)
+{
+    QSignalSpy told(&text, &CredentialText::statusChanged);
+    world.keys.lock();
+    EXPECT_EQ(text.trouble(), QString());
+
+    text.setText(u"rk_2"_s);
+
+    EXPECT_EQ(text.trouble(), u"Keyring locked: kept until glimmet quits"_s);
+    EXPECT_EQ(text.remedy(), u"Unlock"_s);
+    EXPECT_GE(told.count(), 1);
+}
+
 TEST_F(CredentialTextTest, isEmptyWithoutATicker)
 {
     text.setTicker(nullptr);
