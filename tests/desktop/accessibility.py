@@ -53,6 +53,10 @@ class Node:
     def enabled(self):
         return self.has_state(8)
 
+    @property
+    def showing(self):
+        return self.has_state(25)
+
     def children(self):
         return [Node(self._bus, *child) for child in self._call("Accessible", "GetChildren")[0]]
 

@@ -52,12 +52,13 @@ class Bus:
     def process_of(self, name):
         return self.call(*DAEMON, "GetConnectionUnixProcessID", GLib.Variant("(s)", (name,)))[0]
 
-    def follow(self, name, interface, signal, handler):
-        """Calls `handler(*values)` for every such signal while events are dispatched; returns how to stop it."""
+    def follow(self, name, interface, signal, handler, path=None):
+        """Calls `handler(*values)` for every such signal (of the object at `path`, where given) while events are
+        dispatched; returns how to stop it."""
         def arrived(_connection, _sender, _path, _interface, _signal, values):
             handler(*values.unpack())
 
-        subscription = self._connection.signal_subscribe(name, interface, signal, None, None,
+        subscription = self._connection.signal_subscribe(name, interface, signal, path, None,
                                                          Gio.DBusSignalFlags.NONE, arrived)
         return lambda: self._connection.signal_unsubscribe(subscription)
 

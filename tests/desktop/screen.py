@@ -53,6 +53,15 @@ class Screen:
         found = self.run("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(name)}$", check=False)
         return found.split()
 
+    def windows_of(self, program):
+        """The ids of the visible windows of a program, by its class."""
+        return self.run("xdotool", "search", "--onlyvisible", "--class", f"^{re.escape(program)}$", check=False).split()
+
+    def transient_for(self, window):
+        """The window that a dialog belongs to, None where it is on its own."""
+        found = re.search(r"window id # (0x[0-9a-f]+)", self.run("xprop", "-id", window, "WM_TRANSIENT_FOR"))
+        return int(found[1], 16) if found else None
+
     def window_area(self, window):
         """Where a window is, None when it has just gone."""
         text = self.run("xwininfo", "-id", window, check=False)
@@ -75,10 +84,18 @@ class Screen:
 
     def has_keyboard(self, name):
         """Whether what is typed now goes to the window of this name: a grab, too, would take it elsewhere."""
-        return self.run("xdotool", "getwindowfocus", check=False).strip() in self.windows(name)
+        return self.keyboard_owner() in self.windows(name)
+
+    def keyboard_owner(self):
+        """The id of the window to which what is typed now goes."""
+        return self.run("xdotool", "getwindowfocus", check=False).strip()
 
     def wait_until_typed_into(self, name, seconds=10):
         wait_for(lambda: self.has_keyboard(name), seconds, f"the window “{name}” to have the keyboard")
+
+    def activate(self, window):
+        """Asks for the keyboard to go to a window, as a task switcher does; one that has just gone is no harm."""
+        self.run("xdotool", "windowactivate", window, check=False)
 
     def root_property(self, name):
         return self.run("xprop", "-root", name)

@@ -49,12 +49,16 @@ SESSION_BUS = """<busconfig>
 
 
 class VirtualDesktop:
-    def __init__(self, kind="strip", size=(1280, 800), compositor=False):
+    """`has_keyring` is False where a test brings another service for secrets."""
+
+    def __init__(self, kind="strip", size=(1280, 800), compositor=False, has_keyring=True):
         if kind not in KINDS:
             raise ValueError(f"no desktop “{kind}”: one of {', '.join(KINDS)}")
         self.kind = kind
         self._size = size
         self._compositor = compositor
+        self._has_keyring = has_keyring
+        self._keyring = None
         self.bus = None
         self.screen = None
         self._tree = None
@@ -162,12 +166,17 @@ class VirtualDesktop:
         self._keyring.stdin.close()
         wait_for(lambda: self.bus.owner(KEYRING), 15, KEYRING)
 
+    def kill_keyring(self):
+        self._keyring.kill()
+        self._keyring.wait()
+
     def has_keyring_failed(self):
         """Whether the keyring found fault with itself, at which it stops itself as a debugger would."""
-        return self._keyring.poll() == -signal.SIGTRAP
+        return self._keyring is not None and self._keyring.poll() == -signal.SIGTRAP
 
     def _start_services(self):
-        self.start_keyring()
+        if self._has_keyring:
+            self.start_keyring()
         self.start("accessibility", ["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
         self.start("portal", [sys.executable, settings_portal.__file__])
         for name in ("org.a11y.Bus", settings_portal.NAME):

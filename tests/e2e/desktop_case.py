@@ -20,10 +20,11 @@ class DesktopCase(unittest.TestCase):
     kind = "strip"
     size = (1280, 800)
     compositor = False
+    has_keyring = True
 
     @classmethod
     def setUpClass(cls):
-        cls.desktop = cls.enterClassContext(VirtualDesktop(cls.kind, cls.size, cls.compositor))
+        cls.desktop = cls.enterClassContext(VirtualDesktop(cls.kind, cls.size, cls.compositor, cls.has_keyring))
         cls.screen = cls.desktop.screen
 
     def setUp(self):

@@ -25,11 +25,15 @@ class RevenueCase(DesktopCase):
         super().setUpClass()
         if cls.kind == "strip":
             Watcher(cls.desktop).start()
-        cls.keyring = Keyring(cls.desktop)
+        cls.keyring = cls.make_keyring()
         cls.certificates = cls.desktop.folder / "certificates"
         hosts = [PRICES, *(platform.host for platform in PLATFORMS)]
         subprocess.run([MAKE_CERTIFICATES, cls.certificates, *hosts], check=True)
         cls.network = OwnNetwork(cls.desktop, hosts, cls.certificates / "authority.pem", cls.addresses)
+
+    @classmethod
+    def make_keyring(cls):
+        return Keyring(cls.desktop)
 
     def run(self, result=None):
         """gnome-keyring 42 ends itself once in a while, frozen or with a dialog up. What comes of a test then says
@@ -71,6 +75,10 @@ class RevenueCase(DesktopCase):
 
     def press(self, name):
         self.glimmet.control(name, "radio button").press()
+
+    def wait_for_words(self, words):
+        """Returns once the panel says them, in a text of their own."""
+        self.glimmet.control(words, "label", "static")
 
     def wait_for_text(self, text, seconds=10):
         self.glimmet.wait_for_label(lambda label: label == text, seconds)
