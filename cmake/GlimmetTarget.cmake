@@ -1,9 +1,13 @@
 # What every target of the project has in common: warnings (errors only in the presets that check: a newer compiler or
 # library may warn where the user can do nothing about it), the root as include path, sanitizers.
-function(glimmet_target name)
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+function(glimmet_warnings name)
   target_compile_options(${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
     -Wnon-virtual-dtor -Woverloaded-virtual)
+endfunction()
+
+function(glimmet_target name)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  glimmet_warnings(${name})
   target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
   if(GLIMMET_SANITIZE)
