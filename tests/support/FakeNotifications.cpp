@@ -21,14 +21,14 @@ FakeNotifications::FakeNotifications(const PrivateBus &bus)
 
 FakeNotifications::~FakeNotifications()
 {
-    QDBusConnection::disconnectFromBus(m_connectionName);
+    leave(m_connectionName, path);
 }
 
 void FakeNotifications::restart()
 {
     if (!m_connectionName.isEmpty())
         connection().unregisterService(service);
-    QDBusConnection::disconnectFromBus(m_connectionName);
+    leave(m_connectionName, path);
     m_connectionName = QStringLiteral("fake-notifications-%1").arg(++m_lives);
     shown.clear();
     QDBusConnection next = m_bus.peer(m_connectionName);

@@ -38,7 +38,7 @@ void FakePackageKit::die()
     // Its connection itself closes only after the last copy of it is gone, too late for a next life.
     if (QDBusConnection connection(m_connection); connection.isConnected())
         connection.unregisterService(service);
-    QDBusConnection::disconnectFromBus(m_connection);
+    leave(m_connection, QStringLiteral("/"));
 }
 
 void FakePackageKit::restart()

@@ -86,6 +86,12 @@ QString PrivateBus::configurationFile() const
     return m_folder.filePath(QStringLiteral("bus.conf"));
 }
 
+void leave(const QString &name, const QString &path)
+{
+    QDBusConnection(name).unregisterObject(path, QDBusConnection::UnregisterTree);
+    QDBusConnection::disconnectFromBus(name);
+}
+
 bool waitFor(const std::function<bool()> &condition)
 {
     const QDeadlineTimer patience(10'000);

@@ -34,6 +34,11 @@ private:
     QProcess m_daemon;
 };
 
+/// Takes what is at `path` and below off the connection of that name, and then lets go of the connection. A
+/// call that comes between letting go and the end of its object crashes Qt, which then answers it over what
+/// is gone.
+void leave(const QString &name, const QString &path);
+
 /// Lets events happen until `condition` holds; false after ten seconds.
 bool waitFor(const std::function<bool()> &condition);
 

@@ -25,6 +25,8 @@ public:
         m_connection.registerVirtualObject(u"/org/freedesktop/portal/desktop"_s, this);
         m_connection.registerService(u"org.freedesktop.portal.Desktop"_s);
     }
+    ~Portal() override { leave(m_connection.name(), u"/org/freedesktop/portal/desktop"_s); }
+    Q_DISABLE_COPY_MOVE(Portal)
 
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
@@ -62,7 +64,6 @@ private:
 class PortalLoginItemTest : public testing::Test {
 protected:
     PortalLoginItemTest() { bus.open(); }
-    ~PortalLoginItemTest() override { QDBusConnection::disconnectFromBus(u"desktop"_s); }
 
     std::optional<QString> failureOf(void (PortalLoginItem::*operation)(const LoginItem::Completion &))
     {

@@ -63,7 +63,7 @@ FakeSecretService::~FakeSecretService()
     m_thread.quit();
     m_thread.wait();
     for (const QString &name : std::as_const(m_connections))
-        QDBusConnection::disconnectFromBus(name);
+        leave(name, servicePath);
 }
 
 void FakeSecretService::failAt(const QString &method, Fault fault)
