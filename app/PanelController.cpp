@@ -148,7 +148,11 @@ void PanelController::watch(QWindow &window)
     m_presses = std::make_unique<PressWatch>();
     connect(m_presses.get(), &PressWatch::pressed, this, &PanelController::handlePress);
     for (const auto change : { &QScreen::geometryChanged, &QScreen::availableGeometryChanged })
-        connect(window.screen(), change, &window, [this] { place(); });
+        connect(window.screen(), change, &window, [this] {
+            // The window outlives the closing by the rest of that turn of the loop.
+            if (isOpen())
+                place();
+        });
     // Queued: the panel closes itself from inside its own event, and must not be destroyed there.
     connect(
         &window, &QWindow::visibleChanged, this,

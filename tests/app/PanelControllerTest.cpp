@@ -3,6 +3,7 @@
 #include "tests/support/TestWorld.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWindow>
 
 namespace glimmet {
@@ -79,6 +80,19 @@ TEST_F(PanelControllerTest, isClosedByAClickOnTheItemAlsoWhileItIsHeld)
     EXPECT_EQ(controller.windowId(), 0U);
     controller.setHeld(false);
     EXPECT_FALSE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, isNotPlacedAnewWhereTheScreensSpaceChangesAsItCloses)
+{
+    QScreen *const screen = QGuiApplication::primaryScreen();
+    click();
+    click();
+    ASSERT_FALSE(controller.isOpen());
+
+    emit screen->availableGeometryChanged(screen->availableGeometry());
+    emit screen->geometryChanged(screen->geometry());
+
+    EXPECT_EQ(controller.windowId(), 0U);
 }
 
 TEST_F(PanelControllerTest, closesAtOnceForAnotherWindowOfTheProgram)
