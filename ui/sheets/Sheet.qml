@@ -60,7 +60,8 @@ FocusScope {
     ScrollArea {
         id: area
         anchors.top: header.bottom
-        anchors.topMargin: 12
+        // As far from the title as from one another.
+        anchors.topMargin: column.spacing - column.topPadding
         anchors.bottom: parent.bottom
         width: root.width
 

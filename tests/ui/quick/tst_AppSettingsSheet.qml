@@ -47,6 +47,14 @@ PanelTestCase {
         return textOf(sheet, "App Updates").parent;
     }
 
+    function test_itsFirstRowIsAsFarFromItsTitleAsTheRowsFromOneAnother() {
+        const close = areaOf(all(sheet, PlainButton).find(button => button.Accessible.name === "Close"), sheet);
+        const rows = [toggle(), buttonOf(sheet, "Check for Updates").parent].map(row => areaOf(row, sheet));
+
+        compare(rows[0].y - close.bottom, 10);
+        compare(rows[1].y - rows[0].bottom, 10);
+    }
+
     function test_isHeadedByItsSymbolAndTitle() {
         const symbol = all(sheet, SymbolImage).find(image => image.name === "gearshape.fill");
         const title = textOf(sheet, "Settings");
