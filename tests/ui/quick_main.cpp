@@ -2,6 +2,7 @@
 #include "tests/ui/ClipboardProbe.h"
 #include "tests/ui/KeyboardProbe.h"
 #include "tests/ui/LookSwitch.h"
+#include "tests/ui/PointerProbe.h"
 #include "tests/ui/TickerFixture.h"
 #include "tests/ui/UpdateScenes.h"
 #include "ui/panel/PanelAccessibility.h"
@@ -28,6 +29,7 @@ public slots:
         qmlRegisterType<AccessibleProbe>("GlimmetTests", 1, 0, "AccessibleProbe");
         qmlRegisterType<ClipboardProbe>("GlimmetTests", 1, 0, "ClipboardProbe");
         qmlRegisterType<KeyboardProbe>("GlimmetTests", 1, 0, "KeyboardProbe");
+        qmlRegisterType<PointerProbe>("GlimmetTests", 1, 0, "PointerProbe");
         qmlRegisterType<UpdateScenes>("GlimmetTests", 1, 0, "UpdateScenes");
     }
 };

@@ -32,6 +32,7 @@ T.RadioButton {
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
     implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
     focusPolicy: Qt.TabFocus
+    hoverEnabled: true
     opacity: pressed ? Theme.pressedOpacity : 1
     onClicked: tapped()
 
@@ -61,7 +62,7 @@ T.RadioButton {
     }
 
     background: RoundedBox {
-        color: choice.selected ? Theme.ink : Theme.buttonFill
+        color: Theme.answering(choice.selected ? Theme.ink : Theme.buttonFill, choice.hovered, choice.pressed)
         borderColor: choice.selected ? Theme.clear : choice.restingBorder
         borderWidth: Theme.hairline
         radius: choice.cornerRadius

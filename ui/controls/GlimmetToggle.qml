@@ -25,6 +25,7 @@ T.Switch {
     topPadding: 9
     bottomPadding: 9
     focusPolicy: Qt.TabFocus
+    hoverEnabled: true
 
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
@@ -39,7 +40,7 @@ T.Switch {
     }
 
     background: RoundedBox {
-        color: Theme.rowFill
+        color: Theme.answering(Theme.rowFill, root.hovered, root.pressed)
         radius: Theme.rowRadius
 
         FocusRing {

@@ -17,7 +17,11 @@ T.AbstractButton {
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
     implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
     focusPolicy: Qt.TabFocus
+    hoverEnabled: true
     // Below a sheet the whole page is out of use, and dimmed as a whole.
+    containmentMask: TargetMask {
+        target: button
+    }
     opacity: isOutOfUse ? Theme.disabledOpacity : (pressed ? Theme.pressedOpacity : 1)
     font.family: Theme.family
     font.pixelSize: Theme.buttonSize
@@ -29,7 +33,7 @@ T.AbstractButton {
     Keys.onEnterPressed: button.clicked()
 
     background: RoundedBox {
-        color: button.fill
+        color: Theme.answering(button.fill, button.hovered, button.pressed)
         radius: button.cornerRadius
 
         FocusRing {

@@ -64,7 +64,11 @@ RemovableBox {
         symbolSize: 8
         ink: root.ink
         // The whole chip shows the keyboard: around the symbol alone the ring would lie over the text.
-        background: null
+        background: RoundedBox {
+            radius: root.radius
+            color: Theme.answering(Qt.alpha(root.ink, 0), cross.hovered, cross.pressed)
+            visible: cross.hovered || cross.pressed
+        }
         Accessible.name: Wording.removing(root.symbol)
         onClicked: root.removed()
     }

@@ -38,6 +38,17 @@ QtObject {
     readonly property color circleFill: Qt.alpha(ink, 0.1)
     readonly property color dimming: Qt.rgba(0, 0, 0, 0.4)
 
+    // A fill while the pointer is over it, a quiet step on, and while it is pressed, as a whole at `pressedOpacity`,
+    // another one. A fill that covers what is below gives way, since it has no stronger one.
+    function answering(fill: color, isHovered: bool, isPressed: bool): color {
+        if (!isHovered && !isPressed)
+            return fill;
+        return Qt.alpha(fill, fill.a > 0.5 ? fill.a - hoverStep : fill.a + (isPressed ? pressStep : hoverStep));
+    }
+
+    readonly property real hoverStep: 0.05
+    readonly property real pressStep: 0.2
+
     readonly property string family: "Inter"
     readonly property string monospacedFamily: Appearance.monospacedFamily
     readonly property int regular: 400
@@ -77,6 +88,10 @@ QtObject {
     readonly property int symbolSpacing: 4
     readonly property int buttonPadding: 10
     readonly property int dotSize: 5
+    // Of a page that goes on beyond what is seen of it.
+    readonly property int softEdge: 20
+    // What an editor's focus rings need around it.
+    readonly property int ringRoom: 4
     readonly property int cardPadding: 12
     readonly property real captionSpacing: 1.4
     readonly property int hairline: 1

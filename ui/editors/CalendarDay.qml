@@ -22,6 +22,7 @@ T.AbstractButton {
     text: label
     implicitHeight: 28
     enabled: isOffered
+    hoverEnabled: true
     // The keyboard leaves after the cursor did.
     focusPolicy: isCursor || activeFocus ? Qt.TabFocus : Qt.NoFocus
     opacity: enabled ? (pressed ? Theme.pressedOpacity : 1) : Theme.withheldOpacity
@@ -41,7 +42,7 @@ T.AbstractButton {
     background: RoundedBox {
         margin: 1
         radius: Theme.buttonRadius
-        color: day.isChosen ? Theme.ink : day.hovered ? Theme.buttonFill : Theme.clear
+        color: Theme.answering(day.isChosen ? Theme.ink : Theme.clear, day.hovered, day.pressed)
 
         FocusRing {
             anchors.margins: 0

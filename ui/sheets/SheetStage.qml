@@ -60,9 +60,11 @@ FocusScope {
         opacity: stage.presence
         visible: stage.isSeen
     }
+    // Out of use it would still take the pointer's hovering from all that lies below.
     MouseArea {
         anchors.fill: parent
         hoverEnabled: true
+        visible: stage.isUp
         onClicked: stage.dismiss()
     }
     // Grows from the lower edge, so that its corners are round all the way up.

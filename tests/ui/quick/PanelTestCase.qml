@@ -13,6 +13,7 @@ TestCase {
     readonly property LookSwitch desktop: LookSwitch {}
     readonly property ClipboardProbe clipboard: ClipboardProbe {}
     readonly property KeyboardProbe keyboard: KeyboardProbe {}
+    readonly property PointerProbe pointer: PointerProbe {}
 
     width: 340
     height: 540

@@ -102,4 +102,17 @@ PanelTestCase {
 
         compare(requests.count, 2);
     }
+
+    function test_theGearIsHitAlsoJustBesideIt() {
+        const gear = buttonOf(header, "");
+        verify(gear.width < 24 && gear.height < 24);
+        requests.clear();
+
+        mouseClick(gear, gear.width / 2, -(24 - gear.height) / 2 + 0.25);
+        mouseClick(gear, (24 + gear.width) / 2 - 0.25, gear.height / 2);
+        compare(requests.count, 2);
+        mouseClick(gear, gear.width / 2, -(24 - gear.height) / 2 - 2);
+
+        compare(requests.count, 2);
+    }
 }
