@@ -1,7 +1,8 @@
 import QtQuick
 import Glimmet
 
-// Scrolls what is higher than itself, and brings into view what gets the keyboard.
+// Scrolls what is higher than itself by wheel, touchpad and touch, and brings into view what gets the keyboard. The
+// mouse drags nothing: a press that moves a little still means the control below it.
 Flickable {
     id: area
 
@@ -22,4 +23,29 @@ Flickable {
     contentWidth: width
     contentHeight: contentItem.childrenRect.height
     boundsBehavior: Flickable.StopAtBounds
+    interactive: !mouse.active
+
+    // Beside the page, not in it.
+    children: [
+        // Over the page: below it, a control would have taken the press before.
+        Item {
+            anchors.fill: parent
+
+            PointHandler {
+                id: mouse
+                acceptedDevices: PointerDevice.Mouse
+            }
+        },
+        SoftEdge {
+            width: area.width
+            isAbove: true
+            beyond: area.contentY
+        },
+        SoftEdge {
+            y: area.height - height
+            width: area.width
+            isAbove: false
+            beyond: area.contentHeight - area.height - area.contentY
+        }
+    ]
 }

@@ -31,14 +31,10 @@ RoundedBox {
         cornerRadius: Theme.rowRadius
         visible: box.activeFocus
     }
-    Flickable {
+    ScrollArea {
         id: area
         anchors.fill: parent
         anchors.margins: 10
-        clip: true
-        contentWidth: width
-        contentHeight: words.implicitHeight
-        boundsBehavior: Flickable.StopAtBounds
 
         InkText {
             id: words

@@ -21,46 +21,60 @@ Column {
         id: editors
         width: root.width - root.leftPadding - root.rightPadding
         // To where the lowest one ends; one that left stands above the top edge.
-        height: childrenRect.y + childrenRect.height
+        height: slots.childrenRect.y + slots.childrenRect.height
 
-        EditorSlot {
-            width: editors.width
-            shown: root.mode === TickerMode.Clock
-            ticker: root.ticker
-            editor: "ClockOptions.qml"
-        }
-        EditorSlot {
-            width: editors.width
-            shown: root.mode === TickerMode.Quote
-            ticker: root.ticker
-            editor: "QuoteOptions.qml"
-        }
-        EditorSlot {
-            width: editors.width
-            shown: root.mode === TickerMode.Custom
-            ticker: root.ticker
-            editor: "CustomTextOption.qml"
-        }
-        EditorSlot {
-            width: editors.width
-            shown: root.mode === TickerMode.Revenue
-            ticker: root.ticker
-            editor: "RevenueOptions.qml"
-            inputs: ({
-                    stage: root.stage
-                })
-        }
-        EditorSlot {
-            width: editors.width
-            shown: root.mode === TickerMode.Crypto
-            ticker: root.ticker
-            editor: "CryptoOptions.qml"
-        }
-        EditorSlot {
-            width: editors.width
-            shown: root.mode === TickerMode.Deadline
-            ticker: root.ticker
-            editor: "DeadlineOptions.qml"
+        // One that comes or goes never crosses what is above.
+        Item {
+            anchors.fill: parent
+            anchors.margins: -Theme.ringRoom
+            clip: true
+
+            Item {
+                id: slots
+                x: Theme.ringRoom
+                y: Theme.ringRoom
+                width: editors.width
+
+                EditorSlot {
+                    width: slots.width
+                    shown: root.mode === TickerMode.Clock
+                    ticker: root.ticker
+                    editor: "ClockOptions.qml"
+                }
+                EditorSlot {
+                    width: slots.width
+                    shown: root.mode === TickerMode.Quote
+                    ticker: root.ticker
+                    editor: "QuoteOptions.qml"
+                }
+                EditorSlot {
+                    width: slots.width
+                    shown: root.mode === TickerMode.Custom
+                    ticker: root.ticker
+                    editor: "CustomTextOption.qml"
+                }
+                EditorSlot {
+                    width: slots.width
+                    shown: root.mode === TickerMode.Revenue
+                    ticker: root.ticker
+                    editor: "RevenueOptions.qml"
+                    inputs: ({
+                            stage: root.stage
+                        })
+                }
+                EditorSlot {
+                    width: slots.width
+                    shown: root.mode === TickerMode.Crypto
+                    ticker: root.ticker
+                    editor: "CryptoOptions.qml"
+                }
+                EditorSlot {
+                    width: slots.width
+                    shown: root.mode === TickerMode.Deadline
+                    ticker: root.ticker
+                    editor: "DeadlineOptions.qml"
+                }
+            }
         }
     }
 }

@@ -85,6 +85,40 @@ PanelTestCase {
         compare(entering.y, 0);
     }
 
+    // Grows upwards out of its own place, as far as it is high.
+    function test_anEditorThatComesOrGoesNeverCrossesWhatIsAbove() {
+        const above = () => {
+            const picture = grabImage(options);
+            const label = areaOf(textOf(options, "OPTIONS"), options);
+            let ink = 0;
+            for (let y = label.bottom; y < label.bottom + 6; ++y) {
+                for (let x = 20; x < 320; x += 2)
+                    ink += isColor(picture.pixel(x, y), picture.pixel(2, 2)) ? 0 : 1;
+            }
+            return ink;
+        };
+        world.ticker.mode = TickerMode.Revenue;
+        let isOnItsWay = 0;
+        while (slot(3).presence < 1) {
+            isOnItsWay += slot(3).presence > 0 ? 1 : 0;
+            compare(above(), 0);
+            waitForRendering(options, 50);
+        }
+
+        verify(isOnItsWay > 0);
+    }
+
+    function test_theFocusRingOfAnEditorIsWhole() {
+        world.ticker.mode = TickerMode.Clock;
+        const toggle = all(options, GlimmetToggle)[0];
+        toggle.forceActiveFocus(Qt.TabFocusReason);
+        const place = areaOf(toggle, options);
+        const picture = grabImage(options);
+
+        for (const x of [place.x - 2, place.right + 1])
+            verify(isColor(picture.pixel(x, place.y + 20), Appearance.accent), x);
+    }
+
     function test_editorsChangeAtOnceWhereLessMotionIsWished() {
         desktop.wish(false, true);
 

@@ -199,6 +199,8 @@ PanelTestCase {
     function test_showsNoScrollIndicators() {
         panel.height = 360;
 
-        compare(only(ScrollArea).children.length, 1);
+        const beside = Array.from(only(ScrollArea).children).filter(item => item !== only(ScrollArea).contentItem);
+        compare(beside.filter(item => !(item instanceof SoftEdge) && item.children.length > 0), []);
+        compare(beside.filter(item => item instanceof SoftEdge).map(edge => edge.width), [340, 340]);
     }
 }
