@@ -173,6 +173,31 @@ bool AccessibleProbe::isPassword(QQuickItem *root, const QString &name)
     return found != nullptr && found->state().passwordEdit;
 }
 
+bool AccessibleProbe::isEditable(QQuickItem *root, const QString &name)
+{
+    QAccessibleInterface *found = field(*root, name);
+    return found != nullptr && found->editableTextInterface() != nullptr && found->textInterface() != nullptr;
+}
+
+bool AccessibleProbe::isInView(QQuickItem *root, const QString &name)
+{
+    const QAccessibleInterface *found = controlOf(*root, name);
+    return found != nullptr && !found->state().offscreen && !found->state().invisible;
+}
+
+QStringList AccessibleProbe::actions(QQuickItem *root, const QString &name)
+{
+    QAccessibleInterface *found = controlOf(*root, name);
+    QAccessibleActionInterface *offered = found == nullptr ? nullptr : found->actionInterface();
+    return offered == nullptr ? QStringList() : offered->actionNames();
+}
+
+bool AccessibleProbe::isFocusable(QQuickItem *root, const QString &name)
+{
+    const QAccessibleInterface *found = controlOf(*root, name);
+    return found != nullptr && found->state().focusable;
+}
+
 bool AccessibleProbe::isDisabled(QQuickItem *root, const QString &name)
 {
     const QAccessibleInterface *found = controlOf(*root, name);

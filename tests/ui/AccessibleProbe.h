@@ -27,6 +27,14 @@ public:
     Q_INVOKABLE static QStringList read(QQuickItem *root, const QString &name);
     /// Whether the field is told as one whose text shall not be seen.
     Q_INVOKABLE static bool isPassword(QQuickItem *root, const QString &name);
+    /// Whether the field offers to be written to as programs that dictate do it.
+    Q_INVOKABLE static bool isEditable(QQuickItem *root, const QString &name);
+    /// Whether what is called `name` is told as being in view.
+    Q_INVOKABLE static bool isInView(QQuickItem *root, const QString &name);
+    /// What it offers to do, in that order.
+    Q_INVOKABLE static QStringList actions(QQuickItem *root, const QString &name);
+    /// Whether it is told as able to take the keyboard.
+    Q_INVOKABLE static bool isFocusable(QQuickItem *root, const QString &name);
     /// Whether what is called `name` is told as out of use.
     Q_INVOKABLE static bool isDisabled(QQuickItem *root, const QString &name);
     /// Whether what is called `name` is told as the one of several that counts.

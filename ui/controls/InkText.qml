@@ -8,6 +8,7 @@ Text {
     textFormat: Text.PlainText
     Accessible.role: Accessible.StaticText
     Accessible.name: text
+    Accessible.focusable: false
     // Out of use together with its page, as below a sheet. The toolkit tells assistive programs nothing of that.
     Accessible.ignored: !(parent?.enabled ?? true)
 }

@@ -7,7 +7,8 @@
 namespace glimmet {
 
 /// What all items of the panel have in common for assistive programs, where the toolkit's own answer does not
-/// do. Such an item has no children of its own to tell of.
+/// do. Such an item has no children of its own to tell of. Its role, its name and its description are what
+/// its `Accessible` properties say.
 class ItemAccessible : public QAccessibleObject {
 public:
     explicit ItemAccessible(QQuickItem &item)
@@ -21,11 +22,16 @@ public:
     int indexOfChild(const QAccessibleInterface *) const override { return -1; }
     QWindow *window() const override { return item().window(); }
     QRect rect() const override;
-    /// Whether it can take the keyboard and has it, is out of use, and is to be seen.
+    QAccessible::Role role() const override;
+    /// Whether it is out of use, to be seen at all, in view, and the one of several that counts. The toolkit
+    /// calls in view also what is scrolled away.
     QAccessible::State state() const override;
+    QString text(QAccessible::Text kind) const override;
 
 protected:
     QQuickItem &item() const { return *static_cast<QQuickItem *>(object()); }
+    /// The `Accessible` property of that name.
+    QVariant told(const char *property) const;
 };
 
 } // namespace glimmet

@@ -8,12 +8,14 @@ BorderedField {
     // What a screen reader says for it.
     required property string name
     required property bool isRevealed
+    property string description
 
     font.family: Theme.monospacedFamily
     echoMode: isRevealed ? TextInput.Normal : TextInput.Password
     passwordCharacter: "•"
     passwordMaskDelay: 0
     Accessible.name: name
+    Accessible.description: description
     inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
 
     SecretClipboard {

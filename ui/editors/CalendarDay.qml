@@ -32,6 +32,7 @@ T.AbstractButton {
     Accessible.name: name
     Accessible.selectable: true
     Accessible.selected: isChosen
+    Accessible.description: isToday ? "Today" : ""
     Keys.onReturnPressed: day.clicked()
     Keys.onEnterPressed: day.clicked()
 

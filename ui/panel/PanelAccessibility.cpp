@@ -1,16 +1,27 @@
 #include "ui/panel/PanelAccessibility.h"
 
-#include "ui/controls/ButtonAccessible.h"
-#include "ui/controls/SecretAccessible.h"
+#include "ui/controls/ControlAccessible.h"
+#include "ui/controls/FieldAccessible.h"
+
+#include <algorithm>
+#include <array>
 
 namespace glimmet {
 
 namespace {
 
-/// Whether the engine made the object from this type's file.
-bool isOf(const QString &className, const QString &type)
+/// The types of the panel's files whose items are told of by the program itself.
+constexpr std::array texts{ "InkText", "SectionLabel" };
+constexpr std::array fields{ "BorderedField", "SecretField" };
+constexpr std::array controls{ "PlainButton", "AnswerButton", "CalendarDay", "GlimmetToggle",
+    "LaunchAtLoginToggle", "ModeCard", "ProviderChip", "UnifiedChip" };
+
+/// Whether the engine made the object from one of these types' files.
+template <std::size_t count> bool isOf(const std::array<const char *, count> &types, const QString &className)
 {
-    return className.startsWith(type + QStringLiteral("_QMLTYPE"));
+    return std::any_of(types.begin(), types.end(), [&](const char *type) {
+        return className.startsWith(QLatin1String(type) + QStringLiteral("_QMLTYPE"));
+    });
 }
 
 QAccessibleInterface *makeInterface(const QString &className, QObject *object)
@@ -18,10 +29,12 @@ QAccessibleInterface *makeInterface(const QString &className, QObject *object)
     auto *item = qobject_cast<QQuickItem *>(object);
     if (item == nullptr)
         return nullptr;
-    if (isOf(className, QStringLiteral("SecretField")))
-        return new SecretAccessible(*item);
-    if (isOf(className, QStringLiteral("PlainButton")) || isOf(className, QStringLiteral("CalendarDay")))
-        return new ButtonAccessible(*item);
+    if (isOf(texts, className))
+        return new ItemAccessible(*item);
+    if (isOf(fields, className))
+        return new FieldAccessible(*item);
+    if (isOf(controls, className))
+        return new ControlAccessible(*item);
     return nullptr;
 }
 

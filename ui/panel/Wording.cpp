@@ -47,6 +47,12 @@ QString Wording::active(int count)
     return QString::number(count) + QStringLiteral(" active");
 }
 
+QString Wording::sentences(QStringList parts)
+{
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(". "));
+}
+
 QString Wording::dueDateField(DateTimeField field)
 {
     switch (field) {

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QtQml/qqmlregistration.h>
 
 namespace glimmet {
@@ -32,6 +33,8 @@ public:
     Q_INVOKABLE static QString removing(const QString &item);
     /// Says how many deadlines are still to come.
     Q_INVOKABLE static QString active(int count);
+    /// Those that are not empty, one after the other.
+    Q_INVOKABLE static QString sentences(QStringList parts);
     /// What a screen reader says for a field of the due date.
     static QString dueDateField(DateTimeField field);
 };

@@ -11,9 +11,11 @@ Column {
     // What a screen reader says for the field.
     required property string name
     required property string value
+    // Whether it is saved, or what keeps it from being saved.
+    property string status
+    // It has the keyboard when its page comes up.
+    property bool startsHere: false
 
-    // Scrolled into view with its caption and its hint.
-    readonly property bool revealedWhole: true
     property bool isRevealed: false
 
     // The user turns to it.
@@ -51,6 +53,8 @@ Column {
             value: root.value
             isRevealed: root.isRevealed
             name: root.name
+            description: Wording.sentences([root.hint, root.status])
+            focus: root.startsHere
             onFocusChanged: {
                 if (focus)
                     root.entered();

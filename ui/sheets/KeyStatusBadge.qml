@@ -30,10 +30,15 @@ Item {
             color: root.isSaved ? Theme.accent : root.quietInk
         }
         InkText {
+            id: words
             text: root.isInTrouble ? root.trouble : CredentialLabels.status(root.isSaved)
             color: root.isSaved ? Theme.savedText : root.quietInk
             font.pixelSize: Theme.smallSize
         }
+    }
+    Announcement {
+        item: words
+        text: words.text
     }
     // Taller than the line, which keeps its height.
     PlainButton {

@@ -41,6 +41,13 @@ TEST(Wording, aPercentSignInAQuoteStaysAsItIs)
     EXPECT_EQ(Wording::removing(QStringLiteral("100 %1 yours")), QStringLiteral("Remove 100 %1 yours"));
 }
 
+TEST(Wording, whatIsEmptyMakesNoSentence)
+{
+    EXPECT_EQ(Wording::sentences({ QStringLiteral("one"), QString(), QStringLiteral("two") }),
+        QStringLiteral("one. two"));
+    EXPECT_EQ(Wording::sentences({}), QString());
+}
+
 TEST(Wording, deadlinesToComeAreCounted)
 {
     EXPECT_EQ(Wording::active(0), QStringLiteral("0 active"));

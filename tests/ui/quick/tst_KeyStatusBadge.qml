@@ -15,6 +15,10 @@ PanelTestCase {
     }
 
     SignalSpy {
+        id: said
+        signalName: "said"
+    }
+    SignalSpy {
         id: choices
         target: testCase.badge
         signalName: "remedyChosen"
@@ -86,5 +90,16 @@ PanelTestCase {
 
     function test_isToldByItsWords() {
         compare(reader.told(badge), ["StaticText No key saved"]);
+    }
+
+    function test_aNewStateIsAnnounced() {
+        const news = announcementIn(badge);
+        news.rest = 10;
+        said.target = news;
+
+        badge.trouble = "The keyring is locked";
+
+        said.wait();
+        compare(said.signalArguments[0][0], "The keyring is locked");
     }
 }

@@ -4,16 +4,15 @@
 
 namespace glimmet {
 
-/// What assistive programs are told of a field whose text may be hidden. The toolkit's own answer gives them
-/// the text itself; this one gives dots, until the field shows its text. They can always write to it.
-class SecretAccessible final : public ItemAccessible,
-                               public QAccessibleTextInterface,
-                               public QAccessibleEditableTextInterface,
-                               public QAccessibleActionInterface {
+/// What assistive programs are told of a field. The toolkit's own answer lets them write to none, and gives
+/// them a hidden text itself; this one gives dots, until the field shows its text.
+class FieldAccessible final : public ItemAccessible,
+                              public QAccessibleTextInterface,
+                              public QAccessibleEditableTextInterface,
+                              public QAccessibleActionInterface {
 public:
     using ItemAccessible::ItemAccessible;
 
-    QAccessible::Role role() const override { return QAccessible::EditableText; }
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text kind, const QString &text) override;

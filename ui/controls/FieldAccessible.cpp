@@ -1,4 +1,4 @@
-#include "ui/controls/SecretAccessible.h"
+#include "ui/controls/FieldAccessible.h"
 
 #include <QCoreApplication>
 #include <QInputMethodEvent>
@@ -6,6 +6,9 @@
 namespace glimmet {
 
 namespace {
+
+/// A field's echo mode: the text as it is.
+constexpr int shown = 0;
 
 QRectF caretAt(QQuickItem &field, int position)
 {
@@ -17,29 +20,29 @@ QRectF caretAt(QQuickItem &field, int position)
 
 } // namespace
 
-QAccessible::State SecretAccessible::state() const
+QAccessible::State FieldAccessible::state() const
 {
     QAccessible::State state = ItemAccessible::state();
+    state.focusable = true;
+    state.focused = item().hasActiveFocus();
     state.editable = true;
     state.selectableText = true;
-    state.passwordEdit = item().property("isRevealed") != true;
+    state.passwordEdit = item().property("echoMode").toInt() != shown;
     return state;
 }
 
-QString SecretAccessible::text(QAccessible::Text kind) const
+QString FieldAccessible::text(QAccessible::Text kind) const
 {
-    if (kind == QAccessible::Name)
-        return item().property("name").toString();
-    return kind == QAccessible::Value ? shownText() : QString();
+    return kind == QAccessible::Value ? shownText() : ItemAccessible::text(kind);
 }
 
-void SecretAccessible::setText(QAccessible::Text kind, const QString &text)
+void FieldAccessible::setText(QAccessible::Text kind, const QString &text)
 {
     if (kind == QAccessible::Value)
         replaceText(0, characterCount(), text);
 }
 
-void *SecretAccessible::interface_cast(QAccessible::InterfaceType type)
+void *FieldAccessible::interface_cast(QAccessible::InterfaceType type)
 {
     switch (type) {
     case QAccessible::TextInterface:
@@ -53,48 +56,48 @@ void *SecretAccessible::interface_cast(QAccessible::InterfaceType type)
     }
 }
 
-void SecretAccessible::selection(int index, int *start, int *end) const
+void FieldAccessible::selection(int index, int *start, int *end) const
 {
     *start = index == 0 ? item().property("selectionStart").toInt() : 0;
     *end = index == 0 ? item().property("selectionEnd").toInt() : 0;
 }
 
-int SecretAccessible::selectionCount() const
+int FieldAccessible::selectionCount() const
 {
     return item().property("selectionStart") == item().property("selectionEnd") ? 0 : 1;
 }
 
-void SecretAccessible::removeSelection(int)
+void FieldAccessible::removeSelection(int)
 {
     QMetaObject::invokeMethod(&item(), "deselect");
 }
 
-void SecretAccessible::setSelection(int, int start, int end)
+void FieldAccessible::setSelection(int, int start, int end)
 {
     QMetaObject::invokeMethod(&item(), "select", Q_ARG(int, start), Q_ARG(int, end));
 }
 
-int SecretAccessible::cursorPosition() const
+int FieldAccessible::cursorPosition() const
 {
     return item().property("cursorPosition").toInt();
 }
 
-void SecretAccessible::setCursorPosition(int position)
+void FieldAccessible::setCursorPosition(int position)
 {
     item().setProperty("cursorPosition", position);
 }
 
-QString SecretAccessible::text(int start, int end) const
+QString FieldAccessible::text(int start, int end) const
 {
     return shownText().mid(start, end - start);
 }
 
-int SecretAccessible::characterCount() const
+int FieldAccessible::characterCount() const
 {
     return static_cast<int>(shownText().size());
 }
 
-QRect SecretAccessible::characterRect(int offset) const
+QRect FieldAccessible::characterRect(int offset) const
 {
     const QRectF left = caretAt(item(), offset);
     const QRectF right = caretAt(item(), offset + 1);
@@ -102,7 +105,7 @@ QRect SecretAccessible::characterRect(int offset) const
     return { corner.toPoint(), QSizeF(right.x() - left.x(), left.height()).toSize() };
 }
 
-int SecretAccessible::offsetAtPoint(const QPoint &point) const
+int FieldAccessible::offsetAtPoint(const QPoint &point) const
 {
     const qreal x = item().mapFromGlobal(point).x();
     int offset = 0;
@@ -111,14 +114,14 @@ int SecretAccessible::offsetAtPoint(const QPoint &point) const
     return offset;
 }
 
-QString SecretAccessible::attributes(int, int *start, int *end) const
+QString FieldAccessible::attributes(int, int *start, int *end) const
 {
     *start = 0;
     *end = characterCount();
     return {};
 }
 
-void SecretAccessible::replaceText(int start, int end, const QString &text)
+void FieldAccessible::replaceText(int start, int end, const QString &text)
 {
     // As an input method does it: one edit, which can be undone.
     removeSelection(0);
@@ -127,7 +130,7 @@ void SecretAccessible::replaceText(int start, int end, const QString &text)
     QCoreApplication::sendEvent(&item(), &edit);
 }
 
-void SecretAccessible::doAction(const QString &action)
+void FieldAccessible::doAction(const QString &action)
 {
     if (action == setFocusAction())
         item().forceActiveFocus();
