@@ -27,6 +27,20 @@ std::pair<const RevenuePlatform *, const CredentialField *> find(KeychainKey key
     fatal("a credential of no platform");
 }
 
+/// What asks the user for a credential of that role.
+QString requestFor(CredentialRole role)
+{
+    switch (role) {
+    case Key:
+        return u"add api key"_s;
+    case ProjectID:
+        return u"add project id"_s;
+    case Currency:
+        return u"set currency"_s;
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 const QList<RevenuePlatform> &revenuePlatforms()
@@ -108,17 +122,26 @@ const RevenuePlatform &platformOf(KeychainKey key)
     return *find(key).first;
 }
 
+std::optional<KeychainKey> askedCredential(RevenueProvider provider, const QString &text)
+{
+    for (const CredentialField &field : revenuePlatform(provider).credentials) {
+        if (text == requestFor(field.role))
+            return field.key;
+    }
+    return std::nullopt;
+}
+
 QString missingInput(const RevenueQuery &query)
 {
     const RevenuePlatform &platform = revenuePlatform(query.provider);
     if (query.apiKey.isBlank())
-        return u"add api key"_s;
+        return requestFor(Key);
     for (const CredentialField &field : platform.credentials) {
         if (field.role == ProjectID && trimmedBlanks(query.projectID).isEmpty())
-            return u"add project id"_s;
+            return requestFor(ProjectID);
     }
     if (platform.currency != CurrencyCode::None && query.currency.isEmpty())
-        return u"set currency"_s;
+        return requestFor(Currency);
     return {};
 }
 

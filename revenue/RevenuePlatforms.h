@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace glimmet {
 
 struct RevenueQuery;
@@ -48,6 +50,9 @@ const RevenuePlatform &revenuePlatform(RevenueProvider provider);
 const CredentialField &credentialField(KeychainKey key);
 /// Whose it is.
 const RevenuePlatform &platformOf(KeychainKey key);
+
+/// The credential of the platform that such a text asks for; nothing for any other text.
+std::optional<KeychainKey> askedCredential(RevenueProvider provider, const QString &text);
 
 /// What the user has still to enter for this question, as the text that asks for it; empty where it can be
 /// asked.

@@ -50,7 +50,7 @@ class FullDisk(DesktopCase):
 
     def add_quote(self, quote):
         self.glimmet.choose_mode("Quote")
-        self.glimmet.control("stay curious ✦", "text", "entry").write(quote)
+        self.glimmet.control("New quote", "text", "entry").write(quote)
         self.glimmet.control("Add", "push button").press()
         self.glimmet.control(f"Remove {quote}")
 

@@ -79,7 +79,7 @@ class PanelWalk(RevenueCase):
 
     def test_quotes_are_added_and_removed(self):
         self.glimmet.choose_mode("Quote")
-        self.write("stay curious ✦", "measure twice")
+        self.write("New quote", "measure twice")
         self.tap("Add")
         self.wait_for_name("Remove measure twice")
         self.glimmet.wait_for_label(lambda label: label == "measure twice")
@@ -92,7 +92,7 @@ class PanelWalk(RevenueCase):
     def test_symbols_are_added_and_removed(self):
         self.glimmet.choose_mode("Crypto")
         self.wait_for_name("Remove BTC-USD")
-        self.write("BTC, ETH-USD, AAPL…", " aapl, eth-usd")
+        self.write("New symbol", " aapl, eth-usd")
         self.tap("Add")
         self.wait_for_name("Remove AAPL")
 
@@ -125,7 +125,7 @@ class PanelWalk(RevenueCase):
         self.glimmet.choose_mode("Deadline")
         self.assertFalse(self.glimmet.control("Add Deadline", BUTTON).enabled)
         for title in ("Math Exam", "Rent"):
-            self.write("Name (e.g. Math Exam)", title)
+            self.write("Deadline name", title)
             wait_for(lambda: self.glimmet.control("Add Deadline", BUTTON).enabled, 15, "“Add Deadline” to be in use")
             self.tap("Add Deadline")
             self.wait_for_name(f"Remove {title}")
@@ -164,7 +164,7 @@ class PanelWalk(RevenueCase):
         self.begin_again_with_keys()
         self.choose(DODO.name)
         self.server.currency = "sek"
-        self.write("CURRENCY", "sek")
+        self.write("Currency code", "sek")
 
         self.tap("Apply")
 
@@ -232,7 +232,7 @@ class PanelWalk(RevenueCase):
 
     def test_a_closed_panel_forgets_its_sheet_and_what_was_typed(self):
         self.glimmet.choose_mode("Deadline")
-        self.write("Name (e.g. Math Exam)", "half a na")
+        self.write("Deadline name", "half a na")
         self.glimmet.choose_mode("Revenue")
         self.tap("API Keys")
         self.tap("Show key")

@@ -6,6 +6,8 @@ Column {
     id: root
 
     required property string title
+    // What a screen reader says for the chips together.
+    required property string group
     property string note
     default property alias chips: row.data
 
@@ -27,8 +29,12 @@ Column {
             Accessible.ignored: !visible
         }
     }
-    Row {
-        id: row
-        spacing: Theme.rowSpacing
+    ChoiceGroup {
+        name: root.group
+
+        Row {
+            id: row
+            spacing: Theme.rowSpacing
+        }
     }
 }

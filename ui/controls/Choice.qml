@@ -16,7 +16,15 @@ T.RadioButton {
     property real cornerRadius: Theme.buttonRadius
     property int duration: Theme.chipDuration
 
+    readonly property ChoiceGroup group: groupAround(parent)
+
     signal tapped
+
+    function groupAround(item: Item): ChoiceGroup {
+        while (item && !(item instanceof ChoiceGroup))
+            item = item.parent;
+        return item as ChoiceGroup;
+    }
 
     property color symbolColor: selected ? Theme.background : restingSymbol
     property color labelColor: selected ? Theme.background : restingLabel
@@ -31,16 +39,33 @@ T.RadioButton {
     checked: selected
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
     implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
-    focusPolicy: Qt.TabFocus
+    focusPolicy: !group || group.stop === choice ? Qt.TabFocus : Qt.NoFocus
     hoverEnabled: true
     opacity: pressed ? Theme.pressedOpacity : 1
     onClicked: tapped()
+    onSelectedChanged: {
+        if (group && selected)
+            group.chosen = choice;
+    }
+    onActiveFocusChanged: {
+        if (!group)
+            return;
+        if (activeFocus)
+            group.focused = choice;
+        else if (group.focused === choice)
+            group.focused = null;
+    }
+    Component.onCompleted: {
+        if (!group)
+            return;
+        group.members = group.members.concat([choice]);
+        if (selected)
+            group.chosen = choice;
+    }
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: label
     Accessible.ignored: !(parent?.enabled ?? true)
-    Accessible.onPressAction: choice.press()
-    Accessible.onToggleAction: choice.press()
     Keys.onReturnPressed: choice.tapped()
     Keys.onEnterPressed: choice.tapped()
 

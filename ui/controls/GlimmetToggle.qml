@@ -30,8 +30,6 @@ T.Switch {
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
     Accessible.ignored: !(parent?.enabled ?? true)
-    Accessible.onPressAction: root.press()
-    Accessible.onToggleAction: root.press()
     Keys.onReturnPressed: root.press()
     Keys.onEnterPressed: root.press()
 

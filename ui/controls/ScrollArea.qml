@@ -7,17 +7,29 @@ Flickable {
     id: area
 
     readonly property Item focusedItem: Window.activeFocusItem
+    // Is in view at first, until the user scrolls or the keyboard leads elsewhere.
+    property Item opensAt: null
 
     function reveal(item: Item) {
         contentY = Geometry.offsetRevealing(item, contentItem, contentY, height);
     }
 
-    onFocusedItemChanged: {
+    function revealWhole() {
+        reveal(opensAt);
         reveal(Geometry.wholeAround(focusedItem));
+    }
+
+    onFocusedItemChanged: {
+        const whole = Geometry.wholeAround(focusedItem);
+        if (whole !== null && whole !== opensAt)
+            opensAt = null;
+        revealWhole();
         reveal(focusedItem);
     }
     // What drops down gets its place, and the room for it, only after it got the keyboard.
-    onContentHeightChanged: reveal(Geometry.wholeAround(focusedItem))
+    onContentHeightChanged: revealWhole()
+    onHeightChanged: revealWhole()
+    onMovementStarted: opensAt = null
 
     clip: true
     contentWidth: width

@@ -84,12 +84,14 @@ Column {
         id: newSymbol
         width: root.width
         placeholderText: "BTC, ETH-USD, AAPL…"
+        fieldName: "New symbol"
         fontFamily: Theme.monospacedFamily
         buttonText: "Add"
         onEntered: text => root.add(text)
     }
     ChipRow {
         title: "REFRESH EVERY"
+        group: "Refresh every"
 
         Repeater {
             model: PriceLabels.intervals

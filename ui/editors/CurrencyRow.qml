@@ -10,6 +10,7 @@ ChipRow {
     signal chosen(string code)
 
     title: "CURRENCY"
+    group: "Currency"
 
     SymbolImage {
         anchors.verticalCenter: parent.verticalCenter

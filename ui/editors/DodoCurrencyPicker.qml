@@ -16,7 +16,7 @@ Column {
         width: root.width
         verticalPadding: 6
         fontFamily: Theme.monospacedFamily
-        fieldName: "CURRENCY"
+        fieldName: "Currency code"
         value: root.ticker.dodoCurrency
         buttonText: "Apply"
         onEntered: code => root.ticker.chooseDodoCurrency(code)

@@ -39,6 +39,7 @@ Column {
         id: newQuote
         width: root.width
         placeholderText: "stay curious ✦"
+        fieldName: "New quote"
         buttonText: "Add"
         onEntered: text => root.save(text)
     }

@@ -20,21 +20,26 @@ Column {
         SectionLabel {
             text: "PROVIDER"
         }
-        Grid {
-            id: grid
-            columns: 2
-            spacing: Theme.rowSpacing
+        ChoiceGroup {
+            name: "Platform"
+            columns: grid.columns
 
-            Repeater {
-                model: RevenueLabels.providers
+            Grid {
+                id: grid
+                columns: 2
+                spacing: Theme.rowSpacing
 
-                ProviderChip {
-                    required property int modelData
+                Repeater {
+                    model: RevenueLabels.providers
 
-                    width: (root.width - grid.spacing) / 2
-                    provider: modelData
-                    selected: root.provider === modelData
-                    onTapped: root.ticker.chooseRevenueProvider(modelData)
+                    ProviderChip {
+                        required property int modelData
+
+                        width: (root.width - grid.spacing) / 2
+                        provider: modelData
+                        selected: root.provider === modelData
+                        onTapped: root.ticker.chooseRevenueProvider(modelData)
+                    }
                 }
             }
         }
@@ -55,6 +60,7 @@ Column {
     }
     ChipRow {
         title: "METRIC"
+        group: "Figure"
 
         Repeater {
             model: RevenueLabels.metrics
@@ -72,6 +78,7 @@ Column {
     }
     ChipRow {
         title: "WINDOW"
+        group: "Period"
         note: RevenueLabels.periodNote(root.provider)
 
         Repeater {

@@ -8,6 +8,10 @@ Rectangle {
     required property string text
     // What a screen reader says for the text.
     required property string spokenText
+    // The number of the credential that the text asks for, which it then leads to; -1 where it asks for none.
+    property int asked: -1
+
+    signal credentialWanted(int key)
 
     implicitHeight: Math.ceil(preview.implicitHeight) + 2 * 14
     color: Theme.fieldFill
@@ -25,10 +29,25 @@ Rectangle {
         text: root.text
         font.pixelSize: 26
         font.weight: Theme.medium
+        font.underline: root.asked >= 0
         horizontalAlignment: Text.AlignLeft
         maximumLineCount: 1
         elide: Text.ElideRight
         Accessible.name: root.spokenText
+        Accessible.ignored: root.asked >= 0 || !(parent?.enabled ?? true)
+    }
+    PlainButton {
+        x: preview.x - Theme.rowSpacing
+        width: Math.min(preview.implicitWidth * preview.scale, preview.room) + 2 * Theme.rowSpacing
+        height: Math.ceil(preview.height)
+        anchors.verticalCenter: preview.verticalCenter
+        fill: Theme.clear
+        cursorShape: Qt.PointingHandCursor
+        visible: root.asked >= 0
+        Accessible.name: root.spokenText
+        Accessible.description: "Opens the API keys"
+        Accessible.ignored: !visible || !(parent?.enabled ?? true)
+        onClicked: root.credentialWanted(root.asked)
     }
     Announcement {
         item: preview

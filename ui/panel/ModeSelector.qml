@@ -18,23 +18,30 @@ Column {
     SectionLabel {
         text: "DISPLAY MODE"
     }
-    Grid {
-        id: grid
+    ChoiceGroup {
+        id: cards
         width: root.width - root.leftPadding - root.rightPadding
-        columns: 2
-        spacing: Theme.rowSpacing
+        name: "Display mode"
+        columns: grid.columns
 
-        Repeater {
-            model: ModeLabels.all
+        Grid {
+            id: grid
+            width: cards.width
+            columns: 2
+            spacing: Theme.rowSpacing
 
-            ModeCard {
-                required property int modelData
+            Repeater {
+                model: ModeLabels.all
 
-                width: (grid.width - grid.spacing) / 2
-                label: ModeLabels.label(modelData)
-                symbol: ModeLabels.symbol(modelData)
-                selected: root.mode === modelData
-                onTapped: root.ticker.chooseMode(modelData)
+                ModeCard {
+                    required property int modelData
+
+                    width: (grid.width - grid.spacing) / 2
+                    label: ModeLabels.label(modelData)
+                    symbol: ModeLabels.symbol(modelData)
+                    selected: root.mode === modelData
+                    onTapped: root.ticker.chooseMode(modelData)
+                }
             }
         }
     }

@@ -49,6 +49,12 @@ Rectangle {
                     width: root.width
                     text: Wording.oneLine(root.ticker.currentDisplay)
                     spokenText: Wording.oneLine(root.ticker.spokenDisplay)
+                    asked: root.ticker.mode === TickerMode.Revenue
+                        ? CredentialLabels.asked(root.ticker.revenueProvider, root.ticker.currentDisplay) : -1
+                    onCredentialWanted: key => sheets.present("APIKeysSheet.qml", {
+                        ticker: root.ticker,
+                        wanted: key
+                    })
                 }
                 ModeSelector {
                     width: root.width

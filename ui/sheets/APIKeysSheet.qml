@@ -7,6 +7,8 @@ Sheet {
     id: root
 
     required property TickerViewModel ticker
+    // The number of the credential whose field has the keyboard at first; -1: none.
+    property int wanted: -1
 
     symbol: "key.fill"
     title: "API Keys"
@@ -27,6 +29,11 @@ Sheet {
             trouble: mainKey.trouble
             remedy: mainKey.remedy
             onRemedyChosen: root.ticker.unlockKeys()
+            // The user came for the platform that is chosen.
+            Component.onCompleted: {
+                if (selected)
+                    root.opensAt = section;
+            }
 
             CredentialText {
                 id: mainKey
@@ -47,6 +54,8 @@ Sheet {
                     hint: CredentialLabels.hint(modelData)
                     name: CredentialLabels.name(modelData)
                     value: credential.text
+                    status: credential.trouble || CredentialLabels.status(credential.text.length > 0)
+                    startsHere: modelData === root.wanted
                     onEntered: root.ticker.beginCredentialEditing()
                     onEdited: text => credential.text = text
 

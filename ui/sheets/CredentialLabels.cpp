@@ -72,6 +72,12 @@ QString CredentialLabels::hint(int key)
     return field(key).hint;
 }
 
+int CredentialLabels::asked(int provider, const QString &text)
+{
+    const auto key = askedCredential(static_cast<RevenueProvider>(provider), text);
+    return key && !credentialField(*key).caption.isEmpty() ? static_cast<int>(*key) : -1;
+}
+
 QString CredentialLabels::status(bool isSaved)
 {
     return isSaved ? QStringLiteral("Key saved in Keychain") : QStringLiteral("No key saved");

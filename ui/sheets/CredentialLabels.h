@@ -34,6 +34,10 @@ public:
     /// Where on the platform's pages the credential is found.
     Q_INVOKABLE static QString hint(int key);
 
+    /// The credential that the text of the menu bar asks the user to enter; -1 where it asks for none that
+    /// has a field.
+    Q_INVOKABLE static int asked(int provider, const QString &text);
+
     /// What the badge says of a section whose key is set, or is not.
     Q_INVOKABLE static QString status(bool isSaved);
     /// What it says instead where the key store does not hold exactly what the field does; empty elsewhere.

@@ -16,6 +16,8 @@ RoundedBox {
 
     signal remedyChosen
 
+    // Scrolled into view with all that belongs to the field that has the keyboard.
+    readonly property bool revealedWhole: true
     readonly property real contentWidth: width - 2 * Theme.cardPadding
 
     implicitHeight: column.height + 2 * Theme.cardPadding

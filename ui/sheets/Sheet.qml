@@ -10,6 +10,8 @@ FocusScope {
     required property string title
     default property alias content: column.data
     property alias spacing: column.spacing
+    // What of it is in view at first.
+    property alias opensAt: area.opensAt
 
     signal dismissed
 

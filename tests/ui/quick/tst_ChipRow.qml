@@ -10,6 +10,7 @@ PanelTestCase {
 
         ChipRow {
             title: "WINDOW"
+            group: "Period"
 
             UnifiedChip {
                 label: "Today"

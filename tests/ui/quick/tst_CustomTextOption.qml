@@ -94,7 +94,7 @@ PanelTestCase {
     }
 
     function test_isToldAsAnEditableText() {
-        verify(reader.told(option).includes("EditableText Type your text…"));
+        verify(reader.told(option).includes("EditableText Custom text"));
         verify(reader.told(option).includes("StaticText Updates live as you type."));
     }
 }

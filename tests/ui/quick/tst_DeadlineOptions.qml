@@ -349,7 +349,7 @@ PanelTestCase {
     function test_tabVisitsEverythingInOrderOfSight() {
         add("one", 1);
         type("exam");
-        const names = ["Clear all", "Remove one", "Name (e.g. Math Exam)", "Due date, day", "Due date, month",
+        const names = ["Clear all", "Remove one", "Deadline name", "Due date, day", "Due date, month",
             "Due date, year", "Due date, hour", "Due date, minute", "Due date", "Add Deadline"];
         buttonOf(options, "Clear all").forceActiveFocus(Qt.TabFocusReason);
         const visited = [];
@@ -367,7 +367,7 @@ PanelTestCase {
         const told = reader.told(options);
         for (const line of ["StaticText UPCOMING", "StaticText 1 active", "Button Clear all", "StaticText exam 🚀",
                 "StaticText 4 May 2026, 10:06", "StaticText 1h 1m", "Button Remove exam 🚀", "StaticText ADD DEADLINE",
-                "EditableText Name (e.g. Math Exam)", "SpinBox Due date, day", "SpinBox Due date, minute",
+                "EditableText Deadline name", "SpinBox Due date, day", "SpinBox Due date, minute",
                 "Button Due date", "Button Add Deadline"])
             verify(told.includes(line), line);
     }

@@ -170,8 +170,8 @@ PanelTestCase {
     function test_everythingIsToldByItsName() {
         const told = reader.told(picker);
 
-        for (const line of ["StaticText CURRENCY", "RadioButton USD [x]", "RadioButton EUR [ ]",
-                "EditableText CURRENCY", "Button Apply"])
+        for (const line of ["StaticText CURRENCY", "Grouping Currency", "RadioButton USD [x]", "RadioButton EUR [ ]",
+                "EditableText Currency code", "Button Apply"])
             verify(told.includes(line), line);
     }
 }

@@ -13,6 +13,11 @@ PanelTestCase {
     }
 
     SignalSpy {
+        id: wishes
+        target: preview
+        signalName: "credentialWanted"
+    }
+    SignalSpy {
         id: said
         signalName: "said"
     }
@@ -104,5 +109,41 @@ PanelTestCase {
         preview.text = "<b>deep work</b> > busy work";
 
         compare(textOf(preview, preview.text).textFormat, Text.PlainText);
+    }
+
+    function ask(key: int) {
+        preview.text = "add api key";
+        preview.spokenText = "add api key";
+        preview.asked = key;
+    }
+
+    function test_isNoControlWhereItAsksForNothing() {
+        preview.asked = -1;
+
+        compare(all(preview, PlainButton).filter(button => button.visible), []);
+        verify(!textOf(preview, "09:05:07").font.underline);
+    }
+
+    function test_leadsToTheKeyThatItAsksFor() {
+        ask(4);
+        wishes.clear();
+
+        verify(textOf(preview, "add api key").font.underline);
+        mouseClick(preview, 40, preview.height / 2);
+        mouseClick(preview, 220, preview.height / 2);
+        all(preview, PlainButton)[0].forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+
+        compare(Array.from(wishes.signalArguments).map(values => values[0]),
+            [4, 4]);
+        preview.asked = -1;
+    }
+
+    function test_isToldAsAButtonThatOpensTheKeys() {
+        ask(4);
+
+        compare(reader.told(preview), ["Button add api key", "StaticText LIVE"]);
+        compare(reader.description(preview, "add api key"), "Opens the API keys");
+        preview.asked = -1;
     }
 }

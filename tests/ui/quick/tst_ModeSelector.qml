@@ -107,15 +107,45 @@ PanelTestCase {
         compare(world.ticker.currentDisplay, "hello world ✦");
     }
 
-    function test_tabVisitsTheCardsInOrder() {
-        const visited = [];
-        cards()[0].forceActiveFocus(Qt.TabFocusReason);
-        for (let i = 0; i < 6; ++i) {
-            visited.push(cards().find(card => card.visualFocus).label);
-            tab();
-        }
+    function focused(): string {
+        return cards().find(card => card.visualFocus).label;
+    }
 
-        compare(visited, ["Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline"]);
+    function test_tabStopsOnceAtTheCardThatIsChosen() {
+        world.ticker.mode = TickerMode.Custom;
+
+        compare(cards().filter(card => card.activeFocusOnTab).map(card => card.label), ["Custom"]);
+    }
+
+    function test_arrowsLeadFromCardToCardAsTheyStand() {
+        cards()[0].forceActiveFocus(Qt.TabFocusReason);
+
+        for (const [key, expected] of [[Qt.Key_Right, "Quote"], [Qt.Key_Down, "Revenue"], [Qt.Key_Left, "Custom"],
+                [Qt.Key_Down, "Crypto"], [Qt.Key_Down, "Crypto"], [Qt.Key_Up, "Custom"], [Qt.Key_Up, "Clock"],
+                [Qt.Key_Up, "Clock"], [Qt.Key_Left, "Clock"]]) {
+            keyClick(key);
+            compare(focused(), expected);
+        }
+        compare(world.ticker.mode, TickerMode.Clock);
+    }
+
+    function test_spaceAndReturnChooseWhereTheArrowsLed() {
+        cards()[0].forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Right);
+        keyClick(Qt.Key_Space);
+        compare(world.ticker.mode, TickerMode.Quote);
+
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Return);
+
+        compare(world.ticker.mode, TickerMode.Revenue);
+        compare(focused(), "Revenue");
+    }
+
+    function test_theCardsAreOneGroupForAScreenReader() {
+        const told = reader.told(selector);
+
+        compare(told.slice(told.indexOf("Grouping Display mode"))[1], "RadioButton Clock [x]");
     }
 
     function test_aScreenReaderChoosesAModeOnce() {

@@ -244,7 +244,7 @@ PanelTestCase {
         setQuotes(["stay curious ✦"]);
 
         const told = reader.told(options);
-        for (const line of ["StaticText ADD QUOTE", "EditableText stay curious ✦", "Button Add",
+        for (const line of ["StaticText ADD QUOTE", "EditableText New quote", "Button Add",
                 "StaticText YOUR QUOTES", "Button Reset to defaults", "StaticText stay curious ✦",
                 "Button Remove stay curious ✦"])
             verify(told.includes(line), line);

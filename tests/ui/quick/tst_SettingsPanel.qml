@@ -123,13 +123,13 @@ PanelTestCase {
 
         // The gear has no words.
         compare(visited.map(item => item.text),
-            ["", "Clock", "Quote", "Custom", "Revenue", "Crypto", "Deadline", "Show seconds", "24-hour format", "Quit"]);
+            ["", "Clock", "Show seconds", "24-hour format", "Quit"]);
     }
 
     function test_whatGetsTheKeyboardScrollsIntoView() {
         panel.height = 360;
         const middle = only(ScrollArea);
-        tab(9);
+        tab(4);
 
         const focused = testCase.Window.activeFocusItem;
         compare(focused.text, "24-hour format");
@@ -184,10 +184,11 @@ PanelTestCase {
     }
 
     function test_theModeIsChangedWithTheKeyboardAlone() {
-        tab(3);
+        tab(2);
+        keyClick(Qt.Key_Right);
         keyClick(Qt.Key_Return);
         tryVerify(() => all(panel, QuoteOptions).length === 1 && all(panel, ClockOptions).length === 0);
-        tab(5);
+        tab();
 
         verify(only(BorderedField).activeFocus);
         keyClick(Qt.Key_A);
@@ -202,5 +203,86 @@ PanelTestCase {
         const beside = Array.from(only(ScrollArea).children).filter(item => item !== only(ScrollArea).contentItem);
         compare(beside.filter(item => !(item instanceof SoftEdge) && item.children.length > 0), []);
         compare(beside.filter(item => item instanceof SoftEdge).map(edge => edge.width), [340, 340]);
+    }
+
+    function sheetArea(): ScrollArea {
+        return all(only(APIKeysSheet), ScrollArea)[0] as ScrollArea;
+    }
+
+    function isInView(item: Item): bool {
+        const place = areaOf(item, sheetArea());
+        return place.top >= 0 && place.bottom <= sheetArea().height;
+    }
+
+    function test_thePreviewLeadsToTheFieldOfTheMissingKey_data() {
+        return [
+            {tag: "first", provider: RevenueProvider.Polar, section: 0},
+            {tag: "last", provider: RevenueProvider.LemonSqueezy, section: 4}
+        ];
+    }
+
+    function test_thePreviewLeadsToTheFieldOfTheMissingKey(row) {
+        world.ticker.mode = TickerMode.Revenue;
+        world.ticker.revenueProvider = row.provider;
+        world.finishFetch("add api key");
+        world.advance(1);
+
+        mouseClick(only(LivePreview), 60, 30);
+
+        tryVerify(() => all(panel, APIKeysSheet).length === 1);
+        const section = all(only(APIKeysSheet), KeySection)[row.section];
+        tryVerify(() => isInView(section));
+        verify(all(section, SecretField)[0].activeFocus);
+        keyClick(Qt.Key_Z);
+        compare(all(section, SecretField)[0].text, "z");
+    }
+
+    function test_thePreviewLeadsToTheMissingProjectToo() {
+        world.ticker.mode = TickerMode.Revenue;
+        world.ticker.revenueProvider = RevenueProvider.RevenueCat;
+        world.finishFetch("add project id");
+        world.advance(1);
+
+        mouseClick(only(LivePreview), 60, 30);
+
+        tryVerify(() => all(panel, APIKeysSheet).length === 1);
+        verify(all(all(only(APIKeysSheet), KeySection)[1], SecretField)[1].activeFocus);
+    }
+
+    function test_aTextOfTheUsersThatReadsTheSameLeadsNowhere() {
+        world.ticker.mode = TickerMode.Custom;
+        world.ticker.customText = "add api key";
+        world.advance(1);
+
+        compare(only(LivePreview).asked, -1);
+    }
+
+    function test_theKeysOpenAtTheChosenPlatform() {
+        world.ticker.mode = TickerMode.Revenue;
+        world.ticker.revenueProvider = RevenueProvider.LemonSqueezy;
+        tryVerify(() => buttonOf(panel, "API Keys") !== null);
+
+        buttonOf(panel, "API Keys").clicked();
+
+        const last = all(only(APIKeysSheet), KeySection)[4];
+        tryVerify(() => isInView(last));
+        verify(!all(last, SecretField)[0].activeFocus);
+        tryVerify(() => {
+            mouseWheel(sheetArea(), 100, 100, 0, 240);
+            return sheetArea().contentY === 0;
+        });
+        passFrames();
+        compare(sheetArea().contentY, 0);
+    }
+
+    function test_aFieldThatGetsTheKeyboardBringsItsBadgeIntoView() {
+        world.ticker.mode = TickerMode.Revenue;
+        tryVerify(() => buttonOf(panel, "API Keys") !== null);
+        buttonOf(panel, "API Keys").clicked();
+        const third = all(only(APIKeysSheet), KeySection)[3];
+
+        all(third, SecretField)[0].forceActiveFocus(Qt.TabFocusReason);
+
+        tryVerify(() => isInView(all(third, KeyStatusBadge)[0]) && isInView(all(third, SectionLabel)[0]));
     }
 }

@@ -122,4 +122,23 @@ TEST(CredentialLabels, theBadgeSaysWhyAKeyIsNotSaved)
     EXPECT_EQ(said(State::KeptUntilEnd, KeyObstacle::Refused, true), words(u"Not cleared in the keyring"));
 }
 
+TEST(CredentialLabels, knowWhichFieldATextAsksFor)
+{
+    const auto asked = [](RevenueProvider provider, const QString &text) {
+        return CredentialLabels::asked(static_cast<int>(provider), text);
+    };
+
+    EXPECT_EQ(
+        asked(RevenueProvider::Stripe, QStringLiteral("add api key")), field(KeychainKey::StripeAPIKey));
+    EXPECT_EQ(asked(RevenueProvider::RevenueCat, QStringLiteral("add api key")),
+        field(KeychainKey::RevenueCatAPIKey));
+    EXPECT_EQ(asked(RevenueProvider::RevenueCat, QStringLiteral("add project id")),
+        field(KeychainKey::RevenueCatProjectID));
+    // A platform without a project, a currency, which is chosen elsewhere, and a figure.
+    EXPECT_EQ(asked(RevenueProvider::Stripe, QStringLiteral("add project id")), -1);
+    EXPECT_EQ(asked(RevenueProvider::Stripe, QStringLiteral("set currency")), -1);
+    EXPECT_EQ(asked(RevenueProvider::Stripe, QStringLiteral("💰 $12.00")), -1);
+    EXPECT_EQ(asked(RevenueProvider::Stripe, QString()), -1);
+}
+
 } // namespace glimmet
