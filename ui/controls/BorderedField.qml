@@ -43,6 +43,34 @@ T.TextField {
     Accessible.name: placeholderText
     Accessible.ignored: !(parent?.enabled ?? true)
 
+    Keys.priority: Keys.BeforeItem
+    Keys.onShortcutOverride: event => event.accepted = menuPlace.isOpen && event.key === Qt.Key_Escape
+    Keys.onPressed: event => {
+        const asksForMenu = event.key === Qt.Key_Menu
+            || (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier);
+        if (menuPlace.isOpen)
+            event.accepted = menuPlace.menu.press(event.key);
+        else if (asksForMenu) {
+            event.accepted = true;
+            menuPlace.open(field.cursorRectangle.x, field.cursorRectangle.y + field.cursorRectangle.height);
+        }
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        acceptedDevices: PointerDevice.Mouse
+        onPressedChanged: {
+            if (!pressed)
+                return;
+            field.forceActiveFocus(Qt.MouseFocusReason);
+            menuPlace.open(point.position.x, point.position.y);
+        }
+    }
+    FieldMenuPlace {
+        id: menuPlace
+        field: field
+    }
+
     background: RoundedBox {
         color: Theme.fieldFill
         borderColor: field.activeFocus ? Theme.accent : Theme.fieldBorder

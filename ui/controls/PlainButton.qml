@@ -67,4 +67,9 @@ T.AbstractButton {
     HoverHandler {
         id: hover
     }
+    // A symbol alone does not say what it does.
+    TipPlace {
+        words: button.text.length > 0 ? "" : button.Accessible.name
+        wanted: button.hovered && !button.pressed
+    }
 }
