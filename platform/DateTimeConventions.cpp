@@ -139,7 +139,7 @@ QList<FieldPlace> places(
     if (U_FAILURE(status))
         return {};
     const QString pattern = toQString(generator->getBestPattern(icu::UnicodeString(skeleton), status));
-    return placesOf(fromLeftToRight(piecesOf(pattern), locale.isRightToLeft() != 0, conventions));
+    return placesOf(fromLeftToRight(piecesOf(pattern), conventions.isRightToLeft, conventions));
 }
 
 Qt::DayOfWeek firstDayOf(const icu::Locale &locale)
@@ -189,6 +189,7 @@ DateTimeConventions dateTimeConventions(const QByteArray &localeName)
     UErrorCode status = U_ZERO_ERROR;
     const icu::DateFormatSymbols symbols(locale, status);
     DateTimeConventions conventions;
+    conventions.isRightToLeft = locale.isRightToLeft() != 0;
     conventions.dayPeriods = dayPeriodsOf(symbols);
     conventions.zeroDigit = zeroDigitOf(locale);
     conventions.firstDayOfWeek = firstDayOf(locale);

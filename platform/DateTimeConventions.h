@@ -23,6 +23,7 @@ struct FieldPlace {
 struct DateTimeConventions {
     QList<FieldPlace> dateFields; ///< year, month and day, from left to right
     QList<FieldPlace> timeFields; ///< hour, minute and, with 12 hours, the day period, from left to right
+    bool isRightToLeft = false; ///< lines begin at the right
     bool uses12Hours = false;
     QStringList dayPeriods; ///< what AM and PM are called
     char32_t zeroDigit = U'0'; ///< the first of ten

@@ -62,6 +62,14 @@ TEST(DateTimeConventions, standAsTheEyeMeetsThemFromTheLeft)
     EXPECT_EQ(datePattern("he_IL"), u"dd.MM.y"_s);
 }
 
+TEST(DateTimeConventions, runFromRightToLeftWhereTheScriptDoes)
+{
+    for (const char *locale : { "ar_EG", "he_IL", "fa_IR" })
+        EXPECT_TRUE(dateTimeConventions(locale).isRightToLeft) << locale;
+    for (const char *locale : { "en_US", "ko_KR", "en_US_POSIX" })
+        EXPECT_FALSE(dateTimeConventions(locale).isRightToLeft) << locale;
+}
+
 TEST(DateTimeConventions, nameTheDayPeriods)
 {
     EXPECT_THAT(dateTimeConventions("en_US").dayPeriods, ElementsAre(u"AM", u"PM"));

@@ -23,13 +23,15 @@ bool isSameMonth(QDate one, QDate other)
 
 } // namespace
 
-QDate movedByKey(int key, QDate from, Qt::DayOfWeek firstDayOfWeek)
+QDate movedByKey(int key, QDate from, const DateTimeConventions &conventions)
 {
+    const int dayToTheRight = conventions.isRightToLeft ? -1 : 1;
+    const QDate weekStart = startOfWeek(from, conventions.firstDayOfWeek);
     switch (key) {
     case Qt::Key_Left:
-        return from.addDays(-1);
+        return from.addDays(-dayToTheRight);
     case Qt::Key_Right:
-        return from.addDays(1);
+        return from.addDays(dayToTheRight);
     case Qt::Key_Up:
         return from.addDays(-daysInWeek);
     case Qt::Key_Down:
@@ -39,9 +41,9 @@ QDate movedByKey(int key, QDate from, Qt::DayOfWeek firstDayOfWeek)
     case Qt::Key_PageDown:
         return from.addMonths(1);
     case Qt::Key_Home:
-        return startOfWeek(from, firstDayOfWeek);
+        return weekStart;
     case Qt::Key_End:
-        return startOfWeek(from, firstDayOfWeek).addDays(daysInWeek - 1);
+        return weekStart.addDays(daysInWeek - 1);
     default:
         return from;
     }
@@ -91,6 +93,19 @@ void CalendarMonth::setChosen(QDate chosen)
     moveTo(chosen);
 }
 
+void CalendarMonth::setToday(QDate today)
+{
+    if (!m_isOpen || today == m_today)
+        return;
+    // A day that is past cannot have the keyboard: the cursor leaves it first.
+    if (m_cursor < today) {
+        moveTo(today);
+        emit dayPassed();
+    }
+    m_today = today;
+    moveTo(m_cursor);
+}
+
 void CalendarMonth::close()
 {
     if (!m_isOpen)
@@ -110,7 +125,7 @@ bool CalendarMonth::pressKey(int key)
         Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End };
     if (std::find(keys.begin(), keys.end(), key) == keys.end())
         return false;
-    moveTo(movedByKey(key, m_cursor, m_conventions.firstDayOfWeek));
+    moveTo(movedByKey(key, m_cursor, m_conventions));
     return true;
 }
 

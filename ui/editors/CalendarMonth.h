@@ -9,8 +9,8 @@
 namespace glimmet {
 
 /// Where a key moves the cursor of a calendar: by a day, a week or a month, or to an end of the week. The
-/// same day where the key moves nothing.
-QDate movedByKey(int key, QDate from, Qt::DayOfWeek firstDayOfWeek);
+/// same day where the key moves nothing. Where weeks run from right to left the next day is at the left.
+QDate movedByKey(int key, QDate from, const DateTimeConventions &conventions);
 
 /// The six weeks that show the month of `date`: 42 days from the first day of a week on, the month's first
 /// day among the first seven.
@@ -28,6 +28,8 @@ class CalendarMonth : public QAbstractListModel {
     /// Whether there are days to choose before this month.
     Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY moved)
     Q_PROPERTY(int cursorRow READ cursorRow NOTIFY moved)
+    /// Whether weeks run from right to left.
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft NOTIFY moved)
 
 public:
     enum Role {
@@ -46,11 +48,14 @@ public:
     QStringList weekdays() const { return m_conventions.weekdays; }
     bool canGoBack() const;
     int cursorRow() const;
+    bool isRightToLeft() const { return m_conventions.isRightToLeft; }
 
     /// Shows the month of `chosen` and puts the cursor there.
     void open(QDate chosen, QDate today, const QByteArray &locale);
     /// Has another day be the chosen one, and shows its month.
     void setChosen(QDate chosen);
+    /// Has another day be today: the next one, or that of another time zone.
+    void setToday(QDate today);
     Q_INVOKABLE void close();
     Q_INVOKABLE void showMonths(int further);
     /// False where the key moves nothing.
@@ -65,6 +70,8 @@ public:
 signals:
     void isOpenChanged();
     void moved();
+    /// The cursor has left a day that is about to be past.
+    void dayPassed();
     void dayChosen(QDate date);
 
 private:

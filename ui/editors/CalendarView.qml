@@ -32,6 +32,17 @@ RoundedBox {
             takeKeyboard(Qt.TabFocusReason);
     }
 
+    // The keyboard goes along where it was in a day.
+    Connections {
+        target: root.month
+
+        function onDayPassed() {
+            const held = root.Window.activeFocusItem as CalendarDay;
+            if (held?.parent === grid)
+                root.takeKeyboard(held.focusReason);
+        }
+    }
+
     implicitHeight: column.height + 2 * inset
     radius: Theme.rowRadius
     color: Theme.fieldFill
@@ -44,6 +55,8 @@ RoundedBox {
         y: root.inset
         width: root.width - 2 * root.inset
         spacing: 4
+        LayoutMirroring.enabled: root.month.isRightToLeft
+        LayoutMirroring.childrenInherit: true
 
         Item {
             width: parent.width
@@ -51,7 +64,8 @@ RoundedBox {
 
             InkText {
                 id: title
-                x: root.cellWidth / 2 - 8
+                anchors.left: parent.left
+                anchors.leftMargin: root.cellWidth / 2 - 8
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.month.title
                 font.pixelSize: Theme.fieldSize
@@ -59,10 +73,10 @@ RoundedBox {
             }
             PlainButton {
                 id: back
-                x: next.x - width
+                anchors.right: next.left
                 anchors.verticalCenter: parent.verticalCenter
                 padding: 7
-                symbol: "chevron.left"
+                symbol: root.month.isRightToLeft ? "chevron.right" : "chevron.left"
                 symbolSize: Theme.smallSize
                 fill: Theme.clear
                 enabled: root.month.canGoBack
@@ -74,7 +88,7 @@ RoundedBox {
                 anchors.right: parent.right
                 anchors.verticalCenter: parent.verticalCenter
                 padding: 7
-                symbol: "chevron.right"
+                symbol: root.month.isRightToLeft ? "chevron.left" : "chevron.right"
                 symbolSize: Theme.smallSize
                 fill: Theme.clear
                 Accessible.name: "Next month"
@@ -100,6 +114,9 @@ RoundedBox {
             }
         }
         Grid {
+            id: grid
+            // Mirrored, it would round its own width down.
+            width: parent.width
             columns: 7
 
             Keys.onPressed: event => {

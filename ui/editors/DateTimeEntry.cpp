@@ -51,7 +51,7 @@ void DateTimeEntry::setTicker(const TickerViewModel *ticker)
     m_ticker = ticker;
     if (m_ticker == nullptr)
         return;
-    connect(m_ticker, &TickerViewModel::ticked, this, &DateTimeEntry::renewDefault);
+    connect(m_ticker, &TickerViewModel::ticked, this, &DateTimeEntry::followClock);
     reset();
 }
 
@@ -165,8 +165,7 @@ void DateTimeEntry::toggleCalendar()
     if (m_calendar.isOpen())
         return m_calendar.close();
     settle();
-    m_calendar.open(
-        shownDate(), WallClock::dateAt(m_ticker->now(), m_ticker->region()), m_ticker->region().localeName());
+    m_calendar.open(shownDate(), today(), m_ticker->region().localeName());
 }
 
 int DateTimeEntry::rowCount(const QModelIndex &parent) const
@@ -214,9 +213,14 @@ QHash<int, QByteArray> DateTimeEntry::roleNames() const
     };
 }
 
+QDate DateTimeEntry::today() const
+{
+    return WallClock::dateAt(m_ticker->now(), m_ticker->region());
+}
+
 FieldRules DateTimeEntry::rules() const
 {
-    return { m_conventions.uses12Hours, WallClock::dateAt(m_ticker->now(), m_ticker->region()).year() };
+    return { m_conventions.uses12Hours, today().year() };
 }
 
 void DateTimeEntry::setFields(const DateTimeFields &fields)
@@ -232,6 +236,12 @@ void DateTimeEntry::setMoment(Instant moment)
     m_settled = fieldsOf(WallClock::minuteAt(moment, m_ticker->region()));
     m_fields = m_settled;
     refresh();
+}
+
+void DateTimeEntry::followClock()
+{
+    renewDefault();
+    m_calendar.setToday(today());
 }
 
 /// A default that the user has not touched is not left to pass.

@@ -70,11 +70,13 @@ private:
     bool changeByKey(int row, int key);
     void setFields(const DateTimeFields &fields);
     void setMoment(Instant moment);
+    void followClock();
     void renewDefault();
     void chooseDay(QDate date);
     int typeDigit(int row, int digit);
     bool typeDayPeriod(int row, const QString &text);
     void refresh();
+    QDate today() const;
     FieldRules rules() const;
     bool isRow(int row) const { return row >= 0 && row < m_places.size(); }
     DateTimeField fieldAt(int row) const { return m_places.at(row).field; }

@@ -35,9 +35,16 @@ protected:
     QAbstractItemModelTester tester{ &month, QAbstractItemModelTester::FailureReportingMode::Fatal };
 };
 
+DateTimeConventions weeks(Qt::DayOfWeek first)
+{
+    DateTimeConventions conventions;
+    conventions.firstDayOfWeek = first;
+    return conventions;
+}
+
 TEST(CalendarKeys, moveByDayWeekAndMonth)
 {
-    const auto moved = [](int key) { return movedByKey(key, QDate(2026, 5, 31), Qt::Monday); };
+    const auto moved = [](int key) { return movedByKey(key, QDate(2026, 5, 31), weeks(Qt::Monday)); };
 
     EXPECT_EQ(moved(Qt::Key_Left), QDate(2026, 5, 30));
     EXPECT_EQ(moved(Qt::Key_Right), QDate(2026, 6, 1));
@@ -50,10 +57,24 @@ TEST(CalendarKeys, moveByDayWeekAndMonth)
 
 TEST(CalendarKeys, moveToTheEndsOfTheLocalesWeek)
 {
-    EXPECT_EQ(movedByKey(Qt::Key_Home, QDate(2026, 5, 13), Qt::Monday), QDate(2026, 5, 11));
-    EXPECT_EQ(movedByKey(Qt::Key_End, QDate(2026, 5, 13), Qt::Monday), QDate(2026, 5, 17));
-    EXPECT_EQ(movedByKey(Qt::Key_Home, QDate(2026, 5, 13), Qt::Sunday), QDate(2026, 5, 10));
-    EXPECT_EQ(movedByKey(Qt::Key_End, QDate(2026, 5, 13), Qt::Sunday), QDate(2026, 5, 16));
+    EXPECT_EQ(movedByKey(Qt::Key_Home, QDate(2026, 5, 13), weeks(Qt::Monday)), QDate(2026, 5, 11));
+    EXPECT_EQ(movedByKey(Qt::Key_End, QDate(2026, 5, 13), weeks(Qt::Monday)), QDate(2026, 5, 17));
+    EXPECT_EQ(movedByKey(Qt::Key_Home, QDate(2026, 5, 13), weeks(Qt::Sunday)), QDate(2026, 5, 10));
+    EXPECT_EQ(movedByKey(Qt::Key_End, QDate(2026, 5, 13), weeks(Qt::Sunday)), QDate(2026, 5, 16));
+}
+
+TEST(CalendarKeys, moveAsTheEyeSeesWhereWeeksRunFromRightToLeft)
+{
+    for (const char *locale : { "ar_EG", "he_IL", "fa_IR" }) {
+        const auto moved = [&](int key) {
+            return movedByKey(key, QDate(2026, 5, 13), dateTimeConventions(locale));
+        };
+        EXPECT_EQ(moved(Qt::Key_Left), QDate(2026, 5, 14)) << locale;
+        EXPECT_EQ(moved(Qt::Key_Right), QDate(2026, 5, 12)) << locale;
+        EXPECT_EQ(moved(Qt::Key_Down), QDate(2026, 5, 20)) << locale;
+        EXPECT_EQ(moved(Qt::Key_PageDown), QDate(2026, 6, 13)) << locale;
+        EXPECT_LT(moved(Qt::Key_Home), moved(Qt::Key_End)) << locale;
+    }
 }
 
 TEST_F(CalendarMonthTest, opensOnTheChosenDay)
@@ -81,6 +102,33 @@ TEST_F(CalendarMonthTest, keepsTheCursorFromThePast)
     EXPECT_EQ(cursor(), u"Sunday, 10 May 2026"_s);
     month.pressKey(Qt::Key_PageUp);
     EXPECT_EQ(cursor(), u"Sunday, 10 May 2026"_s);
+}
+
+TEST_F(CalendarMonthTest, followsTheDayThatItIs)
+{
+    month.setToday(QDate(2026, 5, 12));
+
+    EXPECT_THAT(days(CalendarMonth::IsTodayRole), ElementsAre(u"12"_s));
+    EXPECT_EQ(days(CalendarMonth::IsOfferedRole).first(), u"12"_s);
+    EXPECT_EQ(cursor(), u"Friday, 15 May 2026"_s);
+
+    month.setToday(QDate(2026, 5, 9));
+
+    EXPECT_THAT(days(CalendarMonth::IsTodayRole), ElementsAre(u"9"_s));
+}
+
+TEST_F(CalendarMonthTest, takesTheCursorOffADayBeforeItIsPast)
+{
+    QStringList offered;
+    QObject::connect(&month, &CalendarMonth::dayPassed, &month,
+        [&] { offered = days(CalendarMonth::IsOfferedRole) + QStringList{ cursor() }; });
+
+    month.setToday(QDate(2026, 5, 16));
+
+    ASSERT_FALSE(offered.isEmpty());
+    EXPECT_EQ(offered.first(), u"10"_s);
+    EXPECT_EQ(offered.last(), u"Saturday, 16 May 2026"_s);
+    EXPECT_EQ(days(CalendarMonth::IsOfferedRole).first(), u"16"_s);
 }
 
 TEST_F(CalendarMonthTest, turnsThePageWithTheCursorAndKeepsItsRows)

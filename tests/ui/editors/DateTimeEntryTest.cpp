@@ -253,6 +253,30 @@ TEST_F(DateTimeEntryTest, keepsWhatWasEnteredWhileTimePasses)
     EXPECT_EQ(saved(), u"2026-05-05T09:00:00Z"_s);
 }
 
+TEST_F(DateTimeEntryTest, followsTheDayInItsOpenCalendar)
+{
+    const auto todays = [this] {
+        QStringList labels;
+        for (int row = 0; row < entry.calendar()->rowCount(); ++row) {
+            const QModelIndex day = entry.calendar()->index(row);
+            if (day.data(CalendarMonth::IsTodayRole).toBool())
+                labels.append(day.data(CalendarMonth::LabelRole).toString());
+        }
+        return labels;
+    };
+    entry.toggleCalendar();
+    EXPECT_THAT(todays(), ElementsAre(u"4"_s));
+
+    world.region.setZone("Pacific/Kiritimati");
+    world.clock.advance(3600);
+    tick();
+    EXPECT_THAT(todays(), ElementsAre(u"4"_s));
+    world.clock.advance(3600);
+    tick();
+
+    EXPECT_THAT(todays(), ElementsAre(u"5"_s));
+}
+
 TEST_F(DateTimeEntryTest, showsWhatATimeThatDoesNotExistBecomes)
 {
     moveTo("de_DE", "Europe/Berlin", u"2026-03-28T09:00:00Z"_s);

@@ -36,6 +36,49 @@ DateTimePickerCase {
         compare(all(calendar(), CalendarDay)[0].name, row.day);
     }
 
+    function test_theWeekRunsFromRightToLeftWhereTheScriptDoes_data() {
+        return [{tag: "ar_EG"}, {tag: "he_IL"}, {tag: "fa_IR"}];
+    }
+
+    function test_theWeekRunsFromRightToLeftWhereTheScriptDoes(row) {
+        open(row.tag);
+        openByKeyboard();
+        const days = all(calendar(), CalendarDay);
+        const weekdays = all(calendar(), Text).filter(text => text.font.pixelSize === 9);
+
+        for (let i = 1; i < 7; ++i) {
+            verify(areaOf(days[i], calendar()).right <= areaOf(days[i - 1], calendar()).x + 0.01);
+            verify(areaOf(weekdays[i], calendar()).right <= areaOf(weekdays[i - 1], calendar()).x + 0.01);
+        }
+        fuzzyCompare(areaOf(weekdays[0], calendar()).x, areaOf(days[0], calendar()).x, 0.01);
+        const [back, next] = all(calendar(), PlainButton);
+        const title = textOf(calendar(), picker.calendar.title);
+        verify(areaOf(next, calendar()).right <= areaOf(back, calendar()).x);
+        verify(areaOf(back, calendar()).right <= areaOf(title, calendar()).x);
+        compare([next.symbol, back.symbol], ["chevron.left", "chevron.right"]);
+
+        const before = areaOf(days[picker.calendar.cursorRow], calendar());
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Left);
+        const after = areaOf(days[picker.calendar.cursorRow], calendar());
+        verify(days[picker.calendar.cursorRow].visualFocus);
+        verify(after.right <= before.x + 0.01);
+    }
+
+    function test_theKeyboardLeavesADayThatPasses() {
+        openByKeyboard();
+        press([Qt.Key_PageUp]);
+        compare(focused(), "Monday, 4 May 2026");
+
+        world.setNow("2026-05-04T23:00:00Z");
+        world.advance(1);
+
+        verify(calendar() !== null);
+        verify(!day("Monday, 4 May 2026").enabled);
+        compare(focused(), "Tuesday, 5 May 2026");
+        verify(day("Tuesday, 5 May 2026").visualFocus);
+    }
+
     function test_aDayBeforeTodayCannotBeChosen() {
         mouseClick(button());
         verify(waitForRendering(picker));
