@@ -118,16 +118,31 @@ QString withoutMarks(QString text)
     return text;
 }
 
+/// The fields of pieces that stand from left to right.
 QList<FieldPlace> placesOf(const QList<Piece> &pieces)
 {
     QList<FieldPlace> places;
     for (const Piece &piece : pieces) {
         if (piece.field)
-            places.append({ *piece.field, static_cast<int>(piece.text.size()), QString() });
+            places.append({ *piece.field, static_cast<int>(piece.text.size()),
+                static_cast<int>(places.size()), QString() });
         else if (!places.isEmpty())
             places.last().separator += withoutMarks(piece.text);
     }
     return places;
+}
+
+/// A pattern has its pieces in the order in which they are read.
+QList<FieldPlace> inReadingOrder(const QList<FieldPlace> &places, const QList<Piece> &pieces)
+{
+    QList<FieldPlace> ordered;
+    for (const Piece &piece : pieces) {
+        for (const FieldPlace &place : places) {
+            if (piece.field == place.field)
+                ordered.append(place);
+        }
+    }
+    return ordered;
 }
 
 QList<FieldPlace> places(
@@ -139,7 +154,8 @@ QList<FieldPlace> places(
     if (U_FAILURE(status))
         return {};
     const QString pattern = toQString(generator->getBestPattern(icu::UnicodeString(skeleton), status));
-    return placesOf(fromLeftToRight(piecesOf(pattern), conventions.isRightToLeft, conventions));
+    const QList<Piece> pieces = piecesOf(pattern);
+    return inReadingOrder(placesOf(fromLeftToRight(pieces, conventions.isRightToLeft, conventions)), pieces);
 }
 
 Qt::DayOfWeek firstDayOf(const icu::Locale &locale)

@@ -14,16 +14,17 @@ enum class DateTimeField { Year, Month, Day, Hour, Minute, DayPeriod };
 struct FieldPlace {
     DateTimeField field = DateTimeField::Year;
     int digits = 1; ///< at least so many, with zeros in front
-    QString separator; ///< what stands behind it
+    int column = 0; ///< where it stands among the others of its list, counted from the left
+    QString separator; ///< what stands to its right
 
     friend bool operator==(const FieldPlace &, const FieldPlace &) = default;
 };
 
 /// How a locale writes dates and times by the Gregorian calendar.
 struct DateTimeConventions {
-    QList<FieldPlace> dateFields; ///< year, month and day, from left to right
-    QList<FieldPlace> timeFields; ///< hour, minute and, with 12 hours, the day period, from left to right
-    bool isRightToLeft = false; ///< lines begin at the right
+    QList<FieldPlace> dateFields; ///< year, month and day, in the order in which they are read and written
+    QList<FieldPlace> timeFields; ///< hour, minute and, with 12 hours, the day period, in the same way
+    bool isRightToLeft = false; ///< lines begin at the right: there the date stands, and the time to its left
     bool uses12Hours = false;
     QStringList dayPeriods; ///< what AM and PM are called
     char32_t zeroDigit = U'0'; ///< the first of ten

@@ -4,18 +4,35 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace glimmet {
 namespace {
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
-/// The fields as a pattern: "M" for a month of one digit, "MM" for one of two.
-QString pattern(const QList<FieldPlace> &places)
+/// The fields as a pattern, from left to right: "M" for a month of one digit, "MM" for one of two.
+QString pattern(QList<FieldPlace> places)
 {
+    std::sort(places.begin(), places.end(),
+        [](const FieldPlace &one, const FieldPlace &other) { return one.column < other.column; });
     QString text;
     for (const FieldPlace &place : places)
         text += QString(place.digits, u"yMdhma"_s.at(static_cast<int>(place.field))) + place.separator;
+    return text;
+}
+
+/// The fields in the order in which they are read: "dMy hma".
+QString order(const char *locale)
+{
+    const DateTimeConventions conventions = dateTimeConventions(locale);
+    QString text;
+    for (const FieldPlace &place : conventions.dateFields)
+        text += u"yMdhma"_s.at(static_cast<int>(place.field));
+    text += u' ';
+    for (const FieldPlace &place : conventions.timeFields)
+        text += u"yMdhma"_s.at(static_cast<int>(place.field));
     return text;
 }
 
@@ -60,6 +77,17 @@ TEST(DateTimeConventions, standAsTheEyeMeetsThemFromTheLeft)
     EXPECT_EQ(timePattern("ar_AE"), u"a h:mm"_s);
     EXPECT_EQ(datePattern("fa_IR"), u"y/MM/dd"_s);
     EXPECT_EQ(datePattern("he_IL"), u"dd.MM.y"_s);
+}
+
+TEST(DateTimeConventions, areInTheOrderInWhichTheyAreRead)
+{
+    EXPECT_EQ(order("en_US"), u"Mdy hma"_s);
+    EXPECT_EQ(order("de_DE"), u"dMy hm"_s);
+    EXPECT_EQ(order("ko_KR"), u"yMd ahm"_s);
+    EXPECT_EQ(order("zh_TW"), u"yMd ahm"_s);
+    EXPECT_EQ(order("ar_EG"), u"dMy hma"_s);
+    EXPECT_EQ(order("he_IL"), u"dMy hm"_s);
+    EXPECT_EQ(order("fa_IR"), u"yMd hm"_s);
 }
 
 TEST(DateTimeConventions, runFromRightToLeftWhereTheScriptDoes)

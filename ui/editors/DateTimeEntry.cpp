@@ -19,23 +19,6 @@ Instant startOfMinute(Instant moment)
     return { std::floor(moment.secondsSince2001 / minuteLength) * minuteLength };
 }
 
-/// Where a key moves the keyboard; nothing for a key that does not.
-std::optional<int> rowByKey(int key, int row, int lastRow)
-{
-    switch (key) {
-    case Qt::Key_Left:
-        return std::max(row - 1, 0);
-    case Qt::Key_Right:
-        return std::min(row + 1, lastRow);
-    case Qt::Key_Home:
-        return 0;
-    case Qt::Key_End:
-        return lastRow;
-    default:
-        return std::nullopt;
-    }
-}
-
 } // namespace
 
 DateTimeEntry::DateTimeEntry(QObject *parent)
@@ -58,7 +41,7 @@ void DateTimeEntry::setTicker(const TickerViewModel *ticker)
 void DateTimeEntry::reset()
 {
     takeConventions(dateTimeConventions(m_ticker->region().localeName()));
-    m_typing.reset();
+    m_input = {};
     m_calendar.close();
     setMoment(m_ticker->now().advanced(dayLength));
     m_isDefault = true;
@@ -71,7 +54,13 @@ void DateTimeEntry::takeConventions(const DateTimeConventions &conventions)
         return;
     beginResetModel();
     m_conventions = conventions;
-    m_places = m_conventions.dateFields + m_conventions.timeFields;
+    QList<FieldPlace> date = m_conventions.dateFields;
+    QList<FieldPlace> time = m_conventions.timeFields;
+    QList<FieldPlace> &right = m_conventions.isRightToLeft ? date : time;
+    m_gapColumn = static_cast<int>(m_conventions.isRightToLeft ? time.size() : date.size());
+    for (FieldPlace &place : right)
+        place.column += m_gapColumn;
+    m_places = date + time;
     endResetModel();
 }
 
@@ -85,30 +74,45 @@ void DateTimeEntry::step(int row, int steps)
 {
     if (!isRow(row))
         return;
-    finish(row);
-    setFields(stepped(m_fields, fieldAt(row), steps, rules()));
+    finish(m_input.row);
+    setFields(stepped(m_input.fields, fieldAt(row), steps, rules()));
 }
 
 void DateTimeEntry::setNumber(int row, int number)
 {
     if (!isRow(row))
         return;
-    m_typing.reset();
-    setFields(withField(m_fields, fieldAt(row), number, rules()));
+    if (row != m_input.row)
+        finish(m_input.row);
+    forgetTyping();
+    setFields(withField(m_input.fields, fieldAt(row), number, rules()));
 }
 
 int DateTimeEntry::pressKey(int row, int key, const QString &text)
 {
     if (!isRow(row))
         return -1;
-    if (const auto next = rowByKey(key, row, rowCount() - 1))
+    if (const auto next = rowByKey(key, row))
         return *next;
-    if (changeByKey(row, key))
-        return row;
-    if (fieldAt(row) == DateTimeField::DayPeriod)
-        return typeDayPeriod(row, text) ? row : -1;
-    const int digit = digitValue(text);
-    return digit < 0 ? -1 : typeDigit(row, digit);
+    return changeByKey(row, key) ? row : typeText(row, text);
+}
+
+/// Where a key moves the keyboard; nothing for a key that does not. The arrows move as the eye sees.
+std::optional<int> DateTimeEntry::rowByKey(int key, int row) const
+{
+    const int column = m_places.at(row).column;
+    switch (key) {
+    case Qt::Key_Left:
+        return rowAtColumn(std::max(column - 1, 0));
+    case Qt::Key_Right:
+        return rowAtColumn(std::min(column + 1, rowCount() - 1));
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return rowCount() - 1;
+    default:
+        return std::nullopt;
+    }
 }
 
 bool DateTimeEntry::changeByKey(int row, int key)
@@ -122,7 +126,7 @@ bool DateTimeEntry::changeByKey(int row, int key)
         return true;
     case Qt::Key_Backspace:
     case Qt::Key_Delete:
-        m_typing.reset();
+        forgetTyping();
         refresh();
         return true;
     case Qt::Key_Return:
@@ -136,20 +140,20 @@ bool DateTimeEntry::changeByKey(int row, int key)
 
 void DateTimeEntry::finish(int row)
 {
-    if (!m_typing || m_typing->row != row)
+    if (row < 0 || row != m_input.row)
         return;
-    const int number = meantValue(m_typing->number, fieldAt(row));
-    m_typing.reset();
-    setFields(withField(m_fields, fieldAt(row), number, rules()));
+    m_input = finished(m_input, inputRules());
+    forgetTyping();
+    refresh();
 }
 
 void DateTimeEntry::settle()
 {
-    if (m_typing)
-        finish(m_typing->row);
+    finish(m_input.row);
+    renewDefault();
     const Instant earliest = startOfMinute(m_ticker->now());
-    if (m_fields != m_settled)
-        setMoment(momentNotBefore(earliest, m_fields, m_ticker->region()));
+    if (m_input.fields != settledFields())
+        setMoment(momentNotBefore(earliest, m_input.fields, m_ticker->region()));
     else if (m_moment < earliest)
         setMoment(earliest);
 }
@@ -185,15 +189,17 @@ QVariant DateTimeEntry::data(const QModelIndex &index, int role) const
     case WidestRole:
         return widestText(place);
     case NumberRole:
-        return fieldValue(m_fields, place.field, rules());
+        return fieldValue(m_input.fields, place.field, rules());
     case LowestRole:
         return range.lowest;
     case HighestRole:
         return range.highest;
     case SeparatorRole:
         return place.separator;
-    case StartsTimeRole:
-        return index.row() == m_conventions.dateFields.size();
+    case LeftRowRole:
+        return rowAtColumn(place.column - 1);
+    case FollowsGapRole:
+        return place.column == m_gapColumn;
     default:
         return {};
     }
@@ -209,7 +215,8 @@ QHash<int, QByteArray> DateTimeEntry::roleNames() const
         { LowestRole, "lowest" },
         { HighestRole, "highest" },
         { SeparatorRole, "separator" },
-        { StartsTimeRole, "startsTime" },
+        { LeftRowRole, "leftRow" },
+        { FollowsGapRole, "followsGap" },
     };
 }
 
@@ -218,14 +225,36 @@ QDate DateTimeEntry::today() const
     return WallClock::dateAt(m_ticker->now(), m_ticker->region());
 }
 
+DateTimeFields DateTimeEntry::settledFields() const
+{
+    return fieldsOf(WallClock::minuteAt(m_moment, m_ticker->region()));
+}
+
 FieldRules DateTimeEntry::rules() const
 {
     return { m_conventions.uses12Hours, today().year() };
 }
 
+InputRules DateTimeEntry::inputRules() const
+{
+    InputRules input{ {}, rules(), m_conventions.dayPeriods, {} };
+    for (const FieldPlace &place : m_places) {
+        input.order.append(place.field);
+        input.separators += place.separator;
+    }
+    return input;
+}
+
+int DateTimeEntry::rowAtColumn(int column) const
+{
+    const auto place = std::find_if(
+        m_places.cbegin(), m_places.cend(), [&](const FieldPlace &one) { return one.column == column; });
+    return place == m_places.cend() ? -1 : static_cast<int>(place - m_places.cbegin());
+}
+
 void DateTimeEntry::setFields(const DateTimeFields &fields)
 {
-    m_fields = fields;
+    m_input.fields = fields;
     m_isDefault = false;
     refresh();
 }
@@ -233,8 +262,7 @@ void DateTimeEntry::setFields(const DateTimeFields &fields)
 void DateTimeEntry::setMoment(Instant moment)
 {
     m_moment = moment;
-    m_settled = fieldsOf(WallClock::minuteAt(moment, m_ticker->region()));
-    m_fields = m_settled;
+    m_input.fields = settledFields();
     refresh();
 }
 
@@ -244,16 +272,16 @@ void DateTimeEntry::followClock()
     m_calendar.setToday(today());
 }
 
-/// A default that the user has not touched is not left to pass.
+/// A default that the user has not touched is not left to pass, and is a day ahead by the clock of any zone.
 void DateTimeEntry::renewDefault()
 {
-    if (m_isDefault && m_moment <= m_ticker->now())
+    if (m_isDefault && (m_moment <= m_ticker->now() || m_input.fields != settledFields()))
         setMoment(m_ticker->now().advanced(dayLength));
 }
 
 void DateTimeEntry::chooseDay(QDate date)
 {
-    DateTimeFields fields = m_fields;
+    DateTimeFields fields = m_input.fields;
     fields.year = date.year();
     fields.month = date.month();
     fields.day = date.day();
@@ -261,25 +289,27 @@ void DateTimeEntry::chooseDay(QDate date)
     settle();
 }
 
-int DateTimeEntry::typeDigit(int row, int digit)
+int DateTimeEntry::typeText(int row, const QString &text)
 {
-    const int highest = fieldRange(fieldAt(row), rules()).highest;
-    const TypedNumber before = m_typing && m_typing->row == row ? m_typing->number : TypedNumber{};
-    m_typing = Typing{ row, withDigit(before, digit, highest) };
+    if (row != m_input.row)
+        finish(m_input.row);
+    DateTimeInput input = m_input;
+    input.row = row;
+    const auto next = withTyped(input, text, inputRules());
+    if (!next)
+        return -1;
+    m_isDefault = m_isDefault && !next->run && next->letters.isEmpty();
+    m_input = *next;
     refresh();
-    if (!isComplete(m_typing->number, highest))
-        return row;
-    finish(row);
-    return std::min(row + 1, static_cast<int>(m_places.size()) - 1);
+    return m_input.row;
 }
 
-bool DateTimeEntry::typeDayPeriod(int row, const QString &text)
+/// What the fields show stays.
+void DateTimeEntry::forgetTyping()
 {
-    const auto period = dayPeriodOf(text, m_conventions.dayPeriods);
-    if (!period)
-        return false;
-    setNumber(row, *period);
-    return true;
+    const DateTimeFields shown = m_input.fields;
+    m_input = {};
+    m_input.fields = shown;
 }
 
 void DateTimeEntry::refresh()
@@ -311,15 +341,16 @@ QString DateTimeEntry::widestText(const FieldPlace &place) const
 
 QString DateTimeEntry::shownText(int row) const
 {
-    if (m_typing && m_typing->row == row)
-        return localizedNumber(m_typing->number.value, m_typing->number.length, m_conventions.zeroDigit);
+    const TypedNumber &typed = m_input.number;
+    if (row == m_input.row && typed.length > 0)
+        return localizedNumber(typed.value, typed.length, m_conventions.zeroDigit);
     const FieldPlace &place = m_places.at(row);
-    return textOf(place, fieldValue(m_fields, place.field, rules()));
+    return textOf(place, fieldValue(m_input.fields, place.field, rules()));
 }
 
 QDate DateTimeEntry::shownDate() const
 {
-    return minuteOf(m_fields).date;
+    return minuteOf(m_input.fields).date;
 }
 
 } // namespace glimmet

@@ -2,22 +2,25 @@
 
 #include "platform/Instant.h"
 #include "ui/editors/CalendarMonth.h"
-#include "ui/editors/DateTimeFields.h"
+#include "ui/editors/DateTimeInput.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
-
-#include <optional>
 
 namespace glimmet {
 
 class TickerViewModel;
 
-/// A moment to come that the user enters: its rows are the fields of the date and time, in the order and the
-/// words of the user's locale, as the eye meets them from left to right.
+/// A moment to come that the user enters: its rows are the fields of the date and time in the order in which
+/// the user's locale reads and writes them, each knowing what stands to its left on the line. `DateTimeInput`
+/// says what typing means.
 ///
 /// While fields are entered one by one they may name a past moment or a day that the month does not have;
 /// `settle` makes them the nearest moment that can be: not before the minute that it is now.
+///
+/// Where the time zone changes meanwhile, what the user entered stays as it is shown and means the new zone's
+/// clock: it was read off a timetable or an invitation, not off a count of seconds. A proposal that the user
+/// has not touched is a day ahead by the new clock, and the calendar's today is the new zone's.
 class DateTimeEntry : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -32,8 +35,9 @@ public:
         NumberRole, ///< "number"
         LowestRole, ///< "lowest"
         HighestRole, ///< "highest"
-        SeparatorRole, ///< "separator", what stands behind it
-        StartsTimeRole ///< "startsTime", it is the first one behind the date
+        SeparatorRole, ///< "separator", what stands to its right
+        LeftRowRole, ///< "leftRow", the field to its left; -1 for none
+        FollowsGapRole ///< "followsGap", it is the left one of the date or of the time, the other to its left
     };
 
     explicit DateTimeEntry(QObject *parent = nullptr);
@@ -73,11 +77,16 @@ private:
     void followClock();
     void renewDefault();
     void chooseDay(QDate date);
-    int typeDigit(int row, int digit);
-    bool typeDayPeriod(int row, const QString &text);
+    int typeText(int row, const QString &text);
+    void forgetTyping();
     void refresh();
     QDate today() const;
+    /// What the clock shows at the moment as it was settled last.
+    DateTimeFields settledFields() const;
     FieldRules rules() const;
+    InputRules inputRules() const;
+    std::optional<int> rowByKey(int key, int row) const;
+    int rowAtColumn(int column) const;
     bool isRow(int row) const { return row >= 0 && row < m_places.size(); }
     DateTimeField fieldAt(int row) const { return m_places.at(row).field; }
     QString textOf(const FieldPlace &place, int number) const;
@@ -85,20 +94,14 @@ private:
     QString shownText(int row) const;
     QDate shownDate() const;
 
-    struct Typing {
-        int row = -1;
-        TypedNumber number;
-    };
-
     const TickerViewModel *m_ticker = nullptr;
     CalendarMonth m_calendar;
     DateTimeConventions m_conventions;
-    QList<FieldPlace> m_places;
+    QList<FieldPlace> m_places; ///< the columns are those of the whole line
+    int m_gapColumn = 0; ///< the first one of the right group
     Instant m_moment; ///< as it was settled last
-    DateTimeFields m_settled; ///< the fields of that moment
-    DateTimeFields m_fields; ///< as they are shown
+    DateTimeInput m_input; ///< the fields as they are shown, and what is being typed
     bool m_isDefault = true;
-    std::optional<Typing> m_typing;
 };
 
 } // namespace glimmet

@@ -19,6 +19,19 @@ int hourOfTwelve(int hour)
     return hour % noon == 0 ? noon : hour % noon;
 }
 
+QString lettersOf(const QString &text)
+{
+    QString letters = text.toCaseFolded();
+    letters.removeIf([](QChar character) { return !character.isLetter(); });
+    return letters;
+}
+
+qsizetype sharedBeginning(const QString &one, const QString &other)
+{
+    const auto ends = std::mismatch(one.cbegin(), one.cend(), other.cbegin(), other.cend());
+    return ends.first - one.cbegin();
+}
+
 /// The range within which a step goes round: here the month counts.
 FieldRange steppingRange(const DateTimeFields &fields, DateTimeField field, const FieldRules &rules)
 {
@@ -117,17 +130,23 @@ DateTimeFields stepped(const DateTimeFields &fields, DateTimeField field, int st
     return withField(fields, field, range.lowest + to, rules);
 }
 
-std::optional<int> dayPeriodOf(const QString &text, const QStringList &names)
+std::optional<int> dayPeriodOf(const QString &letters, const QStringList &names)
 {
-    const QString typed = text.toCaseFolded();
+    const QString typed = lettersOf(letters);
     if (typed.isEmpty())
         return std::nullopt;
-    const bool isAm = names.value(0).toCaseFolded().startsWith(typed);
-    const bool isPm = names.value(1).toCaseFolded().startsWith(typed);
-    if (isAm != isPm)
-        return isPm ? 1 : 0;
-    if (typed == u'a' || typed == u'p')
-        return typed == u'p' ? 1 : 0;
+    const QString am = lettersOf(names.value(0));
+    const QString pm = lettersOf(names.value(1));
+    const qsizetype shared = sharedBeginning(am, pm);
+    const auto begins = [&](const QString &name) {
+        return name.startsWith(typed) || name.mid(shared).startsWith(typed);
+    };
+    if (begins(am) != begins(pm))
+        return begins(pm) ? 1 : 0;
+    if (QStringLiteral("am").startsWith(typed))
+        return 0;
+    if (QStringLiteral("pm").startsWith(typed))
+        return 1;
     return std::nullopt;
 }
 
@@ -139,12 +158,14 @@ Instant momentNotBefore(Instant earliest, const DateTimeFields &fields, const Us
     return std::max(moments.last, earliest);
 }
 
-TypedNumber withDigit(const TypedNumber &number, int digit, int highest)
+bool takesDigit(const TypedNumber &number, int digit, int highest)
 {
-    const int longer = number.value * 10 + digit;
-    if (longer > highest || number.length == numberOfDigits(highest))
-        return { digit, 1 };
-    return { longer, number.length + 1 };
+    return number.length < numberOfDigits(highest) && number.value * 10 + digit <= highest;
+}
+
+TypedNumber withDigit(const TypedNumber &number, int digit)
+{
+    return { number.value * 10 + digit, number.length + 1 };
 }
 
 bool isComplete(const TypedNumber &number, int highest)
@@ -152,12 +173,29 @@ bool isComplete(const TypedNumber &number, int highest)
     return number.length == numberOfDigits(highest) || number.value * 10 > highest;
 }
 
-int meantValue(const TypedNumber &number, DateTimeField field)
+std::optional<int> meantYear(const TypedNumber &number, int firstYear)
 {
-    constexpr int century = 2000;
-    if (field == DateTimeField::Year && number.length <= 2)
-        return century + number.value;
-    return number.value;
+    constexpr int century = 100;
+    constexpr int decade = 10;
+    if (number.value >= century)
+        return number.length == 3 ? std::nullopt : std::optional(number.value);
+    const int span = number.length == 1 ? decade : century;
+    const int year = firstYear / span * span + number.value;
+    return year < firstYear - span / 2 ? year + span : year;
+}
+
+DateTimeFields withTypedNumber(
+    DateTimeFields fields, DateTimeField field, const TypedNumber &number, const FieldRules &rules)
+{
+    if (field == DateTimeField::Year) {
+        const auto year = meantYear(number, rules.firstYear);
+        return year ? withField(fields, field, *year, rules) : fields;
+    }
+    if (field == DateTimeField::Hour && number.value == 0)
+        fields.hour = 0;
+    else
+        fields = withField(fields, field, number.value, rules);
+    return fields;
 }
 
 } // namespace glimmet

@@ -44,9 +44,9 @@ DateTimeFields withField(DateTimeFields fields, DateTimeField field, int value, 
 /// With the field `steps` further, round its end; years have none. The other fields stay.
 DateTimeFields stepped(const DateTimeFields &fields, DateTimeField field, int steps, const FieldRules &rules);
 
-/// Which day period a typed letter means: the one whose name begins so, or "a" and "p". None where it could
-/// be either or neither.
-std::optional<int> dayPeriodOf(const QString &text, const QStringList &names);
+/// Which day period typed letters mean: the one whose name begins so, be it behind what both names begin
+/// with, or "am" and "pm" as far as typed. Only letters count. None where it could be either or neither.
+std::optional<int> dayPeriodOf(const QString &letters, const QStringList &names);
 
 /// When the clock shows the fields, `earliest` at the earliest: where it shows them twice, the first time
 /// that is not before.
@@ -60,11 +60,15 @@ struct TypedNumber {
     friend bool operator==(const TypedNumber &, const TypedNumber &) = default;
 };
 
-/// With one more digit; a number above `highest` begins anew with it.
-TypedNumber withDigit(const TypedNumber &number, int digit, int highest);
+/// Whether one more digit keeps it at `highest` or below, and as short.
+bool takesDigit(const TypedNumber &number, int digit, int highest);
+TypedNumber withDigit(const TypedNumber &number, int digit);
 /// Whether no further digit can follow.
 bool isComplete(const TypedNumber &number, int highest);
-/// The value that was meant; a year of two digits is in this century.
-int meantValue(const TypedNumber &number, DateTimeField field);
+/// The year that was meant; none for three digits. See `DateTimeInput`.
+std::optional<int> meantYear(const TypedNumber &number, int firstYear);
+/// With the field at what was meant by the number, or at the nearest that it takes.
+DateTimeFields withTypedNumber(
+    DateTimeFields fields, DateTimeField field, const TypedNumber &number, const FieldRules &rules);
 
 } // namespace glimmet

@@ -1,7 +1,7 @@
 import QtQuick
 import Glimmet
 
-// A field of an entry with what stands behind it.
+// A field of an entry with what stands to its right.
 Row {
     id: root
 
@@ -15,7 +15,7 @@ Row {
     required property int lowest
     required property int highest
     required property string separator
-    required property bool startsTime
+    required property bool followsGap
 
     signal moved(int row)
 
@@ -24,13 +24,14 @@ Row {
     }
 
     function press(event: KeyEvent) {
-        const next = entry.pressKey(index, event.key, event.text);
+        const isShortcut = event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier);
+        const next = entry.pressKey(index, event.key, isShortcut ? "" : event.text);
         event.accepted = next >= 0;
         if (event.accepted)
             moved(next);
     }
 
-    leftPadding: startsTime ? 10 : 0
+    leftPadding: followsGap ? 10 : 0
 
     DateTimeSegment {
         id: segment

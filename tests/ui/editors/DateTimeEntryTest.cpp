@@ -23,14 +23,24 @@ protected:
         world.clock.set(instantAt(now));
         entry.reset();
     }
+    QVariant at(int row, DateTimeEntry::Role role) const { return entry.index(row).data(role); }
+    /// The row that stands to the right of another; the left end's for -1.
+    int rightOf(int row) const
+    {
+        for (int i = 0; i < entry.rowCount(); ++i) {
+            if (at(i, DateTimeEntry::LeftRowRole) == row)
+                return i;
+        }
+        return -1;
+    }
+    /// The line from left to right.
     QString shown() const
     {
         QString text;
-        for (int i = 0; i < entry.rowCount(); ++i) {
-            const QModelIndex index = entry.index(i);
-            text += index.data(DateTimeEntry::StartsTimeRole).toBool() ? u" "_s : QString();
-            text += index.data(DateTimeEntry::TextRole).toString()
-                + index.data(DateTimeEntry::SeparatorRole).toString();
+        for (int row = rightOf(-1); row >= 0; row = rightOf(row)) {
+            text += at(row, DateTimeEntry::FollowsGapRole).toBool() ? u" "_s : QString();
+            text += at(row, DateTimeEntry::TextRole).toString()
+                + at(row, DateTimeEntry::SeparatorRole).toString();
         }
         return text;
     }
@@ -66,7 +76,7 @@ TEST_F(DateTimeEntryTest, standsAsTheLocaleWritesIt)
     moveTo("de_DE", "UTC", now);
     EXPECT_EQ(shown(), u"05.05.2026 20:05"_s);
     moveTo("ar_EG", "UTC", now);
-    EXPECT_EQ(shown(), u"٢٠٢٦/٠٥/٠٥ م ٨:٠٥"_s);
+    EXPECT_EQ(shown(), u"م ٨:٠٥ ٢٠٢٦/٠٥/٠٥"_s);
 }
 
 TEST_F(DateTimeEntryTest, namesItsFieldsAndTheirRanges)
@@ -110,7 +120,52 @@ TEST_F(DateTimeEntryTest, takesDigitsOfTheLocale)
 
     type(0, u"۲۰۲۷"_s);
 
-    EXPECT_EQ(shown(), u"۲۰۲۷/۰۵/۰۵ ۲۰:۰۵"_s);
+    EXPECT_EQ(shown(), u"۲۰:۰۵ ۲۰۲۷/۰۵/۰۵"_s);
+}
+
+TEST_F(DateTimeEntryTest, takesADateAndTimeAsPeopleWriteIt)
+{
+    moveTo("de_DE", "Europe/Berlin", u"2026-05-04T20:05:07Z"_s);
+
+    const int row = type(0, u"1.2.2027 9:15"_s);
+
+    EXPECT_EQ(row, 4);
+    EXPECT_EQ(shown(), u"01.02.2027 09:15"_s);
+    EXPECT_EQ(saved(), u"2027-02-01T08:15:00Z"_s);
+}
+
+TEST_F(DateTimeEntryTest, takesATimeFromTheHourOn)
+{
+    EXPECT_EQ(type(3, u"1:30"_s), 4);
+    EXPECT_EQ(shown(), u"05/05/2026 01:30"_s);
+
+    moveTo("en_US", "UTC", u"2026-05-04T20:05:07Z"_s);
+    EXPECT_EQ(type(3, u"1:30"_s), 5);
+    EXPECT_EQ(shown(), u"05/05/2026 1:30\u202FPM"_s);
+}
+
+// What is saved is what stands there, whatever was typed.
+TEST_F(DateTimeEntryTest, savesWhatItShows)
+{
+    moveTo("de_DE", "UTC", u"2026-05-04T20:05:07Z"_s);
+    for (const QString &letters : { u"1.2.2027 9:15"_s, u"31.2.27 9:5"_s, u"99.99.9999 99:99"_s,
+             u"0.0.0 0:0"_s, u"1.2.202 9"_s, u"5/6-28,,23:59:59 Uhr"_s, u"1:30"_s, u"2"_s, u"..."_s }) {
+        entry.reset();
+        type(0, letters);
+
+        const auto moment = QDateTime::fromString(saved(), Qt::ISODate);
+
+        EXPECT_EQ(shown(), moment.toString(u"dd.MM.yyyy HH:mm"_s)) << qPrintable(letters);
+    }
+}
+
+TEST_F(DateTimeEntryTest, takesAHalfTypedNumberWhenAnotherFieldIsEntered)
+{
+    type(0, u"2"_s);
+    type(3, u"1"_s);
+    entry.setNumber(4, 9);
+
+    EXPECT_EQ(shown(), u"02/05/2026 01:09"_s);
 }
 
 TEST_F(DateTimeEntryTest, takesAHalfTypedNumberWhenTheKeyboardLeaves)
@@ -153,6 +208,49 @@ TEST_F(DateTimeEntryTest, stepsAndMovesByTheArrowKeys)
     EXPECT_EQ(entry.pressKey(4, Qt::Key_Left, {}), 3);
     EXPECT_EQ(entry.pressKey(2, Qt::Key_Home, {}), 0);
     EXPECT_EQ(entry.pressKey(2, Qt::Key_End, {}), 4);
+}
+
+// "م ٨:٠٥ ٢٠٢٦/٠٥/٠٥" is read from the right: day, month, year, hour, minute, day period.
+TEST_F(DateTimeEntryTest, movesByTheArrowKeysAsTheEyeSees)
+{
+    moveTo("ar_EG", "UTC", u"2026-05-04T20:05:07Z"_s);
+
+    QList<int> rows{ 5 };
+    for (int i = 0; i < 6; ++i)
+        rows.append(entry.pressKey(rows.last(), Qt::Key_Right, {}));
+
+    EXPECT_THAT(rows, ElementsAre(5, 3, 4, 2, 1, 0, 0));
+    EXPECT_EQ(entry.pressKey(0, Qt::Key_Left, {}), 1);
+    EXPECT_EQ(entry.pressKey(5, Qt::Key_Left, {}), 5);
+    EXPECT_EQ(entry.pressKey(3, Qt::Key_Home, {}), 0);
+    EXPECT_EQ(entry.pressKey(3, Qt::Key_End, {}), 5);
+}
+
+TEST_F(DateTimeEntryTest, hasTheFieldsInTheOrderInWhichTheyAreRead)
+{
+    struct Line {
+        const char *locale;
+        QString shown;
+        QString typed;
+    };
+    for (const auto &[locale, line, letters] : {
+             Line{ "en_US", u"02/01/2027 9:15\u202FPM"_s, u"2/1/2027 9:15"_s },
+             Line{ "en_US_POSIX", u"02/01/2027 9:15\u202FPM"_s, u"2/1/2027 9:15 p"_s },
+             Line{ "en_GB", u"01/02/2027 09:15"_s, u"1/2/2027 9:15"_s },
+             Line{ "de_DE", u"01.02.2027 09:15"_s, u"1.2.2027 9:15"_s },
+             Line{ "ko_KR", u"2027. 02. 01. 오전 9:15"_s, u"2027. 2. 1. a 9:15"_s },
+             Line{ "zh_TW", u"2027/02/01 上午9:15"_s, u"2027/2/1 a9:15"_s },
+             Line{ "ja_JP", u"2027/02/01 9:15"_s, u"2027/2/1 9:15"_s },
+             Line{ "ar_EG", u"ص ٩:١٥ ٢٠٢٧/٠٢/٠١"_s, u"1/2/2027 9:15 ص"_s },
+             Line{ "he_IL", u"9:15 01.02.2027"_s, u"1.2.2027 9:15"_s },
+             Line{ "fa_IR", u"۹:۱۵ ۲۰۲۷/۰۲/۰۱"_s, u"2027/2/1 9:15"_s },
+         }) {
+        moveTo(locale, "UTC", u"2026-05-04T20:05:07Z"_s);
+
+        type(0, letters);
+
+        EXPECT_EQ(shown(), line) << locale;
+    }
 }
 
 TEST_F(DateTimeEntryTest, leavesOtherKeysToOthers)
@@ -251,6 +349,49 @@ TEST_F(DateTimeEntryTest, keepsWhatWasEnteredWhileTimePasses)
     tick(5);
 
     EXPECT_EQ(saved(), u"2026-05-05T09:00:00Z"_s);
+}
+
+TEST_F(DateTimeEntryTest, keepsWhatWasEnteredInAnotherTimeZone)
+{
+    type(0, u"1/2/2027 9:15"_s);
+    entry.settle();
+
+    world.region.setZone("America/New_York");
+    tick();
+
+    EXPECT_EQ(shown(), u"01/02/2027 09:15"_s);
+    EXPECT_EQ(saved(), u"2027-02-01T14:15:00Z"_s);
+    EXPECT_EQ(shown(), u"01/02/2027 09:15"_s);
+}
+
+TEST_F(DateTimeEntryTest, isADayAheadInAnotherTimeZoneWhileItIsUntouched)
+{
+    type(0, u"./"_s);
+    world.region.setZone("Asia/Tokyo");
+    EXPECT_EQ(shown(), u"05/05/2026 09:05"_s);
+
+    tick();
+
+    EXPECT_EQ(shown(), u"05/05/2026 17:05"_s);
+    EXPECT_EQ(saved(), u"2026-05-05T08:05:08Z"_s);
+}
+
+TEST_F(DateTimeEntryTest, savesWhatItShowsRightAfterTheTimeZoneChanged)
+{
+    world.region.setZone("Asia/Tokyo");
+
+    EXPECT_EQ(saved(), u"2026-05-05T08:05:07Z"_s);
+    EXPECT_EQ(shown(), u"05/05/2026 17:05"_s);
+}
+
+TEST_F(DateTimeEntryTest, isTouchedByTypingWhatStandsThere)
+{
+    type(0, u"5"_s);
+    world.region.setZone("Asia/Tokyo");
+    tick();
+
+    EXPECT_EQ(shown(), u"05/05/2026 09:05"_s);
+    EXPECT_EQ(saved(), u"2026-05-05T00:05:00Z"_s);
 }
 
 TEST_F(DateTimeEntryTest, followsTheDayInItsOpenCalendar)

@@ -127,50 +127,91 @@ TEST(DateTimeFields, stepTwelveHoursWithinTheirDayPeriod)
 
 TEST(TypedNumber, growsDigitByDigit)
 {
-    const TypedNumber one = withDigit({}, 1, 12);
+    const TypedNumber one = withDigit({}, 1);
     EXPECT_EQ(one, (TypedNumber{ 1, 1 }));
     EXPECT_FALSE(isComplete(one, 12));
 
-    const TypedNumber two = withDigit(one, 2, 12);
+    const TypedNumber two = withDigit(one, 2);
     EXPECT_EQ(two, (TypedNumber{ 12, 2 }));
     EXPECT_TRUE(isComplete(two, 12));
 }
 
 TEST(TypedNumber, isCompleteWhereNoDigitCanFollow)
 {
-    EXPECT_TRUE(isComplete(withDigit({}, 2, 12), 12));
-    EXPECT_FALSE(isComplete(withDigit({}, 3, 31), 31));
-    EXPECT_TRUE(isComplete(withDigit({}, 4, 31), 31));
-    EXPECT_FALSE(isComplete(withDigit({}, 0, 23), 23));
-    EXPECT_TRUE(isComplete(withDigit(withDigit({}, 0, 23), 7, 23), 23));
-    EXPECT_FALSE(isComplete(TypedNumber{ 202, 3 }, 9999));
-    EXPECT_TRUE(isComplete(TypedNumber{ 2026, 4 }, 9999));
+    EXPECT_TRUE(isComplete({ 2, 1 }, 12));
+    EXPECT_FALSE(isComplete({ 3, 1 }, 31));
+    EXPECT_TRUE(isComplete({ 4, 1 }, 31));
+    EXPECT_FALSE(isComplete({ 0, 1 }, 23));
+    EXPECT_TRUE(isComplete({ 7, 2 }, 23));
+    EXPECT_FALSE(isComplete({ 202, 3 }, 9999));
+    EXPECT_TRUE(isComplete({ 2026, 4 }, 9999));
 }
 
-TEST(TypedNumber, beginsAnewAboveTheRange)
+TEST(TypedNumber, takesNoDigitThatLeadsAboveTheRange)
 {
-    EXPECT_EQ(withDigit({ 1, 1 }, 5, 12), (TypedNumber{ 5, 1 }));
-    EXPECT_EQ(withDigit({ 0, 2 }, 5, 12), (TypedNumber{ 5, 1 }));
+    EXPECT_TRUE(takesDigit({}, 9, 12));
+    EXPECT_TRUE(takesDigit({ 1, 1 }, 2, 12));
+    EXPECT_FALSE(takesDigit({ 1, 1 }, 3, 12));
+    EXPECT_FALSE(takesDigit({ 3, 1 }, 2, 31));
+    EXPECT_TRUE(takesDigit({ 0, 1 }, 5, 12));
+    EXPECT_FALSE(takesDigit({ 0, 2 }, 5, 12));
 }
 
-TEST(TypedNumber, isAYearOfThisCenturyWithTwoDigits)
+struct ShortYear {
+    TypedNumber typed;
+    int firstYear;
+    int meant;
+};
+
+TEST(TypedNumber, isTheYearThatPeopleMean)
 {
-    EXPECT_EQ(meantValue({ 27, 2 }, Field::Year), 2027);
-    EXPECT_EQ(meantValue({ 2031, 4 }, Field::Year), 2031);
-    EXPECT_EQ(meantValue({ 203, 3 }, Field::Year), 203);
-    EXPECT_EQ(meantValue({ 27, 2 }, Field::Day), 27);
+    for (const auto &[typed, firstYear, meant] : {
+             ShortYear{ { 27, 2 }, 2026, 2027 },
+             ShortYear{ { 27, 3 }, 2026, 2027 },
+             ShortYear{ { 27, 4 }, 2026, 2027 },
+             ShortYear{ { 25, 2 }, 2026, 2025 },
+             ShortYear{ { 99, 2 }, 2026, 2099 },
+             ShortYear{ { 5, 2 }, 2098, 2105 },
+             ShortYear{ { 7, 1 }, 2026, 2027 },
+             ShortYear{ { 1, 1 }, 2029, 2031 },
+             ShortYear{ { 2031, 4 }, 2026, 2031 },
+         })
+        EXPECT_EQ(meantYear(typed, firstYear), meant) << typed.value << " in " << firstYear;
+    EXPECT_EQ(meantYear({ 202, 3 }, 2026), std::nullopt);
+}
+
+TEST(TypedNumber, takesTheNearestPlaceInItsField)
+{
+    EXPECT_EQ(text(withTypedNumber(someday, Field::Month, { 0, 2 }, of24)), u"2026-01-04 21:05"_s);
+    EXPECT_EQ(text(withTypedNumber(someday, Field::Year, { 28, 2 }, of24)), u"2028-05-04 21:05"_s);
+    EXPECT_EQ(text(withTypedNumber(someday, Field::Year, { 19, 2 }, of24)), u"2026-05-04 21:05"_s);
+    EXPECT_EQ(
+        text(withTypedNumber({ 2031, 5, 4, 21, 5 }, Field::Year, { 202, 3 }, of24)), u"2031-05-04 21:05"_s);
+}
+
+TEST(TypedNumber, isMidnightWhereItIsNoneOf12Hours)
+{
+    EXPECT_EQ(text(withTypedNumber(someday, Field::Hour, { 0, 1 }, of12)), u"2026-05-04 00:05"_s);
+    EXPECT_EQ(text(withTypedNumber(someday, Field::Hour, { 3, 1 }, of12)), u"2026-05-04 15:05"_s);
 }
 
 TEST(DayPeriod, isMeantByTheBeginningOfItsName)
 {
     const QStringList english{ u"AM"_s, u"PM"_s };
     const QStringList japanese{ u"午前"_s, u"午後"_s };
+    const QStringList greek{ u"π.μ."_s, u"μ.μ."_s };
 
     EXPECT_EQ(dayPeriodOf(u"a"_s, english), 0);
     EXPECT_EQ(dayPeriodOf(u"P"_s, english), 1);
     EXPECT_EQ(dayPeriodOf(u"م"_s, { u"ص"_s, u"م"_s }), 1);
     EXPECT_EQ(dayPeriodOf(u"午"_s, japanese), std::nullopt);
+    EXPECT_EQ(dayPeriodOf(u"午後"_s, japanese), 1);
+    EXPECT_EQ(dayPeriodOf(u"後"_s, japanese), 1);
     EXPECT_EQ(dayPeriodOf(u"p"_s, japanese), 1);
+    EXPECT_EQ(dayPeriodOf(u"pm"_s, japanese), 1);
+    EXPECT_EQ(dayPeriodOf(u"pa"_s, japanese), std::nullopt);
+    EXPECT_EQ(dayPeriodOf(u"πμ"_s, greek), 0);
+    EXPECT_EQ(dayPeriodOf(u"μ"_s, greek), 1);
     for (const QString &typed : { u""_s, u"x"_s, u"\t"_s, u"1"_s })
         EXPECT_EQ(dayPeriodOf(typed, english), std::nullopt) << qPrintable(typed);
 }

@@ -51,8 +51,21 @@ PanelTestCase {
         return segments().find(segment => segment.name === "Due date, " + name) ?? null;
     }
 
+    // In the order of reading.
     function shown(): string {
         return segments().map(segment => segment.text).join(" ");
+    }
+
+    // With what stands between them, from left to right.
+    function line(): string {
+        const places = segments().map(segment => segment.parent).sort((one, other) => one.x - other.x);
+        return places.map(place => (place.leftPadding > 0 ? " " : "") + place.text + place.separator).join("");
+    }
+
+    // By the keyboard, in the field that is read first or where it is.
+    function typeLetters(letters: string) {
+        for (const letter of letters)
+            keyClick(letter);
     }
 
     function button(): Item {

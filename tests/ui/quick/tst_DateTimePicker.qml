@@ -27,7 +27,7 @@ DateTimePickerCase {
             {tag: "en_GB", expected: "05 05 2026 09 05", first: "day", separators: ["/", "/", "", ":", ""]},
             {tag: "de_DE", expected: "05 05 2026 09 05", first: "day", separators: [".", ".", "", ":", ""]},
             {tag: "ja_JP", expected: "2026 05 05 9 05", first: "year", separators: ["/", "/", "", ":", ""]},
-            {tag: "ar_EG", expected: "٢٠٢٦ ٠٥ ٠٥ ص ٩ ٠٥", first: "year", separators: ["/", "/", "", " ", ":", ""]}
+            {tag: "ko_KR", expected: "2026 05 05 오전 9 05", first: "year", separators: [". ", ". ", ".", " ", ":", ""]}
         ];
     }
 
@@ -41,6 +41,133 @@ DateTimePickerCase {
         for (let i = 1; i < areas.length; ++i)
             verify(areas[i].x >= areas[i - 1].right);
         verify(areas[areas.length - 1].right < areaOf(button(), picker).x);
+    }
+
+    function test_aLineFromRightToLeftIsReadAndVisitedSo_data() {
+        return [
+            {tag: "ar_EG", line: "ص ٩:٠٥ ٢٠٢٦/٠٥/٠٥", read: ["day", "month", "year", "hour", "minute", "AM or PM"],
+                seen: ["AM or PM", "hour", "minute", "year", "month", "day"]},
+            {tag: "he_IL", line: "9:05 05.05.2026", read: ["day", "month", "year", "hour", "minute"],
+                seen: ["hour", "minute", "day", "month", "year"]},
+            {tag: "fa_IR", line: "۹:۰۵ ۲۰۲۶/۰۵/۰۵", read: ["year", "month", "day", "hour", "minute"],
+                seen: ["hour", "minute", "year", "month", "day"]}
+        ];
+    }
+
+    function test_aLineFromRightToLeftIsReadAndVisitedSo(row) {
+        open(row.tag);
+        const named = names => names.map(name => "Due date, " + name);
+
+        compare(line(), row.line);
+        segment(row.read[0]).forceActiveFocus(Qt.TabFocusReason);
+        const read = [focused()];
+        while (read.length < row.read.length) {
+            tab();
+            read.push(focused());
+        }
+        compare(read, named(row.read));
+
+        segment(row.seen[0]).forceActiveFocus(Qt.TabFocusReason);
+        const seen = [focused()];
+        while (seen.length < row.seen.length) {
+            keyClick(Qt.Key_Right);
+            seen.push(focused());
+        }
+        compare(seen, named(row.seen));
+        keyClick(Qt.Key_Left);
+        compare(focused(), named(row.seen)[row.seen.length - 2]);
+    }
+
+    function test_noFieldLiesOverAnother_data() {
+        return ["en_US", "ko_KR", "zh_TW", "ar_EG", "he_IL", "fa_IR"].map(name => ({tag: name}));
+    }
+
+    function test_noFieldLiesOverAnother(row) {
+        open(row.tag);
+
+        const areas = segments().map(segment => areaOf(segment, picker)).sort((one, other) => one.x - other.x);
+        compare(areas[0].x, 10);
+        for (let i = 1; i < areas.length; ++i)
+            verify(areas[i].x >= areas[i - 1].right);
+        verify(areas[areas.length - 1].right < areaOf(button(), picker).x);
+    }
+
+    function test_aMomentIsTypedAsPeopleWriteIt_data() {
+        return [
+            {tag: "de_DE", typed: "1.2.2027 9:15", line: "01.02.2027 09:15", last: "minute"},
+            {tag: "de_DE, all digits", locale: "de_DE", typed: "01.02.2027, 09:15", line: "01.02.2027 09:15",
+                last: "minute"},
+            {tag: "de_DE, year first", locale: "de_DE", typed: "2027-02-01 9:15", line: "01.02.2027 09:15",
+                last: "minute"},
+            {tag: "en_US", typed: "1/2/2027, 1:30 PM", line: "01/02/2027 1:30 PM", last: "AM or PM"},
+            {tag: "en_US, 24 hours", locale: "en_US", typed: "1/2/27 13:30", line: "01/02/2027 1:30 PM",
+                last: "AM or PM"},
+            {tag: "en_US_POSIX", typed: "1/2/27 1:30 pm", line: "01/02/2027 1:30 PM", last: "AM or PM"},
+            {tag: "en_GB", typed: "1/2/27, 1:30", line: "01/02/2027 01:30", last: "minute"},
+            {tag: "ko_KR", typed: "2027. 2. 1. p 1:30", line: "2027. 02. 01. 오후 1:30", last: "minute"},
+            {tag: "zh_TW", typed: "2027/2/1 p1:30", line: "2027/02/01 下午1:30", last: "minute"},
+            {tag: "ja_JP", typed: "2027-02-01 9:15", line: "2027/02/01 9:15", last: "minute"},
+            {tag: "ar_EG", typed: "1/2/2027 1:30 p", line: "م ١:٣٠ ٢٠٢٧/٠٢/٠١", last: "AM or PM"},
+            {tag: "he_IL", typed: "1.2.2027, 9:15", line: "9:15 01.02.2027", last: "minute"},
+            {tag: "fa_IR", typed: "2027/2/1 9:15", line: "۹:۱۵ ۲۰۲۷/۰۲/۰۱", last: "minute"}
+        ];
+    }
+
+    function test_aMomentIsTypedAsPeopleWriteIt(row) {
+        open(row.locale ?? row.tag);
+        segments()[0].forceActiveFocus(Qt.TabFocusReason);
+
+        typeLetters(row.typed);
+
+        verify(segment(row.last).activeFocus);
+        testCase.forceActiveFocus();
+        compare(line(), row.line);
+    }
+
+    function test_whatIsTypedIsAdded() {
+        open("de_DE");
+        segments()[0].forceActiveFocus(Qt.TabFocusReason);
+        typeLetters("1.2.2027 9:15");
+        keyClick(Qt.Key_Return);
+
+        picker.form.title = "Exam";
+        picker.form.add();
+
+        compare(world.deadlines(), ["Exam 2027-02-01T09:15:00Z"]);
+    }
+
+    function test_aSeparatorThatComesTooLateSkipsNoField() {
+        segment("day").forceActiveFocus(Qt.TabFocusReason);
+
+        typeLetters("12");
+        verify(segment("month").activeFocus);
+        typeLetters("/ ");
+
+        verify(segment("month").activeFocus);
+        compare(shown(), "12 05 2026 09 05");
+    }
+
+    function test_aShortcutIsNotTyped() {
+        segment("hour").forceActiveFocus(Qt.TabFocusReason);
+
+        keyClick("p", Qt.AltModifier);
+        keyClick("1", Qt.ControlModifier);
+
+        verify(segment("hour").activeFocus);
+        compare(shown(), "05 05 2026 09 05");
+    }
+
+    function test_anotherTimeZoneIsFollowed() {
+        world.setZone("Asia/Tokyo");
+        world.advance(1);
+        compare(shown(), "05 05 2026 17 05");
+
+        segments()[0].forceActiveFocus(Qt.TabFocusReason);
+        typeLetters("1/2/27 9:15");
+        world.setZone("America/New_York");
+        world.advance(1);
+
+        compare(shown(), "01 02 2027 09 15");
     }
 
     function test_theFieldsKeepTheirPlaceWhateverTheyShow() {

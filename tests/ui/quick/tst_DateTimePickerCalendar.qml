@@ -65,6 +65,18 @@ DateTimePickerCase {
         verify(after.right <= before.x + 0.01);
     }
 
+    function test_todayIsThatOfAnotherTimeZone() {
+        openByKeyboard();
+        world.setZone("Pacific/Kiritimati");
+        world.setNow("2026-05-04T10:30:00Z");
+
+        world.advance(1);
+
+        compareAccent(day("Tuesday, 5 May 2026").contentItem.color, 1);
+        verify(!day("Monday, 4 May 2026").enabled);
+        compare(shown(), "06 05 2026 00 30");
+    }
+
     function test_theKeyboardLeavesADayThatPasses() {
         openByKeyboard();
         press([Qt.Key_PageUp]);

@@ -1,0 +1,206 @@
+#include "ui/editors/DateTimeInput.h"
+
+#include "tests/support/Printing.h"
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+InputRules rulesOf(const char *locale)
+{
+    const DateTimeConventions conventions = dateTimeConventions(locale);
+    InputRules rules{ {}, { conventions.uses12Hours, 2026 }, conventions.dayPeriods, {} };
+    for (const FieldPlace &place : conventions.dateFields + conventions.timeFields) {
+        rules.order.append(place.field);
+        rules.separators += place.separator;
+    }
+    return rules;
+}
+
+/// "2026-05-04 09:05"
+QString text(const DateTimeFields &fields)
+{
+    const auto number = [](int value) { return QString::number(value).rightJustified(2, u'0'); };
+    return number(fields.year) + u'-' + number(fields.month) + u'-' + number(fields.day) + u' '
+        + number(fields.hour) + u':' + number(fields.minute);
+}
+
+/// Types from the field on that is read first, or from the one given. It was 2026-05-04 21:05.
+DateTimeInput typing(
+    const char *locale, const QString &letters, std::optional<DateTimeField> first = std::nullopt)
+{
+    const InputRules rules = rulesOf(locale);
+    DateTimeInput input;
+    input.fields = { 2026, 5, 4, 21, 5 };
+    input.row = first ? static_cast<int>(rules.order.indexOf(*first)) : 0;
+    for (const QChar letter : letters)
+        input = withTyped(input, QString(letter), rules).value_or(input);
+    return input;
+}
+
+QString typed(const char *locale, const QString &letters, std::optional<DateTimeField> first = std::nullopt)
+{
+    return text(finished(typing(locale, letters, first), rulesOf(locale)).fields);
+}
+
+DateTimeField fieldAfter(const char *locale, const QString &letters, DateTimeField first)
+{
+    return rulesOf(locale).order.at(typing(locale, letters, first).row);
+}
+
+struct Example {
+    const char *locale;
+    QString letters;
+    QString meant;
+};
+
+const QList<Example> wholeMoments{
+    { "de_DE", u"1.2.2027 9:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"01.02.2027 09:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"01.02.2027, 09:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"1. 2. 27 13.30"_s, u"2027-02-01 13:30"_s },
+    { "de_DE", u"010220270915"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"31.12.2027 23:59:30"_s, u"2027-12-31 23:59"_s },
+    { "de_DE", u"1.2.2027 9:5 "_s, u"2027-02-01 09:05"_s },
+    { "de_DE", u"2027-02-01 9:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"2027-2-1 9:15"_s, u"2027-02-01 09:15"_s },
+    { "en_GB", u"1/2/2027 1:30 pm"_s, u"2027-02-01 13:30"_s },
+    { "en_GB", u"1/2/27, 13:30"_s, u"2027-02-01 13:30"_s },
+    { "en_GB", u"35/2027 09:15"_s, u"2027-05-03 09:15"_s },
+    { "en_US", u"1/2/2027, 1:30 PM"_s, u"2027-01-02 13:30"_s },
+    { "en_US", u"1/2/27 1:30 a.m."_s, u"2027-01-02 01:30"_s },
+    { "en_US", u"01/02/2027 12:30 AM"_s, u"2027-01-02 00:30"_s },
+    { "en_US", u"14/2027 1:30p"_s, u"2027-01-04 13:30"_s },
+    { "en_US", u"1-2-2027 13:30"_s, u"2027-01-02 13:30"_s },
+    { "en_US", u"1/2/2027 21:45:00"_s, u"2027-01-02 21:45"_s },
+    { "en_US", u"1/2/2027 00:30"_s, u"2027-01-02 00:30"_s },
+    { "en_US", u"1/2/2027 9:15:00 AM"_s, u"2027-01-02 09:15"_s },
+    { "en_US", u"2027-02-01 9:15 am"_s, u"2027-02-01 09:15"_s },
+    { "en_US_POSIX", u"1/2/2027 1:30 PM"_s, u"2027-01-02 13:30"_s },
+    { "ko_KR", u"2027. 2. 1. 오전 9:15"_s, u"2027-02-01 09:15"_s },
+    { "ko_KR", u"2027. 02. 01. 오후 1:30"_s, u"2027-02-01 13:30"_s },
+    { "ko_KR", u"2027.12.1 a 9:15"_s, u"2027-12-01 09:15"_s },
+    { "ko_KR", u"2027-2-1 9:15"_s, u"2027-02-01 21:15"_s },
+    { "ko_KR", u"2027-2-1 9:15 am"_s, u"2027-02-01 09:15"_s },
+    { "ko_KR", u"2027-2-1 13:30"_s, u"2027-02-01 13:30"_s },
+    { "zh_TW", u"2027/2/1 上午9:15"_s, u"2027-02-01 09:15"_s },
+    { "zh_TW", u"2027/02/01 下午1:30"_s, u"2027-02-01 13:30"_s },
+    { "zh_TW", u"2027/12/31 p1:30"_s, u"2027-12-31 13:30"_s },
+    { "ja_JP", u"2027-02-01 9:15"_s, u"2027-02-01 09:15"_s },
+    { "ja_JP", u"2027/2/1 9：15"_s, u"2027-02-01 09:15"_s },
+    { "ja_JP", u"27/2/1 21:15"_s, u"2027-02-01 21:15"_s },
+    { "ar_EG", u"١/٢/٢٠٢٧، ٩:١٥ ص"_s, u"2027-02-01 09:15"_s },
+    { "ar_EG", u"1/2/2027 1:30 م"_s, u"2027-02-01 13:30"_s },
+    { "he_IL", u"1.2.2027, 9:15"_s, u"2027-02-01 09:15"_s },
+    { "he_IL", u"01.02.2027 21:15"_s, u"2027-02-01 21:15"_s },
+    { "fa_IR", u"۲۰۲۷/۲/۱، ۹:۱۵"_s, u"2027-02-01 09:15"_s },
+    { "fa_IR", u"2027/02/01 21:15"_s, u"2027-02-01 21:15"_s },
+    { "sv_SE", u"2027-02-01 9.15"_s, u"2027-02-01 09:15"_s },
+    { "fr_CA", u"2027-02-01 1 h 15"_s, u"2027-02-01 01:15"_s },
+};
+
+TEST(DateTimeInput, readsAMomentAsPeopleWriteIt)
+{
+    for (const auto &[locale, letters, meant] : wholeMoments)
+        EXPECT_EQ(typed(locale, letters), meant) << locale << ": " << qPrintable(letters);
+}
+
+TEST(DateTimeInput, readsATimeFromTheHourOn)
+{
+    for (const auto &[locale, letters, meant] : {
+             Example{ "de_DE", u"1:30"_s, u"2026-05-04 01:30"_s },
+             Example{ "de_DE", u"130"_s, u"2026-05-04 13:00"_s },
+             Example{ "de_DE", u"25"_s, u"2026-05-04 02:05"_s },
+             Example{ "en_US", u"1:30"_s, u"2026-05-04 13:30"_s },
+             Example{ "en_US", u"1 am"_s, u"2026-05-04 01:05"_s },
+             Example{ "en_US", u"1a"_s, u"2026-05-04 01:05"_s },
+             Example{ "en_US", u"145"_s, u"2026-05-04 13:45"_s },
+             Example{ "en_US", u"23"_s, u"2026-05-04 14:03"_s },
+             Example{ "ko_KR", u"1:30 am"_s, u"2026-05-04 01:30"_s },
+             Example{ "el_GR", u"1:30 π.μ."_s, u"2026-05-04 01:30"_s },
+             Example{ "el_GR", u"1:30 μ.μ."_s, u"2026-05-04 13:30"_s },
+         })
+        EXPECT_EQ(typed(locale, letters, DateTimeField::Hour), meant)
+            << locale << ": " << qPrintable(letters);
+}
+
+TEST(DateTimeInput, endsAFieldByASeparator)
+{
+    for (const QString &separator : { u"."_s, u"/"_s, u"-"_s, u":"_s, u","_s, u" "_s, u"\u202F"_s, u"،"_s })
+        EXPECT_EQ(fieldAfter("de_DE", u"1"_s + separator, DateTimeField::Day), DateTimeField::Month)
+            << qPrintable(separator);
+}
+
+TEST(DateTimeInput, skipsNoFieldByASeparatorMore)
+{
+    for (const QString &letters : { u"12"_s, u"12."_s, u"12. "_s, u"1, "_s, u"4./"_s })
+        EXPECT_EQ(fieldAfter("de_DE", letters, DateTimeField::Day), DateTimeField::Month)
+            << qPrintable(letters);
+    EXPECT_EQ(fieldAfter("de_DE", u". /"_s, DateTimeField::Day), DateTimeField::Day);
+}
+
+TEST(DateTimeInput, takesADigitThatCannotFollowToTheNextField)
+{
+    const DateTimeInput input = typing("en_US", u"13"_s);
+
+    EXPECT_EQ(input.fields.month, 1);
+    EXPECT_EQ(input.row, 1);
+    EXPECT_EQ(input.number, (TypedNumber{ 3, 1 }));
+    EXPECT_EQ(typed("en_US", u"14"_s), u"2026-01-04 21:05"_s);
+    EXPECT_EQ(typed("de_DE", u"35"_s), u"2026-05-03 21:05"_s);
+    EXPECT_EQ(fieldAfter("de_DE", u"35"_s, DateTimeField::Day), DateTimeField::Year);
+}
+
+TEST(DateTimeInput, goesFromTheDayPeriodToTheHourByADigit)
+{
+    EXPECT_EQ(fieldAfter("ko_KR", u"1"_s, DateTimeField::DayPeriod), DateTimeField::Hour);
+    EXPECT_EQ(fieldAfter("ko_KR", u"p "_s, DateTimeField::DayPeriod), DateTimeField::Hour);
+    EXPECT_EQ(typed("zh_TW", u"10:30"_s, DateTimeField::DayPeriod), u"2026-05-04 22:30"_s);
+}
+
+TEST(DateTimeInput, goesToTheDayPeriodThatFollowsByItsLetter)
+{
+    EXPECT_EQ(fieldAfter("en_US", u"1p"_s, DateTimeField::Hour), DateTimeField::DayPeriod);
+    EXPECT_EQ(fieldAfter("en_US", u"1:3p"_s, DateTimeField::Hour), DateTimeField::DayPeriod);
+    EXPECT_EQ(fieldAfter("ko_KR", u"p"_s, DateTimeField::Hour), DateTimeField::Hour);
+    EXPECT_EQ(fieldAfter("en_GB", u"1:30p"_s, DateTimeField::Hour), DateTimeField::Minute);
+}
+
+TEST(DateTimeInput, refusesWhatMeansNothingInItsField)
+{
+    const auto refuses = [](const char *locale, DateTimeField field, const QString &character) {
+        const InputRules rules = rulesOf(locale);
+        DateTimeInput input;
+        input.row = static_cast<int>(rules.order.indexOf(field));
+        return !withTyped(input, character, rules).has_value();
+    };
+
+    EXPECT_TRUE(refuses("en_US", DateTimeField::Day, u"a"_s));
+    EXPECT_TRUE(refuses("en_US", DateTimeField::Hour, u"x"_s));
+    EXPECT_TRUE(refuses("en_US", DateTimeField::DayPeriod, u"1"_s));
+    for (const QString &character : { u""_s, u"\t"_s, u"\r"_s, u"\x1b"_s, u"#"_s })
+        EXPECT_TRUE(refuses("de_DE", DateTimeField::Day, character)) << qPrintable(character);
+}
+
+TEST(DateTimeInput, beginsTheLastFieldAnewUntilASeparatorStandsBehindIt)
+{
+    EXPECT_EQ(typed("de_DE", u"45"_s + u"07"_s, DateTimeField::Minute), u"2026-05-04 21:07"_s);
+    EXPECT_EQ(typed("de_DE", u"45:07"_s, DateTimeField::Minute), u"2026-05-04 21:45"_s);
+}
+
+TEST(DateTimeInput, leavesAYearOfThreeDigitsAsItWas)
+{
+    EXPECT_EQ(typed("de_DE", u"1.2.202 9:15"_s), u"2026-02-01 09:15"_s);
+    EXPECT_EQ(typed("de_DE", u"1.2.7 9:15"_s), u"2027-02-01 09:15"_s);
+}
+
+TEST(DateTimeInput, bearsAKeyThatIsHeldDown)
+{
+    EXPECT_EQ(typed("de_DE", QString(1000, u'1')), u"2026-11-11 11:11"_s);
+}
+
+} // namespace
+} // namespace glimmet
