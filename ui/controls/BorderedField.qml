@@ -11,6 +11,8 @@ T.TextField {
     property real verticalPadding: 9
     // What is shown until it is edited, and again whenever it changes.
     property string value
+    // What a screen reader says for it.
+    property string name: placeholderText
     readonly property string line: Wording.fieldText(value)
 
     // By the user or by an assistive program.
@@ -40,7 +42,7 @@ T.TextField {
     verticalAlignment: TextInput.AlignVCenter
 
     Accessible.role: Accessible.EditableText
-    Accessible.name: placeholderText
+    Accessible.name: name
     Accessible.ignored: !(parent?.enabled ?? true)
 
     Keys.priority: Keys.BeforeItem

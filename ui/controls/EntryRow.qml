@@ -32,7 +32,7 @@ Row {
         horizontalPadding: Theme.buttonPadding
         verticalPadding: root.verticalPadding
         cornerRadius: Theme.buttonRadius
-        Accessible.name: root.fieldName
+        name: root.fieldName
         onAccepted: root.entered(text)
     }
     PlainButton {

@@ -33,7 +33,15 @@ QAccessible::State FieldAccessible::state() const
 
 QString FieldAccessible::text(QAccessible::Text kind) const
 {
-    return kind == QAccessible::Value ? shownText() : ItemAccessible::text(kind);
+    switch (kind) {
+    case QAccessible::Name:
+        // The toolkit keeps the name of a hidden text to itself.
+        return item().property("name").toString();
+    case QAccessible::Value:
+        return shownText();
+    default:
+        return ItemAccessible::text(kind);
+    }
 }
 
 void FieldAccessible::setText(QAccessible::Text kind, const QString &text)

@@ -26,7 +26,7 @@ Column {
         placeholderText: root.placeholder
         value: root.text
         onEdited: text => root.edited(text)
-        Accessible.name: root.caption
+        name: root.caption
     }
     InkText {
         width: root.width

@@ -5,8 +5,6 @@ import Glimmet
 BorderedField {
     id: field
 
-    // What a screen reader says for it.
-    required property string name
     required property bool isRevealed
     property string description
 
@@ -14,7 +12,6 @@ BorderedField {
     echoMode: isRevealed ? TextInput.Normal : TextInput.Password
     passwordCharacter: "•"
     passwordMaskDelay: 0
-    Accessible.name: name
     Accessible.description: description
     inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
 

@@ -14,7 +14,7 @@ Column {
         cornerRadius: 9
         font.pixelSize: 14
         placeholderText: "Type your text…"
-        Accessible.name: "Custom text"
+        name: "Custom text"
         value: root.ticker.customText
         onEdited: text => root.ticker.customText = text
     }

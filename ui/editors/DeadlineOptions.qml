@@ -99,7 +99,7 @@ Column {
         width: root.width
         font.pixelSize: Theme.rowSize
         placeholderText: "Name (e.g. Math Exam)"
-        Accessible.name: "Deadline name"
+        name: "Deadline name"
         value: form.title
         onEdited: text => form.title = text
         onAccepted: form.add()

@@ -15,7 +15,7 @@ PanelTestCase {
             topPadding: 9
             bottomPadding: 9
             placeholderText: "a placeholder that is much too long"
-            Accessible.name: "FIELD"
+            name: "FIELD"
         }
     }
     readonly property SignalSpy edits: SignalSpy {
