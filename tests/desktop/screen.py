@@ -106,6 +106,12 @@ class Screen:
     def click(self, x, y, button=1):
         self.run("xdotool", "mousemove", str(x), str(y), "click", str(button))
 
+    def drag(self, start, end):
+        """Presses at one place, moves as a hand does, and lets go at another."""
+        steps = [(start[0] + (end[0] - start[0]) * i // 6, start[1] + (end[1] - start[1]) * i // 6) for i in range(1, 7)]
+        moves = [word for x, y in steps for word in ("mousemove", str(x), str(y))]
+        self.run("xdotool", "mousemove", *map(str, start), "mousedown", "1", *moves, "mouseup", "1")
+
     def key(self, *keys):
         self.run("xdotool", "key", *keys)
 

@@ -1,5 +1,6 @@
 """What the tests of whole desktops have in common: a fresh desktop a class, a fresh program a test."""
 
+import base64
 import json
 import os
 import shutil
@@ -48,6 +49,9 @@ class DesktopCase(unittest.TestCase):
 
     def stored(self):
         return json.loads(self.preferences.read_text())
+
+    def stored_deadlines(self):
+        return json.loads(base64.b64decode(self.stored()["me.kerno.glimmet.deadlines"]["data"]))
 
     def begin(self, environment=None, **options):
         """Starts the program for this test, which also ends it."""

@@ -36,9 +36,6 @@ class Launches(DesktopCase):
             "glimmet.cryptoSymbols": SYMBOLS,
         })
 
-    def stored_deadlines(self):
-        return json.loads(base64.b64decode(self.stored()["me.kerno.glimmet.deadlines"]["data"]))
-
     def test_a_second_launch_opens_the_panel_of_the_first_and_ends(self):
         self.launch()
 
