@@ -30,6 +30,15 @@ bool isDotSegment(const QString &step)
     return step == u"."_s || step == u".."_s;
 }
 
+/// The service answers for an unknown symbol without a result. It does so for troubles of its own too, whose
+/// error has another code.
+bool saysNotFound(const JsonValue &answer)
+{
+    const auto results = answer["result"].list();
+    const bool hasNoResult = answer["result"].isNull() || (results && results->isEmpty());
+    return hasNoResult && answer["error"]["code"].text().value_or(u"Not Found"_s) == u"Not Found"_s;
+}
+
 QList<double> extractHistory(const JsonValue &chart)
 {
     QList<double> history;
@@ -81,18 +90,21 @@ std::optional<QByteArray> address(const QByteArray &endpoint, const QString &sym
     return endpoint + "/v8/finance/chart/" + QUrl::toPercentEncoding(step) + "?interval=1h&range=1d";
 }
 
-std::optional<CryptoPrice> parse(const QByteArray &body, const QString &originalSymbol)
+PriceResult parse(const QByteArray &body, const QString &originalSymbol)
 {
     const auto document = JsonDocument::readInPlace(body);
     if (!document)
-        return std::nullopt;
-    const auto results = document->root()["chart"]["result"].listOfObjects();
+        return PriceFailure::Unreadable;
+    const JsonValue answer = document->root()["chart"];
+    if (saysNotFound(answer))
+        return PriceFailure::NotFound;
+    const auto results = answer["result"].listOfObjects();
     if (!results)
-        return std::nullopt;
+        return PriceFailure::Unreadable;
     const JsonValue chart = results->first();
     const auto price = chart["meta"]["regularMarketPrice"].number();
     if (!price)
-        return std::nullopt;
+        return PriceFailure::Unreadable;
     const double previous = chart["meta"]["chartPreviousClose"].number().value_or(*price);
     return CryptoPrice{ originalSymbol, *price, changeInPercent(*price, previous), extractHistory(chart) };
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "prices/CryptoPrice.h"
+#include "prices/PriceResult.h"
 
 #include <QByteArray>
 
@@ -18,9 +18,9 @@ QString normalize(const QString &symbol);
 /// where the symbol cannot be one step of a path: it is no valid text, or it would mean another folder.
 std::optional<QByteArray> address(const QByteArray &endpoint, const QString &symbol);
 
-/// The price in the service's answer, under the symbol as the user has it. Nothing where the answer holds
-/// none.
-std::optional<CryptoPrice> parse(const QByteArray &body, const QString &originalSymbol);
+/// The price in the service's answer, under the symbol as the user has it; NotFound where the service says
+/// that there is no such symbol, Unreadable where the answer holds no price for another reason.
+PriceResult parse(const QByteArray &body, const QString &originalSymbol);
 
 /// `history` with fewer points where it has very many, and every low and high that a chart can show.
 QList<double> bounded(const QList<double> &history);

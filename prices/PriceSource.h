@@ -1,19 +1,10 @@
 #pragma once
 
-#include "prices/CryptoPrice.h"
+#include "prices/PriceResult.h"
 
 #include <functional>
-#include <variant>
 
 namespace glimmet {
-
-/// Why there is no price.
-enum class PriceFailure {
-    NoNetwork, ///< nothing was asked
-    NoPrice, ///< an answer without one, or none
-};
-
-using PriceResult = std::variant<CryptoPrice, PriceFailure>;
 
 /// Answers with the current price of a symbol. Main thread.
 class PriceSource {

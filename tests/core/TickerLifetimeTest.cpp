@@ -75,7 +75,7 @@ TEST_F(TickerLifetime, dropsAPriceThatArrivesAfterItIsGone)
     ticker.reset();
 
     world.prices.answer(0, CryptoPrice{ u"BTC-USD"_s, 97'012, 1.3, {} });
-    world.prices.answer(1, PriceFailure::NoPrice);
+    world.prices.answer(1, PriceFailure::Unreadable);
 }
 
 TEST_F(TickerLifetime, dropsAFigureThatArrivesAfterItIsGone)

@@ -116,7 +116,7 @@ TEST_F(TickerResultSignals, fireForAPriceOnlyWhenItChanges)
     const CryptoPrice price{ u"BTC-USD"_s, 97'012, 1.3, { 1, 2 } };
     world.prices.answer(0, price);
     world.prices.answer(0, price);
-    world.prices.answer(1, PriceFailure::NoPrice);
+    world.prices.answer(1, PriceFailure::Unreadable);
 
     EXPECT_EQ(changes.count("cryptoPrices"), 1);
 }

@@ -61,7 +61,7 @@ public:
         });
         EXPECT_FALSE(result) << "the result came within the call";
         EXPECT_TRUE(QTest::qWaitFor([&result] { return result.has_value(); }, deadline)) << "no result";
-        return result.value_or(PriceFailure::NoPrice);
+        return result.value_or(PriceFailure::NoAnswer);
     }
     QByteArray logged() const
     {
@@ -93,13 +93,13 @@ HttpsServer::Handler always(const ServerAnswer &answer)
     return [answer](const ReceivedRequest &) { return answer; };
 }
 
-/// Nothing comes of that answer, and no receiver is told.
-void expectNothing(const ServerAnswer &answer)
+/// No price comes of that answer, for that reason, and the log tells nothing.
+void expectFailure(PriceFailure reason, const ServerAnswer &answer)
 {
     const HttpsServer server(always(answer));
     Prices prices(server.origin(), 400ms);
 
-    EXPECT_EQ(prices.result(u"BTC"_s), PriceResult(PriceFailure::NoPrice));
+    EXPECT_EQ(prices.result(u"BTC"_s), PriceResult(reason));
     EXPECT_EQ(prices.logged(), "");
 }
 
@@ -162,23 +162,25 @@ TEST(CryptoService, takesAPriceWhateverTheStatus)
     EXPECT_TRUE(prices.fetched(u"BTC"_s));
 }
 
-TEST(CryptoService, hasNothingForAnErrorOfTheService)
+TEST(CryptoService, tellsWhatIsWrongWithAnErrorOfTheService)
 {
-    expectNothing({ .status = 404, .body = unknownSymbol });
-    expectNothing({ .status = 200, .body = unknownSymbol });
-    expectNothing({ .status = 429, .body = "Too Many Requests\r\n" });
-    expectNothing({ .status = 500, .body = "<html></html>" });
-    expectNothing({ .status = 401, .headers = { { "WWW-Authenticate", "Basic realm=\"a\"" } } });
-    expectNothing({ .status = 204 });
+    expectFailure(PriceFailure::NotFound, { .status = 404, .body = unknownSymbol });
+    expectFailure(PriceFailure::NotFound, { .status = 200, .body = unknownSymbol });
+    expectFailure(PriceFailure::Unreadable, { .status = 429, .body = "Too Many Requests\r\n" });
+    expectFailure(PriceFailure::Unreadable, { .status = 500, .body = "<html></html>" });
+    expectFailure(PriceFailure::Unreadable,
+        { .status = 401, .headers = { { "WWW-Authenticate", "Basic realm=\"a\"" } } });
+    expectFailure(PriceFailure::Unreadable, { .status = 204 });
 }
 
 TEST(CryptoService, hasNothingWhereTheAnswerIsCutOrDoesNotCome)
 {
     // The first half of the body is a good chart already.
-    expectNothing({ .body = goodChart + QByteArray(goodChart.size(), ' '), .ending = Ending::CutInBody });
-    expectNothing({ .body = goodChart, .ending = Ending::CutBeforeAnswer });
-    expectNothing({ .body = goodChart, .pieces = 2, .pause = 60s });
-    expectNothing({ .body = goodChart, .ending = Ending::Silence });
+    expectFailure(PriceFailure::NoAnswer,
+        { .body = goodChart + QByteArray(goodChart.size(), ' '), .ending = Ending::CutInBody });
+    expectFailure(PriceFailure::NoAnswer, { .body = goodChart, .ending = Ending::CutBeforeAnswer });
+    expectFailure(PriceFailure::NoAnswer, { .body = goodChart, .pieces = 2, .pause = 60s });
+    expectFailure(PriceFailure::NoAnswer, { .body = goodChart, .ending = Ending::Silence });
 }
 
 TEST(CryptoService, tellsWhereThereIsNoNetwork)
@@ -224,13 +226,13 @@ TEST(CryptoService, hasNothingFromWhereTheServerSendsItTo)
     EXPECT_EQ(other.connections(), 0);
 }
 
-TEST(CryptoService, hasNothingForASymbolThatCannotBeSentAndAsksNobody)
+TEST(CryptoService, findsNothingForASymbolThatCannotBeSentAndAsksNobody)
 {
     const HttpsServer server(always({ .body = goodChart }));
     Prices prices(server.origin());
 
     for (const QString &symbol : { u".."_s, u"."_s, u" .. "_s, QString(QChar(0xD800)) })
-        EXPECT_EQ(prices.fetched(symbol), std::nullopt);
+        EXPECT_EQ(prices.result(symbol), PriceResult(PriceFailure::NotFound));
 
     EXPECT_EQ(prices.logged(), "");
     EXPECT_EQ(server.connections(), 0);

@@ -15,8 +15,9 @@ using testing::Optional;
 /// The history in an answer whose result has these members beside a price.
 std::optional<QList<double>> historyOf(const QByteArray &members)
 {
-    const auto price = PriceChart::parse(
+    const PriceResult result = PriceChart::parse(
         R"({"chart":{"result":[{"meta":{"regularMarketPrice":100},)" + members + "}]}}", u"btc"_s);
+    const auto *price = std::get_if<CryptoPrice>(&result);
     return price ? std::optional(price->history) : std::nullopt;
 }
 

@@ -15,7 +15,14 @@ using testing::ElementsAre;
 
 std::optional<CryptoPrice> parse(const QByteArray &body)
 {
-    return PriceChart::parse(body, u"btc"_s);
+    const PriceResult result = PriceChart::parse(body, u"btc"_s);
+    const auto *price = std::get_if<CryptoPrice>(&result);
+    return price ? std::optional(*price) : std::nullopt;
+}
+
+PriceResult failure(PriceFailure failure)
+{
+    return failure;
 }
 
 /// An answer with this result list.
@@ -55,7 +62,7 @@ TEST(PriceChart, keepsTheSymbolAsItWasPassed)
     const QByteArray body = withMeta(R"("symbol":"ETH-USD","regularMarketPrice":100)");
 
     for (const QString &symbol : { u" btc "_s, u"BTC"_s, u"BTC-USD"_s, u""_s })
-        EXPECT_EQ(PriceChart::parse(body, symbol), (CryptoPrice{ symbol, 100, 0, {} }));
+        EXPECT_EQ(PriceChart::parse(body, symbol), PriceResult(CryptoPrice{ symbol, 100, 0, {} }));
 }
 
 TEST(PriceChart, takesTheFirstResult)
@@ -174,6 +181,23 @@ TEST(PriceChart, isNothingForTheBodiesOfRefusals)
     EXPECT_EQ(parse(R"({"finance":{"result":null,"error":{"code":"Unauthorized"}}})"), std::nullopt);
     EXPECT_EQ(parse("<!DOCTYPE html><html></html>"), std::nullopt);
     EXPECT_EQ(parse(""), std::nullopt);
+}
+
+TEST(PriceChart, isNotFoundWhereTheServiceHasNoResultForTheSymbol)
+{
+    for (const char *body : { R"({"chart":{"result":null,"error":{"code":"Not Found"}}})",
+             R"({"chart":{"result":[],"error":{"code":"Not Found"}}})",
+             R"({"chart":{"result":null,"error":null}})", R"({"chart":{"result":[]}})" })
+        EXPECT_EQ(PriceChart::parse(body, u"btc"_s), failure(PriceFailure::NotFound)) << body;
+}
+
+TEST(PriceChart, isUnreadableWhereTheServiceSaysAnythingElse)
+{
+    for (const char *body : { R"({"chart":{"result":null,"error":{"code":"Internal Server Error"}}})",
+             R"({"finance":{"result":null,"error":{"code":"Not Found"}}})", R"({"chart":{}})",
+             R"({"chart":{"error":{"code":"Not Found"}}})", R"({"chart":{"result":[{"meta":{}}]}})",
+             R"({"chart":{"result":{}}})", "null", "Too Many Requests\r\n", "" })
+        EXPECT_EQ(PriceChart::parse(body, u"btc"_s), failure(PriceFailure::Unreadable)) << body;
 }
 
 TEST(PriceChart, isNothingWhereTheBodyIsNoJson)

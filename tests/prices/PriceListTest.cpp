@@ -140,7 +140,7 @@ TEST_F(PriceListTest, tellsOfAPriceThatIsNewAndOfNoFailure)
 
     source.answer(0, price);
     source.answer(0, price);
-    source.answer(0, PriceFailure::NoPrice);
+    source.answer(0, PriceFailure::Unreadable);
 
     EXPECT_EQ(changes.count(), 1);
     EXPECT_EQ(list->prices().value(u"A"_s), price);

@@ -68,7 +68,7 @@ TEST_F(PricesAfterSleep, areTriedAgainOnlyWhereTheyFoundNoNetwork)
     timers.advance(5s);
     EXPECT_THAT(source.asked(), ElementsAre(u"A"_s, u"B"_s, u"B"_s));
 
-    source.answer(2, PriceFailure::NoPrice);
+    source.answer(2, PriceFailure::Unreadable);
     timers.advance(200s);
     EXPECT_EQ(source.asked().size(), 3);
 }

@@ -110,7 +110,7 @@ TEST_F(TickerPrices, keepTheLastRecordOverAFailure)
 {
     tick(10);
     answer(0, CryptoPrice{ u"B"_s, 105, 25, {} });
-    answer(0, PriceFailure::NoPrice);
+    answer(0, PriceFailure::Unreadable);
     tick();
 
     EXPECT_EQ(shown(), u"B $105 (↑25.0%)"_s);

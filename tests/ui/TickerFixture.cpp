@@ -63,7 +63,12 @@ void TickerFixture::storePrice(
 
 void TickerFixture::failPrice(const QString &symbol)
 {
-    answerPrice(symbol, PriceFailure::NoPrice);
+    answerPrice(symbol, PriceFailure::Unreadable);
+}
+
+void TickerFixture::missPrice(const QString &symbol)
+{
+    answerPrice(symbol, PriceFailure::NotFound);
 }
 
 void TickerFixture::answerPrice(const QString &symbol, const PriceResult &result)

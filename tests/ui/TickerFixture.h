@@ -40,6 +40,8 @@ public:
         const QString &symbol, double price, double change, const QList<double> &history);
     /// Lets the last request for the symbol fail.
     Q_INVOKABLE void failPrice(const QString &symbol);
+    /// The same because the service knows no such symbol.
+    Q_INVOKABLE void missPrice(const QString &symbol);
     /// The symbols as they are stored; an absent list reads as ["absent"].
     Q_INVOKABLE QStringList storedSymbols() const;
 
