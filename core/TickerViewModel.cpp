@@ -16,7 +16,7 @@ TickerViewModel::TickerViewModel(const TickerWorld &world, QObject *parent)
     , m_world(world)
     , m_quotes(world.preferences)
     , m_deadlines(world.preferences, world.clock)
-    , m_prices({ world.preferences, PreferencesKeys::cryptoSymbols, world.timers, world.prices,
+    , m_prices({ world.clock, world.preferences, PreferencesKeys::cryptoSymbols, world.timers, world.prices,
           [this] { return m_mode == TickerMode::Crypto; } })
     , m_revenue({ world.timers, world.revenue, world.keys, [this] { return m_mode == TickerMode::Revenue; } })
 {
@@ -46,6 +46,7 @@ void TickerViewModel::forwardSignals()
     forward(m_prices, &PriceList::rotateIntervalChanged, &Ticker::cryptoRotateIntervalChanged);
     forward(m_prices, &PriceList::pricesChanged, &Ticker::cryptoPricesChanged);
     forward(m_prices, &PriceList::currentIndexChanged, &Ticker::currentCryptoIndexChanged);
+    forward(m_prices, &PriceList::statusesChanged, &Ticker::cryptoPriceStatusesChanged);
     forward(m_revenue, &RevenueReport::providerChanged, &Ticker::revenueProviderChanged);
     forward(m_revenue, &RevenueReport::metricChanged, &Ticker::revenueMetricChanged);
     forward(m_revenue, &RevenueReport::periodChanged, &Ticker::revenueModeChanged);

@@ -65,6 +65,8 @@ class TickerViewModel : public QObject {
             cryptoRotateIntervalChanged)
     Q_PROPERTY(QHash<QString, glimmet::CryptoPrice> cryptoPrices READ cryptoPrices NOTIFY cryptoPricesChanged)
     Q_PROPERTY(qint64 currentCryptoIndex READ currentCryptoIndex WRITE setCurrentCryptoIndex NOTIFY
+    Q_PROPERTY(QHash<QString, glimmet::PriceStatus> cryptoPriceStatuses READ cryptoPriceStatuses NOTIFY
+            cryptoPriceStatusesChanged)
             currentCryptoIndexChanged)
     Q_PROPERTY(QList<glimmet::Deadline> deadlines READ deadlines WRITE setDeadlines NOTIFY deadlinesChanged)
     Q_PROPERTY(QStringList customQuotes READ customQuotes WRITE setCustomQuotes NOTIFY customQuotesChanged)
@@ -138,6 +140,8 @@ public:
     Q_INVOKABLE void fetchAllCryptoPrices() { m_prices.fetchAll(); }
     void startCryptoPriceTimer() { m_prices.startTimer(); }
 
+    /// Why a symbol gave no price lately, and when its last one came.
+    QHash<QString, PriceStatus> cryptoPriceStatuses() const { return m_prices.statuses(); }
     RevenueProvider revenueProvider() const { return m_revenue.provider(); }
     void setRevenueProvider(RevenueProvider provider) { m_revenue.setProvider(provider); }
     /// What a tap on a platform does: chooses it, also the one that is chosen, and fetches.
@@ -218,6 +222,7 @@ signals:
     /// A display tick is over: whatever depends on the current moment may have changed.
     void ticked();
 
+    void cryptoPriceStatusesChanged();
 private:
     void forwardSignals();
     void forwardCredential(KeychainKey key);

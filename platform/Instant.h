@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <chrono>
 #include <compare>
 
 namespace glimmet {
@@ -30,5 +31,11 @@ struct Instant {
     // NOLINTNEXTLINE(modernize-use-nullptr)
     friend constexpr auto operator<=>(Instant, Instant) = default;
 };
+
+/// Whether `moment` is longer ago than `age`.
+constexpr bool isOlderThan(std::chrono::seconds age, Instant moment, Instant now)
+{
+    return now > moment.advanced(static_cast<double>(age.count()));
+}
 
 } // namespace glimmet

@@ -1,5 +1,6 @@
 #include "prices/PriceList.h"
 
+#include "platform/Clock.h"
 #include "platform/PreferencesStore.h"
 #include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
@@ -13,6 +14,12 @@
 namespace glimmet {
 
 using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::seconds refreshInterval = 300s;
+
+} // namespace
 
 PriceList::PriceList(PriceListWorld world, QObject *parent)
     : QObject(parent)
@@ -98,6 +105,20 @@ void PriceList::take(const PriceResult &result, const QString &symbol, qint64 re
     m_latest[symbol].end(request, failure != nullptr && *failure == PriceFailure::NoNetwork);
     if (failure == nullptr)
         keep(std::get<CryptoPrice>(result));
+    note(symbol, result);
+}
+
+void PriceList::note(const QString &symbol, const PriceResult &result)
+{
+    PriceStatus status = m_statuses.value(symbol);
+    if (const auto *failure = std::get_if<PriceFailure>(&result))
+        status.noteFailure(*failure);
+    else
+        status.notePrice(m_world.clock.now());
+    if (m_statuses.value(symbol) == status)
+        return;
+    m_statuses.insert(symbol, status);
+    emit statusesChanged();
 }
 
 void PriceList::tryAgain()
@@ -122,7 +143,7 @@ void PriceList::keep(const CryptoPrice &price)
 void PriceList::startTimer()
 {
     m_timer.reset();
-    m_timer = m_world.timers.repeating(300s, [this] { fetchAll(); });
+    m_timer = m_world.timers.repeating(refreshInterval, [this] { fetchAll(); });
 }
 
 void PriceList::startAnew()
@@ -161,6 +182,15 @@ QString PriceList::display() const
     if (price != m_prices.constEnd())
         return price->menuBarString();
     return QStringLiteral("loading ") + symbol + u'…';
+}
+
+bool PriceList::isStale() const
+{
+    if (m_symbols.isEmpty())
+        return false;
+    const PriceStatus status = m_statuses.value(symbolOnShow());
+    return status.trouble()
+        || (status.cameAt() && isOlderThan(2 * refreshInterval, *status.cameAt(), m_world.clock.now()));
 }
 
 } // namespace glimmet

@@ -3,6 +3,7 @@
 #include "platform/Retries.h"
 #include "platform/Rotation.h"
 #include "prices/PriceSource.h"
+#include "prices/PriceStatus.h"
 
 #include <QHash>
 #include <QObject>
@@ -13,12 +14,14 @@
 
 namespace glimmet {
 
+class Clock;
 class PreferencesStore;
 class RepeatingTimer;
 class Timers;
 
 /// What the list of prices needs of the world. All of it outlives the list.
 struct PriceListWorld {
+    const Clock &clock;
     PreferencesStore &preferences;
     QString preferencesKey; ///< of the stored symbols
     Timers &timers;
@@ -53,6 +56,8 @@ public:
     qint64 rotateInterval() const { return m_rotateInterval; }
     void setRotateInterval(qint64 seconds);
     QHash<QString, CryptoPrice> prices() const { return m_prices; }
+    /// How asking goes, for each symbol that was ever answered for.
+    QHash<QString, PriceStatus> statuses() const { return m_statuses; }
     qint64 currentIndex() const { return m_rotation.index(); }
     void setCurrentIndex(qint64 index);
 
@@ -68,11 +73,15 @@ public:
     /// Counts a second, if prices are on show.
     void tick();
     QString display() const;
+    /// Whether the price on show was not there twice in a row, or came before the last two times that all
+    /// were asked for.
+    bool isStale() const;
 
 signals:
     void symbolsChanged();
     void rotateIntervalChanged();
     void pricesChanged();
+    void statusesChanged();
     void currentIndexChanged();
 
 private:
@@ -81,12 +90,14 @@ private:
     void fetch(const QString &symbol);
     void take(const PriceResult &result, const QString &symbol, qint64 request);
     void keep(const CryptoPrice &price);
+    void note(const QString &symbol, const PriceResult &result);
     void tryAgain();
 
     PriceListWorld m_world;
     QStringList m_symbols{ QStringLiteral("BTC-USD"), QStringLiteral("ETH-USD") };
     qint64 m_rotateInterval = 10;
     QHash<QString, CryptoPrice> m_prices;
+    QHash<QString, PriceStatus> m_statuses;
     Rotation m_rotation;
     QHash<QString, LatestRequest> m_latest; ///< of each symbol
     std::unique_ptr<RepeatingTimer> m_timer;

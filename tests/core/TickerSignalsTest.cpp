@@ -119,6 +119,7 @@ TEST_F(TickerResultSignals, fireForAPriceOnlyWhenItChanges)
     world.prices.answer(1, PriceFailure::Unreadable);
 
     EXPECT_EQ(changes.count("cryptoPrices"), 1);
+    EXPECT_EQ(changes.count("cryptoPriceStatuses"), 2);
 }
 
 TEST_F(TickerResultSignals, fireForTheEndOfAFetchAndItsFigure)
@@ -161,8 +162,9 @@ TEST(TickerProperties, haveAChangeSignalEach)
 TEST(TickerProperties, cannotBeWrittenWhereTheyAreResults)
 {
     const QMetaObject &meta = TickerViewModel::staticMetaObject;
-    for (const char *name : { "revenueLabel", "isFetchingRevenue", "lastFetchError", "cryptoPrices",
-             "activeQuotes", "currentDisplay", "spokenDisplay" })
+    for (const char *name :
+        { "revenueLabel", "isFetchingRevenue", "lastFetchError", "fetchProblems", "cryptoPrices",
+            "cryptoPriceStatuses", "activeQuotes", "currentDisplay", "isDisplayStale", "spokenDisplay" })
         EXPECT_FALSE(meta.property(meta.indexOfProperty(name)).isWritable()) << name;
 }
 

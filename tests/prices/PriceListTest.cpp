@@ -25,7 +25,7 @@ class PriceListTest : public testing::Test {
 protected:
     PriceListWorld world()
     {
-        return { preferences, key, timers, &source, [this] { return isOnShow; } };
+        return { clock, preferences, key, timers, &source, [this] { return isOnShow; } };
     }
     void tick(int count)
     {
@@ -33,11 +33,27 @@ protected:
             list->tick();
     }
 
+    /// Asks for all and answers for one of them.
+    void answerLatest(const CryptoPrice &price) { answerLatest(price.id, price); }
+    void failLatest(const QString &symbol, PriceFailure reason) { answerLatest(symbol, reason); }
+    std::optional<PriceFailure> trouble(const QString &symbol) const
+    {
+        return list->statuses().value(symbol).trouble();
+    }
+
     bool isOnShow = false;
     MemoryPreferences preferences;
-    ManualTimers timers;
+    ManualClock clock;
+    ManualTimers timers{ clock };
     FakePriceSource source;
     std::unique_ptr<PriceList> list = std::make_unique<PriceList>(world());
+
+private:
+    void answerLatest(const QString &symbol, const PriceResult &result)
+    {
+        list->fetchAll();
+        source.answer(static_cast<std::size_t>(source.asked().lastIndexOf(symbol)), result);
+    }
 };
 
 TEST_F(PriceListTest, takesOverTheStoredSymbols)
@@ -145,6 +161,89 @@ TEST_F(PriceListTest, tellsOfAPriceThatIsNewAndOfNoFailure)
     EXPECT_EQ(changes.count(), 1);
     EXPECT_EQ(list->prices().value(u"A"_s), price);
     EXPECT_EQ(list->display(), u"A $105 (↑25.0%)"_s);
+}
+
+TEST_F(PriceListTest, tellsWhyThereIsNoPriceOnceThereWasNoneTwice)
+{
+    list->setSymbols({ u"A"_s, u"B"_s });
+    QSignalSpy changes(list.get(), &PriceList::statusesChanged);
+
+    failLatest(u"A"_s, PriceFailure::NoNetwork);
+    EXPECT_EQ(trouble(u"A"_s), std::nullopt);
+    failLatest(u"A"_s, PriceFailure::NotFound);
+    EXPECT_EQ(trouble(u"A"_s), PriceFailure::NotFound);
+    EXPECT_EQ(trouble(u"B"_s), std::nullopt);
+    EXPECT_FALSE(list->prices().contains(u"A"_s));
+
+    failLatest(u"A"_s, PriceFailure::NotFound);
+    EXPECT_EQ(changes.count(), 2);
+    failLatest(u"A"_s, PriceFailure::Unreadable);
+    EXPECT_EQ(trouble(u"A"_s), PriceFailure::Unreadable);
+    EXPECT_EQ(changes.count(), 3);
+}
+
+TEST_F(PriceListTest, countsFailuresAnewAfterAPrice)
+{
+    list->setSymbols({ u"A"_s });
+    failLatest(u"A"_s, PriceFailure::NoAnswer);
+    answerLatest(CryptoPrice{ u"A"_s, 105, 25, {} });
+    failLatest(u"A"_s, PriceFailure::NoAnswer);
+    EXPECT_EQ(trouble(u"A"_s), std::nullopt);
+
+    failLatest(u"A"_s, PriceFailure::NoAnswer);
+    EXPECT_EQ(trouble(u"A"_s), PriceFailure::NoAnswer);
+    EXPECT_TRUE(list->prices().contains(u"A"_s));
+    answerLatest(CryptoPrice{ u"A"_s, 105, 25, {} });
+    EXPECT_EQ(trouble(u"A"_s), std::nullopt);
+}
+
+TEST_F(PriceListTest, knowsWhenAPriceCameAlsoAnEqualOne)
+{
+    list->setSymbols({ u"A"_s });
+    EXPECT_EQ(list->statuses().value(u"A"_s).cameAt(), std::nullopt);
+
+    answerLatest(CryptoPrice{ u"A"_s, 105, 25, {} });
+    const Instant first = clock.now();
+    EXPECT_EQ(list->statuses().value(u"A"_s).cameAt(), first);
+    clock.pass(60s);
+    failLatest(u"A"_s, PriceFailure::NoAnswer);
+    EXPECT_EQ(list->statuses().value(u"A"_s).cameAt(), first);
+
+    answerLatest(CryptoPrice{ u"A"_s, 105, 25, {} });
+    EXPECT_EQ(list->statuses().value(u"A"_s).cameAt(), first.advanced(60));
+}
+
+TEST_F(PriceListTest, isStaleOnceThePriceOnShowIsOlderThanTwoRefreshes)
+{
+    list->setSymbols({ u"A"_s, u"B"_s });
+    EXPECT_FALSE(list->isStale());
+    answerLatest(CryptoPrice{ u"A"_s, 105, 25, {} });
+
+    clock.pass(600s);
+    EXPECT_FALSE(list->isStale());
+    clock.pass(1s);
+    EXPECT_TRUE(list->isStale());
+    list->setCurrentIndex(1);
+    EXPECT_FALSE(list->isStale());
+
+    list->setCurrentIndex(0);
+    answerLatest(CryptoPrice{ u"A"_s, 105, 25, {} });
+    EXPECT_FALSE(list->isStale());
+}
+
+TEST_F(PriceListTest, isStaleOnceThePriceOnShowWasNotThereTwice)
+{
+    list->setSymbols({ u"A"_s, u"B"_s });
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_FALSE(list->isStale());
+        failLatest(u"A"_s, PriceFailure::NotFound);
+    }
+    EXPECT_TRUE(list->isStale());
+
+    list->setCurrentIndex(1);
+    EXPECT_FALSE(list->isStale());
+    list->setSymbols({});
+    EXPECT_FALSE(list->isStale());
 }
 
 TEST_F(PriceListTest, knowsThePriceOfASymbolThatWasRemoved)

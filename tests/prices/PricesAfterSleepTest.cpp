@@ -31,9 +31,10 @@ protected:
     }
 
     MemoryPreferences preferences;
-    ManualTimers timers;
+    ManualClock clock;
+    ManualTimers timers{ clock };
     FakePriceSource source;
-    PriceList list{ { preferences, u"symbols"_s, timers, &source, [] { return false; } } };
+    PriceList list{ { clock, preferences, u"symbols"_s, timers, &source, [] { return false; } } };
 
 private:
     qsizetype m_failed = 0;
