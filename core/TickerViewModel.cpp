@@ -18,7 +18,8 @@ TickerViewModel::TickerViewModel(const TickerWorld &world, QObject *parent)
     , m_deadlines(world.preferences, world.clock)
     , m_prices({ world.clock, world.preferences, PreferencesKeys::cryptoSymbols, world.timers, world.prices,
           [this] { return m_mode == TickerMode::Crypto; } })
-    , m_revenue({ world.timers, world.revenue, world.keys, [this] { return m_mode == TickerMode::Revenue; } })
+    , m_revenue({ world.clock, world.timers, world.revenue, world.keys,
+          [this] { return m_mode == TickerMode::Revenue; } })
 {
     forwardSignals();
     m_revenue.loadCredentials();
@@ -54,6 +55,7 @@ void TickerViewModel::forwardSignals()
     forward(m_revenue, &RevenueReport::labelChanged, &Ticker::revenueLabelChanged);
     forward(m_revenue, &RevenueReport::isFetchingChanged, &Ticker::isFetchingRevenueChanged);
     forward(m_revenue, &RevenueReport::lastErrorChanged, &Ticker::lastFetchErrorChanged);
+    forward(m_revenue, &RevenueReport::problemsChanged, &Ticker::fetchProblemsChanged);
     connect(&m_revenue, &RevenueReport::credentialChanged, this, &Ticker::forwardCredential);
     connect(&m_revenue, &RevenueReport::credentialStatusChanged, this, &Ticker::credentialStatusChanged);
 }

@@ -59,6 +59,7 @@ class TickerViewModel : public QObject {
     Q_PROPERTY(QString revenueLabel READ revenueLabel NOTIFY revenueLabelChanged)
     Q_PROPERTY(bool isFetchingRevenue READ isFetchingRevenue NOTIFY isFetchingRevenueChanged)
     Q_PROPERTY(QString lastFetchError READ lastFetchErrorText NOTIFY lastFetchErrorChanged)
+    Q_PROPERTY(glimmet::FetchProblems fetchProblems READ fetchProblems NOTIFY fetchProblemsChanged)
     Q_PROPERTY(
         QStringList cryptoSymbols READ cryptoSymbols WRITE setCryptoSymbols NOTIFY cryptoSymbolsChanged)
     Q_PROPERTY(qint64 cryptoRotateInterval READ cryptoRotateInterval WRITE setCryptoRotateInterval NOTIFY
@@ -189,6 +190,8 @@ public:
     void startRevenueTimer() { m_revenue.startTimer(); }
     void handleRevenueResult(const QString &text) { m_revenue.handleResult(text); }
 
+    /// What `lastFetchError` was, beside it: it stays until the platform's next success.
+    FetchProblems fetchProblems() const { return m_revenue.problems(); }
 signals:
     void modeChanged();
     void customTextChanged();
@@ -215,6 +218,7 @@ signals:
     void cryptoRotateIntervalChanged();
     void cryptoPricesChanged();
     void currentCryptoIndexChanged();
+    void fetchProblemsChanged();
     void deadlinesChanged();
     void customQuotesChanged();
     void quoteRotateIntervalChanged();

@@ -15,6 +15,10 @@ using MissingInput = RevenuePlatform::MissingInput;
 
 namespace {
 
+const QString addKey = u"add api key"_s;
+const QString addProjectID = u"add project id"_s;
+const QString setCurrency = u"set currency"_s;
+
 /// A credential with the platform that it belongs to.
 std::pair<const RevenuePlatform *, const CredentialField *> find(KeychainKey key)
 {
@@ -32,11 +36,11 @@ QString requestFor(CredentialRole role)
 {
     switch (role) {
     case Key:
-        return u"add api key"_s;
+        return addKey;
     case ProjectID:
-        return u"add project id"_s;
+        return addProjectID;
     case Currency:
-        return u"set currency"_s;
+        return setCurrency;
     }
     Q_UNREACHABLE();
 }
@@ -143,6 +147,11 @@ QString missingInput(const RevenueQuery &query)
     if (platform.currency != CurrencyCode::None && query.currency.isEmpty())
         return requestFor(Currency);
     return {};
+}
+
+bool namesMissingInput(const QString &text)
+{
+    return text == addKey || text == addProjectID || text == setCurrency;
 }
 
 } // namespace glimmet

@@ -57,5 +57,7 @@ std::optional<KeychainKey> askedCredential(RevenueProvider provider, const QStri
 /// What the user has still to enter for this question, as the text that asks for it; empty where it can be
 /// asked.
 QString missingInput(const RevenueQuery &query);
+/// Whether `text` is one of those.
+bool namesMissingInput(const QString &text);
 
 } // namespace glimmet

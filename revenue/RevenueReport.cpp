@@ -1,5 +1,6 @@
 #include "revenue/RevenueReport.h"
 
+#include "platform/Clock.h"
 #include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
 #include "platform/Text.h"
@@ -13,10 +14,22 @@ namespace glimmet {
 
 using namespace std::chrono_literals;
 
+namespace {
+
+constexpr std::chrono::seconds refreshInterval = 300s;
+
+bool isError(const QString &text)
+{
+    return text.startsWith(u'⚠');
+}
+
+} // namespace
+
 RevenueReport::RevenueReport(RevenueReportWorld world, QObject *parent)
     : QObject(parent)
     , m_world(std::move(world))
     , m_credentials(m_world.keys)
+    , m_answeredAt(m_world.clock.now())
     , m_retries(m_world.timers, [this] { tryAgain(); })
 {
     for (const RevenuePlatform &platform : revenuePlatforms()) {
@@ -190,26 +203,27 @@ void RevenueReport::ask(WithoutNetwork withoutNetwork)
         return;
     publish(*this, m_isFetching, true, &RevenueReport::isFetchingChanged);
     publish(*this, m_lastError, std::nullopt, &RevenueReport::lastErrorChanged);
-    const qint64 request = m_latest.begin();
-    const RevenueQuery asked = query();
+    const Asked asked{ m_latest.begin(), m_provider, withoutNetwork };
+    const RevenueQuery query = this->query();
     const bool isSaidBefore =
-        revenuePlatform(asked.provider).missingInput == RevenuePlatform::MissingInput::SaidBefore;
-    if (const QString missing = missingInput(asked); isSaidBefore && !missing.isEmpty())
+        revenuePlatform(query.provider).missingInput == RevenuePlatform::MissingInput::SaidBefore;
+    if (const QString missing = missingInput(query); isSaidBefore && !missing.isEmpty())
         return handleResult(missing);
-    m_world.fetcher->fetch(
-        asked, [report = QPointer(this), request, withoutNetwork](const RevenueResult &result) {
-            if (report)
-                report->take(result, request, withoutNetwork);
-        });
+    m_world.fetcher->fetch(query, [report = QPointer(this), asked](const RevenueResult &result) {
+        if (report)
+            report->take(result, asked);
+    });
 }
 
-void RevenueReport::take(const RevenueResult &result, qint64 request, WithoutNetwork withoutNetwork)
+void RevenueReport::take(const RevenueResult &result, const Asked &asked)
 {
-    const bool isOld = !m_latest.isLatest(request);
-    m_latest.end(request, result.lacksNetwork);
-    const bool isHeldBack =
-        result.lacksNetwork && m_retries.areAhead() && (withoutNetwork == WithoutNetwork::TextStays || isOld);
-    handleResult(isHeldBack ? m_label : result.text);
+    const bool isOld = !m_latest.isLatest(asked.request);
+    m_latest.end(asked.request, result.lacksNetwork);
+    const bool staysAsItIs = asked.withoutNetwork == WithoutNetwork::TextStays || isOld;
+    if (result.lacksNetwork && m_retries.areAhead() && staysAsItIs)
+        return show(m_label);
+    show(result.text);
+    note(result.text, asked.provider);
 }
 
 void RevenueReport::fetchIfOnShow()
@@ -235,7 +249,7 @@ void RevenueReport::startAnew()
 void RevenueReport::runTimer()
 {
     m_timer.reset();
-    m_timer = m_world.timers.repeating(300s, [this] {
+    m_timer = m_world.timers.repeating(refreshInterval, [this] {
         settleCredentials();
         fetch();
     });
@@ -255,10 +269,32 @@ void RevenueReport::stopTimer()
 
 void RevenueReport::handleResult(const QString &text)
 {
+    show(text);
+    note(text, m_provider);
+}
+
+void RevenueReport::show(const QString &text)
+{
     publish(*this, m_isFetching, false, &RevenueReport::isFetchingChanged);
     publish(*this, m_label, text, &RevenueReport::labelChanged);
-    if (text.startsWith(u'⚠'))
+    if (isError(text))
         publish(*this, m_lastError, text, &RevenueReport::lastErrorChanged);
+}
+
+void RevenueReport::note(const QString &text, RevenueProvider provider)
+{
+    m_answeredAt = m_world.clock.now();
+    FetchProblems problems = m_problems;
+    if (isError(text))
+        problems.insert(provider, { text, m_answeredAt });
+    else if (!namesMissingInput(text)) // To ask for a key mends nothing.
+        problems.remove(provider);
+    publish(*this, m_problems, problems, &RevenueReport::problemsChanged);
+}
+
+bool RevenueReport::isStale() const
+{
+    return isError(m_label) || isOlderThan(2 * refreshInterval, m_answeredAt, m_world.clock.now());
 }
 
 } // namespace glimmet

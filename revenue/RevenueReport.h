@@ -2,6 +2,7 @@
 
 #include "platform/Retries.h"
 #include "revenue/Credentials.h"
+#include "revenue/FetchProblem.h"
 #include "revenue/RevenueFetcher.h"
 
 #include <QObject>
@@ -13,11 +14,13 @@
 
 namespace glimmet {
 
+class Clock;
 class RepeatingTimer;
 class Timers;
 
 /// What the report needs of the world. All of it outlives the report.
 struct RevenueReportWorld {
+    const Clock &clock;
     Timers &timers;
     RevenueFetcher *fetcher = nullptr; ///< none: the text stays as it is
     KeyStore *keys = nullptr; ///< none: credentials live as long as the report
@@ -59,6 +62,10 @@ public:
     QString label() const { return m_label; }
     bool isFetching() const { return m_isFetching; }
     std::optional<QString> lastError() const { return m_lastError; }
+    /// What stays of the errors until each platform's next success, also while it is asked again.
+    FetchProblems problems() const { return m_problems; }
+    /// Whether the text is an error, or was the answer to none of the last two fetches of the timer.
+    bool isStale() const;
     /// Starts one fetch of the chosen figure.
     void fetch();
     /// Fetches now and every five minutes.
@@ -67,7 +74,7 @@ public:
     /// first, and where the network is not there yet, the text stays while the fetch is tried again.
     void startAnew();
     void stopTimer();
-    /// Takes the finished text of a fetch.
+    /// Takes the finished text of a fetch, as the chosen platform's.
     void handleResult(const QString &text);
 
 signals:
@@ -80,10 +87,17 @@ signals:
     void labelChanged();
     void isFetchingChanged();
     void lastErrorChanged();
+    void problemsChanged();
 
 private:
     /// What becomes of the text while there is no network but another try to come.
     enum class WithoutNetwork { TextTellsOfIt, TextStays };
+    /// A fetch that is under way.
+    struct Asked {
+        qint64 request = 0;
+        RevenueProvider provider{};
+        WithoutNetwork withoutNetwork{};
+    };
 
     void give(KeychainKey key, const ApiKey &value);
     /// Takes over what the key store has, which is written back, also where that is nothing.
@@ -99,7 +113,9 @@ private:
     QString currency() const;
     void fetchIfOnShow();
     void ask(WithoutNetwork withoutNetwork);
-    void take(const RevenueResult &result, qint64 request, WithoutNetwork withoutNetwork);
+    void take(const RevenueResult &result, const Asked &asked);
+    void show(const QString &text);
+    void note(const QString &text, RevenueProvider provider);
     void runTimer();
     void tryAgain();
 
@@ -114,6 +130,8 @@ private:
     QString m_label = QStringLiteral("–");
     bool m_isFetching = false;
     std::optional<QString> m_lastError;
+    FetchProblems m_problems;
+    Instant m_answeredAt; ///< when the text was last told
     LatestRequest m_latest;
     std::unique_ptr<RepeatingTimer> m_timer;
     Retries m_retries;

@@ -139,8 +139,12 @@ TEST_F(TickerResultSignals, fireForAnErrorAndWhenTheNextFetchClearsIt)
 {
     world.revenue.answer(0, u"⚠ invalid key"_s);
     EXPECT_EQ(changes.count("lastFetchError"), 1);
+    EXPECT_EQ(changes.count("fetchProblems"), 1);
     ticker.fetchRevenue();
     EXPECT_EQ(changes.count("lastFetchError"), 2);
+    EXPECT_EQ(changes.count("fetchProblems"), 1);
+    world.revenue.answer(1, u"💰 $5.00"_s);
+    EXPECT_EQ(changes.count("fetchProblems"), 2);
 }
 
 TEST(TickerProperties, haveAChangeSignalEach)

@@ -14,8 +14,9 @@ using namespace Qt::StringLiterals;
 
 TEST(KeysInMemory, leaveNoCopyWhenAnotherKeyIsChosen)
 {
-    ManualTimers timers;
-    RevenueReport report({ timers, nullptr, nullptr, [] { return false; } });
+    ManualClock clock;
+    ManualTimers timers{ clock };
+    RevenueReport report({ clock, timers, nullptr, nullptr, [] { return false; } });
     {
         const SecretText typed(markedKey());
         report.setCredential(KeychainKey::PolarAPIKey, *typed);
@@ -43,9 +44,10 @@ class StoreOfOneKey final : public KeyStore {
 
 TEST(KeysInMemory, leaveNoCopyOnTheWayFromTheStore)
 {
-    ManualTimers timers;
+    ManualClock clock;
+    ManualTimers timers{ clock };
     StoreOfOneKey store;
-    RevenueReport report({ timers, nullptr, &store, [] { return false; } });
+    RevenueReport report({ clock, timers, nullptr, &store, [] { return false; } });
     report.loadCredentials();
     EXPECT_EQ(copiesOfMarkedKey(), 1);
 

@@ -28,10 +28,11 @@ protected:
     void failLatest() { fetcher.failWithoutNetwork(fetches() - 1); }
 
     bool isOnShow = false;
-    ManualTimers timers;
+    ManualClock clock;
+    ManualTimers timers{ clock };
     FakeRevenueFetcher fetcher;
     MemoryKeyStore keys;
-    RevenueReport report{ { timers, &fetcher, &keys, [this] { return isOnShow; } } };
+    RevenueReport report{ { clock, timers, &fetcher, &keys, [this] { return isOnShow; } } };
 };
 
 TEST_F(RevenueAfterSleep, isFetchedAtOnceAndFiveMinutesLater)
@@ -78,6 +79,22 @@ TEST_F(RevenueAfterSleep, keepsItsFigureUntilTheLastTryFails)
 
     EXPECT_EQ(report.label(), u"⚠ the server cannot be found"_s);
     EXPECT_EQ(report.lastError(), u"⚠ the server cannot be found"_s);
+}
+
+TEST_F(RevenueAfterSleep, keepsNoErrorAndCallsNothingFreshUntilTheLastTryFails)
+{
+    clock.advance(3600);
+    for (const auto wait : { 5s, 10s, 30s }) {
+        failLatest();
+        EXPECT_TRUE(report.problems().isEmpty());
+        EXPECT_TRUE(report.isStale());
+        timers.advance(wait);
+    }
+
+    failLatest();
+
+    EXPECT_EQ(report.problems().value(RevenueProvider::Polar),
+        (FetchProblem{ u"⚠ the server cannot be found"_s, clock.now() }));
 }
 
 TEST_F(RevenueAfterSleep, showsTheNewFigureOnceATryReachesThePlatform)
@@ -188,9 +205,10 @@ TEST_F(RevenueAfterSleep, isFetchedOnceWithWhatTheKeyStoreCanTellByThen)
 
 TEST(RevenueWithoutSleep, showsAtOnceThatThereIsNoNetwork)
 {
-    ManualTimers timers;
+    ManualClock clock;
+    ManualTimers timers{ clock };
     FakeRevenueFetcher fetcher;
-    RevenueReport report{ { timers, &fetcher, nullptr, [] { return false; } } };
+    RevenueReport report{ { clock, timers, &fetcher, nullptr, [] { return false; } } };
     report.startTimer();
 
     fetcher.failWithoutNetwork(0);

@@ -24,7 +24,7 @@ class RevenueReportTest : public testing::Test {
 protected:
     RevenueReportWorld world()
     {
-        return { timers, &fetcher, &keys, [this] { return isOnShow; } };
+        return { clock, timers, &fetcher, &keys, [this] { return isOnShow; } };
     }
     std::size_t fetches() const { return fetcher.count(); }
     /// What the report asks for now.
@@ -34,8 +34,23 @@ protected:
         return fetcher.query(fetcher.count() - 1);
     }
 
+    /// A fetch of that platform that ends with that text.
+    void fetch(RevenueProvider provider, const QString &text)
+    {
+        report->setProvider(provider);
+        report->fetch();
+        fetcher.answer(fetcher.count() - 1, text);
+    }
+    /// What is kept of the platform's errors.
+    std::optional<FetchProblem> problem(RevenueProvider provider) const
+    {
+        const FetchProblems problems = report->problems();
+        return problems.contains(provider) ? std::optional(problems.value(provider)) : std::nullopt;
+    }
+
     bool isOnShow = false;
-    ManualTimers timers;
+    ManualClock clock;
+    ManualTimers timers{ clock };
     FakeRevenueFetcher fetcher;
     MemoryKeyStore keys;
     std::unique_ptr<RevenueReport> report = std::make_unique<RevenueReport>(world());
@@ -153,6 +168,97 @@ TEST_F(RevenueReportTest, remembersAnErrorUntilTheNextFetch)
     report->fetch();
     EXPECT_EQ(report->label(), u"⚠ HTTP 500"_s);
     EXPECT_EQ(report->lastError(), std::nullopt);
+}
+
+TEST_F(RevenueReportTest, keepsThePlatformsLastErrorWithItsTimeUntilItsNextSuccess)
+{
+    QSignalSpy changes(report.get(), &RevenueReport::problemsChanged);
+    fetch(RevenueProvider::Polar, u"⚠ http 500"_s);
+    clock.pass(60s);
+    fetch(RevenueProvider::Polar, u"⚠ invalid key"_s);
+    const FetchProblem latest{ u"⚠ invalid key"_s, clock.now() };
+    EXPECT_EQ(problem(RevenueProvider::Polar), latest);
+
+    clock.pass(60s);
+    report->fetch();
+    EXPECT_EQ(report->lastError(), std::nullopt);
+    EXPECT_EQ(problem(RevenueProvider::Polar), latest);
+
+    fetcher.answer(fetches() - 1, u"💰 $5.00"_s);
+    EXPECT_EQ(problem(RevenueProvider::Polar), std::nullopt);
+    EXPECT_EQ(changes.count(), 3);
+}
+
+TEST_F(RevenueReportTest, keepsAnErrorThatComesAgainWithItsNewTime)
+{
+    fetch(RevenueProvider::Polar, u"⚠ http 500"_s);
+    clock.pass(300s);
+
+    fetch(RevenueProvider::Polar, u"⚠ http 500"_s);
+
+    EXPECT_EQ(problem(RevenueProvider::Polar), (FetchProblem{ u"⚠ http 500"_s, clock.now() }));
+}
+
+TEST_F(RevenueReportTest, keepsTheErrorsOfThePlatformsApart)
+{
+    report->setCredential(KeychainKey::LemonSqueezyAPIKey, u"key"_s);
+    fetch(RevenueProvider::Polar, u"⚠ invalid key"_s);
+    fetch(RevenueProvider::LemonSqueezy, u"⚠ http 500"_s);
+    EXPECT_EQ(problem(RevenueProvider::Polar)->text, u"⚠ invalid key"_s);
+    EXPECT_EQ(problem(RevenueProvider::LemonSqueezy)->text, u"⚠ http 500"_s);
+
+    fetch(RevenueProvider::LemonSqueezy, u"💰 $5.00"_s);
+
+    EXPECT_EQ(problem(RevenueProvider::LemonSqueezy), std::nullopt);
+    EXPECT_EQ(problem(RevenueProvider::Polar)->text, u"⚠ invalid key"_s);
+}
+
+TEST_F(RevenueReportTest, keepsAnErrorUnderThePlatformThatWasAsked)
+{
+    report->fetch();
+    report->setProvider(RevenueProvider::RevenueCat);
+
+    fetcher.answer(0, u"⚠ http 500"_s);
+
+    EXPECT_EQ(problem(RevenueProvider::Polar)->text, u"⚠ http 500"_s);
+    EXPECT_EQ(problem(RevenueProvider::RevenueCat), std::nullopt);
+}
+
+TEST_F(RevenueReportTest, doesNotTakeTheQuestionForAKeyForASuccess)
+{
+    fetch(RevenueProvider::Polar, u"⚠ invalid key"_s);
+
+    for (const QString &text : { u"add api key"_s, u"add project id"_s, u"set currency"_s }) {
+        fetch(RevenueProvider::Polar, text);
+        EXPECT_EQ(problem(RevenueProvider::Polar)->text, u"⚠ invalid key"_s) << text.toStdString();
+    }
+}
+
+TEST_F(RevenueReportTest, isStaleWhileItsTextIsAnError)
+{
+    fetch(RevenueProvider::Polar, u"⚠ http 500"_s);
+    EXPECT_TRUE(report->isStale());
+    report->fetch();
+    EXPECT_TRUE(report->isStale());
+
+    fetcher.answer(1, u"💰 $5.00"_s);
+    EXPECT_FALSE(report->isStale());
+}
+
+TEST_F(RevenueReportTest, isStaleOnceItsTextIsOlderThanTwoRefreshes)
+{
+    EXPECT_FALSE(report->isStale());
+    clock.pass(601s);
+    EXPECT_TRUE(report->isStale());
+
+    fetch(RevenueProvider::Polar, u"💰 $5.00"_s);
+    clock.pass(600s);
+    EXPECT_FALSE(report->isStale());
+    clock.pass(1s);
+    EXPECT_TRUE(report->isStale());
+
+    fetch(RevenueProvider::Polar, u"💰 $5.00"_s);
+    EXPECT_FALSE(report->isStale());
 }
 
 TEST_F(RevenueReportTest, fetchesNowAndEveryFiveMinutesWhileItsTimerRuns)
