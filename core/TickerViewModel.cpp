@@ -46,8 +46,8 @@ void TickerViewModel::forwardSignals()
     forward(m_prices, &PriceList::symbolsChanged, &Ticker::cryptoSymbolsChanged);
     forward(m_prices, &PriceList::rotateIntervalChanged, &Ticker::cryptoRotateIntervalChanged);
     forward(m_prices, &PriceList::pricesChanged, &Ticker::cryptoPricesChanged);
-    forward(m_prices, &PriceList::currentIndexChanged, &Ticker::currentCryptoIndexChanged);
     forward(m_prices, &PriceList::statusesChanged, &Ticker::cryptoPriceStatusesChanged);
+    forward(m_prices, &PriceList::currentIndexChanged, &Ticker::currentCryptoIndexChanged);
     forward(m_revenue, &RevenueReport::providerChanged, &Ticker::revenueProviderChanged);
     forward(m_revenue, &RevenueReport::metricChanged, &Ticker::revenueMetricChanged);
     forward(m_revenue, &RevenueReport::periodChanged, &Ticker::revenueModeChanged);
@@ -105,6 +105,7 @@ void TickerViewModel::tick()
     if (m_mode == TickerMode::Deadline)
         m_deadlines.tick();
     publish(*this, m_currentDisplay, buildText(), &TickerViewModel::currentDisplayChanged);
+    publish(*this, m_isDisplayStale, isStale(), &TickerViewModel::isDisplayStaleChanged);
     emit ticked();
 }
 
@@ -144,6 +145,12 @@ QString TickerViewModel::buildText() const
         return m_deadlines.display();
     }
     Q_UNREACHABLE();
+}
+
+bool TickerViewModel::isStale() const
+{
+    return (m_mode == TickerMode::Revenue && m_revenue.isStale())
+        || (m_mode == TickerMode::Crypto && m_prices.isStale());
 }
 
 QString TickerViewModel::spokenDisplay() const

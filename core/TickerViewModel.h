@@ -65,9 +65,9 @@ class TickerViewModel : public QObject {
     Q_PROPERTY(qint64 cryptoRotateInterval READ cryptoRotateInterval WRITE setCryptoRotateInterval NOTIFY
             cryptoRotateIntervalChanged)
     Q_PROPERTY(QHash<QString, glimmet::CryptoPrice> cryptoPrices READ cryptoPrices NOTIFY cryptoPricesChanged)
-    Q_PROPERTY(qint64 currentCryptoIndex READ currentCryptoIndex WRITE setCurrentCryptoIndex NOTIFY
     Q_PROPERTY(QHash<QString, glimmet::PriceStatus> cryptoPriceStatuses READ cryptoPriceStatuses NOTIFY
             cryptoPriceStatusesChanged)
+    Q_PROPERTY(qint64 currentCryptoIndex READ currentCryptoIndex WRITE setCurrentCryptoIndex NOTIFY
             currentCryptoIndexChanged)
     Q_PROPERTY(QList<glimmet::Deadline> deadlines READ deadlines WRITE setDeadlines NOTIFY deadlinesChanged)
     Q_PROPERTY(QStringList customQuotes READ customQuotes WRITE setCustomQuotes NOTIFY customQuotesChanged)
@@ -75,6 +75,7 @@ class TickerViewModel : public QObject {
     Q_PROPERTY(qint64 quoteRotateInterval READ quoteRotateInterval WRITE setQuoteRotateInterval NOTIFY
             quoteRotateIntervalChanged)
     Q_PROPERTY(QString currentDisplay READ currentDisplay NOTIFY currentDisplayChanged)
+    Q_PROPERTY(bool isDisplayStale READ isDisplayStale NOTIFY isDisplayStaleChanged)
     Q_PROPERTY(QString spokenDisplay READ spokenDisplay NOTIFY currentDisplayChanged)
 
 public:
@@ -98,6 +99,9 @@ public:
     QString currentDisplay() const { return m_currentDisplay; }
     /// The same for a screen reader: the time without the seconds, which would never let it finish.
     QString spokenDisplay() const;
+
+    /// Whether that line is an error of a fetch, or is older than two of its refreshes.
+    bool isDisplayStale() const { return m_isDisplayStale; }
 
     QString customText() const { return m_customText; }
     void setCustomText(const QString &text);
@@ -136,13 +140,13 @@ public:
     qint64 cryptoRotateInterval() const { return m_prices.rotateInterval(); }
     void setCryptoRotateInterval(qint64 seconds) { m_prices.setRotateInterval(seconds); }
     QHash<QString, CryptoPrice> cryptoPrices() const { return m_prices.prices(); }
+    /// Why a symbol gave no price lately, and when its last one came.
+    QHash<QString, PriceStatus> cryptoPriceStatuses() const { return m_prices.statuses(); }
     qint64 currentCryptoIndex() const { return m_prices.currentIndex(); }
     void setCurrentCryptoIndex(qint64 index) { m_prices.setCurrentIndex(index); }
     Q_INVOKABLE void fetchAllCryptoPrices() { m_prices.fetchAll(); }
     void startCryptoPriceTimer() { m_prices.startTimer(); }
 
-    /// Why a symbol gave no price lately, and when its last one came.
-    QHash<QString, PriceStatus> cryptoPriceStatuses() const { return m_prices.statuses(); }
     RevenueProvider revenueProvider() const { return m_revenue.provider(); }
     void setRevenueProvider(RevenueProvider provider) { m_revenue.setProvider(provider); }
     /// What a tap on a platform does: chooses it, also the one that is chosen, and fetches.
@@ -186,12 +190,12 @@ public:
     std::optional<QString> lastFetchError() const { return m_revenue.lastError(); }
     /// The same for QML; empty where there is none.
     QString lastFetchErrorText() const { return lastFetchError().value_or(QString()); }
+    /// What `lastFetchError` was, beside it: it stays until the platform's next success.
+    FetchProblems fetchProblems() const { return m_revenue.problems(); }
     Q_INVOKABLE void fetchRevenue() { m_revenue.fetch(); }
     void startRevenueTimer() { m_revenue.startTimer(); }
     void handleRevenueResult(const QString &text) { m_revenue.handleResult(text); }
 
-    /// What `lastFetchError` was, beside it: it stays until the platform's next success.
-    FetchProblems fetchProblems() const { return m_revenue.problems(); }
 signals:
     void modeChanged();
     void customTextChanged();
@@ -214,19 +218,20 @@ signals:
     void revenueLabelChanged();
     void isFetchingRevenueChanged();
     void lastFetchErrorChanged();
+    void fetchProblemsChanged();
     void cryptoSymbolsChanged();
     void cryptoRotateIntervalChanged();
     void cryptoPricesChanged();
+    void cryptoPriceStatusesChanged();
     void currentCryptoIndexChanged();
-    void fetchProblemsChanged();
     void deadlinesChanged();
     void customQuotesChanged();
     void quoteRotateIntervalChanged();
     void currentDisplayChanged();
+    void isDisplayStaleChanged();
     /// A display tick is over: whatever depends on the current moment may have changed.
     void ticked();
 
-    void cryptoPriceStatusesChanged();
 private:
     void forwardSignals();
     void forwardCredential(KeychainKey key);
@@ -234,6 +239,7 @@ private:
     ClockReadings clockReadings() const;
     void refreshAfterTimeJump();
     QString buildText() const;
+    bool isStale() const;
     QString formattedTime(bool withSeconds) const;
 
     TickerWorld m_world;
@@ -242,6 +248,7 @@ private:
     bool m_showSeconds = true;
     bool m_use24Hour = true;
     QString m_currentDisplay;
+    bool m_isDisplayStale = false;
     Quotes m_quotes;
     Deadlines m_deadlines;
     PriceList m_prices;
