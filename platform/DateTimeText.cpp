@@ -1,6 +1,7 @@
 #include "platform/DateTimeText.h"
 
 #include "platform/IcuDates.h"
+#include "platform/WallClock.h"
 
 #include <algorithm>
 #include <memory>
@@ -35,14 +36,29 @@ QString formatted(const Format &format, QDate date)
         days * dayLength * 1000);
 }
 
+/// The moment as the user's wall clock shows it.
+QString formatted(const Format &format, Instant moment, const UserRegion &region)
+{
+    const double milliseconds = std::clamp(moment.unixMilliseconds(), -furthest, furthest);
+    return formatted(format, zoneAt(Instant::fromUnixSeconds(milliseconds / 1000), region), milliseconds);
+}
+
 } // namespace
 
 QString mediumDateTimeText(Instant moment, const UserRegion &region)
 {
-    const Format format(icu::DateFormat::createDateTimeInstance(
-        icu::DateFormat::kMedium, icu::DateFormat::kShort, gregorian(region.localeName())));
-    const double milliseconds = std::clamp(moment.unixMilliseconds(), -furthest, furthest);
-    return formatted(format, zoneAt(Instant::fromUnixSeconds(milliseconds / 1000), region), milliseconds);
+    return formatted(Format(icu::DateFormat::createDateTimeInstance(
+                         icu::DateFormat::kMedium, icu::DateFormat::kShort, gregorian(region.localeName()))),
+        moment, region);
+}
+
+QString recentTimeText(Instant moment, Instant now, const UserRegion &region)
+{
+    if (WallClock::dateAt(moment, region) != WallClock::dateAt(now, region))
+        return mediumDateTimeText(moment, region);
+    return formatted(
+        Format(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, gregorian(region.localeName()))),
+        moment, region);
 }
 
 QString fullDateText(QDate date, const QByteArray &locale)

@@ -14,6 +14,10 @@ namespace glimmet {
 /// The moment as a medium date with a short time, such as "May 4, 2026, 9:05 AM".
 QString mediumDateTimeText(Instant moment, const UserRegion &region);
 
+/// The same of a moment that is not long ago: of today the time alone, such as "9:05 AM". Today is the day of
+/// `now`.
+QString recentTimeText(Instant moment, Instant now, const UserRegion &region);
+
 /// A day with its weekday, such as "Monday, May 4, 2026".
 QString fullDateText(QDate date, const QByteArray &locale);
 

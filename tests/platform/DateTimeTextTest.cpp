@@ -54,6 +54,29 @@ TEST(DateTimeText, survivesMomentsBeyondEveryCalendar)
         EXPECT_FALSE(mediumDateTimeText(Instant{ seconds }, FixedRegion("en_US", "UTC")).isEmpty());
 }
 
+TEST(DateTimeText, isTheTimeAloneOfAMomentOfToday)
+{
+    const Instant moment = instantAt(u"2026-05-04T14:05:07Z"_s);
+    const Instant tonight = instantAt(u"2026-05-04T23:59:59Z"_s);
+
+    EXPECT_EQ(recentTimeText(moment, tonight, FixedRegion("en_US", "UTC")), u"2:05\u202FPM"_s);
+    EXPECT_EQ(recentTimeText(moment, tonight, FixedRegion("de_DE", "UTC")), u"14:05"_s);
+    EXPECT_EQ(recentTimeText(moment, tonight, FixedRegion("fa_IR", "UTC")), u"۱۴:۰۵"_s);
+    EXPECT_EQ(recentTimeText(moment, moment, FixedRegion("en_GB", "Europe/Berlin")), u"16:05"_s);
+}
+
+TEST(DateTimeText, hasADateWhereTheMomentIsOfAnotherDayOfTheUsers)
+{
+    const Instant moment = instantAt(u"2026-05-04T14:05:07Z"_s);
+    const Instant tonight = instantAt(u"2026-05-04T23:59:59Z"_s);
+    const Instant tomorrow = tonight.advanced(1);
+
+    EXPECT_EQ(recentTimeText(moment, tomorrow, FixedRegion("en_GB", "UTC")), u"4 May 2026, 14:05"_s);
+    EXPECT_EQ(recentTimeText(tomorrow, moment, FixedRegion("en_GB", "UTC")), u"5 May 2026, 00:00"_s);
+    EXPECT_EQ(recentTimeText(moment, tonight, FixedRegion("en_GB", "Europe/Berlin")), u"4 May 2026, 16:05"_s);
+    EXPECT_EQ(recentTimeText(moment, tomorrow, FixedRegion("en_GB", "America/New_York")), u"10:05"_s);
+}
+
 TEST(DateTimeText, namesADayInFull)
 {
     EXPECT_EQ(fullDateText(QDate(2026, 5, 4), "en_US"), u"Monday, May 4, 2026"_s);
