@@ -94,9 +94,32 @@ Column {
             }
         }
     }
-    RefreshRow {
-        width: root.width
-        ticker: root.ticker
+    Column {
+        spacing: Theme.captionGap
+
+        RefreshRow {
+            width: root.width
+            ticker: root.ticker
+        }
+        InkText {
+            id: problem
+            width: root.width
+            text: lastProblem.text
+            color: Theme.choiceInk
+            font.pixelSize: Theme.smallSize
+            wrapMode: Text.Wrap
+            visible: text.length > 0
+
+            FetchProblemText {
+                id: lastProblem
+                ticker: root.ticker
+                provider: root.provider
+            }
+            Announcement {
+                item: problem
+                text: problem.text
+            }
+        }
     }
     PlainButton {
         horizontalPadding: 8

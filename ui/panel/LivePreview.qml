@@ -10,6 +10,10 @@ Rectangle {
     required property string spokenText
     // The number of the credential that the text asks for, which it then leads to; -1 where it asks for none.
     property int asked: -1
+    // Why the text is not what it should be by now; empty where it is.
+    property string trouble
+
+    readonly property bool isDimmed: trouble.length > 0
 
     signal credentialWanted(int key)
 
@@ -62,6 +66,7 @@ Rectangle {
         height: Math.ceil(live.implicitHeight) + 2 * 3
         radius: height / 2
         color: Theme.badgeFill
+        opacity: root.isDimmed ? Theme.passedOpacity : 1
 
         InkText {
             id: live
@@ -73,6 +78,7 @@ Rectangle {
             font.pixelSize: Theme.captionSize
             font.weight: Theme.bold
             font.letterSpacing: 2
+            Accessible.description: root.trouble
         }
     }
 }

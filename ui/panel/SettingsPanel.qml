@@ -55,6 +55,7 @@ Rectangle {
                         ticker: root.ticker,
                         wanted: key
                     })
+                    trouble: root.ticker.isDisplayStale ? Wording.staleness(root.ticker.currentDisplay) : ""
                 }
                 ModeSelector {
                     width: root.width

@@ -26,6 +26,17 @@ QString Wording::usingDefaults(qsizetype count)
     return QStringLiteral("Using defaults (%1)").arg(count);
 }
 
+QString Wording::problem(const QString &error, const QString &time)
+{
+    return oneLine(error) + QStringLiteral(" · ") + time;
+}
+
+QString Wording::staleness(const QString &display)
+{
+    return display.startsWith(u'⚠') ? QStringLiteral("The last refresh failed")
+                                    : QStringLiteral("No refresh succeeded lately");
+}
+
 QString Wording::pricesHelp(int interval)
 {
     return QStringLiteral("Works for crypto (BTC, ETH) and stocks (AAPL, TSLA). Price refreshes every %1s.")

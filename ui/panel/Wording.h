@@ -25,6 +25,10 @@ public:
     Q_INVOKABLE static QString version(const QString &appVersion);
     /// Says that the default quotes rotate, and how many there are.
     Q_INVOKABLE static QString usingDefaults(qsizetype count);
+    /// An error and when it came, such as "⚠ the request timed out · 14:32".
+    static QString problem(const QString &error, const QString &time);
+    /// Why the menu-bar text is called stale.
+    Q_INVOKABLE static QString staleness(const QString &display);
     /// What can be entered as a symbol, and how many seconds each price stays.
     Q_INVOKABLE static QString pricesHelp(int interval);
     /// What a screen reader says for the chart of a price.

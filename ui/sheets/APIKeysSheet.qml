@@ -28,6 +28,7 @@ Sheet {
             value: mainKey.text
             trouble: mainKey.trouble
             remedy: mainKey.remedy
+            problem: lastProblem.text
             onRemedyChosen: root.ticker.unlockKeys()
             // The user came for the platform that is chosen.
             Component.onCompleted: {
@@ -39,6 +40,11 @@ Sheet {
                 id: mainKey
                 ticker: root.ticker
                 key: section.keys[0]
+            }
+            FetchProblemText {
+                id: lastProblem
+                ticker: root.ticker
+                provider: section.modelData
             }
             Repeater {
                 model: section.keys

@@ -12,6 +12,8 @@ RoundedBox {
     // Why the key store does not hold it, and what the user may do about that.
     property string trouble
     property string remedy
+    // The last error of the platform.
+    property string problem
     default property alias content: fields.data
 
     signal remedyChosen
@@ -46,6 +48,14 @@ RoundedBox {
             trouble: root.trouble
             remedy: root.remedy
             onRemedyChosen: root.remedyChosen()
+        }
+        InkText {
+            width: root.contentWidth
+            text: root.problem
+            color: Theme.choiceInk
+            font.pixelSize: Theme.smallSize
+            wrapMode: Text.Wrap
+            visible: text.length > 0
         }
     }
 }

@@ -109,6 +109,11 @@ QList<Scene> scenes()
             [](TestWorld &world, TickerViewModel &ticker) { showPrices(world, ticker, {}); } },
         { u"deadlines"_s, addDeadlines },
         { u"deadlines-of-none"_s, mode(TickerMode::Deadline) },
+        { u"revenue-failed"_s,
+            [](TestWorld &, TickerViewModel &ticker) {
+                ticker.setMode(TickerMode::Revenue);
+                ticker.handleRevenueResult(u"⚠ the request timed out"_s);
+            } },
         { u"deadlines-calendar"_s, addDeadlines,
             [](const QQuickView &view) { press(view, "symbol", u"calendar"_s); } },
         { u"keys"_s, provider(RevenueProvider::Stripe), pressKeys },
@@ -126,6 +131,13 @@ QList<Scene> scenes()
             } },
     };
 }
+        { u"keys-refused"_s,
+            [](TestWorld &, TickerViewModel &ticker) {
+                ticker.setMode(TickerMode::Revenue);
+                ticker.setPolarAPIKey(u"polar_pat_1234"_s);
+                ticker.handleRevenueResult(u"⚠ invalid key"_s);
+            },
+            pressKeys },
 
 QString referenceFile(const QString &scene, ColorScheme scheme)
 {

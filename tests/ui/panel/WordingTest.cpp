@@ -54,4 +54,19 @@ TEST(Wording, deadlinesToComeAreCounted)
     EXPECT_EQ(Wording::active(3), QStringLiteral("3 active"));
 }
 
+TEST(Wording, anErrorStandsOnOneLineWithItsTime)
+{
+    const QString time = QStringLiteral("14:32");
+
+    EXPECT_EQ(Wording::problem(QStringLiteral("⚠ the request timed out"), time),
+        QStringLiteral("⚠ the request timed out · 14:32"));
+    EXPECT_FALSE(Wording::problem(QStringLiteral("⚠ a\nb"), time).contains(u'\n'));
+}
+
+TEST(Wording, aStaleTextHasAReason)
+{
+    EXPECT_EQ(Wording::staleness(QStringLiteral("⚠ http 500")), QStringLiteral("The last refresh failed"));
+    EXPECT_EQ(Wording::staleness(QStringLiteral("💰 $5.00")), QStringLiteral("No refresh succeeded lately"));
+}
+
 } // namespace glimmet

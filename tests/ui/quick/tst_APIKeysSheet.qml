@@ -209,6 +209,31 @@ PanelTestCase {
         compare(badge(1), "Key saved in Keychain");
     }
 
+    function problems(): var {
+        return sections().map(section => section.problem);
+    }
+
+    function test_aPlatformsErrorStandsInItsSectionAlone() {
+        const ticker = world.ticker;
+        ticker.revenueProvider = RevenueProvider.Stripe;
+        ticker.stripeAPIKey = "rk_live_1234";
+        ticker.fetchRevenue();
+        world.finishFetch("⚠ invalid key");
+        open();
+        compare(problems(), ["", "", "", "⚠ invalid key · 09:05", ""]);
+
+        ticker.revenueProvider = RevenueProvider.Polar;
+        ticker.fetchRevenue();
+        world.finishFetch("⚠ the request timed out");
+        compare(problems(), ["⚠ the request timed out · 09:05", "", "", "⚠ invalid key · 09:05", ""]);
+        ticker.fetchRevenue();
+        world.finishFetch("💰 $5.00");
+
+        compare(problems(), ["", "", "", "⚠ invalid key · 09:05", ""]);
+        verify(textOf(sections()[3], "⚠ invalid key · 09:05") !== null);
+        verify(!all(sheet, Text).some(text => text.text.includes("rk_live_1234")));
+    }
+
     function test_theOutlineFollowsTheProvider() {
         open();
         compare(outlined(), ["POLAR"]);

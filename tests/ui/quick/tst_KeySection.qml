@@ -42,6 +42,24 @@ PanelTestCase {
         compare(section.height - badge.bottom, 12);
     }
 
+    function test_showsItsPlatformsLastErrorUnderTheBadge() {
+        const height = section.height;
+
+        section.problem = "⚠ invalid key · 14:32";
+        verify(waitForRendering(section));
+
+        const problem = textOf(section, "⚠ invalid key · 14:32");
+        const badge = areaOf(all(section, KeyStatusBadge)[0], section);
+        compareFont(problem, 10, 400);
+        compareInk(problem.color, 0.7);
+        compare(areaOf(problem, section).x, 12);
+        compare(areaOf(problem, section).y - badge.bottom, 10);
+        compare(section.height - areaOf(problem, section).bottom, 12);
+        section.problem = "";
+        verify(waitForRendering(section));
+        compare(section.height, height);
+    }
+
     function test_hasAFaintBorder() {
         compareInk(section.borderColor, 0.1);
         compare(section.radius, 10);

@@ -24,6 +24,7 @@ PanelTestCase {
 
     function init() {
         preview.text = "09:05:07";
+        preview.trouble = "";
     }
 
     function badge(): Item {
@@ -75,6 +76,19 @@ PanelTestCase {
         compare(badge().width, Math.ceil(live.implicitWidth) + 12);
         compare(badge().height, Math.ceil(live.implicitHeight) + 6);
         compare(badge().radius, badge().height / 2);
+    }
+
+    function test_theBadgeIsDimmedAndSaysWhyWhileTheTextIsStale() {
+        compare(badge().opacity, 1);
+        compare(reader.description(preview, "LIVE"), "");
+
+        preview.trouble = "The last refresh failed";
+
+        verify(preview.isDimmed);
+        compare(badge().opacity, 0.4);
+        compare(reader.description(preview, "LIVE"), "The last refresh failed");
+        compareInk(textOf(preview, "09:05:07").color, 1);
+        compare(textOf(preview, "09:05:07").opacity, 1);
     }
 
     function test_aLongTextShrinksUntilItFits() {

@@ -1,4 +1,5 @@
 import QtQuick
+import QtTest
 import Glimmet
 
 PanelTestCase {
@@ -18,6 +19,11 @@ PanelTestCase {
     SheetStage {
         id: sheets
         anchors.fill: parent
+    }
+
+    SignalSpy {
+        id: said
+        signalName: "said"
     }
 
     property RevenueOptions options: null
@@ -208,6 +214,55 @@ PanelTestCase {
         world.finishFetch("$12");
 
         compare(fetchesOf(() => mouseClick(buttonOf(options, "Refresh"))), 1);
+    }
+
+    function fail(error: string) {
+        world.ticker.fetchRevenue();
+        world.finishFetch(error);
+    }
+
+    function test_theLastErrorStandsUnderTheRefreshRowUntilTheNextSuccess() {
+        fail("⚠ the request timed out");
+        verify(waitForRendering(options));
+        const problem = textOf(options, "⚠ the request timed out · 09:05");
+        const refresh = all(options, RefreshRow)[0];
+        compareFont(problem, 10, 400);
+        compareInk(problem.color, 0.7);
+        compare(areaOf(problem, options).x, 0);
+        compare(areaOf(problem, options).y - areaOf(refresh, options).bottom, 5);
+
+        world.ticker.fetchRevenue();
+        verify(textOf(options, "⚠ the request timed out · 09:05") !== null);
+
+        world.finishFetch("💰 $5.00");
+        compare(textOf(options, "⚠ the request timed out · 09:05"), null);
+        verify(waitForRendering(options));
+        compare(areaOf(buttonOf(options, "API Keys"), options).y - areaOf(refresh, options).bottom, 12);
+    }
+
+    function test_theErrorIsThatOfTheChosenPlatform() {
+        fail("⚠ invalid key");
+
+        choose(RevenueProvider.Stripe);
+        compare(textOf(options, "⚠ invalid key · 09:05"), null);
+
+        choose(RevenueProvider.Polar);
+        verify(textOf(options, "⚠ invalid key · 09:05") !== null);
+    }
+
+    function test_anErrorIsAnnounced() {
+        fail("⚠ http 500");
+        const problem = textOf(options, "⚠ http 500 · 09:05");
+        const news = announcementIn(problem);
+        news.rest = 10;
+        said.target = news;
+
+        fail("⚠ invalid key");
+
+        said.wait();
+        compare(said.signalArguments[0][0], "⚠ invalid key · 09:05");
+        compare(news.item, problem);
+        verify(reader.told(options).includes("StaticText ⚠ invalid key · 09:05"));
     }
 
     function test_onlyPlatformsWithACurrencyHaveAPicker_data() {

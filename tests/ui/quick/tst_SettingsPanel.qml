@@ -80,6 +80,20 @@ PanelTestCase {
         verify(textOf(only(LivePreview), "one two") !== null);
     }
 
+    function test_theBadgeIsDimmedWhileTheTextIsStale() {
+        world.ticker.mode = TickerMode.Revenue;
+        world.finishFetch("⚠ http 500");
+        world.advance(1);
+        verify(only(LivePreview).isDimmed);
+        compare(only(LivePreview).trouble, "The last refresh failed");
+
+        world.ticker.fetchRevenue();
+        world.finishFetch("💰 $5.00");
+        world.advance(1);
+
+        verify(!only(LivePreview).isDimmed);
+    }
+
     function test_theMiddleShrinksWhereThereIsLessRoom() {
         const headerHeight = only(PanelHeader).height;
         const footerHeight = only(PanelFooter).height;
