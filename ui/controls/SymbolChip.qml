@@ -8,6 +8,10 @@ RemovableBox {
     required property string symbol
     required property bool shown
     required property real maximumWidth
+    // Why it gives no price; empty where it gives one.
+    property string trouble
+
+    readonly property real presence: trouble.length > 0 ? Theme.disabledOpacity : 1
 
     property color ink: shown ? Theme.background : Theme.ink
 
@@ -38,6 +42,7 @@ RemovableBox {
         height: width
         radius: width / 2
         color: Theme.accent
+        opacity: root.presence
         visible: root.shown
     }
     InkText {
@@ -47,9 +52,11 @@ RemovableBox {
         anchors.verticalCenter: parent.verticalCenter
         text: Wording.oneLine(root.symbol)
         color: root.ink
+        opacity: root.presence
         font.pixelSize: Theme.smallSize
         font.weight: Theme.medium
         elide: Text.ElideRight
+        Accessible.description: root.trouble
         Accessible.selectable: true
         Accessible.selected: root.shown
     }

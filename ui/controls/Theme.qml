@@ -31,6 +31,8 @@ QtObject {
     readonly property color switchedOff: Qt.alpha(ink, 0.18)
     readonly property color chipFill: Qt.alpha(ink, 0.08)
     readonly property color strongFill: Qt.alpha(ink, 0.8)
+    // What the fill of a field looks like where something else shall not shine through.
+    readonly property color chartGround: Qt.tint(background, fieldFill)
     readonly property color chartFill: Qt.alpha(accent, 0.25)
     readonly property color badgeFill: Qt.alpha(accent, 0.18)
     readonly property color countdownFill: Qt.alpha(accent, 0.12)

@@ -63,8 +63,15 @@ Column {
 
                 symbol: entry
                 shown: price.index === index
+                trouble: status.text
                 maximumWidth: root.width
                 onRemoved: root.remove(chip, index)
+
+                SymbolTrouble {
+                    id: status
+                    ticker: root.ticker
+                    symbol: chip.entry
+                }
 
                 // The first ones are there at once.
                 Component.onCompleted: entrance.running = flow.isLaidOut
@@ -123,13 +130,14 @@ Column {
                 shortName: price.shortName
                 menuBarString: price.menuBarString
                 history: price.history
+                arrival: price.arrival
                 visible: price.hasChart
             }
             Row {
                 id: busy
                 anchors.centerIn: parent
                 spacing: Theme.rowSpacing
-                visible: !price.hasChart
+                visible: !price.hasChart && price.trouble.length === 0
 
                 Spinner {
                     anchors.verticalCenter: parent.verticalCenter
@@ -142,6 +150,18 @@ Column {
                     color: Theme.softText
                     font.pixelSize: Theme.buttonSize
                 }
+            }
+            InkText {
+                id: trouble
+                anchors.centerIn: parent
+                text: price.trouble
+                color: Theme.choiceInk
+                font.pixelSize: Theme.buttonSize
+                visible: !price.hasChart && price.trouble.length > 0
+            }
+            Announcement {
+                item: trouble
+                text: price.hasChart ? "" : price.trouble
             }
         }
         PlainButton {

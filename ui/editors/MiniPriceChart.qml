@@ -8,6 +8,8 @@ Item {
     required property string shortName
     required property string menuBarString
     required property list<real> history
+    // When the price came.
+    property string arrival
 
     implicitHeight: 80
 
@@ -38,5 +40,25 @@ Item {
         text: root.menuBarString
         color: Theme.choiceInk
         font.pixelSize: Theme.smallSize
+    }
+    // Where prices have fallen, the curve ends here: it does not run through the words.
+    RoundedBox {
+        anchors.right: parent.right
+        anchors.rightMargin: 10 - 6
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 2
+        width: Math.ceil(arrival.implicitWidth) + 2 * 6
+        height: Math.ceil(arrival.implicitHeight)
+        radius: Theme.segmentRadius
+        color: Theme.chartGround
+        visible: root.arrival.length > 0
+
+        InkText {
+            id: arrival
+            anchors.centerIn: parent
+            text: root.arrival
+            color: Theme.softText
+            font.pixelSize: Theme.captionSize
+        }
     }
 }

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "prices/PriceResult.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
 #include <QtQml/qqmlregistration.h>
+
+#include <optional>
 
 namespace glimmet {
 
@@ -19,6 +23,10 @@ public:
     static QList<int> intervals();
     /// Such as "5s".
     Q_INVOKABLE static QString intervalLabel(int seconds);
+    /// Why there is no price; empty where there is one.
+    static QString trouble(std::optional<PriceFailure> failure);
+    /// When a price came, such as "as of 14:32".
+    static QString asOf(const QString &time);
 };
 
 } // namespace glimmet

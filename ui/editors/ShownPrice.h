@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/TickerViewModel.h"
+#include "ui/editors/PriceLabels.h"
+#include "ui/editors/UsersDay.h"
 
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
@@ -25,6 +27,10 @@ class ShownPrice : public QObject {
     Q_PROPERTY(QString shortName READ shortName NOTIFY changed)
     Q_PROPERTY(QString menuBarString READ menuBarString NOTIFY changed)
     Q_PROPERTY(QList<double> history READ history NOTIFY changed)
+    /// When that price came, such as "as of 14:32".
+    Q_PROPERTY(QString arrival READ arrival NOTIFY changed)
+    /// Why the symbol gives no price; empty where it gives one, and until there was none twice.
+    Q_PROPERTY(QString trouble READ trouble NOTIFY changed)
 
 public:
     using QObject::QObject;
@@ -42,6 +48,8 @@ public:
     QString shortName() const { return m_price ? m_price->shortName() : QString(); }
     QString menuBarString() const { return m_price ? m_price->menuBarString() : QString(); }
     QList<double> history() const { return m_price ? m_price->history : QList<double>(); }
+    QString arrival() const { return m_arrival; }
+    QString trouble() const { return PriceLabels::trouble(m_status.trouble()); }
 
 signals:
     void tickerChanged();
@@ -49,11 +57,16 @@ signals:
     void changed();
 
 private:
+    QString arrivalOf(const PriceStatus &status) const;
     void follow();
+    void followDay();
 
     QPointer<TickerViewModel> m_ticker;
     int m_index = -1;
     std::optional<CryptoPrice> m_price;
+    PriceStatus m_status;
+    UsersDay m_day; ///< of the arrival
+    QString m_arrival;
 };
 
 } // namespace glimmet

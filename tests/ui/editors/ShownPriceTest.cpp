@@ -17,6 +17,12 @@ protected:
         ticker.fetchAllCryptoPrices();
     }
 
+    void fail(const QString &symbol, PriceFailure reason)
+    {
+        ticker.fetchAllCryptoPrices();
+        world.prices.answer(static_cast<std::size_t>(world.prices.asked().lastIndexOf(symbol)), reason);
+    }
+
     ShownPrice price;
     int changes = 0;
 };
@@ -77,6 +83,48 @@ TEST_F(ShownPriceTest, followsTheStoredPrice)
     store({ u"BTC-USD"_s, 97013, -1.3, { 1, 2, 3 } });
     EXPECT_EQ(price.menuBarString(), u"BTC $97,013 (↓1.3%)"_s);
     EXPECT_EQ(price.history(), QList<double>({ 1, 2, 3 }));
+}
+
+TEST_F(ShownPriceTest, tellsWhenThePriceCame)
+{
+    EXPECT_EQ(price.arrival(), QString());
+
+    store({ u"BTC-USD"_s, 97012, 1.3, { 1, 2 } });
+    EXPECT_EQ(price.arrival(), u"as of 09:05"_s);
+    world.clock.advance(60);
+    store({ u"BTC-USD"_s, 97012, 1.3, { 1, 2 } });
+    EXPECT_EQ(price.arrival(), u"as of 09:06"_s);
+    EXPECT_EQ(changes, 3); // the price, its time, its next time
+
+    world.region.setLocale("en_US");
+    tick();
+    EXPECT_EQ(price.arrival(), u"as of 9:06\u202FAM"_s);
+}
+
+TEST_F(ShownPriceTest, tellsTheDayOnceThePriceIsNotOfToday)
+{
+    world.prices.answer(0, CryptoPrice{ u"BTC-USD"_s, 97012, 1.3, { 1, 2 } });
+
+    world.clock.advance(86400);
+    EXPECT_EQ(price.arrival(), u"as of 09:05"_s);
+    tick();
+
+    EXPECT_EQ(price.arrival(), u"as of 4 May 2026, 09:05"_s);
+}
+
+TEST_F(ShownPriceTest, tellsWhyThereIsNoPriceOnceThereWasNoneTwice)
+{
+    fail(u"BTC-USD"_s, PriceFailure::NotFound);
+    EXPECT_EQ(price.trouble(), QString());
+    fail(u"BTC-USD"_s, PriceFailure::NotFound);
+    EXPECT_EQ(price.trouble(), u"Not found"_s);
+
+    ticker.setCurrentCryptoIndex(1);
+    EXPECT_EQ(price.trouble(), QString());
+    ticker.setCurrentCryptoIndex(0);
+    EXPECT_EQ(price.trouble(), u"Not found"_s);
+    store({ u"BTC-USD"_s, 97012, 1.3, { 1, 2 } });
+    EXPECT_EQ(price.trouble(), QString());
 }
 
 TEST_F(ShownPriceTest, followsTheRotation)

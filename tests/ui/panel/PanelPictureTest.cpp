@@ -59,6 +59,19 @@ void showPrices(TestWorld &world, TickerViewModel &ticker, const QStringList &sy
     }
 }
 
+/// The service knows the second symbol only, and was asked twice.
+void showAnUnknownSymbol(TestWorld &world, TickerViewModel &ticker)
+{
+    ticker.setCryptoSymbols({ u"NOPE"_s, u"AAPL"_s });
+    ticker.setMode(TickerMode::Crypto);
+    for (int i = 0; i < 2; ++i) {
+        const auto first = static_cast<std::size_t>(world.prices.asked().size());
+        ticker.fetchAllCryptoPrices();
+        world.prices.answer(first, PriceFailure::NotFound);
+        world.prices.answer(first + 1, CryptoPrice{ u"AAPL"_s, 212.3, -0.4, { 213, 212.5, 212.3 } });
+    }
+}
+
 void addDeadlines(TestWorld &world, TickerViewModel &ticker)
 {
     ticker.setMode(TickerMode::Deadline);
@@ -96,6 +109,11 @@ QList<Scene> scenes()
                 ticker.setMode(TickerMode::Revenue);
                 ticker.fetchRevenue();
             } },
+        { u"revenue-failed"_s,
+            [](TestWorld &, TickerViewModel &ticker) {
+                ticker.setMode(TickerMode::Revenue);
+                ticker.handleRevenueResult(u"⚠ the request timed out"_s);
+            } },
         { u"revenue-of-revenuecat"_s, provider(RevenueProvider::RevenueCat) },
         { u"revenue-of-stripe"_s, provider(RevenueProvider::Stripe) },
         { u"revenue-of-dodo"_s, provider(RevenueProvider::Dodo) },
@@ -105,18 +123,21 @@ QList<Scene> scenes()
                     world, ticker, { u"BTC-USD"_s, u"ETH-USD"_s, u"AAPL"_s, u"DOGE-USD"_s, u"TSLA"_s });
             } },
         { u"prices-fetching"_s, mode(TickerMode::Crypto) },
+        { u"prices-not-found"_s, showAnUnknownSymbol },
         { u"prices-of-nothing"_s,
             [](TestWorld &world, TickerViewModel &ticker) { showPrices(world, ticker, {}); } },
         { u"deadlines"_s, addDeadlines },
         { u"deadlines-of-none"_s, mode(TickerMode::Deadline) },
-        { u"revenue-failed"_s,
-            [](TestWorld &, TickerViewModel &ticker) {
-                ticker.setMode(TickerMode::Revenue);
-                ticker.handleRevenueResult(u"⚠ the request timed out"_s);
-            } },
         { u"deadlines-calendar"_s, addDeadlines,
             [](const QQuickView &view) { press(view, "symbol", u"calendar"_s); } },
         { u"keys"_s, provider(RevenueProvider::Stripe), pressKeys },
+        { u"keys-refused"_s,
+            [](TestWorld &, TickerViewModel &ticker) {
+                ticker.setMode(TickerMode::Revenue);
+                ticker.setPolarAPIKey(u"polar_pat_1234"_s);
+                ticker.handleRevenueResult(u"⚠ invalid key"_s);
+            },
+            pressKeys },
         { u"settings"_s, mode(TickerMode::Clock),
             [](const QQuickView &view) { press(view, "symbol", u"gearshape.fill"_s); } },
         { u"keys-revealed"_s,
@@ -131,13 +152,6 @@ QList<Scene> scenes()
             } },
     };
 }
-        { u"keys-refused"_s,
-            [](TestWorld &, TickerViewModel &ticker) {
-                ticker.setMode(TickerMode::Revenue);
-                ticker.setPolarAPIKey(u"polar_pat_1234"_s);
-                ticker.handleRevenueResult(u"⚠ invalid key"_s);
-            },
-            pressKeys },
 
 QString referenceFile(const QString &scene, ColorScheme scheme)
 {

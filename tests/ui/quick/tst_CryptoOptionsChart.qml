@@ -1,9 +1,82 @@
 import QtQuick
+import QtTest
 import Glimmet
 
 CryptoOptionsCase {
     id: testCase
     name: "CryptoOptionsChart"
+
+    SignalSpy {
+        id: said
+        signalName: "said"
+    }
+
+    function miss(symbol: string) {
+        world.ticker.fetchAllCryptoPrices();
+        world.missPrice(symbol);
+    }
+
+    function test_aSymbolThatGaveNoPriceTwiceSaysWhyInsteadOfFetching() {
+        miss("BTC-USD");
+        verify(textOf(options, "Fetching chart…") !== null);
+        compare(chips()[0].trouble, "");
+
+        miss("BTC-USD");
+
+        const trouble = textOf(options, "Not found");
+        compareFont(trouble, 11, 400);
+        compareInk(trouble.color, 0.7);
+        fuzzyCompare(areaOf(trouble, chartArea()).x + areaOf(trouble, chartArea()).right, 300, 1);
+        fuzzyCompare(areaOf(trouble, chartArea()).y + areaOf(trouble, chartArea()).bottom, 80, 1);
+        compare(textOf(options, "Fetching chart…"), null);
+        verify(!all(options, Spinner)[0].running);
+        compare(chips().map(chip => chip.trouble), ["Not found", ""]);
+
+        world.advance(10);
+        compare(textOf(options, "Not found"), null);
+        verify(textOf(options, "Fetching chart…") !== null);
+    }
+
+    function test_aPriceEndsTheTrouble() {
+        miss("BTC-USD");
+        miss("BTC-USD");
+
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+
+        compare(textOf(options, "Not found"), null);
+        verify(chart().visible);
+        compare(chips()[0].trouble, "");
+    }
+
+    function test_aKnownChartStaysWhileItsSymbolIsInTrouble() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+        miss("BTC-USD");
+        miss("BTC-USD");
+
+        verify(chart().visible);
+        compare(textOf(options, "Not found"), null);
+        compare(chips()[0].trouble, "Not found");
+    }
+
+    function test_theTroubleIsAnnounced() {
+        const news = announcementIn(chartArea());
+        news.rest = 10;
+        said.target = news;
+        miss("BTC-USD");
+
+        miss("BTC-USD");
+
+        said.wait();
+        compare(said.signalArguments[0][0], "Not found");
+        compare(news.item, textOf(options, "Not found"));
+    }
+
+    function test_theChartNamesWhenItsPriceCame() {
+        world.storePrice("BTC-USD", 97012, 1.3, [95000, 97012]);
+
+        compare(chart().arrival, "as of 09:05");
+        verify(textOf(chart(), "as of 09:05") !== null);
+    }
 
     function test_theChartAreaHasItsMeasures() {
         compare(chartArea().width, 300);

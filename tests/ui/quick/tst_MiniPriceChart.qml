@@ -71,6 +71,39 @@ PanelTestCase {
         verify(picture.green(150, 70) < picture.green(150, 30));
     }
 
+    function test_theLowerCornerNamesWhenThePriceCame() {
+        compare(all(chart, Text).filter(text => text.visible).length, 2);
+
+        chart.arrival = "as of 4 May 2026, 09:05";
+
+        const arrival = textOf(chart, "as of 4 May 2026, 09:05");
+        compareFont(arrival, 9, 400);
+        compareInk(arrival.color, 0.4);
+        fuzzyCompare(areaOf(arrival, chart).right, 290, 1);
+        verify(areaOf(arrival, chart).left >= 10);
+        verify(areaOf(arrival, chart).bottom <= 80);
+        for (const words of ["BTC", "BTC $97,012 (↑1.3%)"])
+            verify(areaOf(arrival, chart).top >= areaOf(textOf(chart, words), chart).bottom);
+        verify(reader.told(chart).includes("StaticText as of 4 May 2026, 09:05"));
+    }
+
+    function test_theCurveDoesNotRunThroughTheTime() {
+        chart.history = [9, 5, 5, 5, 5, 5];
+        chart.arrival = "as of 09:05";
+        const picture = grabImage(chart);
+        const words = areaOf(textOf(chart, "as of 09:05"), chart);
+        const isAccent = x => {
+            for (let y = 60; y < 80; ++y)
+                if (picture.red(x, y) - picture.blue(x, y) > 80)
+                    return true;
+            return false;
+        };
+
+        verify(isAccent(Math.floor(words.left) - 8));
+        for (let x = Math.ceil(words.left); x < Math.floor(words.right); ++x)
+            verify(!isAccent(x), "the curve is seen at " + x);
+    }
+
     function test_followsItsPrice() {
         const before = grabImage(chart);
 

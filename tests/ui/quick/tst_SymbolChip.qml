@@ -148,6 +148,25 @@ PanelTestCase {
         compare(removals.count, 1);
     }
 
+    function test_isDimmedWhileItGivesNoPrice() {
+        chip.trouble = "Not found";
+
+        compare(label().opacity, 0.5);
+        compare(dot().opacity, 0.5);
+        compare(removeButton().opacity, 1);
+        chip.trouble = "";
+        compare(label().opacity, 1);
+    }
+
+    function test_saysWhyItGivesNoPrice() {
+        compare(reader.description(chip, "AAPL"), "");
+
+        chip.trouble = "Not found";
+
+        compare(reader.description(chip, "AAPL"), "Not found");
+        compare(reader.told(chip), ["StaticText AAPL", "Button Remove AAPL"]);
+    }
+
     function test_isToldAsSelectedWhileItIsOnShow() {
         verify(!reader.isSelected(chip, "AAPL"));
 
