@@ -50,13 +50,20 @@ Column {
             font.pixelSize: Theme.smallSize
         }
         PlainButton {
+            id: clearButton
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             text: "Clear all"
             font.pixelSize: Theme.smallSize
             ink: Theme.faintText
             fill: Theme.clear
+            enabled: deadlines.count > 0
             onClicked: root.ticker.clearDeadlines()
+            // It cannot keep the keyboard.
+            onIsOutOfUseChanged: {
+                if (isOutOfUse && focus)
+                    newName.forceActiveFocus(Qt.TabFocusReason);
+            }
         }
     }
     InkText {

@@ -190,6 +190,36 @@ PanelTestCase {
         compare(rows().length, 0);
     }
 
+    function test_clearAllIsOutOfUseWithNothingToClear() {
+        verify(!buttonOf(options, "Clear all").enabled);
+        verify(reader.isDisabled(options, "Clear all"));
+
+        add("gone", -100);
+        verify(buttonOf(options, "Clear all").enabled);
+        world.ticker.clearDeadlines();
+
+        verify(!buttonOf(options, "Clear all").enabled);
+    }
+
+    function test_theKeyboardLeavesAButtonThatHasNothingToClear() {
+        add("one", 1);
+        buttonOf(options, "Clear all").forceActiveFocus(Qt.TabFocusReason);
+
+        verify(reader.press(options, "Remove one"));
+
+        verify(field().activeFocus);
+    }
+
+    function test_theKeyboardStaysAtTheButtonBelowASheet() {
+        add("one", 1);
+        buttonOf(options, "Clear all").forceActiveFocus(Qt.TabFocusReason);
+
+        options.enabled = false;
+        options.enabled = true;
+
+        verify(buttonOf(options, "Clear all").activeFocus);
+    }
+
     function test_aNameOfBlanksOnlyCannotBeAdded_data() {
         return [{tag: "nothing", name: ""}, {tag: "blanks", name: "   "}, {tag: "wide blanks", name: "\t\u3000"}];
     }
