@@ -1,17 +1,33 @@
 import QtQuick
 import Glimmet
 
-// The entries of a list. When one is removed, the keyboard stays near the one that went, or goes to
-// `fallback` after the last one, instead of starting again from the panel's top.
+// The entries of a list. When one goes, the keyboard stays near it, or goes to `fallback` after the last one,
+// instead of starting again from the panel's top.
 Repeater {
     id: rows
 
     required property Item fallback
 
+    // To the entry that stands at `index`, or else to the next one, or the one before, that is in the list.
     function keepKeyboardNear(index: int) {
-        if (count > 0)
-            (itemAt(Math.min(index, count - 1)) as RemovableBox).takeKeyboard();
+        const near = nearest(index, count, 1) ?? nearest(Math.min(index, count) - 1, -1, -1);
+        if (near !== null)
+            near.takeKeyboard();
         else
             fallback.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function nearest(first: int, end: int, step: int): RemovableBox {
+        for (let i = first; step * (end - i) > 0; i += step) {
+            const entry = itemAt(i) as RemovableBox;
+            if (entry !== null && !entry.isRemoved)
+                return entry;
+        }
+        return null;
+    }
+
+    onItemRemoved: (index, item) => {
+        if ((item as RemovableBox).hasKeyboard)
+            keepKeyboardNear(index);
     }
 }

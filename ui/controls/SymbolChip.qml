@@ -15,8 +15,10 @@ RemovableBox {
 
     property color ink: shown ? Theme.background : Theme.ink
 
-    removeButton: cross
-    implicitWidth: label.x + label.width + cross.width
+    subject: symbol
+    keyboardStop: cross
+    offer: "ChipOffer.qml"
+    implicitWidth: Math.max(label.x + label.width + cross.width, offerWidth)
     implicitHeight: Math.ceil(label.implicitHeight) + 2 * 5
     radius: Theme.buttonRadius
     color: shown ? Theme.strongFill : Theme.chipFill
@@ -34,53 +36,68 @@ RemovableBox {
         }
     }
 
-    RoundedBox {
-        id: dot
-        x: 8
-        anchors.verticalCenter: parent.verticalCenter
-        width: Theme.dotSize
-        height: width
-        radius: width / 2
-        color: Theme.accent
-        opacity: root.presence
-        visible: root.shown
-    }
-    InkText {
-        id: label
-        x: dot.visible ? dot.x + dot.width + Theme.symbolSpacing : dot.x
-        width: Math.min(Math.ceil(implicitWidth), root.maximumWidth - x - cross.width)
-        anchors.verticalCenter: parent.verticalCenter
-        text: Wording.oneLine(root.symbol)
-        color: root.ink
-        opacity: root.presence
-        font.pixelSize: Theme.smallSize
-        font.weight: Theme.medium
-        elide: Text.ElideRight
-        Accessible.description: root.trouble
-        Accessible.selectable: true
-        Accessible.selected: root.shown
-    }
-    PlainButton {
-        id: cross
-        x: label.x + label.width
-        height: root.height
-        // The paddings of the chip make the button easier to hit.
-        leftPadding: 5
-        rightPadding: 8
-        symbol: "xmark"
-        symbolSize: 8
-        ink: root.ink
-        // The whole chip shows the keyboard: around the symbol alone the ring would lie over the text.
-        background: RoundedBox {
-            radius: root.radius
-            color: Theme.answering(Qt.alpha(root.ink, 0), cross.hovered, cross.pressed)
-            visible: cross.hovered || cross.pressed
+    Item {
+        anchors.fill: parent
+        enabled: !root.isRemoved
+        visible: !root.isRemoved
+
+        RoundedBox {
+            id: dot
+            x: 8
+            anchors.verticalCenter: parent.verticalCenter
+            width: Theme.dotSize
+            height: width
+            radius: width / 2
+            color: Theme.accent
+            opacity: root.presence
+            visible: root.shown
         }
-        Accessible.name: Wording.removing(root.symbol)
-        onClicked: root.removed()
-    }
-    FocusRing {
-        cornerRadius: root.radius
-        visible: root.hasKeyboard
+        InkText {
+            id: label
+            x: dot.visible ? dot.x + dot.width + Theme.symbolSpacing : dot.x
+            width: Math.min(Math.ceil(implicitWidth), root.maximumWidth - x - cross.width)
+            anchors.verticalCenter: parent.verticalCenter
+            text: Wording.oneLine(root.symbol)
+            color: root.ink
+            opacity: root.presence
+            font.pixelSize: Theme.smallSize
+            font.weight: Theme.medium
+            elide: Text.ElideRight
+            Accessible.description: root.trouble
+            Accessible.selectable: true
+            Accessible.selected: root.shown
+        }
+        HoverHandler {
+            id: hover
+        }
+        TipPlace {
+            words: root.trouble || (label.truncated ? label.text : "")
+            wanted: hover.hovered && !cross.hovered
+        }
+        PlainButton {
+            id: cross
+            x: label.x + label.width
+            height: root.height
+            // The paddings of the chip make the button easier to hit.
+            leftPadding: 5
+            rightPadding: 8
+            symbol: "xmark"
+            symbolSize: 8
+            ink: root.ink
+            // The whole chip shows the keyboard: around the symbol alone the ring would lie over the text.
+            background: RoundedBox {
+                radius: root.radius
+                color: Theme.answering(Qt.alpha(root.ink, 0), cross.hovered, cross.pressed)
+                visible: cross.hovered || cross.pressed
+            }
+            Accessible.name: Wording.removing(root.symbol)
+            onClicked: root.removed()
+            // A double click on Undo ends here.
+            onDoubleClicked: {}
+        }
+        FocusRing {
+            cornerRadius: root.radius
+            visible: root.hasKeyboard
+        }
     }
 }

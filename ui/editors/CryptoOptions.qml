@@ -7,7 +7,7 @@ Column {
 
     required property TickerViewModel ticker
 
-    readonly property bool hasSymbols: ticker.cryptoSymbols.length > 0
+    property alias undo: undo
 
     function add(text: string) {
         ticker.addCryptoSymbol(text);
@@ -16,19 +16,28 @@ Column {
 
     function remove(chip: SymbolChip, index: int) {
         const hadKeyboard = chip.hasKeyboard;
-        ticker.removeCryptoSymbol(chip.symbol);
+        undo.remove(chip.symbol);
         if (hadKeyboard)
             chips.keepKeyboardNear(index);
     }
 
     spacing: Theme.editorSpacing
 
+    SymbolUndo {
+        id: undo
+        ticker: root.ticker
+    }
+    UndoKey {
+        undo: undo
+        told: label
+    }
     ShownPrice {
         id: price
         ticker: root.ticker
     }
 
     SectionLabel {
+        id: label
         text: "SYMBOLS"
     }
     FlowLayout {
@@ -37,7 +46,7 @@ Column {
         height: implicitHeight
         spacing: Theme.rowSpacing
         duration: Theme.listDuration
-        visible: root.hasSymbols
+        visible: chips.count > 0
 
         Behavior on height {
             enabled: flow.isLaidOut
@@ -52,7 +61,7 @@ Column {
             id: chips
             fallback: newSymbol.field
             model: TextListModel {
-                entries: root.ticker.cryptoSymbols
+                entries: undo.shown
             }
 
             SymbolChip {
@@ -62,10 +71,12 @@ Column {
                 required property string entry
 
                 symbol: entry
-                shown: price.index === index
+                shown: undo.places[price.index] === index
+                isRemoved: Array.from(undo.removed).includes(entry)
                 trouble: status.text
                 maximumWidth: root.width
                 onRemoved: root.remove(chip, index)
+                onReturned: undo.putBack(entry)
 
                 SymbolTrouble {
                     id: status

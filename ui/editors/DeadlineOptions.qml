@@ -7,9 +7,11 @@ Column {
 
     required property TickerViewModel ticker
 
+    property alias undo: undo
+
     function remove(row: DeadlineRow, id: string, index: int) {
         const hadKeyboard = row.hasKeyboard;
-        ticker.removeDeadline(id);
+        undo.remove(id);
         if (hadKeyboard)
             rows.keepKeyboardNear(index);
     }
@@ -24,9 +26,17 @@ Column {
 
     spacing: Theme.editorSpacing
 
+    DeadlineUndo {
+        id: undo
+        ticker: root.ticker
+    }
+    UndoKey {
+        undo: undo
+        told: label
+    }
     DeadlineRows {
         id: deadlines
-        ticker: root.ticker
+        undo: undo
     }
     DeadlineForm {
         id: form
@@ -49,33 +59,13 @@ Column {
             color: Theme.faintText
             font.pixelSize: Theme.smallSize
         }
-        PlainButton {
-            id: clearButton
+        ClearingButton {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            text: "Clear all"
-            font.pixelSize: Theme.smallSize
-            ink: Theme.faintText
-            fill: Theme.clear
-            enabled: deadlines.count > 0
-            onClicked: root.ticker.clearDeadlines()
-            // It cannot keep the keyboard.
-            onIsOutOfUseChanged: {
-                if (isOutOfUse && focus)
-                    newName.forceActiveFocus(Qt.TabFocusReason);
-            }
+            undo: undo
+            clearingText: "Clear all"
+            fallback: newName
         }
-    }
-    InkText {
-        width: root.width
-        topPadding: 10
-        bottomPadding: 10
-        horizontalAlignment: Text.AlignHCenter
-        wrapMode: Text.Wrap
-        text: "No deadlines. Add one below."
-        color: Theme.softText
-        font.pixelSize: Theme.buttonSize
-        visible: deadlines.count === 0
     }
     Column {
         width: root.width
@@ -94,9 +84,22 @@ Column {
                 required property string deadlineId
 
                 width: root.width
+                isRemoved: Array.from(undo.removed).includes(deadlineId)
                 onRemoved: root.remove(row, deadlineId, index)
+                onReturned: undo.putBack(deadlineId)
             }
         }
+    }
+    InkText {
+        width: root.width
+        topPadding: 10
+        bottomPadding: 10
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        text: "No deadlines. Add one below."
+        color: Theme.softText
+        font.pixelSize: Theme.buttonSize
+        visible: undo.isEmpty
     }
     SectionLabel {
         text: "ADD DEADLINE"

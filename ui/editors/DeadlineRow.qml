@@ -11,7 +11,7 @@ RemovableRow {
 
     subject: title
     implicitHeight: Math.max(words.height, badge.height) + 2 * 7
-    opacity: isPassed ? Theme.passedOpacity : 1
+    opacity: isPassed && !isRemoved ? Theme.passedOpacity : 1
 
     Column {
         id: words

@@ -14,16 +14,24 @@ QString countdown(const Deadline &deadline, Instant now)
     return secondsLeft > 0 ? Deadline::formatInterval(secondsLeft) : QStringLiteral("passed");
 }
 
-void DeadlineRows::setTicker(TickerViewModel *ticker)
+void DeadlineRows::setUndo(DeadlineUndo *undo)
 {
-    if (m_ticker != nullptr)
-        m_ticker->disconnect(this);
-    m_ticker = ticker;
-    if (m_ticker != nullptr) {
-        connect(m_ticker, &TickerViewModel::deadlinesChanged, this, &DeadlineRows::rebuild);
-        connect(m_ticker, &TickerViewModel::ticked, this, &DeadlineRows::follow);
+    if (m_undo != nullptr)
+        m_undo->disconnect(this);
+    m_undo = undo;
+    if (m_undo != nullptr) {
+        connect(m_undo, &DeadlineUndo::tickerChanged, this, &DeadlineRows::watchTicker);
+        connect(m_undo, &DeadlineUndo::offersChanged, this, &DeadlineRows::rebuild);
     }
-    emit tickerChanged();
+    emit undoChanged();
+    watchTicker();
+}
+
+void DeadlineRows::watchTicker()
+{
+    disconnect(m_ticks);
+    if (ticker() != nullptr)
+        m_ticks = connect(ticker(), &TickerViewModel::ticked, this, &DeadlineRows::follow);
     rebuild();
 }
 
@@ -62,12 +70,12 @@ QHash<int, QByteArray> DeadlineRows::roleNames() const
     };
 }
 
-DeadlineRows::Row DeadlineRows::rowOf(const Deadline &deadline) const
+DeadlineRows::Row DeadlineRows::rowOf(const Deadline &deadline, bool isRemoved) const
 {
-    const Instant now = m_ticker->now();
-    return { deadline.id.toString(QUuid::WithoutBraces), Wording::oneLine(deadline.title),
-        mediumDateTimeText(deadline.date, m_ticker->region()), countdown(deadline, now),
-        deadline.date <= now };
+    const Instant now = ticker()->now();
+    return { DeadlineUndo::keyOf(deadline), Wording::oneLine(deadline.title),
+        mediumDateTimeText(deadline.date, ticker()->region()), countdown(deadline, now), deadline.date <= now,
+        isRemoved };
 }
 
 QStringList DeadlineRows::idsOf(const QList<Row> &rows)
@@ -81,9 +89,10 @@ QStringList DeadlineRows::idsOf(const QList<Row> &rows)
 void DeadlineRows::rebuild()
 {
     QList<Row> rows;
-    if (m_ticker != nullptr) {
-        for (const Deadline &deadline : m_ticker->deadlines())
-            rows.append(rowOf(deadline));
+    if (ticker() != nullptr) {
+        const QStringList removed = m_undo->removed();
+        for (const Deadline &deadline : m_undo->shownDeadlines())
+            rows.append(rowOf(deadline, removed.contains(DeadlineUndo::keyOf(deadline))));
         rememberRegion();
     }
     addAndRemove(rows);
@@ -123,8 +132,8 @@ void DeadlineRows::follow()
 {
     if (!isRegionKnown())
         return rebuild();
-    const Instant now = m_ticker->now();
-    const QList<Deadline> deadlines = m_ticker->deadlines();
+    const Instant now = ticker()->now();
+    const QList<Deadline> deadlines = m_undo->shownDeadlines();
     for (int i = 0; i < count(); ++i) {
         Row row = m_rows.at(i);
         row.countdown = countdown(deadlines.at(i), now);
@@ -136,8 +145,8 @@ void DeadlineRows::follow()
 
 void DeadlineRows::recount()
 {
-    const auto active = static_cast<int>(
-        std::count_if(m_rows.cbegin(), m_rows.cend(), [](const Row &row) { return !row.isPassed; }));
+    const auto active = static_cast<int>(std::count_if(
+        m_rows.cbegin(), m_rows.cend(), [](const Row &row) { return !row.isPassed && !row.isRemoved; }));
     if (active == m_activeCount)
         return;
     m_activeCount = active;
@@ -146,14 +155,14 @@ void DeadlineRows::recount()
 
 bool DeadlineRows::isRegionKnown() const
 {
-    return m_locale == m_ticker->region().localeName()
-        && m_utcOffset == m_ticker->region().utcOffset(m_ticker->now());
+    return m_locale == ticker()->region().localeName()
+        && m_utcOffset == ticker()->region().utcOffset(ticker()->now());
 }
 
 void DeadlineRows::rememberRegion()
 {
-    m_locale = m_ticker->region().localeName();
-    m_utcOffset = m_ticker->region().utcOffset(m_ticker->now());
+    m_locale = ticker()->region().localeName();
+    m_utcOffset = ticker()->region().utcOffset(ticker()->now());
 }
 
 } // namespace glimmet

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/TickerViewModel.h"
+#include "ui/editors/DeadlineUndo.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -10,14 +11,15 @@ namespace glimmet {
 /// The time left until `deadline`, in words; from its own second on it has passed.
 QString countdown(const Deadline &deadline, Instant now);
 
-/// The ticker's deadlines as rows, in its order. Every tick tells which countdowns read anew. Rows stay when
-/// the list changes around them, so that what shows them keeps the keyboard.
+/// The ticker's deadlines as rows, in its order, and among them those that were removed and can be put back.
+/// Every tick tells which countdowns read anew. Rows stay when the list changes around them, so that what
+/// shows them keeps the keyboard.
 class DeadlineRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(glimmet::TickerViewModel *ticker READ ticker WRITE setTicker NOTIFY tickerChanged REQUIRED)
+    Q_PROPERTY(glimmet::DeadlineUndo *undo READ undo WRITE setUndo NOTIFY undoChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
-    /// How many are still to come.
+    /// How many are still to come, without those that were removed.
     Q_PROPERTY(int activeCount READ activeCount NOTIFY activeCountChanged)
 
 public:
@@ -31,8 +33,8 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    TickerViewModel *ticker() const { return m_ticker; }
-    void setTicker(TickerViewModel *ticker);
+    DeadlineUndo *undo() const { return m_undo; }
+    void setUndo(DeadlineUndo *undo);
     int count() const { return static_cast<int>(m_rows.size()); }
     int activeCount() const { return m_activeCount; }
 
@@ -41,7 +43,7 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void tickerChanged();
+    void undoChanged();
     void countChanged();
     void activeCountChanged();
 
@@ -52,11 +54,14 @@ private:
         QString dateText;
         QString countdown;
         bool isPassed = false;
+        bool isRemoved = false;
 
         friend bool operator==(const Row &, const Row &) = default;
     };
 
-    Row rowOf(const Deadline &deadline) const;
+    TickerViewModel *ticker() const { return m_undo == nullptr ? nullptr : m_undo->ticker(); }
+    void watchTicker();
+    Row rowOf(const Deadline &deadline, bool isRemoved) const;
     static QStringList idsOf(const QList<Row> &rows);
     void rebuild();
     void addAndRemove(const QList<Row> &wanted);
@@ -67,7 +72,8 @@ private:
     bool isRegionKnown() const;
     void rememberRegion();
 
-    TickerViewModel *m_ticker = nullptr;
+    DeadlineUndo *m_undo = nullptr;
+    QMetaObject::Connection m_ticks;
     QList<Row> m_rows;
     int m_activeCount = 0;
     QByteArray m_locale; ///< with which the dates are written

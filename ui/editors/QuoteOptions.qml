@@ -8,6 +8,7 @@ Column {
     required property TickerViewModel ticker
 
     readonly property bool hasQuotes: ticker.customQuotes.length > 0
+    property alias undo: undo
 
     function save(text: string) {
         ticker.addQuote(text);
@@ -15,23 +16,23 @@ Column {
         newQuote.leaveKeyboard();
     }
 
-    // The button goes with the quotes.
-    function reset(button: PlainButton) {
-        const hadKeyboard = button.visualFocus;
-        ticker.resetQuotes();
-        if (hadKeyboard)
-            newQuote.field.forceActiveFocus(Qt.TabFocusReason);
-    }
-
     function remove(row: QuoteRow, index: int) {
         const hadKeyboard = row.hasKeyboard;
-        ticker.removeQuote(row.quote);
+        undo.remove(row.quote);
         if (hadKeyboard)
             rows.keepKeyboardNear(index);
     }
 
     spacing: Theme.editorSpacing
 
+    QuoteUndo {
+        id: undo
+        ticker: root.ticker
+    }
+    UndoKey {
+        undo: undo
+        told: quotesLabel
+    }
     SectionLabel {
         text: "ADD QUOTE"
     }
@@ -51,24 +52,49 @@ Column {
             id: quotesLabel
             text: "YOUR QUOTES"
         }
-        PlainButton {
+        ClearingButton {
             id: resetButton
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            text: "Reset to defaults"
-            font.pixelSize: Theme.smallSize
-            ink: Theme.faintText
-            fill: Theme.clear
-            visible: root.hasQuotes
-            onClicked: root.reset(resetButton)
+            undo: undo
+            clearingText: "Reset to defaults"
+            fallback: newQuote.field
+            visible: !isOutOfUse
         }
         InkText {
-            anchors.right: parent.right
+            anchors.right: resetButton.visible ? resetButton.left : parent.right
+            anchors.rightMargin: resetButton.visible ? Theme.rowSpacing : 0
             anchors.verticalCenter: parent.verticalCenter
             text: Wording.usingDefaults(root.ticker.activeQuotes.length)
             color: Theme.faintText
             font.pixelSize: Theme.smallSize
             visible: !root.hasQuotes
+        }
+    }
+    Column {
+        width: root.width
+        spacing: Theme.listSpacing
+        visible: rows.count > 0
+
+        RowRepeater {
+            id: rows
+            fallback: newQuote.field
+            model: TextListModel {
+                entries: undo.shown
+            }
+
+            QuoteRow {
+                id: row
+
+                required property int index
+                required property string entry
+
+                width: root.width
+                quote: entry
+                isRemoved: Array.from(undo.removed).includes(entry)
+                onRemoved: root.remove(row, index)
+                onReturned: undo.putBack(entry)
+            }
         }
     }
     InkText {
@@ -81,29 +107,5 @@ Column {
         color: Theme.softText
         font.pixelSize: Theme.buttonSize
         visible: !root.hasQuotes
-    }
-    Column {
-        width: root.width
-        spacing: Theme.listSpacing
-        visible: root.hasQuotes
-
-        RowRepeater {
-            id: rows
-            fallback: newQuote.field
-            model: TextListModel {
-                entries: root.ticker.customQuotes
-            }
-
-            QuoteRow {
-                id: row
-
-                required property int index
-                required property string entry
-
-                width: root.width
-                quote: entry
-                onRemoved: root.remove(row, index)
-            }
-        }
     }
 }

@@ -53,6 +53,21 @@ QString Wording::removing(const QString &item)
     return QStringLiteral("Remove ") + item;
 }
 
+QString Wording::undoing(const QString &action)
+{
+    return QStringLiteral("Undo ") + action;
+}
+
+QString Wording::removed(const QString &item)
+{
+    return QStringLiteral("Removed %1. Ctrl+Z brings it back.").arg(item);
+}
+
+QString Wording::removedAll()
+{
+    return QStringLiteral("Removed all. Ctrl+Z brings them back.");
+}
+
 QString Wording::active(int count)
 {
     return QString::number(count) + QStringLiteral(" active");

@@ -35,6 +35,11 @@ public:
     Q_INVOKABLE static QString priceChart(const QString &shortName);
     /// What a screen reader says for the button that removes `item`.
     Q_INVOKABLE static QString removing(const QString &item);
+    /// What a screen reader says for the button that undoes `action`, which is what its button is called.
+    Q_INVOKABLE static QString undoing(const QString &action);
+    /// What a screen reader says after `item` was removed, or everything at once.
+    static QString removed(const QString &item);
+    static QString removedAll();
     /// Says how many deadlines are still to come.
     Q_INVOKABLE static QString active(int count);
     /// Those that are not empty, one after the other.

@@ -12,7 +12,11 @@ using testing::ElementsAre;
 
 class DeadlineRowsTest : public TickerTest {
 protected:
-    DeadlineRowsTest() { rows.setTicker(&ticker); }
+    DeadlineRowsTest()
+    {
+        undo.setTicker(&ticker);
+        rows.setUndo(&undo);
+    }
 
     QStringList texts(DeadlineRows::Role role) const
     {
@@ -23,6 +27,7 @@ protected:
     }
     QStringList countdowns() const { return texts(DeadlineRows::CountdownRole); }
 
+    DeadlineUndo undo;
     DeadlineRows rows;
     QAbstractItemModelTester tester{ &rows, QAbstractItemModelTester::FailureReportingMode::Fatal };
 };
@@ -46,7 +51,7 @@ TEST_F(DeadlineRowsTest, showsWhatThereIsAtFirst)
     ticker.setDeadlines({ world.deadline(u"b"_s, 3700), world.deadline(u"a"_s, 0) });
 
     DeadlineRows fresh;
-    fresh.setTicker(&ticker);
+    fresh.setUndo(&undo);
 
     ASSERT_EQ(fresh.count(), 2);
     EXPECT_EQ(fresh.index(0).data(DeadlineRows::TitleRole), u"b"_s);

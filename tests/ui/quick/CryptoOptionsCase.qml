@@ -25,7 +25,7 @@ PanelTestCase {
     }
 
     function chips(): var {
-        return all(options, SymbolChip);
+        return all(options, SymbolChip).filter(chip => !chip.isRemoved);
     }
 
     function symbols(): var {

@@ -38,7 +38,7 @@ PanelTestCase {
     }
 
     function rows(): var {
-        return all(options, DeadlineRow);
+        return all(options, DeadlineRow).filter(row => !row.isRemoved);
     }
 
     function shown(what: string): var {

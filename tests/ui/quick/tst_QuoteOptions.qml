@@ -30,7 +30,7 @@ PanelTestCase {
     }
 
     function rows(): var {
-        return all(options, QuoteRow);
+        return all(options, QuoteRow).filter(row => !row.isRemoved);
     }
 
     function quotes(): var {
@@ -193,14 +193,27 @@ PanelTestCase {
         verify(field().activeFocus);
     }
 
-    function test_theKeyboardGoesToTheFieldWhenTheQuotesAreReset() {
+    function test_theKeyboardGoesToTheFieldWhenAResetCanNoLongerBeUndone() {
         setQuotes(["one", "two"]);
+        options.undo.duration = 50;
         buttonOf(options, "Reset to defaults").forceActiveFocus(Qt.TabFocusReason);
 
         keyClick(Qt.Key_Return);
 
         compare(quotes(), []);
-        verify(field().activeFocus);
+        verify(buttonOf(options, "Undo").activeFocus);
+        tryVerify(() => field().activeFocus);
+        compare(buttonOf(options, "Undo"), null);
+    }
+
+    function test_theCountOfTheDefaultsStandsBesideUndo() {
+        setQuotes(["one", "two"]);
+
+        mouseClick(buttonOf(options, "Reset to defaults"));
+
+        const undo = areaOf(buttonOf(options, "Undo"), options);
+        compare(undo.right, 300);
+        compare(areaOf(textOf(options, "Using defaults (10)"), options).right, undo.left - 6);
     }
 
     function test_aMouseTakesNoKeyboardFocus() {

@@ -1,0 +1,28 @@
+import QtQuick
+import Glimmet
+
+// Removes all of a list, and then for a while puts it back.
+PlainButton {
+    id: button
+
+    required property Undo undo
+    required property string clearingText
+    // What takes the keyboard where there is nothing more to do.
+    required property Item fallback
+
+    readonly property bool undoes: undo.canUndoClearing
+
+    text: undoes ? "Undo" : clearingText
+    font.pixelSize: Theme.smallSize
+    ink: undoes ? Theme.ink : Theme.faintText
+    fill: Theme.clear
+    enabled: undoes || !undo.isEmpty
+    Accessible.name: undoes ? Wording.undoing(clearingText) : text
+    onClicked: undoes ? undo.undoClearing() : undo.clear()
+    // The second click would meet what the first has made of the button.
+    onDoubleClicked: {}
+    onIsOutOfUseChanged: {
+        if (isOutOfUse && focus)
+            fallback.forceActiveFocus(Qt.TabFocusReason);
+    }
+}
