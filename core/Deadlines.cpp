@@ -6,6 +6,8 @@
 #include "platform/Publish.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+
 namespace glimmet {
 namespace {
 
@@ -58,6 +60,19 @@ void Deadlines::add(const QString &title, Instant date)
     if (trimmed.isEmpty())
         return;
     add(Deadline{ QUuid::createUuid(), trimmed, date });
+}
+
+void Deadlines::replace(const QUuid &id, const QString &title, Instant date)
+{
+    QList<Deadline> deadlines = m_all;
+    const auto found = std::find_if(
+        deadlines.begin(), deadlines.end(), [&id](const Deadline &deadline) { return deadline.id == id; });
+    const Deadline replacement{ id, trimmedBlanks(title), date };
+    if (found == deadlines.end() || replacement.title.isEmpty() || *found == replacement)
+        return;
+    const bool staysInPlace = found->date == date;
+    *found = replacement;
+    setAll(staysInPlace ? deadlines : deadlinesByDate(deadlines));
 }
 
 void Deadlines::remove(const QUuid &id)

@@ -30,6 +30,9 @@ public:
     void add(const Deadline &deadline);
     /// Adds a new deadline of that title without the blanks around it; nothing happens where it is empty.
     void add(const QString &title, Instant date);
+    /// Gives a deadline that title without the blanks around it, and that date, by which the list is then
+    /// sorted as for a new one; nothing happens where the title is empty.
+    void replace(const QUuid &id, const QString &title, Instant date);
     void remove(const QUuid &id);
     /// Removes those that passed and those to come.
     void clear();

@@ -6,6 +6,8 @@
 #include "platform/Publish.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+
 namespace glimmet {
 
 Quotes::Quotes(PreferencesStore &preferences, QObject *parent)
@@ -42,6 +44,16 @@ void Quotes::add(const QString &text)
     if (quote.isEmpty() || m_custom.contains(quote))
         return;
     setCustom(m_custom + QStringList{ quote });
+}
+
+void Quotes::replace(const QString &text, const QString &replacement)
+{
+    const QString quote = trimmedBlanks(replacement);
+    if (quote.isEmpty() || m_custom.contains(quote) || !m_custom.contains(text))
+        return;
+    QStringList quotes = m_custom;
+    std::replace(quotes.begin(), quotes.end(), text, quote);
+    setCustom(quotes);
 }
 
 void Quotes::remove(const QString &text)

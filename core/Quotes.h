@@ -30,6 +30,9 @@ public:
 
     /// Appends a quote without the blanks around it; nothing happens where it is empty or known.
     void add(const QString &text);
+    /// Puts `replacement`, without the blanks around it, in the place of `text`; nothing happens where it is
+    /// empty or known.
+    void replace(const QString &text, const QString &replacement);
     void remove(const QString &text);
     /// Back to the default quotes.
     void reset();

@@ -116,6 +116,10 @@ public:
     qint64 quoteRotateInterval() const { return m_quotes.rotateInterval(); }
     void setQuoteRotateInterval(qint64 seconds) { m_quotes.setRotateInterval(seconds); }
     Q_INVOKABLE void addQuote(const QString &text) { m_quotes.add(text); }
+    Q_INVOKABLE void replaceQuote(const QString &text, const QString &replacement)
+    {
+        m_quotes.replace(text, replacement);
+    }
     Q_INVOKABLE void removeQuote(const QString &text) { m_quotes.remove(text); }
     Q_INVOKABLE void resetQuotes() { m_quotes.reset(); }
 
@@ -124,6 +128,10 @@ public:
     QList<Deadline> upcomingDeadlines() const { return m_deadlines.upcoming(); }
     void addDeadline(const Deadline &deadline) { m_deadlines.add(deadline); }
     void addDeadline(const QString &title, Instant date) { m_deadlines.add(title, date); }
+    void replaceDeadline(const QUuid &id, const QString &title, Instant date)
+    {
+        m_deadlines.replace(id, title, date);
+    }
     void removeDeadline(const QUuid &id) { m_deadlines.remove(id); }
     /// The same by the identity's text.
     Q_INVOKABLE void removeDeadline(const QString &id) { m_deadlines.remove(QUuid(id)); }

@@ -167,5 +167,37 @@ TEST(Deadline, isEqualOnlyInAllThreeFields)
     EXPECT_FALSE(deadline == (Deadline{ deadline.id, u"launch"_s, { 2 } }));
 }
 
+TEST_F(DeadlineList, keepsIdentityAndPlaceOfADeadlineThatIsRenamed)
+{
+    ticker.setDeadlines({ world.deadline(u"b"_s, 20), world.deadline(u"a"_s, 10) });
+    const Deadline b = ticker.deadlines().first();
+
+    ticker.replaceDeadline(b.id, u" exam "_s, b.date);
+
+    EXPECT_THAT(kept(), ElementsAre(u"exam"_s, u"a"_s));
+    EXPECT_EQ(ticker.deadlines().first().id, b.id);
+    EXPECT_EQ(deadlinesFromJson(*world.preferences.data(PreferencesKeys::deadlines)), ticker.deadlines());
+}
+
+TEST_F(DeadlineList, isSortedWhereADeadlineGetsAnotherDate)
+{
+    ticker.setDeadlines({ world.deadline(u"a"_s, 10), world.deadline(u"b"_s, 20) });
+
+    ticker.replaceDeadline(ticker.deadlines().first().id, u"a"_s, world.clock.now().advanced(30));
+
+    EXPECT_THAT(kept(), ElementsAre(u"b"_s, u"a"_s));
+}
+
+TEST_F(DeadlineList, staysWhereATitleIsBlankOrADeadlineUnknown)
+{
+    ticker.setDeadlines({ world.deadline(u"a"_s, 10) });
+    const QList<Deadline> before = ticker.deadlines();
+
+    ticker.replaceDeadline(before.first().id, u" \t"_s, world.clock.now().advanced(30));
+    ticker.replaceDeadline(QUuid::createUuid(), u"x"_s, world.clock.now());
+
+    EXPECT_EQ(ticker.deadlines(), before);
+}
+
 } // namespace
 } // namespace glimmet

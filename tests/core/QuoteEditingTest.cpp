@@ -1,3 +1,4 @@
+#include "core/PreferencesKeys.h"
 #include "tests/support/TestWorld.h"
 
 namespace glimmet {
@@ -103,6 +104,28 @@ TEST_F(QuoteEditing, hasNoLimitOnNumberAndLength)
 
     EXPECT_EQ(ticker.customQuotes().size(), 1001);
     EXPECT_EQ(ticker.customQuotes().last().size(), 100'000);
+}
+
+TEST_F(QuoteEditing, replacesAQuoteInItsPlace)
+{
+    ticker.setCustomQuotes({ u"a"_s, u"b"_s, u"c"_s });
+
+    ticker.replaceQuote(u"b"_s, u" slow down\t"_s);
+
+    EXPECT_THAT(ticker.customQuotes(), ElementsAre(u"a"_s, u"slow down"_s, u"c"_s));
+    EXPECT_EQ(world.preferences.stringList(PreferencesKeys::quotes), ticker.customQuotes());
+}
+
+TEST_F(QuoteEditing, replacesNothingByWhatCouldNotBeAdded)
+{
+    ticker.setCustomQuotes({ u"a"_s, u"b"_s });
+
+    ticker.replaceQuote(u"b"_s, u" \t "_s);
+    ticker.replaceQuote(u"b"_s, u" a"_s);
+    ticker.replaceQuote(u"b"_s, u"b "_s);
+    ticker.replaceQuote(u"x"_s, u"y"_s);
+
+    EXPECT_THAT(ticker.customQuotes(), ElementsAre(u"a"_s, u"b"_s));
 }
 
 } // namespace

@@ -41,6 +41,10 @@ T.TextField {
     font.pixelSize: Theme.fieldSize
     verticalAlignment: TextInput.AlignVCenter
 
+    // Held, a key takes what is typed once, and not what it found already pressed.
+    Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
+    Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
+
     Accessible.role: Accessible.EditableText
     Accessible.name: name
     Accessible.ignored: !(parent?.enabled ?? true)

@@ -8,7 +8,7 @@ namespace {
 
 bool isPressing(int key)
 {
-    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Delete;
 }
 
 /// Tells the repetitions of a key that is held. One for all controls, since one click may take the keyboard

@@ -15,7 +15,8 @@ RoundedBox {
     required property url offer
 
     readonly property real offerWidth: place.implicitWidth
-    readonly property bool hasKeyboard: keyboardStop.activeFocus || place.activeFocus
+    readonly property bool offerHasKeyboard: place.activeFocus
+    property bool hasKeyboard: keyboardStop.activeFocus || offerHasKeyboard
 
     signal removed
     signal returned

@@ -1,25 +1,95 @@
 import QtQuick
 import Glimmet
 
-// A row of a list, whose button stands at its end.
+// A row of a list, whose button stands at its end. It can be edited: by a double click, or by Return or F2 where
+// it has the keyboard.
 RemovableBox {
     id: root
 
     default property alias content: room.data
+    // What a screen reader says of it besides its subject.
+    property string details
+    // The RowEditor that stands in the row while it is edited, and what it requires.
+    required property url editor
+    required property var editorInputs
 
     // Where the row's own room ends.
     readonly property real contentEnd: cross.x
+    readonly property real editorHeight: place.implicitHeight
+    property bool isEditing: false
 
-    keyboardStop: cross
+    // The editor is about to go, and what is entered in it shall count; whether the row has the keyboard now.
+    signal edited(editor: RowEditor, keepsKeyboard: bool)
+
+    function edit() {
+        isEditing = true;
+        place.setSource(editor, editorInputs);
+        (place.item as RowEditor).begin();
+    }
+
+    // The keyboard comes back from the editor, if it is still there.
+    function leaveEditor(): bool {
+        const hadKeyboard = place.activeFocus;
+        isEditing = false;
+        if (hadKeyboard)
+            takeKeyboard();
+        return hadKeyboard;
+    }
+
+    function finishEditing() {
+        if (!isEditing)
+            return;
+        const keepsKeyboard = leaveEditor();
+        edited(place.item as RowEditor, keepsKeyboard);
+        place.source = "";
+    }
+
+    function cancelEditing() {
+        leaveEditor();
+        place.source = "";
+    }
+
+    keyboardStop: handle
+    hasKeyboard: body.activeFocus || place.activeFocus || offerHasKeyboard
     offer: "RowOffer.qml"
     radius: Theme.rowRadius
     color: Theme.rowFill
 
-    Item {
+    FocusScope {
+        id: body
         anchors.fill: parent
-        enabled: !root.isRemoved
-        visible: !root.isRemoved
+        enabled: !root.isRemoved && !root.isEditing
+        visible: !root.isRemoved && !root.isEditing
 
+        Item {
+            id: handle
+            anchors.fill: parent
+            activeFocusOnTab: true
+            Accessible.role: Accessible.ListItem
+            Accessible.ignored: !parent.enabled
+            Accessible.name: root.subject
+            Accessible.description: root.details + "Return edits it, Delete removes it."
+            Accessible.focusable: true
+            Accessible.focused: activeFocus
+            Accessible.onPressAction: root.edit()
+            Keys.onReturnPressed: root.edit()
+            Keys.onEnterPressed: root.edit()
+            Keys.onPressed: event => {
+                event.accepted = event.key === Qt.Key_F2;
+                if (event.accepted)
+                    root.edit();
+            }
+            Keys.onDeletePressed: root.removed()
+
+            HeldKeyFilter {
+                target: handle
+            }
+            MouseArea {
+                anchors.fill: parent
+                onPressed: handle.forceActiveFocus(Qt.MouseFocusReason)
+                onDoubleClicked: root.edit()
+            }
+        }
         // Before the button, as it is read.
         Item {
             id: room
@@ -37,10 +107,29 @@ RemovableBox {
             symbolSize: Theme.symbolSize
             ink: Theme.quietSymbol
             fill: Theme.clear
+            // The row has the keyboard for it.
+            focusPolicy: Qt.NoFocus
             Accessible.name: Wording.removing(root.subject)
             onClicked: root.removed()
             // A double click on Undo ends here.
             onDoubleClicked: {}
         }
+        FocusRing {
+            cornerRadius: root.radius
+            visible: body.activeFocus
+        }
+    }
+    Loader {
+        id: place
+        anchors.fill: parent
+        onLoaded: (item as RowEditor).finished.connect(root.finishEditing)
+        onActiveFocusChanged: {
+            if (!activeFocus)
+                root.finishEditing();
+        }
+
+        // The panel closes on the same key.
+        Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape
+        Keys.onEscapePressed: root.cancelEditing()
     }
 }

@@ -45,6 +45,15 @@ void DateTimeEntry::reset()
     m_calendar.close();
     setMoment(m_ticker->now().advanced(dayLength));
     m_isDefault = true;
+    m_isAsBegun = false;
+}
+
+void DateTimeEntry::begin(Instant moment)
+{
+    reset();
+    setMoment(moment);
+    m_isDefault = false;
+    m_isAsBegun = true;
 }
 
 /// The rows become new ones only where they must: the keyboard may be in one of them.
@@ -67,7 +76,7 @@ void DateTimeEntry::takeConventions(const DateTimeConventions &conventions)
 Instant DateTimeEntry::settledMoment()
 {
     settle();
-    return std::max(m_moment, m_ticker->now());
+    return m_isAsBegun ? m_moment : std::max(m_moment, m_ticker->now());
 }
 
 void DateTimeEntry::step(int row, int steps)
@@ -151,6 +160,8 @@ void DateTimeEntry::settle()
 {
     finish(m_input.row);
     renewDefault();
+    if (m_isAsBegun)
+        return;
     const Instant earliest = startOfMinute(m_ticker->now());
     if (m_input.fields != settledFields())
         setMoment(momentNotBefore(earliest, m_input.fields, m_ticker->region()));
@@ -256,6 +267,7 @@ void DateTimeEntry::setFields(const DateTimeFields &fields)
 {
     m_input.fields = fields;
     m_isDefault = false;
+    m_isAsBegun = false;
     refresh();
 }
 
@@ -272,11 +284,15 @@ void DateTimeEntry::followClock()
     m_calendar.setToday(today());
 }
 
-/// A default that the user has not touched is not left to pass, and is a day ahead by the clock of any zone.
+/// A default that the user has not touched is not left to pass, and is a day ahead by the clock of any zone; a
+/// moment that was given stays that moment.
 void DateTimeEntry::renewDefault()
 {
-    if (m_isDefault && (m_moment <= m_ticker->now() || m_input.fields != settledFields()))
+    const bool isOfAnotherZone = m_input.fields != settledFields();
+    if (m_isDefault && (m_moment <= m_ticker->now() || isOfAnotherZone))
         setMoment(m_ticker->now().advanced(dayLength));
+    if (m_isAsBegun && isOfAnotherZone)
+        setMoment(m_moment);
 }
 
 void DateTimeEntry::chooseDay(QDate date)
@@ -298,7 +314,9 @@ int DateTimeEntry::typeText(int row, const QString &text)
     const auto next = withTyped(input, text, inputRules());
     if (!next)
         return -1;
-    m_isDefault = m_isDefault && !next->run && next->letters.isEmpty();
+    const bool isUntouched = !next->run && next->letters.isEmpty();
+    m_isDefault = m_isDefault && isUntouched;
+    m_isAsBegun = m_isAsBegun && isUntouched;
     m_input = *next;
     refresh();
     return m_input.row;

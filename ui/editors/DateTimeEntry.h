@@ -48,6 +48,9 @@ public:
 
     /// One day from now, in the locale as it is now.
     void reset();
+    /// Begins with a moment that was entered before. While nothing is changed it stays the very same, also
+    /// one that has passed.
+    void begin(Instant moment);
     /// What was entered, and never before now.
     Instant settledMoment();
 
@@ -102,6 +105,7 @@ private:
     Instant m_moment; ///< as it was settled last
     DateTimeInput m_input; ///< the fields as they are shown, and what is being typed
     bool m_isDefault = true;
+    bool m_isAsBegun = false; ///< the moment was given, and nothing was changed since
 };
 
 } // namespace glimmet

@@ -33,4 +33,20 @@ void DeadlineForm::add()
     m_date.reset();
 }
 
+void DeadlineForm::begin(const QString &id)
+{
+    m_id = QUuid(id);
+    for (const Deadline &deadline : m_ticker->deadlines()) {
+        if (deadline.id != m_id)
+            continue;
+        setTitle(deadline.title);
+        m_date.begin(deadline.date);
+    }
+}
+
+void DeadlineForm::save()
+{
+    m_ticker->replaceDeadline(m_id, m_title, m_date.settledMoment());
+}
+
 } // namespace glimmet

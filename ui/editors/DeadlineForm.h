@@ -8,7 +8,7 @@
 
 namespace glimmet {
 
-/// A deadline that is being entered.
+/// A deadline that is being entered: a new one, or one that there is.
 class DeadlineForm : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -31,12 +31,18 @@ public:
     /// Hands the deadline to the ticker and begins a new one; nothing happens while it cannot be added.
     Q_INVOKABLE void add();
 
+    /// Begins with a deadline that there is, by its identity's text.
+    Q_INVOKABLE void begin(const QString &id);
+    /// Hands that deadline to the ticker as it is entered now.
+    Q_INVOKABLE void save();
+
 signals:
     void tickerChanged();
     void titleChanged();
 
 private:
     TickerViewModel *m_ticker = nullptr;
+    QUuid m_id; ///< of the deadline that there is
     QString m_title;
     DateTimeEntry m_date;
 };

@@ -16,6 +16,13 @@ Column {
             rows.keepKeyboardNear(index);
     }
 
+    // Another date may give it another place.
+    function take(editor: RowEditor, id: string, keepsKeyboard: bool) {
+        editor.taken();
+        if (keepsKeyboard)
+            rows.keepKeyboardNear(Array.from(undo.shown).indexOf(id));
+    }
+
     // The button cannot keep the keyboard: without a name there is nothing more to add.
     function addByButton() {
         const hadKeyboard = addButton.visualFocus;
@@ -81,11 +88,12 @@ Column {
                 id: row
 
                 required property int index
-                required property string deadlineId
 
                 width: root.width
+                ticker: root.ticker
                 isRemoved: Array.from(undo.removed).includes(deadlineId)
                 onRemoved: root.remove(row, deadlineId, index)
+                onEdited: (editor, keepsKeyboard) => root.take(editor, deadlineId, keepsKeyboard)
                 onReturned: undo.putBack(deadlineId)
             }
         }

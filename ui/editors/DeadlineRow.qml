@@ -4,14 +4,22 @@ import Glimmet
 RemovableRow {
     id: root
 
+    required property TickerViewModel ticker
+    required property string deadlineId
     required property string title
     required property string dateText
     required property string countdown
     required property bool isPassed
 
     subject: title
-    implicitHeight: Math.max(words.height, badge.height) + 2 * 7
-    opacity: isPassed && !isRemoved ? Theme.passedOpacity : 1
+    details: dateText + ", " + countdown + ". "
+    editor: "DeadlineEditor.qml"
+    editorInputs: ({
+            ticker: ticker,
+            deadlineId: deadlineId
+        })
+    implicitHeight: isEditing ? editorHeight : Math.max(words.height, badge.height) + 2 * 7
+    opacity: isPassed && !isRemoved && !isEditing ? Theme.passedOpacity : 1
 
     Column {
         id: words

@@ -23,6 +23,13 @@ Column {
             rows.keepKeyboardNear(index);
     }
 
+    // Another quote is another row.
+    function take(editor: RowEditor, index: int, keepsKeyboard: bool) {
+        editor.taken();
+        if (keepsKeyboard)
+            rows.keepKeyboardNear(index);
+    }
+
     spacing: Theme.editorSpacing
 
     QuoteUndo {
@@ -90,9 +97,11 @@ Column {
                 required property string entry
 
                 width: root.width
+                ticker: root.ticker
                 quote: entry
                 isRemoved: Array.from(undo.removed).includes(entry)
                 onRemoved: root.remove(row, index)
+                onEdited: (editor, keepsKeyboard) => root.take(editor, index, keepsKeyboard)
                 onReturned: undo.putBack(entry)
             }
         }

@@ -4,9 +4,15 @@ import Glimmet
 RemovableRow {
     id: root
 
+    required property TickerViewModel ticker
     required property string quote
 
     subject: quote
+    editor: "QuoteEditor.qml"
+    editorInputs: ({
+            ticker: ticker,
+            quote: quote
+        })
     implicitHeight: Math.ceil(Math.max(label.implicitHeight, Theme.symbolSize)) + 2 * 7
 
     InkText {

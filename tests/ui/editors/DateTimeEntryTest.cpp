@@ -67,6 +67,40 @@ TEST_F(DateTimeEntryTest, beginsOneDayAheadToTheSecond)
     EXPECT_EQ(saved(), u"2026-05-05T08:05:07Z"_s);
 }
 
+TEST_F(DateTimeEntryTest, beginsWithAGivenMomentAndKeepsItWhileNothingIsChanged)
+{
+    entry.begin(instantAt(u"2026-05-09T17:30:45Z"_s));
+    EXPECT_EQ(shown(), u"09/05/2026 18:30"_s);
+    entry.settle();
+    EXPECT_EQ(saved(), u"2026-05-09T17:30:45Z"_s);
+
+    entry.step(0, 1);
+
+    EXPECT_EQ(saved(), u"2026-05-10T17:30:00Z"_s);
+}
+
+TEST_F(DateTimeEntryTest, keepsAGivenMomentThatHasPassedUntilItIsChanged)
+{
+    entry.begin(instantAt(u"2026-05-01T07:00:00Z"_s));
+    tick();
+    entry.leave();
+    EXPECT_EQ(shown(), u"01/05/2026 08:00"_s);
+    EXPECT_EQ(saved(), u"2026-05-01T07:00:00Z"_s);
+
+    entry.step(4, 1);
+
+    EXPECT_EQ(saved(), u"2026-05-04T08:05:08Z"_s);
+}
+
+TEST_F(DateTimeEntryTest, beginsAnewAfterAGivenMoment)
+{
+    entry.begin(instantAt(u"2026-05-01T07:00:00Z"_s));
+
+    entry.reset();
+
+    EXPECT_EQ(saved(), u"2026-05-05T08:05:07Z"_s);
+}
+
 TEST_F(DateTimeEntryTest, standsAsTheLocaleWritesIt)
 {
     const QString now = u"2026-05-04T20:05:07Z"_s;
@@ -528,6 +562,23 @@ TEST_F(DeadlineFormTest, addsTheTrimmedTitleWithItsDateAndBeginsAnew)
     EXPECT_EQ(form.title(), QString());
     EXPECT_FALSE(form.canAdd());
     EXPECT_EQ(form.date()->settledMoment(), world.clock.now().advanced(86400));
+}
+
+TEST_F(DeadlineFormTest, savesADeadlineThatThereIs)
+{
+    ticker.addDeadline(u"Math Exam"_s, world.clock.now().advanced(300));
+    const Deadline before = ticker.deadlines().first();
+    form.begin(before.id.toString(QUuid::WithoutBraces));
+    EXPECT_EQ(form.title(), u"Math Exam"_s);
+
+    form.save();
+    EXPECT_EQ(ticker.deadlines(), QList<Deadline>{ before });
+    form.setTitle(u" Physics Exam "_s);
+    form.date()->setNumber(0, 20);
+    form.save();
+
+    EXPECT_THAT(ticker.deadlines(),
+        ElementsAre(Deadline{ before.id, u"Physics Exam"_s, instantAt(u"2026-05-20T08:10:00Z"_s) }));
 }
 
 } // namespace

@@ -318,12 +318,12 @@ PanelTestCase {
         add("three", 3);
         rows()[1].takeKeyboard();
 
-        keyClick(Qt.Key_Space);
+        keyClick(Qt.Key_Delete);
         verify(rows()[1].hasKeyboard);
         compare(rows()[1].title, "three");
-        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Delete);
         verify(rows()[0].hasKeyboard);
-        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Delete);
 
         compare(world.deadlines(), []);
         verify(field().activeFocus);
@@ -379,7 +379,7 @@ PanelTestCase {
     function test_tabVisitsEverythingInOrderOfSight() {
         add("one", 1);
         type("exam");
-        const names = ["Clear all", "Remove one", "Deadline name", "Due date, day", "Due date, month",
+        const names = ["Clear all", "one", "Deadline name", "Due date, day", "Due date, month",
             "Due date, year", "Due date, hour", "Due date, minute", "Due date", "Add Deadline"];
         buttonOf(options, "Clear all").forceActiveFocus(Qt.TabFocusReason);
         const visited = [];

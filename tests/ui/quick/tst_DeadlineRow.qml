@@ -8,6 +8,8 @@ PanelTestCase {
     DeadlineRow {
         id: row
         width: 300
+        ticker: null
+        deadlineId: ""
         title: ""
         dateText: "5 May 2026, 09:05"
         countdown: "2d 5h"
@@ -118,6 +120,6 @@ PanelTestCase {
 
     function test_everythingIsToldByItsName() {
         compare(reader.told(row).filter(line => !line.startsWith("NoRole") && !line.startsWith("Client")),
-            ["StaticText Math Exam", "StaticText 5 May 2026, 09:05", "StaticText 2d 5h", "Button Remove Math Exam"]);
+            ["ListItem Math Exam", "StaticText Math Exam", "StaticText 5 May 2026, 09:05", "StaticText 2d 5h", "Button Remove Math Exam"]);
     }
 }

@@ -8,6 +8,7 @@ PanelTestCase {
     QuoteRow {
         id: row
         width: 300
+        ticker: null
         quote: ""
     }
     SignalSpy {
