@@ -11,6 +11,10 @@ const DesktopSetting reducedMotion{ QStringLiteral("org.freedesktop.appearance")
     QStringLiteral("reduced-motion") };
 const DesktopSetting gnomeAnimations{ QStringLiteral("org.gnome.desktop.interface"),
     QStringLiteral("enable-animations") };
+/// The portal's number: 1 for more contrast, 0 for no preference.
+const DesktopSetting contrast{ QStringLiteral("org.freedesktop.appearance"), QStringLiteral("contrast") };
+const DesktopSetting gnomeContrast{ QStringLiteral("org.gnome.desktop.a11y.interface"),
+    QStringLiteral("high-contrast") };
 const DesktopSetting kdeAnimationTime{ QStringLiteral("org.kde.kdeglobals.KDE"),
     QStringLiteral("AnimationDurationFactor") };
 
@@ -27,6 +31,11 @@ bool reducesMotion(const DesktopSettings &settings)
         || (isNumber && factor <= 0);
 }
 
+bool wantsContrast(const DesktopSettings &settings)
+{
+    return settings.value(contrast).toUInt() == 1 || settings.value(gnomeContrast).toBool();
+}
+
 uint schemeOfGnome(const QByteArray &value)
 {
     if (value == "'prefer-dark'")
@@ -38,7 +47,7 @@ uint schemeOfGnome(const QByteArray &value)
 
 QList<DesktopSetting> lookSettings()
 {
-    return { colorScheme, reducedMotion, gnomeAnimations, kdeAnimationTime };
+    return { colorScheme, reducedMotion, gnomeAnimations, kdeAnimationTime, contrast, gnomeContrast };
 }
 
 std::optional<ColorScheme> preferredScheme(const DesktopSettings &settings)
@@ -55,7 +64,12 @@ std::optional<ColorScheme> preferredScheme(const DesktopSettings &settings)
 
 DesktopLook desktopLook(const DesktopSettings &settings, ColorScheme palette)
 {
-    return { preferredScheme(settings).value_or(palette), reducesMotion(settings) };
+    return { preferredScheme(settings).value_or(palette), reducesMotion(settings), wantsContrast(settings) };
+}
+
+QStringList schemasOfGnome()
+{
+    return { gnomeAnimations.group, gnomeContrast.group };
 }
 
 DesktopSettings settingsOfGnome(const QByteArray &listing)
@@ -69,6 +83,8 @@ DesktopSettings settingsOfGnome(const QByteArray &listing)
             settings.insert(colorScheme, schemeOfGnome(value));
         else if (key == "enable-animations")
             settings.insert(gnomeAnimations, value != "false");
+        else if (key == "high-contrast")
+            settings.insert(gnomeContrast, value == "true");
     }
     return settings;
 }

@@ -14,6 +14,7 @@ namespace glimmet {
 struct DesktopLook {
     ColorScheme scheme = ColorScheme::Light;
     bool reducesMotion = false; ///< nothing shall move for show
+    bool wantsContrast = false; ///< texts and edges shall stand out more
 
     friend bool operator==(const DesktopLook &, const DesktopLook &) = default;
 };
@@ -43,7 +44,9 @@ DesktopLook desktopLook(const DesktopSettings &settings, ColorScheme palette);
 /// The scheme that the settings prefer, if any.
 std::optional<ColorScheme> preferredScheme(const DesktopSettings &settings);
 
-/// The same settings from what `gsettings list-recursively org.gnome.desktop.interface` prints.
+/// The schemas in which GNOME keeps the same settings, and these from what `gsettings list-recursively`
+/// prints of them.
+QStringList schemasOfGnome();
 DesktopSettings settingsOfGnome(const QByteArray &listing);
 
 } // namespace glimmet

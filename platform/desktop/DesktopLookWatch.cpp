@@ -105,22 +105,33 @@ void DesktopLookWatch::readDesktopSettings()
     m_isReadingStale = m_reader != nullptr;
     if (m_isReadingStale)
         return;
+    m_listing.clear();
+    readSchemas(schemasOfGnome());
+}
+
+void DesktopLookWatch::readSchemas(const QStringList &schemas)
+{
     m_reader = std::make_unique<QProcess>();
-    connect(m_reader.get(), &QProcess::finished, this, &DesktopLookWatch::finishReading);
+    connect(m_reader.get(), &QProcess::finished, this, [this, rest = schemas.mid(1)] {
+        m_listing += m_reader->readAllStandardOutput();
+        m_reader.release()->deleteLater();
+        if (rest.isEmpty())
+            finishReading();
+        else
+            readSchemas(rest);
+    });
     connect(m_reader.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             m_reader.release()->deleteLater();
     });
-    m_reader->start(QStringLiteral("gsettings"),
-        { QStringLiteral("list-recursively"), QStringLiteral("org.gnome.desktop.interface") });
+    m_reader->start(
+        QStringLiteral("gsettings"), { QStringLiteral("list-recursively"), schemas.constFirst() });
 }
 
 void DesktopLookWatch::finishReading()
 {
-    const QByteArray answer = m_reader->readAllStandardOutput();
-    m_reader.release()->deleteLater();
     if (!m_hasPortal)
-        setSettings(settingsOfGnome(answer));
+        setSettings(settingsOfGnome(m_listing));
     if (m_isReadingStale)
         readDesktopSettings();
 }

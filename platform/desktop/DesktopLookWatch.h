@@ -38,12 +38,15 @@ private slots:
 
 private:
     void readPortal(const QDBusConnection &bus, const DesktopSetting &setting);
+    /// Reads these schemas of GNOME's one after the other.
+    void readSchemas(const QStringList &schemas);
     void finishReading();
     void setSettings(const DesktopSettings &settings);
 
     DesktopSettings m_settings;
     bool m_hasPortal = false;
     std::unique_ptr<QProcess> m_reader;
+    QByteArray m_listing; ///< what it has read so far
     bool m_isReadingStale = false;
 };
 

@@ -62,5 +62,5 @@ public:
 
 } // namespace glimmet
 
-#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/3"
+#define GLIMMET_PANEL_MODULE_IID "me.kerno.glimmet.PanelModule/4"
 Q_DECLARE_INTERFACE(glimmet::PanelModule, GLIMMET_PANEL_MODULE_IID)

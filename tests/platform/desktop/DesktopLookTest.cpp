@@ -12,12 +12,19 @@ DesktopSetting setting(const char *group, const char *key)
 
 const DesktopSetting colorScheme = setting("org.freedesktop.appearance", "color-scheme");
 const DesktopSetting reducedMotion = setting("org.freedesktop.appearance", "reduced-motion");
+const DesktopSetting contrast = setting("org.freedesktop.appearance", "contrast");
+const DesktopSetting gnomeContrast = setting("org.gnome.desktop.a11y.interface", "high-contrast");
 const DesktopSetting gnomeAnimations = setting("org.gnome.desktop.interface", "enable-animations");
 const DesktopSetting kdeAnimationTime = setting("org.kde.kdeglobals.KDE", "AnimationDurationFactor");
 
 bool reducesMotion(const DesktopSettings &settings)
 {
     return desktopLook(settings, ColorScheme::Light).reducesMotion;
+}
+
+bool wantsContrast(const DesktopSettings &settings)
+{
+    return desktopLook(settings, ColorScheme::Light).wantsContrast;
 }
 
 TEST(DesktopLook, isThatOfThePaletteWhereNothingIsKnown)
@@ -49,23 +56,41 @@ TEST(DesktopLook, movesWhereTheDesktopsDo)
     EXPECT_FALSE(reducesMotion({ { kdeAnimationTime, QStringLiteral("fast") } }));
 }
 
+TEST(DesktopLook, raisesItsContrastWhereAnyDesktopAsksForIt)
+{
+    EXPECT_TRUE(wantsContrast({ { contrast, 1U } }));
+    EXPECT_TRUE(wantsContrast({ { gnomeContrast, true } }));
+    EXPECT_TRUE(wantsContrast({ { gnomeContrast, true }, { contrast, 0U } }));
+}
+
+TEST(DesktopLook, keepsItsContrastWhereNoneDoes)
+{
+    EXPECT_FALSE(wantsContrast({}));
+    EXPECT_FALSE(wantsContrast({ { contrast, 0U }, { gnomeContrast, false } }));
+    EXPECT_FALSE(wantsContrast({ { contrast, 2U } }));
+}
+
 TEST(DesktopLook, isReadFromGnomesListing)
 {
     const DesktopSettings settings =
         settingsOfGnome("org.gnome.desktop.interface clock-format '24h'\n"
                         "org.gnome.desktop.interface color-scheme 'prefer-dark'\n"
-                        "org.gnome.desktop.interface enable-animations false\n");
+                        "org.gnome.desktop.interface enable-animations false\n"
+                        "org.gnome.desktop.a11y.interface high-contrast true\n");
 
-    EXPECT_EQ(desktopLook(settings, ColorScheme::Light), (DesktopLook{ ColorScheme::Dark, true }));
+    EXPECT_EQ(desktopLook(settings, ColorScheme::Light), (DesktopLook{ ColorScheme::Dark, true, true }));
 }
 
 TEST(DesktopLook, ofGnomesDefaultsHasNoPreference)
 {
-    const DesktopSettings settings = settingsOfGnome("org.gnome.desktop.interface color-scheme 'default'\n"
-                                                     "org.gnome.desktop.interface enable-animations true\n");
+    const DesktopSettings settings =
+        settingsOfGnome("org.gnome.desktop.interface color-scheme 'default'\n"
+                        "org.gnome.desktop.interface enable-animations true\n"
+                        "org.gnome.desktop.a11y.interface high-contrast false\n");
 
     EXPECT_FALSE(preferredScheme(settings).has_value());
     EXPECT_FALSE(reducesMotion(settings));
+    EXPECT_FALSE(wantsContrast(settings));
 }
 
 TEST(DesktopLook, ofAnEmptyListingIsUnknown)

@@ -3,9 +3,11 @@
 
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -17,6 +19,7 @@ const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Setting
 
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
+const QString contrast = QStringLiteral("contrast");
 const QString gnome = QStringLiteral("org.gnome.desktop.interface");
 const QString animations = QStringLiteral("enable-animations");
 
@@ -58,6 +61,36 @@ private:
     DesktopSettings m_settings;
 };
 
+/// GNOME's settings, dark and of high contrast, as its own tool tells them: one schema at a time.
+class GnomeWithoutPortal {
+public:
+    GnomeWithoutPortal()
+    {
+        QFile tool(m_folder.filePath(QStringLiteral("gsettings")));
+        if (!tool.open(QIODevice::WriteOnly))
+            return;
+        tool.write("#!/bin/sh\n"
+                   "case $2 in\n"
+                   "org.gnome.desktop.interface) echo \"$2 color-scheme 'prefer-dark'\" ;;\n"
+                   "org.gnome.desktop.a11y.interface) echo \"$2 high-contrast true\" ;;\n"
+                   "esac\n");
+        tool.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("PATH", m_folder.path().toUtf8());
+        qputenv("XDG_CURRENT_DESKTOP", "GNOME");
+    }
+    ~GnomeWithoutPortal()
+    {
+        qputenv("PATH", m_path);
+        qputenv("XDG_CURRENT_DESKTOP", m_desktop);
+    }
+    Q_DISABLE_COPY_MOVE(GnomeWithoutPortal)
+
+private:
+    QTemporaryDir m_folder;
+    const QByteArray m_path = qgetenv("PATH");
+    const QByteArray m_desktop = qgetenv("XDG_CURRENT_DESKTOP");
+};
+
 class DesktopLookWatchTest : public testing::Test {
 protected:
     DesktopLookWatchTest()
@@ -95,7 +128,7 @@ TEST_F(DesktopLookWatchTest, followsThePortalWhileItRuns)
 
     portal.change(appearance, colorScheme, 1U);
     ASSERT_TRUE(waitFor([&] { return watch.look().scheme == ColorScheme::Dark; }));
-    portal.change(appearance, QStringLiteral("contrast"), 1U);
+    portal.change(appearance, QStringLiteral("accent-color"), 1U);
     portal.change(gnome, colorScheme, QStringLiteral("prefer-dark"));
     portal.change(appearance, colorScheme, 2U);
 
@@ -127,6 +160,42 @@ TEST_F(DesktopLookWatchTest, followsAWishForLessMotionWhileItRuns)
 
     EXPECT_TRUE(waitFor([&] { return !watch.look().reducesMotion; }));
     EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(DesktopLookWatchTest, takesThePortalsWordForMoreContrastAtTheStart)
+{
+    Portal portal(desktop, 0);
+    portal.change(QStringLiteral("org.gnome.desktop.a11y.interface"), QStringLiteral("high-contrast"), true);
+    DesktopLookWatch watch;
+
+    watch.follow(own);
+
+    EXPECT_TRUE(waitFor([&] { return watch.look().wantsContrast; }));
+}
+
+TEST_F(DesktopLookWatchTest, followsAWishForMoreContrastWhileItRuns)
+{
+    Portal portal(desktop, 2);
+    DesktopLookWatch watch;
+    QSignalSpy changed(&watch, &DesktopLookWatch::changed);
+    watch.follow(own);
+
+    portal.change(appearance, contrast, 1U);
+    ASSERT_TRUE(waitFor([&] { return watch.look().wantsContrast; }));
+    portal.change(appearance, contrast, 0U);
+
+    EXPECT_TRUE(waitFor([&] { return !watch.look().wantsContrast; }));
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(DesktopLookWatchTest, readsAllOfGnomesWishesWhereThereIsNoPortal)
+{
+    const GnomeWithoutPortal surroundings;
+    DesktopLookWatch watch;
+
+    watch.follow(own);
+
+    EXPECT_TRUE(waitFor([&] { return watch.look() == DesktopLook{ ColorScheme::Dark, false, true }; }));
 }
 
 TEST_F(DesktopLookWatchTest, takesThePalettesLightnessWhereThePortalHasNoPreference)
