@@ -17,7 +17,7 @@ RoundedBox {
 
     implicitHeight: 6
     radius: height / 2
-    color: Theme.switchedOff
+    color: Theme.progressTrack
 
     Accessible.role: Accessible.ProgressBar
     Accessible.name: label

@@ -48,7 +48,7 @@ RemovableBox {
             width: Theme.dotSize
             height: width
             radius: width / 2
-            color: Theme.accent
+            color: Theme.accentOnInk
             opacity: root.presence
             visible: root.shown
         }

@@ -7,36 +7,38 @@ QtObject {
     readonly property color background: Appearance.background
     readonly property color ink: Appearance.ink
     readonly property color accent: Appearance.accent
+    readonly property color accentOnInk: Appearance.accentOnInk
     readonly property color knob: Appearance.knob
     readonly property color clear: Qt.alpha(ink, 0)
 
-    readonly property color softText: Qt.alpha(ink, 0.4)
-    readonly property color labelText: Qt.alpha(ink, 0.38)
-    readonly property color helpText: Qt.alpha(ink, 0.35)
-    readonly property color faintText: Qt.alpha(ink, 0.3)
-    readonly property color faintestText: Qt.alpha(ink, 0.25)
-    readonly property color busyText: Qt.alpha(ink, 0.45)
-    readonly property color quietSymbol: Qt.alpha(ink, 0.2)
-    readonly property color cardSymbol: Qt.alpha(ink, 0.6)
-    readonly property color choiceInk: Qt.alpha(ink, 0.7)
+    readonly property color softText: Appearance.shades.text(0.4)
+    readonly property color labelText: Appearance.shades.text(0.38)
+    readonly property color helpText: Appearance.shades.text(0.35)
+    readonly property color faintText: Appearance.shades.text(0.3)
+    readonly property color faintestText: Appearance.shades.text(0.25)
+    readonly property color busyText: Appearance.shades.text(0.45)
+    readonly property color quietSymbol: Appearance.shades.text(0.2)
+    readonly property color cardSymbol: Appearance.shades.text(0.6)
+    readonly property color choiceInk: Appearance.shades.text(0.7)
 
     readonly property color fieldFill: Qt.alpha(ink, 0.04)
     readonly property color rowFill: Qt.alpha(ink, 0.05)
     readonly property color buttonFill: Qt.alpha(ink, 0.07)
-    readonly property color cardBorder: Qt.alpha(ink, 0.1)
-    readonly property color chipBorder: Qt.alpha(ink, 0.13)
-    readonly property color fieldBorder: Qt.alpha(ink, 0.12)
-    readonly property color separator: Qt.alpha(ink, 0.08)
-    readonly property color divider: Qt.alpha(ink, 0.1)
-    readonly property color switchedOff: Qt.alpha(ink, 0.18)
+    readonly property color cardBorder: Appearance.shades.edge(0.1)
+    readonly property color chipBorder: Appearance.shades.edge(0.13)
+    readonly property color fieldBorder: Appearance.shades.edge(0.12)
+    readonly property color separator: Appearance.shades.edge(0.08)
+    readonly property color divider: Appearance.shades.edge(0.1)
+    readonly property color switchedOff: Appearance.shades.edge(0.18)
+    readonly property color progressTrack: Qt.alpha(ink, 0.18)
     readonly property color chipFill: Qt.alpha(ink, 0.08)
     readonly property color strongFill: Qt.alpha(ink, 0.8)
-    // What the fill of a field looks like where something else shall not shine through.
-    readonly property color chartGround: Qt.tint(background, fieldFill)
     readonly property color chartFill: Qt.alpha(accent, 0.25)
+    // Where a fieldFill lies on the background, without letting through what else there is.
+    readonly property color chartGround: Appearance.shades.ground(0.04)
     readonly property color badgeFill: Qt.alpha(accent, 0.18)
     readonly property color countdownFill: Qt.alpha(accent, 0.12)
-    readonly property color savedText: Qt.alpha(accent, 0.8)
+    readonly property color savedText: Appearance.shades.accentText(0.8)
     readonly property color circleFill: Qt.alpha(ink, 0.1)
     readonly property color dimming: Qt.rgba(0, 0, 0, 0.4)
 
@@ -99,10 +101,10 @@ QtObject {
     readonly property int hairline: 1
     readonly property real fieldBorderWidth: 1.5
     readonly property real focusRingWidth: 2
-    readonly property real pressedOpacity: 0.6
-    readonly property real disabledOpacity: 0.5
-    readonly property real passedOpacity: 0.4
-    readonly property real withheldOpacity: 0.25
+    readonly property real pressedOpacity: Appearance.shades.control(0.6)
+    readonly property real disabledOpacity: Appearance.shades.control(0.5)
+    readonly property real passedOpacity: Appearance.shades.group(0.4)
+    readonly property real withheldOpacity: Appearance.shades.control(0.25)
 
     // False where the user wants nothing to move for show; what moves only once then takes no time.
     readonly property bool animates: Appearance.animates

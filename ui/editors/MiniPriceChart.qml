@@ -25,6 +25,20 @@ Item {
         Accessible.name: Wording.priceChart(root.shortName)
         Accessible.ignored: !(parent?.enabled ?? true)
     }
+    Repeater {
+        model: [name, value]
+
+        // The curve passes behind what is to be read.
+        RoundedBox {
+            required property InkText modelData
+
+            x: modelData.x - radius
+            width: modelData.width + 2 * radius
+            height: modelData.y + modelData.height
+            radius: 3
+            color: Theme.chartGround
+        }
+    }
     InkText {
         id: name
         x: 10
@@ -34,6 +48,7 @@ Item {
         font.weight: Theme.semibold
     }
     InkText {
+        id: value
         anchors.right: parent.right
         anchors.rightMargin: 10
         anchors.baseline: name.baseline

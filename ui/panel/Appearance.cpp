@@ -23,7 +23,13 @@ void Appearance::setLook(const DesktopLook &look)
 {
     m_look = look;
     m_colors = panelColors(look.scheme);
+    m_shades = Shades(look);
     emit changed();
+}
+
+QColor Appearance::accentOnInk() const
+{
+    return panelColors(m_look.scheme == ColorScheme::Dark ? ColorScheme::Light : ColorScheme::Dark).accent;
 }
 
 QString Appearance::monospacedFamily() const

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/DesktopLook.h"
 #include "ui/panel/PanelColors.h"
+#include "ui/panel/Shades.h"
 
 #include <QObject>
 #include <QString>
@@ -21,6 +22,8 @@ class Appearance : public QObject {
     Q_PROPERTY(QColor background READ background NOTIFY changed)
     Q_PROPERTY(QColor ink READ ink NOTIFY changed)
     Q_PROPERTY(QColor accent READ accent NOTIFY changed)
+    Q_PROPERTY(QColor accentOnInk READ accentOnInk NOTIFY changed)
+    Q_PROPERTY(glimmet::Shades shades READ shades NOTIFY changed)
     Q_PROPERTY(QColor knob READ knob CONSTANT)
     Q_PROPERTY(bool animates READ animates NOTIFY changed)
     Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT)
@@ -35,6 +38,10 @@ public:
     QColor background() const { return m_colors.background; }
     QColor ink() const { return m_colors.ink; }
     QColor accent() const { return m_colors.accent; }
+    /// The highlight on a fill of ink, where day and night change places.
+    QColor accentOnInk() const;
+    /// The same colours at any opacity.
+    Shades shades() const { return m_shades; }
     /// The moving part of a switch, the same light one day and night.
     QColor knob() const { return panelColors(ColorScheme::Light).background; }
     /// False where the desktop's user wants nothing to move for show.
@@ -48,6 +55,7 @@ signals:
 private:
     DesktopLook m_look;
     PanelColors m_colors = panelColors(m_look.scheme);
+    Shades m_shades;
 };
 
 } // namespace glimmet

@@ -1,8 +1,10 @@
 #include "tests/ui/panel/PanelDescription.h"
 
 #include "ui/controls/RoundedBox.h"
+#include "ui/panel/Contrast.h"
 
 #include <QFont>
+#include <QHash>
 #include <QImage>
 #include <QQuickItem>
 #include <QTextLayout>
@@ -99,6 +101,18 @@ QColor pixelOf(const QQuickItem &item, const QRectF &area, const QImage &picture
     const double inset = std::min<double>(surfaceInset, area.width() / 2);
     const QPointF point(area.left() + inset, area.center().y());
     return picture.rect().contains(point.toPoint()) ? picture.pixelColor(point.toPoint()) : QColor();
+}
+
+QColor commonestColor(const QImage &picture)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    const auto byCount = [&counts](QRgb one, QRgb other) { return counts[one] < counts[other]; };
+    const QList<QRgb> colors = counts.keys();
+    return colors.isEmpty() ? QColor() : QColor(*std::max_element(colors.begin(), colors.end(), byCount));
 }
 
 bool isDrawn(const QQuickItem &item)
@@ -223,6 +237,22 @@ QList<DrawnItem> drawnItems(QQuickWindow &window)
             styleOf(item) + opacityText(opacity), pixelOf(item, area, picture), measureOf(item) });
     });
     return items;
+}
+
+QList<ShownText> shownTexts(QQuickWindow &window)
+{
+    const QImage picture = window.grabWindow();
+    QList<ShownText> texts;
+    walk(*window.contentItem(), {}, [&](const QQuickItem &item, const QString &, double opacity) {
+        if (!item.isEnabled() || textOf(item).isEmpty() || item.width() <= 0 || item.height() <= 0)
+            return;
+        const QRect area = item.mapRectToScene({ 0, 0, item.width(), item.height() }).toRect();
+        const QColor color = item.property("color").value<QColor>();
+        const QColor ground = commonestColor(picture.copy(area & picture.rect()));
+        const QColor seen = laidOver(atOpacity(color, color.alphaF() * opacity), ground);
+        texts.append({ textOf(item), seen, ground });
+    });
+    return texts;
 }
 
 QStringList differences(const QList<DrawnItem> &expected, const QList<DrawnItem> &actual)

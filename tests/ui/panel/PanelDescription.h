@@ -26,6 +26,16 @@ struct DrawnItem {
 /// Everything that is drawn in `window`, in the order of painting. What is not visible is left out.
 QList<DrawnItem> drawnItems(QQuickWindow &window);
 
+/// A text as it can be read in a window.
+struct ShownText {
+    QString text;
+    QColor color; ///< as it is seen, whatever its opacity is
+    QColor ground; ///< most of what is around its glyphs
+};
+
+/// Every text of `window` that is visible and belongs to something in use.
+QList<ShownText> shownTexts(QQuickWindow &window);
+
 /// What is different, one line a difference: an item that moved or changed its size by more than a pixel,
 /// took another text or style, or another colour on the screen. Where the font sets the texts beside an item
 /// wider or narrower than it did (another version of it is installed), the item has so many whole pixels more

@@ -1,6 +1,7 @@
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 #include "tests/ui/panel/PanelDescription.h"
+#include "ui/panel/Contrast.h"
 #include "ui/panel/GlimmetPanelModule.h"
 
 #include <QDir>
@@ -204,11 +205,11 @@ QList<Picture> pictures()
 /// difference.
 class PanelPicture : public TickerTest, public testing::WithParamInterface<Picture> {
 protected:
-    std::unique_ptr<Panel> makePanel()
+    std::unique_ptr<Panel> makePanel(bool wantsContrast = false)
     {
         // Nothing moves, so that whatever is drawn is drawn where it belongs.
-        return GlimmetPanelModule().makePanel(
-            ticker, { loginItem, [] {}, [](const QString &) {} }, { { GetParam().scheme, true }, true });
+        return GlimmetPanelModule().makePanel(ticker, { loginItem, [] {}, [](const QString &) {} },
+            { { GetParam().scheme, true, wantsContrast }, true });
     }
 
     MemoryLoginItem loginItem;
@@ -233,6 +234,25 @@ TEST_P(PanelPicture, isAsItWas)
 
     ASSERT_FALSE(expected.isEmpty()) << path.toStdString();
     EXPECT_EQ(differences(expected, drawnItems(view)).join(u'\n').toStdString(), "");
+}
+
+TEST_P(PanelPicture, canBeReadByWhoWantsMoreContrast)
+{
+    const Scene &scene = GetParam().scene;
+    scene.prepare(world, ticker);
+    tick();
+    const auto panel = makePanel(true);
+    auto &view = static_cast<QQuickView &>(panel->window());
+    view.resize(tallPanel);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    scene.act(view);
+
+    const QList<ShownText> texts = shownTexts(view);
+
+    ASSERT_FALSE(texts.isEmpty());
+    for (const ShownText &shown : texts)
+        EXPECT_GE(contrast(shown.color, shown.ground), textContrast) << shown.text.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(all, PanelPicture, testing::ValuesIn(pictures()), [](const auto &tested) {

@@ -1,5 +1,6 @@
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
+#include "ui/panel/Contrast.h"
 #include "ui/panel/GlimmetPanelModule.h"
 #include "ui/panel/PanelColors.h"
 #include "ui/panel/PanelHost.h"
@@ -142,6 +143,27 @@ TEST_F(PanelWindowTest, changesItsSchemeWhileItIsOpen)
 
     EXPECT_EQ(pixel(*panel, { 170, 5 }).rgba(), panelColors(ColorScheme::Dark).background.rgba());
     EXPECT_EQ(view(*panel).color(), panelColors(ColorScheme::Dark).background);
+}
+
+TEST_F(PanelWindowTest, raisesItsContrastWhileItIsOpen)
+{
+    const auto panel = makePanel({ { ColorScheme::Light }, false });
+    show(*panel);
+    const QQuickItem *label = items(*panel, u"SectionLabel"_s).first();
+    const QColor quiet = label->property("color").value<QColor>();
+    // The line under the header, wherever it is.
+    const QQuickItem *line = items(*panel, u"Separator"_s).first();
+    const QPoint place = line->mapToScene(QPointF(170, 0)).toPoint();
+    const QColor background = panelColors(ColorScheme::Light).background;
+    ASSERT_LT(contrast(pixel(*panel, place), background), edgeContrast);
+
+    panel->setLook({ ColorScheme::Light, false, true });
+
+    EXPECT_GT(label->property("color").value<QColor>().alpha(), quiet.alpha());
+    EXPECT_GE(contrast(pixel(*panel, place), background), edgeContrast);
+    panel->setLook({ ColorScheme::Light });
+    EXPECT_EQ(label->property("color").value<QColor>(), quiet);
+    EXPECT_LT(contrast(pixel(*panel, place), background), edgeContrast);
 }
 
 TEST_F(PanelWindowTest, escapeClosesIt)

@@ -59,6 +59,22 @@ PanelTestCase {
         verify(areaOf(value, chart).y + value.baselineOffset <= highest);
     }
 
+    function test_theCurvePassesBehindTheHeader() {
+        chart.history = [];
+        const empty = grabImage(chart);
+
+        chart.history = [2, 2, 1, 2, 2];
+        const picture = grabImage(chart);
+
+        for (const words of ["BTC", "BTC $97,012 (↑1.3%)"]) {
+            const text = areaOf(textOf(chart, words), chart);
+            for (let y = Math.ceil(text.top); y < Math.floor(text.bottom); ++y) {
+                for (let x = Math.ceil(text.left); x < Math.floor(text.right); ++x)
+                    compare(picture.pixel(x, y), empty.pixel(x, y));
+            }
+        }
+    }
+
     function test_drawsItsCurveInTheAccent() {
         chart.history = [5, 5];
 

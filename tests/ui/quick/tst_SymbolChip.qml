@@ -90,7 +90,7 @@ PanelTestCase {
         tryVerify(() => isColor(chip.color, Appearance.ink, 0.8));
         tryVerify(() => isColor(label().color, Appearance.background));
         compare(removeButton().ink, label().color);
-        compareAccent(dot().color, 1);
+        verify(isColor(dot().color, Appearance.accentOnInk));
         compare(dot().height, 5);
         compare(areaOf(dot(), chip).x, 8);
         compare(areaOf(label(), chip).left - areaOf(dot(), chip).right, 4);

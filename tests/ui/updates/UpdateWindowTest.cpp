@@ -1,5 +1,7 @@
 #include "platform/updates/UpdateState.h"
 #include "tests/support/Printing.h"
+#include "tests/ui/panel/PanelDescription.h"
+#include "ui/panel/Contrast.h"
 #include "ui/panel/GlimmetPanelModule.h"
 #include "ui/panel/PanelColors.h"
 
@@ -47,6 +49,22 @@ TEST_F(UpdateWindowTest, hasATitleAndTheSizeOfItsWords)
     EXPECT_FALSE(shown->window().flags().testFlag(Qt::FramelessWindowHint));
     EXPECT_EQ(shown->window().width(), 420);
     EXPECT_EQ(shown->window().height(), view().rootObject()->implicitHeight());
+}
+
+TEST_F(UpdateWindowTest, canBeReadByWhoWantsMoreContrast)
+{
+    UpdateState state = found;
+    state.changes = u"one more\n"_s;
+    for (const ColorScheme scheme : { ColorScheme::Light, ColorScheme::Dark }) {
+        open(state, scheme);
+
+        shown->setLook({ scheme, false, true });
+
+        const QList<ShownText> texts = shownTexts(view());
+        ASSERT_GE(texts.size(), 4);
+        for (const ShownText &text : texts)
+            EXPECT_GE(contrast(text.color, text.ground), textContrast) << text.text.toStdString();
+    }
 }
 
 TEST_F(UpdateWindowTest, growsWithItsWords)
