@@ -2,11 +2,13 @@
 
 #include <QGuiApplication>
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 namespace glimmet::X11 {
 namespace {
@@ -146,6 +148,21 @@ void giveFocus(const QWindow &window)
         askForActivation(x, idOf(window), time);
     else
         xcb_set_input_focus(x, XCB_INPUT_FOCUS_PARENT, idOf(window), time);
+    xcb_flush(x);
+}
+
+void setShape(const QWindow &window, const QRegion &shape)
+{
+    xcb_connection_t *x = connection();
+    // Asked for what it does not know, the library ends the connection.
+    if (x == nullptr || xcb_get_extension_data(x, &xcb_shape_id)->present == 0)
+        return;
+    std::vector<xcb_rectangle_t> areas;
+    for (const QRect &area : shape)
+        areas.push_back({ static_cast<int16_t>(area.x()), static_cast<int16_t>(area.y()),
+            static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()) });
+    xcb_shape_rectangles(x, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_UNSORTED, idOf(window),
+        0, 0, static_cast<uint32_t>(areas.size()), areas.data());
     xcb_flush(x);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QRegion>
 #include <QWindow>
 
 #include <optional>
@@ -27,6 +28,10 @@ void makeDropDown(const QWindow &window);
 /// Gives the window the keyboard, also against a window manager's protection against stolen focus: the user
 /// has just asked for it.
 void giveFocus(const QWindow &window);
+
+/// Shows only these native pixels of the window, which take the place of its mask, until it is given another
+/// one.
+void setShape(const QWindow &window, const QRegion &shape);
 
 /// True where a compositor draws translucent windows.
 bool isCompositing();

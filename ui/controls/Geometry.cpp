@@ -1,8 +1,9 @@
 #include "ui/controls/Geometry.h"
 
-#include <QPainterPath>
+#include <QtMath>
 
 #include <algorithm>
+#include <cmath>
 
 namespace glimmet {
 
@@ -44,11 +45,19 @@ QQuickItem *Geometry::wholeAround(QQuickItem *item)
     return item;
 }
 
-QRegion Geometry::roundedRegion(const QSize &size, int radius)
+QRegion Geometry::roundedRegion(const QSize &size, qreal radius)
 {
-    QPainterPath outline;
-    outline.addRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
-    return QRegion(outline.toFillPolygon().toPolygon());
+    const int curved = std::min(qCeil(radius), size.height() / 2);
+    QRegion region(QRect(QPoint(0, curved), size - QSize(0, 2 * curved)));
+    for (int row = 0; row < curved; ++row) {
+        // The middle of the row, measured from where the curve ends.
+        const qreal height = std::max(radius - row - 0.5, 0.0);
+        const int inset = qRound(radius - std::sqrt(radius * radius - height * height));
+        const QRect pixels(inset, row, size.width() - 2 * inset, 1);
+        region += pixels;
+        region += pixels.translated(0, size.height() - 1 - 2 * row);
+    }
+    return region;
 }
 
 } // namespace glimmet

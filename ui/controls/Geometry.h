@@ -30,8 +30,8 @@ public:
     /// view as a whole with whatever in it has the keyboard; null where there is none.
     Q_INVOKABLE static QQuickItem *wholeAround(QQuickItem *item);
 
-    /// The pixels of a window with rounded corners.
-    static QRegion roundedRegion(const QSize &size, int radius);
+    /// The pixels of a window with rounded corners: in each row those whose edges are nearest to the curve.
+    static QRegion roundedRegion(const QSize &size, qreal radius);
 };
 
 } // namespace glimmet

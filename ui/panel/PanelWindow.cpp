@@ -1,7 +1,9 @@
 #include "ui/panel/PanelWindow.h"
 
 #include "core/TickerViewModel.h"
+#include "platform/desktop/X11.h"
 #include "ui/controls/Geometry.h"
+#include "ui/controls/WholeFrames.h"
 #include "ui/panel/Appearance.h"
 
 #include <QCoreApplication>
@@ -32,6 +34,7 @@ PanelWindow::PanelWindow(
     });
     m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/SettingsPanel.qml")));
     m_view.resize(panelSize);
+    new WholeFrames(m_view);
 }
 
 void PanelWindow::dress()
@@ -88,6 +91,12 @@ void PanelWindow::setLook(const DesktopLook &look)
 void PanelWindow::maskCorners()
 {
     m_view.setMask(Geometry::roundedRegion(m_view.size(), cornerRadius));
+    const qreal scale = m_view.devicePixelRatio();
+    if (scale <= 1 || m_view.size().isEmpty())
+        return;
+    // That mask is made of logical pixels: its steps are several of the screen's, which it takes as well.
+    const QSize pixels = (QSizeF(m_view.size()) * scale).toSize();
+    X11::setShape(m_view, Geometry::roundedRegion(pixels, cornerRadius * scale));
 }
 
 } // namespace glimmet

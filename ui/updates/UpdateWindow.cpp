@@ -1,5 +1,6 @@
 #include "ui/updates/UpdateWindow.h"
 
+#include "ui/controls/WholeFrames.h"
 #include "ui/panel/Appearance.h"
 
 #include <QQmlEngine>
@@ -20,6 +21,7 @@ UpdateWindow::UpdateWindow(const UpdateState &state, const UpdateAnswers &answer
     m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/UpdateWindow.qml")));
     QObject::connect(m_view.rootObject(), &QQuickItem::implicitHeightChanged, &m_view, [this] { fit(); });
     fit();
+    new WholeFrames(m_view);
 }
 
 void UpdateWindow::connectAnswers(const UpdateAnswers &answers)

@@ -129,4 +129,26 @@ TEST(Geometry, aRoundedRegionLeavesOnlyItsCornersOut)
     EXPECT_TRUE(region.contains(QPoint(325, 539)));
 }
 
+TEST(Geometry, aRoundedRegionTakesInEachRowThePixelsNextToTheCurve)
+{
+    const QRegion region = Geometry::roundedRegion({ 595, 945 }, 24.5);
+    const auto inset = [&region](int row) {
+        return region.intersected(QRect(0, row, 595, 1)).boundingRect().left();
+    };
+
+    EXPECT_EQ(region.boundingRect(), QRect(0, 0, 595, 945));
+    EXPECT_EQ(inset(0), 20); // 24.5 less the root of 24.5² - 24²
+    EXPECT_EQ(inset(1), 16);
+    EXPECT_EQ(inset(2), 14);
+    EXPECT_EQ(inset(10), 4);
+    EXPECT_EQ(inset(24), 0);
+    EXPECT_EQ(inset(944), 20);
+}
+
+TEST(Geometry, aRegionLowerThanItsCornersIsRoundAsFarAsItGoes)
+{
+    EXPECT_EQ(Geometry::roundedRegion({ 100, 4 }, 14).boundingRect().height(), 4);
+    EXPECT_TRUE(Geometry::roundedRegion({}, 14).isEmpty());
+}
+
 } // namespace glimmet
