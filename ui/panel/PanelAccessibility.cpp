@@ -10,11 +10,11 @@ namespace glimmet {
 
 namespace {
 
-/// The types of the panel's files whose items are told of by the program itself.
-constexpr std::array texts{ "InkText", "SectionLabel" };
-constexpr std::array fields{ "BorderedField", "SecretField" };
-constexpr std::array controls{ "PlainButton", "AnswerButton", "CalendarDay", "GlimmetToggle",
-    "LaunchAtLoginToggle", "ModeCard", "ProviderChip", "UnifiedChip" };
+/// The types of the panel's files whose items the program itself tells of, and with them those made from
+/// them: Qt asks for each type that an object has, beginning with its own.
+constexpr std::array texts{ "InkText" };
+constexpr std::array fields{ "BorderedField" };
+constexpr std::array controls{ "PlainButton", "Choice", "CalendarDay", "GlimmetToggle" };
 
 /// Whether the engine made the object from one of these types' files.
 template <std::size_t count> bool isOf(const std::array<const char *, count> &types, const QString &className)

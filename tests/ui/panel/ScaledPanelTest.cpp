@@ -123,6 +123,7 @@ TEST_F(ScaledPanelTest, looksAsFreshAfterASwitchIsTurned)
     click(*panel, { 100, 407 });
 
     ASSERT_FALSE(ticker.showSeconds());
+    QTest::mouseMove(&panel->window(), { 1, 300 });
     expectAsFresh(*panel);
 }
 
