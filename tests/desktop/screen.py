@@ -108,7 +108,8 @@ class Screen:
 
     def drag(self, start, end):
         """Presses at one place, moves as a hand does, and lets go at another."""
-        steps = [(start[0] + (end[0] - start[0]) * i // 6, start[1] + (end[1] - start[1]) * i // 6) for i in range(1, 7)]
+        (left, top), (right, bottom) = start, end
+        steps = [(left + (right - left) * i // 6, top + (bottom - top) * i // 6) for i in range(1, 7)]
         moves = [word for x, y in steps for word in ("mousemove", str(x), str(y))]
         self.run("xdotool", "mousemove", *map(str, start), "mousedown", "1", *moves, "mouseup", "1")
 

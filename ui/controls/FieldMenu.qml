@@ -100,8 +100,6 @@ T.Popup {
             model: menu.entries
 
             PlainButton {
-                id: row
-
                 required property Entry modelData
                 required property int index
 

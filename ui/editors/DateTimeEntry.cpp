@@ -284,8 +284,8 @@ void DateTimeEntry::followClock()
     m_calendar.setToday(today());
 }
 
-/// A default that the user has not touched is not left to pass, and is a day ahead by the clock of any zone; a
-/// moment that was given stays that moment.
+/// A default that the user has not touched is not left to pass, and is a day ahead by the clock of any zone;
+/// a moment that was given stays that moment.
 void DateTimeEntry::renewDefault()
 {
     const bool isOfAnotherZone = m_input.fields != settledFields();
