@@ -43,6 +43,8 @@ public:
     void setDuration(int milliseconds);
 
     QStringList shown() const;
+    /// Where an entry stands among those; -1: nowhere.
+    Q_INVOKABLE int rowOf(const QString &key) const { return static_cast<int>(shown().indexOf(key)); }
     QStringList removed() const;
     QList<int> places() const;
     bool isEmpty() const { return keysInList(m_entries).isEmpty(); }
