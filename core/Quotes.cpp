@@ -38,9 +38,14 @@ void Quotes::setRotateInterval(qint64 seconds)
     publish(*this, m_rotateInterval, seconds, &Quotes::rotateIntervalChanged);
 }
 
+QString Quotes::quoteIn(const QString &text)
+{
+    return trimmedBlanks(text);
+}
+
 void Quotes::add(const QString &text)
 {
-    const QString quote = trimmedBlanks(text);
+    const QString quote = quoteIn(text);
     if (quote.isEmpty() || m_custom.contains(quote))
         return;
     setCustom(m_custom + QStringList{ quote });
@@ -48,7 +53,7 @@ void Quotes::add(const QString &text)
 
 void Quotes::replace(const QString &text, const QString &replacement)
 {
-    const QString quote = trimmedBlanks(replacement);
+    const QString quote = quoteIn(replacement);
     if (quote.isEmpty() || m_custom.contains(quote) || !m_custom.contains(text))
         return;
     QStringList quotes = m_custom;

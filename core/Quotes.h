@@ -30,6 +30,8 @@ public:
 
     /// Appends a quote without the blanks around it; nothing happens where it is empty or known.
     void add(const QString &text);
+    /// What such a text is in the list.
+    static QString quoteIn(const QString &text);
     /// Puts `replacement`, without the blanks around it, in the place of `text`; nothing happens where it is
     /// empty or known.
     void replace(const QString &text, const QString &replacement);

@@ -116,6 +116,7 @@ public:
     qint64 quoteRotateInterval() const { return m_quotes.rotateInterval(); }
     void setQuoteRotateInterval(qint64 seconds) { m_quotes.setRotateInterval(seconds); }
     Q_INVOKABLE void addQuote(const QString &text) { m_quotes.add(text); }
+    Q_INVOKABLE static QString quoteIn(const QString &text) { return Quotes::quoteIn(text); }
     Q_INVOKABLE void replaceQuote(const QString &text, const QString &replacement)
     {
         m_quotes.replace(text, replacement);
@@ -144,6 +145,7 @@ public:
     QStringList cryptoSymbols() const { return m_prices.symbols(); }
     void setCryptoSymbols(const QStringList &symbols) { m_prices.setSymbols(symbols); }
     Q_INVOKABLE void addCryptoSymbol(const QString &text) { m_prices.add(text); }
+    Q_INVOKABLE static QStringList symbolsIn(const QString &text) { return PriceList::symbolsIn(text); }
     Q_INVOKABLE void removeCryptoSymbol(const QString &symbol) { m_prices.remove(symbol); }
     qint64 cryptoRotateInterval() const { return m_prices.rotateInterval(); }
     void setCryptoRotateInterval(qint64 seconds) { m_prices.setRotateInterval(seconds); }

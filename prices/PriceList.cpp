@@ -44,13 +44,21 @@ void PriceList::setSymbols(const QStringList &symbols)
         fetchAll();
 }
 
+QStringList PriceList::symbolsIn(const QString &text)
+{
+    QStringList symbols;
+    for (const QString &piece : text.split(u',')) {
+        if (const QString symbol = trimmedBlanks(piece).toUpper(); !symbol.isEmpty())
+            symbols.append(symbol);
+    }
+    return symbols;
+}
+
 void PriceList::add(const QString &text)
 {
     QStringList symbols = m_symbols;
     QSet<QString> known(symbols.begin(), symbols.end());
-    known.insert(QString());
-    for (const QString &piece : text.split(u',')) {
-        const QString symbol = trimmedBlanks(piece).toUpper();
+    for (const QString &symbol : symbolsIn(text)) {
         if (known.contains(symbol))
             continue;
         known.insert(symbol);

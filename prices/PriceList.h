@@ -47,6 +47,8 @@ public:
     QStringList symbols() const { return m_symbols; }
     /// Stores the list, also an equal one, and begins with its first symbol.
     void setSymbols(const QStringList &symbols);
+    /// The symbols that a text such as "btc, aapl" stands for, also those that recur.
+    static QStringList symbolsIn(const QString &text);
     /// Appends the symbols in `text`, which commas separate, in upper case and without the blanks around
     /// them; what is empty or known is left out. Nothing happens where nothing is new.
     void add(const QString &text);

@@ -136,6 +136,9 @@ void FieldAccessible::replaceText(int start, int end, const QString &text)
     QInputMethodEvent edit;
     edit.setCommitString(text, start - cursorPosition(), end - start);
     QCoreApplication::sendEvent(&item(), &edit);
+    // An input method writes where the keyboard is, and the toolkit shows the caret.
+    if (!item().hasActiveFocus())
+        item().setProperty("cursorVisible", false);
 }
 
 void FieldAccessible::doAction(const QString &action)

@@ -31,6 +31,15 @@ RoundedBox {
         });
     }
 
+    // Shows the user where it is.
+    function point() {
+        for (let around = parent; around !== null; around = around.parent) {
+            if (around instanceof ScrollArea)
+                (around as ScrollArea).reveal(root);
+        }
+        pointing.restart();
+    }
+
     // The keyboard comes back with the entry.
     function takeOfferBack() {
         const hadKeyboard = place.activeFocus;
@@ -41,6 +50,35 @@ RoundedBox {
 
     onIsRemovedChanged: isRemoved ? makeOffer() : takeOfferBack()
 
+    SequentialAnimation {
+        id: pointing
+
+        NumberAnimation {
+            target: ring
+            property: "opacity"
+            to: 1
+            duration: Theme.borderDuration
+        }
+        PauseAnimation {
+            duration: Theme.pointingDuration
+        }
+        NumberAnimation {
+            target: ring
+            property: "opacity"
+            to: 0
+            duration: Theme.listDuration
+        }
+    }
+    RoundedBox {
+        id: ring
+        anchors.fill: parent
+        z: 1
+        radius: root.radius
+        borderWidth: Theme.fieldBorderWidth
+        borderColor: Theme.accent
+        opacity: 0
+        visible: opacity > 0
+    }
     Loader {
         id: place
         anchors.fill: parent

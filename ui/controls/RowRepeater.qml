@@ -17,6 +17,11 @@ Repeater {
             fallback.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // Shows where the entry at `index` is, if there is one.
+    function pointAt(index: int) {
+        (itemAt(index) as RemovableBox)?.point();
+    }
+
     function nearest(first: int, end: int, step: int): RemovableBox {
         for (let i = first; step * (end - i) > 0; i += step) {
             const entry = itemAt(i) as RemovableBox;

@@ -116,5 +116,6 @@ QtObject {
     readonly property int chipDuration: animates ? 150 : 0
     readonly property int borderDuration: animates ? 150 : 0
     readonly property int pulseDuration: 900
+    readonly property int pointingDuration: 1200
     readonly property int easeInOut: Easing.InOutQuad
 }

@@ -8,10 +8,22 @@ Column {
     required property TickerViewModel ticker
 
     property alias undo: undo
+    // What was to be added and is there already, in words.
+    property string known
 
     function add(text: string) {
+        const before = ticker.cryptoSymbols.length;
+        const symbols = ticker.symbolsIn(text);
         ticker.addCryptoSymbol(text);
+        known = "";
+        for (let i = 0; i < symbols.length && ticker.cryptoSymbols.length === before; ++i)
+            pointAt(symbols[i]);
         newSymbol.clear();
+    }
+
+    function pointAt(symbol: string) {
+        chips.pointAt(undo.rowOf(symbol));
+        known = Wording.known(symbol);
     }
 
     function remove(chip: SymbolChip, index: int) {
@@ -30,6 +42,11 @@ Column {
     UndoKey {
         undo: undo
         told: label
+    }
+    Announcement {
+        item: label
+        text: root.known
+        gap: 0
     }
     ShownPrice {
         id: price

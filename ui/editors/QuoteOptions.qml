@@ -9,11 +9,22 @@ Column {
 
     readonly property bool hasQuotes: ticker.customQuotes.length > 0
     property alias undo: undo
+    // What was to be added and is there already, in words.
+    property string known
 
     function save(text: string) {
+        const before = ticker.customQuotes.length;
         ticker.addQuote(text);
+        if (ticker.customQuotes.length === before)
+            pointAt(ticker.quoteIn(text));
         newQuote.clear();
         newQuote.leaveKeyboard();
+    }
+
+    function pointAt(quote: string) {
+        const row = undo.rowOf(quote);
+        rows.pointAt(row);
+        known = row >= 0 ? Wording.known(quote) : "";
     }
 
     function remove(row: QuoteRow, index: int) {
@@ -39,6 +50,11 @@ Column {
     UndoKey {
         undo: undo
         told: quotesLabel
+    }
+    Announcement {
+        item: quotesLabel
+        text: root.known
+        gap: 0
     }
     SectionLabel {
         text: "ADD QUOTE"

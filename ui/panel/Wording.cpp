@@ -68,6 +68,11 @@ QString Wording::removedAll()
     return QStringLiteral("Removed all. Ctrl+Z brings them back.");
 }
 
+QString Wording::known(const QString &item)
+{
+    return item + QStringLiteral(" is there already");
+}
+
 QString Wording::active(int count)
 {
     return QString::number(count) + QStringLiteral(" active");

@@ -40,6 +40,8 @@ public:
     /// What a screen reader says after `item` was removed, or everything at once.
     static QString removed(const QString &item);
     static QString removedAll();
+    /// What a screen reader says where `item` was to be added and is there already.
+    Q_INVOKABLE static QString known(const QString &item);
     /// Says how many deadlines are still to come.
     Q_INVOKABLE static QString active(int count);
     /// Those that are not empty, one after the other.

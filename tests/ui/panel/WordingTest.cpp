@@ -41,6 +41,12 @@ TEST(Wording, aPercentSignInAQuoteStaysAsItIs)
     EXPECT_EQ(Wording::removing(QStringLiteral("100 %1 yours")), QStringLiteral("Remove 100 %1 yours"));
 }
 
+TEST(Wording, whatIsKnownIsSaidToBeThere)
+{
+    EXPECT_EQ(
+        Wording::known(QStringLiteral("100 %1 yours")), QStringLiteral("100 %1 yours is there already"));
+}
+
 TEST(Wording, whatIsEmptyMakesNoSentence)
 {
     EXPECT_EQ(Wording::sentences({ QStringLiteral("one"), QString(), QStringLiteral("two") }),

@@ -260,4 +260,18 @@ CryptoOptionsCase {
         compare(help().width, 300);
         compare(help().wrapMode, Text.Wrap);
     }
+
+    function test_aSymbolThatIsThereIsPointedAt() {
+        const pointed = () => chips().filter(chip => all(chip, RoundedBox).some(box => box.visible && box.opacity > 0
+            && isColor(box.borderColor, Appearance.accent) && box.borderWidth === 1.5)).map(chip => chip.symbol);
+        const before = world.ticker.cryptoSymbols;
+
+        field().text = "eth-usd";
+        field().accepted();
+
+        tryVerify(() => pointed().length > 0);
+        compare(pointed(), ["ETH-USD"]);
+        compare(world.ticker.cryptoSymbols, before);
+        compare(options.known, "ETH-USD is there already");
+    }
 }

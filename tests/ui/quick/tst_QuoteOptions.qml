@@ -279,4 +279,33 @@ PanelTestCase {
 
         compare(quotes(), ["a", "c", "d"]);
     }
+
+    function pointed(): var {
+        return all(options, QuoteRow).filter(row => all(row, RoundedBox).some(box => box.visible && box.opacity > 0
+            && isColor(box.borderColor, Appearance.accent) && box.borderWidth === 1.5)).map(row => row.quote);
+    }
+
+    function test_aQuoteThatIsThereIsPointedAt() {
+        setQuotes(["one", "two"]);
+
+        field().text = " two ";
+        field().accepted();
+
+        tryVerify(() => pointed().length > 0);
+        compare(pointed(), ["two"]);
+        compare(world.ticker.customQuotes, ["one", "two"]);
+        compare(options.known, "two is there already");
+        tryVerify(() => pointed().length === 0);
+    }
+
+    function test_aNewQuoteIsNotPointedAt() {
+        setQuotes(["one"]);
+
+        field().text = "three";
+        field().accepted();
+
+        compare(world.ticker.customQuotes, ["one", "three"]);
+        compare(pointed(), []);
+        compare(options.known, "");
+    }
 }
