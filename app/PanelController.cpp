@@ -1,9 +1,9 @@
 #include "app/PanelController.h"
 
+#include "app/CompositionWatch.h"
 #include "app/PanelPlacement.h"
 #include "app/Screens.h"
 #include "core/TickerViewModel.h"
-#include "platform/desktop/PressWatch.h"
 #include "platform/desktop/X11.h"
 #include "ui/panel/PanelModule.h"
 
@@ -147,6 +147,9 @@ void PanelController::watch(QWindow &window)
     m_forgetTimer.stop();
     m_presses = std::make_unique<PressWatch>();
     connect(m_presses.get(), &PressWatch::pressed, this, &PanelController::handlePress);
+    m_composition = std::make_unique<CompositionWatch>(window);
+    // The press that chose among the input method's candidates may still be on its way.
+    connect(m_composition.get(), &CompositionWatch::ending, m_presses.get(), &PressWatch::catchUp);
     for (const auto change : { &QScreen::geometryChanged, &QScreen::availableGeometryChanged })
         connect(window.screen(), change, &window, [this] {
             // The window outlives the closing by the rest of that turn of the loop.
@@ -163,7 +166,7 @@ void PanelController::watch(QWindow &window)
         Qt::QueuedConnection);
 }
 
-void PanelController::handlePress(QPoint position)
+void PanelController::handlePress(QPoint position, PressWatch::Ground ground)
 {
     if (!isOpen()) {
         m_wasPressedSince = true;
@@ -172,8 +175,14 @@ void PanelController::handlePress(QPoint position)
     if (m_isHeld)
         return;
     const QWindow &window = m_panel->window();
-    if (!spaceOf(*window.screen()).toNative(window.geometry()).contains(position))
-        close(isAtBar(position) ? Cause::PressAtBar : Cause::PressElsewhere);
+    if (spaceOf(*window.screen()).toNative(window.geometry()).contains(position))
+        return;
+    if (isAtBar(position))
+        close(Cause::PressAtBar);
+    // At a window it may be at the input method's candidates, which hang from the caret beyond the panel's
+    // edge and never take the keyboard. Other windows do, and that closes the panel.
+    else if (ground == PressWatch::Ground::Background || !m_composition->isComposing())
+        close(Cause::PressElsewhere);
 }
 
 void PanelController::handleFocus(const QWindow *focused)

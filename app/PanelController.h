@@ -4,6 +4,7 @@
 #include "platform/SingleShot.h"
 #include "platform/SteadyClock.h"
 #include "platform/desktop/DesktopLook.h"
+#include "platform/desktop/PressWatch.h"
 #include "ui/panel/PanelServices.h"
 
 #include <QObject>
@@ -18,8 +19,8 @@ class QWindow;
 
 namespace glimmet {
 
+class CompositionWatch;
 class Panel;
-class PressWatch;
 class TickerViewModel;
 
 /// Opens the panel under the menu-bar item and closes it: by a second click, a click elsewhere, Escape or a
@@ -61,7 +62,7 @@ private:
     PanelModule *module();
     void place();
     void watch(QWindow &window);
-    void handlePress(QPoint position);
+    void handlePress(QPoint position, PressWatch::Ground ground);
     void handleFocus(const QWindow *focused);
     void close(Cause cause);
     void forgetPresses();
@@ -73,6 +74,7 @@ private:
     PanelLibrary m_library;
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<PressWatch> m_presses;
+    std::unique_ptr<CompositionWatch> m_composition;
     std::optional<QPoint> m_anchor;
     QSize m_naturalSize;
     bool m_isHeld = false;

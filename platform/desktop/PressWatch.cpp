@@ -63,15 +63,17 @@ void PressWatch::catchUp()
     if (!m_notifier)
         return;
     // The answer comes behind every event of before.
-    pointerPosition();
+    pointer();
     readEvents();
 }
 
 void PressWatch::readEvents()
 {
     // Asking for the pointer may bring in further events, of which the socket then no longer tells.
-    while (takePresses())
-        emit pressed(pointerPosition());
+    while (takePresses()) {
+        const Pointer now = pointer();
+        emit pressed(now.position, now.ground);
+    }
     if (xcb_connection_has_error(m_connection) != 0)
         m_notifier->setEnabled(false);
 }
@@ -85,13 +87,16 @@ bool PressWatch::takePresses()
     return wasPressed;
 }
 
-QPoint PressWatch::pointerPosition() const
+PressWatch::Pointer PressWatch::pointer() const
 {
-    auto *reply = xcb_query_pointer_reply(
-        m_connection, xcb_query_pointer(m_connection, rootWindow(m_connection)), nullptr);
-    const QPoint position = reply == nullptr ? QPoint(-1, -1) : QPoint(reply->root_x, reply->root_y);
-    std::free(reply);
-    return position;
+    const std::unique_ptr<xcb_query_pointer_reply_t, decltype(&std::free)> reply(
+        xcb_query_pointer_reply(
+            m_connection, xcb_query_pointer(m_connection, rootWindow(m_connection)), nullptr),
+        &std::free);
+    if (!reply)
+        return {};
+    const bool isOverWindow = reply->child != XCB_WINDOW_NONE;
+    return { QPoint(reply->root_x, reply->root_y), isOverWindow ? Ground::Window : Ground::Background };
 }
 
 } // namespace glimmet

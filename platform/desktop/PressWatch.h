@@ -17,6 +17,9 @@ class PressWatch : public QObject {
     Q_OBJECT
 
 public:
+    enum class Ground { Window, Background };
+    Q_ENUM(Ground)
+
     explicit PressWatch(QObject *parent = nullptr);
     ~PressWatch() override;
 
@@ -24,13 +27,18 @@ public:
     void catchUp();
 
 signals:
-    /// Where the pointer is now, in native pixels of the root window.
-    void pressed(QPoint position);
+    /// Where the pointer is now, in native pixels of the root window, and whether a window is there.
+    void pressed(QPoint position, glimmet::PressWatch::Ground ground);
 
 private:
+    struct Pointer {
+        QPoint position{ -1, -1 };
+        Ground ground = Ground::Background;
+    };
+
     void readEvents();
     bool takePresses();
-    QPoint pointerPosition() const;
+    Pointer pointer() const;
 
     xcb_connection_t *m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
