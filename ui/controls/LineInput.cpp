@@ -4,8 +4,10 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPointerEvent>
 
 namespace glimmet {
 
@@ -36,6 +38,8 @@ void LineInput::setTarget(QQuickItem *field)
         return;
     m_target = field;
     m_target->installEventFilter(this);
+    // The toolkit's type of a text field is its own affair.
+    connect(m_target, SIGNAL(inputMethodComposingChanged()), this, SLOT(followComposition()));
     emit targetChanged();
 }
 
@@ -45,16 +49,35 @@ QValidator::State LineInput::validate(QString &text, int &position) const
     return Acceptable;
 }
 
-bool LineInput::eventFilter(QObject *, QEvent *event)
+bool LineInput::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress)
-        return handleKey(*static_cast<QKeyEvent *>(event));
-    if (event->type() == QEvent::InputMethod)
-        clean(*static_cast<QInputMethodEvent *>(event));
-    if (event->type() != QEvent::InputMethodQuery || !isHidden())
+    if (watched == m_target)
+        return filterOfField(*event);
+    // The controls around do not take the keyboard by a press, at which the toolkit would do this.
+    if (isBeside(*event))
+        commitComposition();
+    return false;
+}
+
+bool LineInput::filterOfField(QEvent &event)
+{
+    if (event.type() == QEvent::KeyPress)
+        return handleKey(static_cast<QKeyEvent &>(event));
+    if (event.type() == QEvent::InputMethod)
+        clean(static_cast<QInputMethodEvent &>(event));
+    if (event.type() != QEvent::InputMethodQuery || !isHidden())
         return false;
-    answerInDots(*m_target, *static_cast<QInputMethodQueryEvent *>(event));
+    answerInDots(*m_target, static_cast<QInputMethodQueryEvent &>(event));
     return true;
+}
+
+void LineInput::followComposition()
+{
+    if (m_pressed)
+        m_pressed->removeEventFilter(this);
+    m_pressed = isComposing() ? m_target->window() : nullptr;
+    if (m_pressed)
+        m_pressed->installEventFilter(this);
 }
 
 bool LineInput::handleKey(const QKeyEvent &event)
@@ -79,7 +102,7 @@ bool LineInput::paste()
 
 bool LineInput::removeEmoji()
 {
-    if (hasSelection() || m_target->property("inputMethodComposing").toBool())
+    if (hasSelection() || isComposing())
         return false;
     const int length = emojiLengthBefore(m_target->property("text").toString(), caret());
     if (length == 0)
@@ -113,6 +136,28 @@ bool LineInput::isHidden() const
     // Its echo mode is an enumeration that the toolkit keeps to itself: everything but Normal, its first,
     // hides.
     return m_target->property("echoMode").toInt() != 0;
+}
+
+bool LineInput::isComposing() const
+{
+    return m_target->property("inputMethodComposing").toBool();
+}
+
+void LineInput::commitComposition() const
+{
+    QInputMethod &inputMethod = *QGuiApplication::inputMethod();
+    inputMethod.commit();
+    // Fcitx leaves that undone, and commits when it is reset.
+    if (isComposing())
+        inputMethod.reset();
+}
+
+bool LineInput::isBeside(QEvent &press) const
+{
+    if (press.type() != QEvent::MouseButtonPress && press.type() != QEvent::TouchBegin)
+        return false;
+    const QPointF position = static_cast<QPointerEvent &>(press).point(0).scenePosition();
+    return !m_target->contains(m_target->mapFromScene(position));
 }
 
 void LineInput::replace(int length, const QString &text)

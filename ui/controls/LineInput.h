@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QPointer>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QValidator>
 
 class QKeyEvent;
@@ -9,8 +11,9 @@ namespace glimmet {
 
 /// Makes a text field of the toolkit's take input as people expect of a line of text. A line break becomes a
 /// blank, whichever way it comes; what is pasted with the keyboard, or committed by an input method, can be
-/// undone all the same. Backspace removes an emoji whole, however many code points it is made of. An input
-/// method is told nothing of a hidden text but its length.
+/// undone all the same. Backspace removes an emoji whole, however many code points it is made of. What is
+/// being composed belongs to the text once the window is pressed beside the field. An input method is told
+/// nothing of a hidden text but its length.
 class LineInput : public QValidator {
     Q_OBJECT
     QML_ELEMENT
@@ -30,7 +33,11 @@ public:
 signals:
     void targetChanged();
 
+private slots:
+    void followComposition();
+
 private:
+    bool filterOfField(QEvent &event);
     /// Each tells whether that was all there is to do.
     bool handleKey(const QKeyEvent &event);
     bool paste();
@@ -43,8 +50,12 @@ private:
     int caret() const;
     bool hasSelection() const;
     bool isHidden() const;
+    bool isComposing() const;
+    void commitComposition() const;
+    bool isBeside(QEvent &press) const;
 
     QQuickItem *m_target = nullptr;
+    QPointer<QQuickWindow> m_pressed; ///< the window, while its presses are looked at
 };
 
 } // namespace glimmet
