@@ -1,0 +1,55 @@
+"""IBus with a Japanese engine as a desktop's input method: what is typed is composed in kana, and a list of candidates
+turns it into words."""
+
+import subprocess
+
+from desktop.processes import wait_for
+
+ENGINE = "anthy"
+# What a program started beside it finds it by.
+ENVIRONMENT = {"QT_IM_MODULE": "ibus"}
+WINDOWS = "ibus-ui-gtk3"
+# The engine is a program of the system's Python, whichever other one comes first for the user.
+OWN_ENVIRONMENT = {"PATH": "/usr/bin:/bin", "GSETTINGS_BACKEND": "keyfile"}
+# The engine starts with plain letters otherwise. The panel would go back to the first of its own engines.
+SETTINGS = f"""[desktop/ibus/general]
+preload-engines=['{ENGINE}']
+engines-order=['{ENGINE}']
+use-system-keyboard-layout=true
+[org/freedesktop/ibus/engine/anthy/common]
+input-mode=0
+"""
+
+
+class Ibus:
+    def __init__(self, desktop):
+        self._desktop = desktop
+        self._environment = desktop.environment | OWN_ENVIRONMENT
+
+    def start(self):
+        """Returns once what is typed goes to the engine."""
+        settings = self._desktop.home / ".config" / "glib-2.0" / "settings" / "keyfile"
+        settings.parent.mkdir(parents=True)
+        settings.write_text(SETTINGS)
+        # A socket with a path: its usual one has a name that only programs in the same network see.
+        self._desktop.start("ibus", [
+            "ibus-daemon", "--address", f"unix:path={self._desktop.runtime / 'ibus'}",
+            "--panel", "/usr/libexec/ibus-ui-gtk3", "--config", "/usr/libexec/ibus-memconf",
+            "--emoji-extension", "disable"], OWN_ENVIRONMENT)
+        wait_for(self._has_engine, 30, "the engine of the input method")
+        return self
+
+    def _has_engine(self):
+        # The status of the change tells nothing: it fails also where the engine takes over.
+        self._tell("engine", ENGINE)
+        return self._tell("engine").strip() == ENGINE
+
+    def _tell(self, *words):
+        return subprocess.run(["ibus", *words], env=self._environment, capture_output=True, text=True,
+                              timeout=20).stdout
+
+    def candidates(self):
+        """Where the list of candidates is, None while there is none."""
+        screen = self._desktop.screen
+        areas = filter(None, map(screen.window_area, screen.windows_of(WINDOWS)))
+        return next((area for area in areas if area.width > 40 and area.height > 40), None)

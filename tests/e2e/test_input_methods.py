@@ -1,0 +1,159 @@
+"""What is typed through an input method: composed in the field, chosen from a list at the caret, taken at last."""
+
+import unittest
+
+from desktop.ibus import ENVIRONMENT, Ibus
+from desktop.processes import wait_for
+from desktop_case import DesktopCase
+
+COMPOSED = "にほん"
+CUSTOM_TEXT = "hello world ✦"
+FIRST_DEFAULT_QUOTE = "stay curious ✦"
+KEY = "POLAR PERSONAL ACCESS TOKEN"
+
+
+class InputMethods(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.ibus = Ibus(cls.desktop).start()
+
+    def setUp(self):
+        super().setUp()
+        self.launch(ENVIRONMENT).open_panel()
+
+    def enter(self, mode, name):
+        """Puts the keyboard into a mode's field."""
+        self.glimmet.choose_mode(mode)
+        return self.give_keyboard(self.glimmet.control(name, "text"))
+
+    def give_keyboard(self, field):
+        field.press()
+        wait_for(lambda: field.focused, 10, "the field to have the keyboard")
+        return field
+
+    def compose(self, field):
+        before = field.text
+        self.screen.key("End")
+        self.screen.type("nihonn")
+        self.wait_for_text(field, before + COMPOSED)
+
+    def convert(self, field):
+        """Composes, and has the list of candidates shown; returns where that is."""
+        self.compose(field)
+        self.screen.key("space", "space")
+        area = wait_for(self.ibus.candidates, 10, "the list of candidates")
+        wait_for(lambda: COMPOSED not in field.text, 10, "a candidate in the field")
+        return area
+
+    def wait_for_text(self, field, text):
+        wait_for(lambda: field.text == text, 10, f"“{text}” in the field")
+
+    def settled_area(self, control):
+        """Where a control is once it has come to rest."""
+        looks = []
+
+        def rests():
+            looks.append(control.area)
+            return len(looks) > 5 and set(looks[-5:]) == {looks[-1]} and looks[-1]
+
+        return wait_for(rests, 10, "a control to rest")
+
+    def test_what_is_composed_is_in_the_field_alone_until_it_is_taken(self):
+        field = self.enter("Custom", "Custom text")
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT)
+
+        self.compose(field)
+        self.assertEqual(self.glimmet.label, CUSTOM_TEXT)
+        self.screen.key("Return")
+
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT + COMPOSED)
+
+    def test_the_candidates_are_at_the_caret(self):
+        field = self.enter("Custom", "Custom text")
+
+        candidates = self.convert(field)
+
+        area = field.area
+        self.assertTrue(area.y < candidates.y <= area.bottom, f"{candidates} not below the text in {area}")
+        self.assertTrue(area.x + 20 < candidates.x < area.right, f"{candidates} not after the text in {area}")
+
+    def test_escape_gives_up_what_is_composed_and_then_closes_the_panel(self):
+        field = self.enter("Custom", "Custom text")
+        self.compose(field)
+
+        self.screen.key("Escape")
+        self.wait_for_text(field, CUSTOM_TEXT)
+        self.assertTrue(self.glimmet.is_panel_open())
+
+        self.glimmet.close_panel()
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT)
+
+    def test_return_takes_what_is_composed_and_only_then_adds_the_entry(self):
+        field = self.enter("Quote", "New quote")
+        self.glimmet.wait_for_label(lambda label: label == FIRST_DEFAULT_QUOTE)
+        self.compose(field)
+
+        # The second goes to the engine as well: it answers in the order of the keys.
+        self.screen.key("Return", "a")
+        self.wait_for_text(field, COMPOSED + "あ")
+        self.assertEqual(self.glimmet.label, FIRST_DEFAULT_QUOTE)
+        self.screen.key("BackSpace", "Return")
+
+        self.glimmet.wait_for_label(lambda label: label == COMPOSED)
+        self.wait_for_text(field, "")
+
+    def test_a_candidate_beyond_the_panels_edge_is_chosen_by_a_click(self):
+        field = self.enter("Custom", "Custom text")
+        candidates = self.convert(field)
+        before = field.text
+        panel = self.screen.area_of("glimmet")
+        self.assertGreater(candidates.bottom, panel.bottom + 100)
+
+        self.screen.click(candidates.x + 60, panel.bottom + 60)
+
+        wait_for(lambda: field.text != before, 10, "another candidate in the field")
+        self.assertTrue(self.glimmet.is_panel_open())
+        chosen = field.text
+        self.screen.key("Return")
+        self.glimmet.wait_for_label(lambda label: label == chosen)
+
+    def test_a_click_elsewhere_closes_the_panel_also_while_a_text_is_composed(self):
+        field = self.enter("Custom", "Custom text")
+        self.compose(field)
+
+        self.click_elsewhere()
+
+        self.screen.wait_until_gone("glimmet")
+
+    def test_a_button_takes_what_is_composed(self):
+        field = self.enter("Quote", "New quote")
+        self.compose(field)
+
+        self.screen.click(*self.settled_area(self.glimmet.control("Add", "push button")).middle)
+
+        self.glimmet.wait_for_label(lambda label: label == COMPOSED)
+
+    def test_what_is_composed_is_kept_where_another_mode_is_chosen(self):
+        field = self.enter("Custom", "Custom text")
+        self.compose(field)
+
+        self.screen.click(*self.settled_area(self.glimmet.control("Quote", "radio button")).middle)
+        self.glimmet.wait_for_label(lambda label: label == FIRST_DEFAULT_QUOTE)
+        self.glimmet.choose_mode("Custom")
+
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT + COMPOSED)
+
+    def test_a_hidden_key_is_typed_past_the_input_method(self):
+        self.glimmet.choose_mode("Revenue")
+        self.glimmet.control("API Keys", "push button").press()
+        field = self.give_keyboard(self.glimmet.control(KEY, "text", "password text"))
+
+        self.screen.type("nihonn")
+
+        self.wait_for_text(field, "••••••")
+        self.assertIsNone(self.ibus.candidates())
+
+
+if __name__ == "__main__":
+    unittest.main()
