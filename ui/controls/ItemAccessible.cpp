@@ -69,8 +69,12 @@ QString ItemAccessible::text(QAccessible::Text kind) const
 
 QVariant ItemAccessible::told(const char *property) const
 {
+    // The toolkit asks once more when an item goes, at whose end the engine does not know it any longer.
+    QQmlContext *context = qmlContext(&item());
+    if (context == nullptr || !context->isValid())
+        return {};
     const QString name = QStringLiteral("Accessible.") + QLatin1String(property);
-    return QQmlProperty::read(&item(), name, qmlContext(&item()));
+    return QQmlProperty::read(&item(), name, context);
 }
 
 } // namespace glimmet

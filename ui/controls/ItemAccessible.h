@@ -30,7 +30,7 @@ public:
 
 protected:
     QQuickItem &item() const { return *static_cast<QQuickItem *>(object()); }
-    /// The `Accessible` property of that name.
+    /// The `Accessible` property of that name; nothing once the item is on its way out.
     QVariant told(const char *property) const;
 };
 
