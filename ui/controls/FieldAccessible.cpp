@@ -1,5 +1,7 @@
 #include "ui/controls/FieldAccessible.h"
 
+#include "ui/controls/TextPieces.h"
+
 #include <QCoreApplication>
 #include <QInputMethodEvent>
 
@@ -98,6 +100,39 @@ void FieldAccessible::setCursorPosition(int position)
 QString FieldAccessible::text(int start, int end) const
 {
     return shownText().mid(start, end - start);
+}
+
+QString FieldAccessible::textBeforeOffset(
+    int offset, QAccessible::TextBoundaryType kind, int *start, int *end) const
+{
+    return piece(offset, -1, kind, start, end);
+}
+
+QString FieldAccessible::textAfterOffset(
+    int offset, QAccessible::TextBoundaryType kind, int *start, int *end) const
+{
+    return piece(offset, 1, kind, start, end);
+}
+
+QString FieldAccessible::textAtOffset(
+    int offset, QAccessible::TextBoundaryType kind, int *start, int *end) const
+{
+    return piece(offset, 0, kind, start, end);
+}
+
+QString FieldAccessible::piece(
+    int offset, int further, QAccessible::TextBoundaryType kind, int *start, int *end) const
+{
+    const int place = offset == -2 ? cursorPosition() : offset == -1 ? characterCount() : offset;
+    const QList<TextPiece> pieces = piecesOf(shownText(), kind);
+    int index = pieceAt(pieces, place);
+    // Behind the last character there is none; the word, the sentence and the line are still those before it.
+    if (index == pieces.size() && kind != QAccessible::CharBoundary)
+        --index;
+    const TextPiece found = pieces.value(index + further, TextPiece{ place, place });
+    *start = found.start;
+    *end = found.end;
+    return text(found.start, found.end);
 }
 
 int FieldAccessible::characterCount() const

@@ -26,6 +26,11 @@ public:
     int cursorPosition() const override;
     void setCursorPosition(int position) override;
     QString text(int start, int end) const override;
+    QString textBeforeOffset(
+        int offset, QAccessible::TextBoundaryType kind, int *start, int *end) const override;
+    QString textAfterOffset(
+        int offset, QAccessible::TextBoundaryType kind, int *start, int *end) const override;
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType kind, int *start, int *end) const override;
     int characterCount() const override;
     QRect characterRect(int offset) const override;
     int offsetAtPoint(const QPoint &point) const override;
@@ -41,6 +46,9 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
+    /// The piece so many after the one at `offset`, which is at the cursor for -2 and at the text's end for
+    /// -1.
+    QString piece(int offset, int further, QAccessible::TextBoundaryType kind, int *start, int *end) const;
     /// The text as it is seen: dots, or what they stand for.
     QString shownText() const { return item().property("displayText").toString(); }
 };
