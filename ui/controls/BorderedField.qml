@@ -11,8 +11,9 @@ T.TextField {
     property real verticalPadding: 9
     // What is shown until it is edited, and again whenever it changes.
     property string value
-    // What a screen reader says for it.
+    // What a screen reader says for it, and what it adds.
     property string name: placeholderText
+    property string description: placeholderText
     readonly property string line: Wording.fieldText(value)
 
     // By the user or by an assistive program.
@@ -47,6 +48,7 @@ T.TextField {
 
     Accessible.role: Accessible.EditableText
     Accessible.name: name
+    Accessible.description: description
     Accessible.ignored: !(parent?.enabled ?? true)
 
     Keys.priority: Keys.BeforeItem

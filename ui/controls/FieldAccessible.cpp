@@ -39,6 +39,9 @@ QString FieldAccessible::text(QAccessible::Text kind) const
     case QAccessible::Name:
         // The toolkit keeps the name of a hidden text to itself.
         return item().property("name").toString();
+    case QAccessible::Description:
+        // The toolkit puts the sample in its place.
+        return item().property("description").toString();
     case QAccessible::Value:
         return shownText();
     default:

@@ -6,13 +6,11 @@ BorderedField {
     id: field
 
     required property bool isRevealed
-    property string description
 
     font.family: Theme.monospacedFamily
     echoMode: isRevealed ? TextInput.Normal : TextInput.Password
     passwordCharacter: "•"
     passwordMaskDelay: 0
-    Accessible.description: description
     inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
 
     SecretClipboard {

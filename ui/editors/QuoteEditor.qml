@@ -21,7 +21,7 @@ RowEditor {
         verticalPadding: 7
         font.pixelSize: Theme.buttonSize
         value: root.quote
-        Accessible.name: "Quote"
+        name: "Quote"
         onAccepted: root.finished()
     }
 }
