@@ -149,6 +149,13 @@ QString AccessibleProbe::description(QQuickItem *root, const QString &name)
     return control == nullptr ? QString() : control->text(QAccessible::Description);
 }
 
+QString AccessibleProbe::shownText(QQuickItem *root, const QString &name)
+{
+    QAccessibleInterface *control = controlOf(*root, name);
+    QAccessibleTextInterface *text = control == nullptr ? nullptr : control->textInterface();
+    return text == nullptr ? QString() : text->text(0, text->characterCount());
+}
+
 QStringList AccessibleProbe::read(QQuickItem *root, const QString &name)
 {
     QAccessibleInterface *found = field(*root, name);

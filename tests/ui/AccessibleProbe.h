@@ -23,6 +23,8 @@ public:
     Q_INVOKABLE static QList<int> numbers(QQuickItem *root, const QString &name);
     Q_INVOKABLE static bool setNumber(QQuickItem *root, const QString &name, int number);
     Q_INVOKABLE static QString description(QQuickItem *root, const QString &name);
+    /// The text that what is called `name` shows; empty where it offers none to be read.
+    Q_INVOKABLE static QString shownText(QQuickItem *root, const QString &name);
     /// Every text of the field called `name` that can be read, by each of the ways there are.
     Q_INVOKABLE static QStringList read(QQuickItem *root, const QString &name);
     /// Whether the field is told as one whose text shall not be seen.

@@ -15,9 +15,6 @@ Item {
 
     // What assistive programs read and write.
     property int value: number
-    readonly property int minimumValue: lowest
-    readonly property int maximumValue: highest
-    readonly property int stepSize: 1
 
     signal stepped(int steps)
     signal entered(int number)
@@ -42,12 +39,6 @@ Item {
     Accessible.role: Accessible.SpinBox
     Accessible.ignored: !(parent?.enabled ?? true)
     Accessible.name: name
-    Accessible.description: text
-    Accessible.focusable: true
-    Accessible.focused: activeFocus
-    Accessible.onIncreaseAction: root.stepped(1)
-    Accessible.onDecreaseAction: root.stepped(-1)
-    Accessible.onPressAction: root.forceActiveFocus(Qt.TabFocusReason)
 
     TextMetrics {
         id: metrics

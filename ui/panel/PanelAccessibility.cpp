@@ -2,6 +2,7 @@
 
 #include "ui/controls/ControlAccessible.h"
 #include "ui/controls/FieldAccessible.h"
+#include "ui/editors/SegmentAccessible.h"
 
 #include <algorithm>
 #include <array>
@@ -13,6 +14,7 @@ namespace {
 /// The types of the panel's files whose items the program itself tells of, and with them those made from
 /// them: Qt asks for each type that an object has, beginning with its own.
 constexpr std::array texts{ "InkText" };
+constexpr std::array segments{ "DateTimeSegment" };
 constexpr std::array fields{ "BorderedField" };
 constexpr std::array controls{ "PlainButton", "Choice", "CalendarDay", "GlimmetToggle" };
 
@@ -33,6 +35,8 @@ QAccessibleInterface *makeInterface(const QString &className, QObject *object)
         return new ItemAccessible(*item);
     if (isOf(fields, className))
         return new FieldAccessible(*item);
+    if (isOf(segments, className))
+        return new SegmentAccessible(*item);
     if (isOf(controls, className))
         return new ControlAccessible(*item);
     return nullptr;

@@ -77,7 +77,7 @@ PanelTestCase {
     function test_isANumberWithANameToAScreenReader() {
         verify(reader.told(segment).includes("SpinBox Due date, day"));
         compare(reader.numbers(segment, "Due date, day"), [1, 5, 31]);
-        compare(reader.description(segment, "Due date, day"), "05");
+        compare(reader.shownText(segment, "Due date, day"), "05");
     }
 
     function test_aSetNumberIsAskedForOnceAndNotShownByItself() {
