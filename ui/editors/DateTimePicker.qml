@@ -21,6 +21,15 @@ FocusScope {
         button.forceActiveFocus(showsKeyboard ? Qt.TabFocusReason : Qt.MouseFocusReason);
     }
 
+    // Whether there was one to close.
+    function closeCalendar(): bool {
+        if (!calendar.isOpen)
+            return false;
+        takeKeyboardBack();
+        calendar.close();
+        return true;
+    }
+
     implicitHeight: column.height
     onActiveFocusChanged: {
         if (!activeFocus)
@@ -29,13 +38,7 @@ FocusScope {
 
     // The panel closes on the same key.
     Keys.onShortcutOverride: event => event.accepted = root.calendar.isOpen && event.key === Qt.Key_Escape
-    Keys.onEscapePressed: event => {
-        event.accepted = root.calendar.isOpen;
-        if (event.accepted) {
-            root.takeKeyboardBack();
-            root.calendar.close();
-        }
-    }
+    Keys.onEscapePressed: event => event.accepted = root.closeCalendar()
 
     // The calendar is still there when it tells the day, and gone right after.
     Connections {

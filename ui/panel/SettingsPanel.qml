@@ -8,6 +8,21 @@ Rectangle {
     required property TickerViewModel ticker
     required property PanelHost host
 
+    // Closes what is open around the keyboard's place. While a screen reader listens to the keys, the toolkit does not
+    // ask what is around the place whether the key is meant for it.
+    function leaveInnermost(): bool {
+        for (let item = Window.activeFocusItem; item; item = item.parent) {
+            if ((item as DateTimePicker)?.closeCalendar())
+                return true;
+            const row = item as RemovableRow;
+            if (row?.isEditing) {
+                row.cancelEditing();
+                return true;
+            }
+        }
+        return false;
+    }
+
     implicitWidth: Theme.panelWidth
     implicitHeight: 540
     radius: Theme.panelRadius
@@ -18,7 +33,10 @@ Rectangle {
         // Held, the key that closed a sheet or a calendar does not close the panel too.
         autoRepeat: false
         enabled: !sheets.isUp
-        onActivated: root.host.closeRequested()
+        onActivated: {
+            if (!root.leaveInnermost())
+                root.host.closeRequested();
+        }
     }
 
     Item {
