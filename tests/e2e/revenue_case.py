@@ -78,7 +78,7 @@ class RevenueCase(DesktopCase):
 
     def wait_for_words(self, words):
         """Returns once the panel says them, in a text of their own."""
-        self.glimmet.control(words, "label", "static")
+        self.glimmet.control(words, "label", "static", "paragraph")
 
     def wait_for_text(self, text, seconds=10):
         self.glimmet.wait_for_label(lambda label: label == text, seconds)

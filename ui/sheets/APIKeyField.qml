@@ -1,7 +1,8 @@
 import QtQuick
 import Glimmet
 
-// A credential under its caption, hidden until its button reveals it.
+// A credential under its caption, hidden until its button reveals it. Caption and hint are paragraphs for screen
+// readers, which say all the labels of a dialog when it comes up; of these the field tells when it is its turn.
 Column {
     id: root
 
@@ -39,6 +40,7 @@ Column {
             color: Theme.softText
             font.pixelSize: Theme.captionSize
             font.letterSpacing: Theme.captionSpacing
+            Accessible.role: Accessible.Paragraph
         }
     }
     Item {
@@ -84,5 +86,6 @@ Column {
         color: Theme.helpText
         font.pixelSize: Theme.smallSize
         wrapMode: Text.Wrap
+        Accessible.role: Accessible.Paragraph
     }
 }

@@ -34,6 +34,8 @@ Item {
             text: root.isInTrouble ? root.trouble : CredentialLabels.status(root.isSaved)
             color: root.isSaved ? Theme.savedText : root.quietInk
             font.pixelSize: Theme.smallSize
+            // Screen readers say the labels of a dialog when it comes up: only what is wrong is worth that.
+            Accessible.role: root.isInTrouble ? Accessible.StaticText : Accessible.Paragraph
         }
     }
     Announcement {

@@ -282,9 +282,9 @@ PanelTestCase {
                 "EditableText REVENUECAT PROJECT ID", "EditableText DODO PAYMENTS API KEY",
                 "EditableText STRIPE RESTRICTED KEY", "EditableText LEMON SQUEEZY API KEY"]);
         compare(told.filter(line => line === "Button Show key").length, 6);
-        compare(told.filter(line => line === "StaticText No key saved").length, 5);
-        for (const line of ["Dialog API Keys", "Button Close", "StaticText POLAR", "StaticText RESTRICTED KEY",
-                "StaticText Lemon Squeezy → Settings → API"])
+        compare(told.filter(line => line === "Paragraph No key saved").length, 5);
+        for (const line of ["Dialog API Keys", "Button Close", "StaticText POLAR", "Paragraph RESTRICTED KEY",
+                "Paragraph Lemon Squeezy → Settings → API"])
             verify(told.includes(line), line);
     }
 }

@@ -89,7 +89,7 @@ PanelTestCase {
     }
 
     function test_isToldByItsWords() {
-        compare(reader.told(badge), ["StaticText No key saved"]);
+        compare(reader.told(badge), ["Paragraph No key saved"]);
     }
 
     function test_aNewStateIsAnnounced() {
