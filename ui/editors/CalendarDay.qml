@@ -32,7 +32,8 @@ T.AbstractButton {
     Accessible.name: name
     Accessible.selectable: true
     Accessible.selected: isChosen
-    Accessible.description: isToday ? "Today" : ""
+    // In words too: of a button no screen reader says that it is selected.
+    Accessible.description: Wording.sentences([isToday ? "Today" : "", isChosen ? "Selected" : ""])
     Keys.onReturnPressed: day.clicked()
     Keys.onEnterPressed: day.clicked()
 

@@ -94,7 +94,7 @@ PanelTestCase {
         const chosen = days.find(day => day.isChosen);
 
         compare(reader.description(panel, today.Accessible.name), "Today");
-        compare(reader.description(panel, chosen.Accessible.name), "");
+        compare(reader.description(panel, chosen.Accessible.name), "Selected");
         verify(reader.isSelected(panel, chosen.Accessible.name));
         verify(!reader.isSelected(panel, today.Accessible.name));
     }
