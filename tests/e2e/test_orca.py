@@ -1,0 +1,294 @@
+"""What Orca says while somebody goes through the whole panel by the keyboard alone.
+
+Each line of a walk is what is pressed and what is then said, all of it; what is typed without being shown is entered,
+and no character of it may be said. `#` stands for any number, `AM|PM` for either of them, `<day>` for any day's full
+date and `<moment>` for a deadline's date, time and rest: they depend on when the walk is."""
+
+import re
+import unittest
+
+from desktop.keyring import Keyring
+from desktop.orca import Orca
+from desktop.processes import DesktopError, wait_for
+from desktop_case import DesktopCase
+
+# The words for the keys that Orca repeats when they are pressed, and with them the characters that are typed into
+# what shows them.
+ECHOES = {"tab", "space", "return", "left shift", "backspace", "escape", "delete", "F2"}
+OPEN_ENDS = {"#": r"\d+", "AM|PM": "(AM|PM)", "<day>": r"\w+day, \w+ \d+, \d+",
+             "<moment>": r"\w+ \d+, \d+, \d+:\d+ [AP]M, \d+[dh] \d+[hm]"}
+
+
+def spell_dots(dots):
+    return " ".join(["bullet"] * len(dots[0]))
+
+
+def matches(sentence, said):
+    pattern = re.escape(re.sub("•+", spell_dots, sentence.replace("→", "right arrow")))
+    for mark, meaning in OPEN_ENDS.items():
+        pattern = pattern.replace(re.escape(mark), meaning)
+    return re.fullmatch(pattern, said) is not None
+
+
+class SpokenPanel(DesktopCase):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.keyring = Keyring(cls.desktop)
+        cls.orca = cls.enterClassContext(Orca(cls.desktop))
+
+    def setUp(self):
+        super().setUp()
+        self.keyring.clear()
+
+    def open(self, mode=None, **preferences):
+        if preferences:
+            self.seed({f"me.kerno.glimmet.{key}": value for key, value in preferences.items()})
+        self.announced = []
+        self.addCleanup(self.desktop.tree.follow_announcements(self.announced.append))
+        self.begin_step(set())
+        self.launch().ask_for_panel()
+        self.screen.wait_until_typed_into("glimmet")
+        self.wait_to_hear("glimmet frame.")
+        if mode:
+            self.glimmet.choose_mode(mode)
+        if mode == "Revenue":
+            self.glimmet.control("add api key", "push button")
+
+    def begin_step(self, echoes):
+        self.beginning = len(self.orca.lines)
+        self.echoes = echoes
+
+    def said(self, left_out=()):
+        """What was said in this step, but for the names of the keys."""
+        lines = self.orca.lines[self.beginning:]
+        return " ".join(line for line in lines if line not in self.echoes and line not in left_out)
+
+    def hears(self, sentence):
+        """Newer releases of Orca also say what the panel announces, whenever that is."""
+        return matches(sentence, self.said()) or matches(sentence, self.said(self.announced))
+
+    def wait_to_hear(self, sentence):
+        try:
+            wait_for(lambda: self.hears(sentence), 10, "words")
+        except DesktopError:
+            self.fail(f"“{self.said()}” is said, not “{sentence}”")
+
+    def walk(self, steps):
+        for line in steps.strip().splitlines():
+            actions, _, sentence = line.strip().partition(": ")
+            self.step(actions.split(", "), sentence)
+
+    def step(self, actions, sentence):
+        typed = "".join(action.removeprefix("type ") for action in actions if action.startswith("type "))
+        self.begin_step(ECHOES | set(typed))
+        for action in actions:
+            word, _, text = action.partition(" ")
+            if word in ("type", "enter"):
+                self.screen.type(text)
+            else:
+                self.screen.key(action)
+        self.wait_to_hear(sentence)
+
+
+class PanelByKeyboard(SpokenPanel):
+    def test_the_cards_and_the_clock(self):
+        self.open()
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: Display mode panel. Clock. selected radio button
+            Right: Quote. not selected radio button
+            Right: Custom. not selected radio button
+            Right: Revenue. not selected radio button
+            Right: Crypto. not selected radio button
+            Right: Deadline. not selected radio button
+            Up: Revenue. not selected radio button
+            Up: Quote. not selected radio button
+            Left: Clock. selected radio button
+            Tab: Show seconds check box checked.
+            space: not checked
+            Tab: 24-hour format check box checked.
+            space: not checked
+            Tab: Quit push button.
+            Tab: Settings push button.
+        """)
+
+    def test_quotes(self):
+        self.open(quotes=["make it work", "make it right"])
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: Display mode panel. Clock. selected radio button
+            Right: Quote. not selected radio button
+            space: selected
+            Tab: New quote text. stay curious ✦
+            type measure, Tab: Add push button.
+            Tab: Reset to defaults push button.
+            Tab: make it work. Return edits it, Delete removes it.
+            Tab: make it right. Return edits it, Delete removes it.
+            F2: make it right selected make it right
+            Escape: make it right. Return edits it, Delete removes it.
+            Delete: make it work. Return edits it, Delete removes it.
+            Tab: Undo Remove make it right push button.
+            space: make it right. Return edits it, Delete removes it.
+            Tab: Quit push button.
+        """)
+
+    def test_a_text_of_ones_own(self):
+        self.open("Custom")
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: Display mode panel. Custom. selected radio button
+            Tab: Custom text text. hello world ✦ Type your text…
+            Tab: Quit push button.
+        """)
+
+    def test_prices(self):
+        self.open("Crypto")
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: Display mode panel. Crypto. selected radio button
+            Tab: Remove BTC-USD push button.
+            Tab: Remove ETH-USD push button.
+            space: Remove BTC-USD push button.
+            Tab: Undo Remove ETH-USD push button.
+            Tab: New symbol text. BTC, ETH-USD, AAPL…
+            Tab: Add push button.
+            Tab: Refresh every panel. 10s. selected radio button
+            Right: 30s. not selected radio button
+            space: selected
+            Tab: Refresh push button.
+            Tab: Quit push button.
+        """)
+
+    def test_revenue(self):
+        self.open("Revenue")
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: add api key push button. Opens the API keys.
+            Tab: Display mode panel. Revenue. selected radio button
+            Tab: Platform panel. Polar. selected radio button
+            Right: RevenueCat. not selected radio button
+            Right: Dodo. not selected radio button
+            Right: Stripe. not selected radio button
+            Right: Lemon Squeezy. not selected radio button
+            Up: Dodo. not selected radio button
+            space: selected
+            Tab: Currency panel. USD. selected radio button
+            Right: EUR. not selected radio button
+            Tab: Currency code text. USD.
+            Tab: Apply push button.
+            Tab: Figure panel. METRIC Revenue. selected radio button
+            Right: Orders. not selected radio button
+            Right: Avg. not selected radio button
+            Right: Top. not selected radio button
+            Tab: Period panel. All Time. selected radio button
+            Left: Month. not selected radio button
+            Left: Week. not selected radio button
+            Left: Today. not selected radio button
+            Tab: Refresh push button.
+            Tab: API Keys push button.
+            Tab: Quit push button.
+        """)
+
+    def test_deadlines(self):
+        self.open("Deadline")
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: Display mode panel. Deadline. selected radio button
+            Tab: Deadline name text. Name (e.g. Math Exam)
+            type rent, Tab: Due date, month # spin button.
+            Tab: Due date, day # spin button.
+            Tab: Due date, year # spin button.
+            Tab: Due date, hour # spin button.
+            Tab: Due date, minute # spin button.
+            Tab: Due date, AM or PM AM|PM spin button.
+            Up: AM|PM
+            Down: AM|PM
+            Tab: Due date push button.
+            space: <day> push button. Selected.
+            Right: <day> push button.
+            shift+Tab: Next month push button.
+            Tab: <day> push button.
+            Escape: Due date push button.
+            Tab: Add Deadline push button.
+            space, shift+Tab: rent. <moment>. Return edits it, Delete removes it.
+            Return: rent selected rent
+            Tab: Save push button.
+            Escape: rent. <moment>. Return edits it, Delete removes it.
+            shift+Tab: Clear all push button.
+            space, Tab: Deadline name text. Name (e.g. Math Exam)
+            shift+Tab: Undo Clear all push button.
+            space, Tab: rent. <moment>. Return edits it, Delete removes it.
+        """)
+
+    def test_the_settings(self):
+        self.open()
+
+        self.walk("""
+            Tab: Settings push button.
+            space: Settings dialog.
+            Tab: Close push button.
+            Tab: Launch on startup check box not checked.
+            space: checked
+            Tab: Check for Updates push button.
+            Tab: Close push button.
+            space: Settings push button.
+        """)
+
+    def test_the_keys(self):
+        self.open("Revenue")
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: add api key push button. Opens the API keys.
+            space: API Keys dialog POLAR PERSONAL ACCESS TOKEN password text. Polar → Settings → API. No key saved.
+            Tab: Show key push button. POLAR PERSONAL ACCESS TOKEN.
+            Tab: REVENUECAT SECRET API KEY password text. Dashboard → Project → API Keys. No key saved.
+            Tab: Show key push button. REVENUECAT SECRET API KEY.
+            Tab: REVENUECAT PROJECT ID password text. Dashboard → Project Settings. No key saved.
+            Tab: Show key push button. REVENUECAT PROJECT ID.
+            Tab: DODO PAYMENTS API KEY password text. Dodo Payments → Settings → API Keys. No key saved.
+            Tab: Show key push button. DODO PAYMENTS API KEY.
+            Tab: STRIPE RESTRICTED KEY password text. Dashboard → Developers → API keys. No key saved.
+            Tab: Show key push button. STRIPE RESTRICTED KEY.
+            Tab: LEMON SQUEEZY API KEY password text. Lemon Squeezy → Settings → API. No key saved.
+            Tab: Show key push button. LEMON SQUEEZY API KEY.
+            Tab: Close push button.
+            space: add api key push button. Opens the API keys.
+        """)
+
+    def test_a_keys_characters_are_said_only_while_it_is_shown(self):
+        self.open("Revenue")
+        before = len(self.orca.lines)
+
+        self.walk("""
+            Tab: Settings push button.
+            Tab: add api key push button. Opens the API keys.
+            space: API Keys dialog POLAR PERSONAL ACCESS TOKEN password text. Polar → Settings → API. No key saved.
+            enter qzw, Tab: Show key push button. POLAR PERSONAL ACCESS TOKEN.
+            shift+Tab: POLAR PERSONAL ACCESS TOKEN password text ••• Polar → Settings → API. Key saved in Keychain.
+            Left: •
+            Home: •
+            shift+End: ••• selected
+            BackSpace: Text unselected.
+            enter qzw, Tab: Show key push button. POLAR PERSONAL ACCESS TOKEN.
+        """)
+        for line in self.orca.lines[before:]:
+            self.assertIsNone(re.search(r"[qz]|\bw\b", line), line)
+
+        self.walk("""
+            space, Tab: REVENUECAT SECRET API KEY password text. Dashboard → Project → API Keys. No key saved.
+            shift+Tab: Hide key push button. POLAR PERSONAL ACCESS TOKEN.
+            shift+Tab: POLAR PERSONAL ACCESS TOKEN password text qzw. Polar → Settings → API. Key saved in Keychain.
+            Left: w
+        """)
+
+
+if __name__ == "__main__":
+    unittest.main()
