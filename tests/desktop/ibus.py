@@ -3,12 +3,14 @@ turns it into words."""
 
 import subprocess
 
+from desktop.bus import connect_when_there
 from desktop.processes import wait_for
 
 ENGINE = "anthy"
 # What a program started beside it finds it by.
 ENVIRONMENT = {"QT_IM_MODULE": "ibus"}
 WINDOWS = "ibus-ui-gtk3"
+PANEL = "org.freedesktop.IBus.Panel"
 # The engine is a program of the system's Python, whichever other one comes first for the user.
 OWN_ENVIRONMENT = {"PATH": "/usr/bin:/bin", "GSETTINGS_BACKEND": "keyfile"}
 # The engine starts with plain letters otherwise. The panel would go back to the first of its own engines.
@@ -27,16 +29,19 @@ class Ibus:
         self._environment = desktop.environment | OWN_ENVIRONMENT
 
     def start(self):
-        """Returns once what is typed goes to the engine."""
+        """Returns once what is typed goes to the engine, and the program that shows its candidates is there."""
         settings = self._desktop.home / ".config" / "glib-2.0" / "settings" / "keyfile"
         settings.parent.mkdir(parents=True)
         settings.write_text(SETTINGS)
         # A socket with a path: its usual one has a name that only programs in the same network see.
+        address = f"unix:path={self._desktop.runtime / 'ibus'}"
         self._desktop.start("ibus", [
-            "ibus-daemon", "--address", f"unix:path={self._desktop.runtime / 'ibus'}",
+            "ibus-daemon", "--address", address,
             "--panel", "/usr/libexec/ibus-ui-gtk3", "--config", "/usr/libexec/ibus-memconf",
             "--emoji-extension", "disable"], OWN_ENVIRONMENT)
         wait_for(self._has_engine, 30, "the engine of the input method")
+        bus = connect_when_there(address)
+        wait_for(lambda: bus.owner(PANEL), 30, "the input method's panel")
         return self
 
     def _has_engine(self):

@@ -10,5 +10,5 @@ Text {
     Accessible.name: text
     Accessible.focusable: false
     // Out of use together with its page, as below a sheet. The toolkit tells assistive programs nothing of that.
-    Accessible.ignored: !(parent?.enabled ?? true)
+    Accessible.ignored: !visible || !(parent?.enabled ?? true)
 }
