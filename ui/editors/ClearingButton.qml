@@ -18,7 +18,15 @@ PlainButton {
     fill: Theme.clear
     enabled: undoes || !undo.isEmpty
     Accessible.name: undoes ? Wording.undoing(clearingText) : text
-    onClicked: undoes ? undo.undoClearing() : undo.clear()
+    onClicked: {
+        // What is being edited counts before all of it goes.
+        if (!activeFocus)
+            forceActiveFocus(Qt.MouseFocusReason);
+        if (undoes)
+            undo.undoClearing();
+        else
+            undo.clear();
+    }
     // The second click would meet what the first has made of the button.
     onDoubleClicked: {}
     onIsOutOfUseChanged: {

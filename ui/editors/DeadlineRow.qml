@@ -28,7 +28,7 @@ RemovableRow {
         anchors.verticalCenter: parent.verticalCenter
         spacing: 2
 
-        InkText {
+        CutText {
             width: parent.width
             text: root.title
             font.pixelSize: Theme.fieldSize
@@ -36,7 +36,7 @@ RemovableRow {
             maximumLineCount: 1
             elide: Text.ElideRight
         }
-        InkText {
+        CutText {
             width: parent.width
             text: root.dateText
             color: Theme.softText

@@ -20,7 +20,7 @@ Rectangle {
     implicitHeight: Math.ceil(preview.implicitHeight) + 2 * 14
     color: Theme.fieldFill
 
-    InkText {
+    CutText {
         id: preview
 
         readonly property real room: badge.x - 10 - x

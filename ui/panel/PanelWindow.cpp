@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QScreen>
 
 namespace glimmet {
@@ -35,6 +36,12 @@ PanelWindow::PanelWindow(
     m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/SettingsPanel.qml")));
     m_view.resize(panelSize);
     new WholeFrames(m_view);
+}
+
+PanelWindow::~PanelWindow()
+{
+    if (QQuickItem *page = m_view.rootObject())
+        page->forceActiveFocus();
 }
 
 void PanelWindow::dress()

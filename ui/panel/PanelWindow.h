@@ -13,6 +13,9 @@ class Appearance;
 class PanelWindow final : public Panel {
 public:
     PanelWindow(TickerViewModel &ticker, const PanelServices &services, const PanelModule::Options &options);
+    /// What is being entered counts, as where the keyboard leaves it.
+    ~PanelWindow() override;
+    Q_DISABLE_COPY_MOVE(PanelWindow)
 
     QWindow &window() override { return m_view; }
     void setLook(const DesktopLook &look) override;

@@ -166,6 +166,22 @@ TEST_F(PanelWindowTest, raisesItsContrastWhileItIsOpen)
     EXPECT_LT(contrast(pixel(*panel, place), background), edgeContrast);
 }
 
+TEST_F(PanelWindowTest, keepsWhatIsBeingEditedInARowAsItGoes)
+{
+    ticker.setMode(TickerMode::Quote);
+    ticker.setCustomQuotes({ u"alpha"_s, u"beta"_s });
+    auto panel = makePanel();
+    show(*panel);
+    panel->window().requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
+    QMetaObject::invokeMethod(items(*panel, u"QuoteRow"_s).first(), "edit");
+    QTest::keyClick(&panel->window(), Qt::Key_Z);
+
+    panel.reset();
+
+    EXPECT_EQ(ticker.customQuotes(), (QStringList{ u"z"_s, u"beta"_s }));
+}
+
 TEST_F(PanelWindowTest, escapeClosesIt)
 {
     const auto panel = makePanel();

@@ -308,4 +308,40 @@ PanelTestCase {
         compare(pointed(), []);
         compare(options.known, "");
     }
+
+    function test_whatIsBeingEditedComesBackWithAllThatWasReset() {
+        setQuotes(["one", "two"]);
+        all(options, QuoteRow)[0].edit();
+        keyClick(Qt.Key_Z);
+
+        mouseClick(buttonOf(options, "Reset to defaults"));
+        compare(world.ticker.customQuotes, []);
+        mouseClick(buttonOf(options, "Undo"));
+
+        compare(world.ticker.customQuotes, ["z", "two"]);
+    }
+
+    function test_theLastRowComesBackByTheKeysWhereTheFieldHasNothingToUndo() {
+        setQuotes(["one"]);
+        all(options, QuoteRow)[0].takeKeyboard();
+        keyClick(Qt.Key_Delete);
+        compare(world.ticker.customQuotes, []);
+        field().forceActiveFocus();
+
+        keySequence("Ctrl+Z");
+        compare(world.ticker.customQuotes, ["one"]);
+    }
+
+    function test_aFieldUndoesItsOwnTextFirst() {
+        setQuotes(["one"]);
+        all(options, QuoteRow)[0].takeKeyboard();
+        keyClick(Qt.Key_Delete);
+        field().forceActiveFocus();
+        keyClick(Qt.Key_A);
+
+        keySequence("Ctrl+Z");
+
+        compare(field().text, "");
+        compare(world.ticker.customQuotes, []);
+    }
 }
