@@ -248,7 +248,7 @@ FieldRules DateTimeEntry::rules() const
 
 InputRules DateTimeEntry::inputRules() const
 {
-    InputRules input{ {}, rules(), m_conventions.dayPeriods, {} };
+    InputRules input{ {}, rules(), m_conventions.dayPeriods, {}, today() };
     for (const FieldPlace &place : m_places) {
         input.order.append(place.field);
         input.separators += place.separator;

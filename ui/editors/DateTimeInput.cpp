@@ -35,6 +35,7 @@ DateTimeInput movedOn(const DateTimeInput &input, const InputRules &rules)
     const auto next = nextRow(input, rules);
     result.isFilled = !next;
     result.row = next.value_or(input.row);
+    result.isAfterHour = rules.order.at(input.row) == DateTimeField::Hour && input.number.length > 0;
     result.isYearFirst = input.isYearFirst && isDate(rules.order.at(result.row));
     return result;
 }
@@ -54,6 +55,7 @@ std::optional<DateTimeInput> withNumber(DateTimeInput input, int digit, const In
         return withNumber(movedOn(input, rules), digit, rules);
     input.letters.clear();
     input.isFilled = false;
+    input.isAfterHour = false;
     input.number = withDigit(input.number, digit);
     return isComplete(input.number, highest) ? movedOn(input, rules) : input;
 }
@@ -89,7 +91,11 @@ std::optional<DateTimeInput> withTypedLetter(
     }
     if (!period)
         return std::nullopt;
+    const bool isFullHour =
+        input.isAfterHour || (rules.order.at(input.row) == DateTimeField::Hour && input.number.length > 0);
     DateTimeInput result = finished(input, rules);
+    if (isFullHour)
+        result.fields.minute = 0;
     result.fields = withField(result.fields, DateTimeField::DayPeriod, *period, rules.fields);
     result.letters = letters;
     result.row = std::max(input.row, rowOf(DateTimeField::DayPeriod, rules));
@@ -125,6 +131,33 @@ std::optional<DateTimeInput> withHourOf24(
     return result;
 }
 
+/// What the colon of "24.12. 18:" tells of the 18, which went to the year.
+std::optional<DateTimeInput> withoutYear(
+    const DateTimeInput &input, const QString &separator, const InputRules &rules)
+{
+    constexpr int hoursOfDay = 24;
+    const bool isYear =
+        rules.order.at(input.row) == DateTimeField::Year && rules.order.first() != DateTimeField::Year;
+    const int length = input.number.length;
+    const bool isHour = (length == 1 || length == 2) && input.number.value < hoursOfDay;
+    if (!isYear || !isHour || (separator != u':' && separator != u'\uFF1A'))
+        return std::nullopt;
+    DateTimeInput result;
+    result.fields = input.fields;
+    result.fields.year = rules.fields.firstYear;
+    if (rules.today.isValid() && minuteOf(result.fields).date < rules.today)
+        ++result.fields.year;
+    const int hour = input.number.value;
+    const FieldRange hours = fieldRange(DateTimeField::Hour, rules.fields);
+    if (hour >= hours.lowest && hour <= hours.highest)
+        result.fields = withField(result.fields, DateTimeField::Hour, hour, rules.fields);
+    else
+        result.fields.hour = hour;
+    result.row = rowOf(DateTimeField::Hour, rules) + 1;
+    result.isAfterHour = true;
+    return result;
+}
+
 /// What the first "-" of "2027-02-01" tells of the digits before it. A year of this century is neither a day
 /// and a month nor a month and a day.
 std::optional<DateTimeInput> withYearFirst(
@@ -147,6 +180,8 @@ std::optional<DateTimeInput> withYearFirst(
 DateTimeInput withSeparator(const DateTimeInput &input, const QString &separator, const InputRules &rules)
 {
     if (const auto reread = withHourOf24(input, separator, rules))
+        return *reread;
+    if (const auto reread = withoutYear(input, separator, rules))
         return *reread;
     if (const auto reread = withYearFirst(input, separator, rules))
         return *reread;

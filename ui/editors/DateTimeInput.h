@@ -26,6 +26,9 @@ struct DigitRun {
 /// - A letter of AM and PM, or of the locale's names for them, sets the day period from any field of the
 ///   time, also where the locale has 24 hours: "1:30 pm" is 13:30 there. A digit typed in a day period that
 ///   stands before its hour begins the hour.
+/// - An hour that only AM or PM follows is a full one: "9pm" is 21:00.
+/// - A colon behind one or two digits of a year says that they are the hour and the year was left out, as in
+///   "24.12. 18:00": it is the next one with such a day that is not past.
 /// - A number of 24 hours is also taken by a field of 12: 0 is midnight, and "13:" is 1 PM, although its 3
 ///   was in the minutes before the colon came.
 /// - Four digits and "-" or "/" at the beginning are a year of this century wherever the locale has the year:
@@ -40,6 +43,7 @@ struct DateTimeInput {
     QString letters; ///< of a day period's name, as far as typed
     std::optional<DigitRun> run; ///< the digits typed last
     bool isYearFirst = false; ///< the date is typed as year, month, day
+    bool isAfterHour = false; ///< an hour was typed just before, and no minute yet
     bool isFilled = false; ///< the last field's number is complete
     bool isOver = false; ///< a separator stands behind it
 
@@ -51,6 +55,7 @@ struct InputRules {
     FieldRules fields;
     QStringList dayPeriods;
     QString separators; ///< the locale's own ones, which may be letters
+    QDate today; ///< null: not known
 };
 
 /// With one more character typed in the field that has the keyboard; none where it means nothing there.

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 InputRules rulesOf(const char *locale)
 {
     const DateTimeConventions conventions = dateTimeConventions(locale);
-    InputRules rules{ {}, { conventions.uses12Hours, 2026 }, conventions.dayPeriods, {} };
+    InputRules rules{ {}, { conventions.uses12Hours, 2026 }, conventions.dayPeriods, {}, { 2026, 5, 4 } };
     for (const FieldPlace &place : conventions.dateFields + conventions.timeFields) {
         rules.order.append(place.field);
         rules.separators += place.separator;
@@ -60,6 +60,11 @@ struct Example {
 const QList<Example> wholeMoments{
     { "de_DE", u"1.2.2027 9:15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"01.02.2027 09:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"24.12. 18:00"_s, u"2026-12-24 18:00"_s },
+    { "de_DE", u"1.2. 9:15"_s, u"2027-02-01 09:15"_s },
+    { "en_GB", u"4/5 9:15"_s, u"2026-05-04 09:15"_s },
+    { "en_US", u"1/2 1:30 PM"_s, u"2027-01-02 13:30"_s },
+    { "en_US", u"1/2 13:30"_s, u"2027-01-02 13:30"_s },
     { "de_DE", u"01.02.2027, 09:15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"1. 2. 27 13.30"_s, u"2027-02-01 13:30"_s },
     { "de_DE", u"010220270915"_s, u"2027-02-01 09:15"_s },
@@ -115,8 +120,8 @@ TEST(DateTimeInput, readsATimeFromTheHourOn)
              Example{ "de_DE", u"130"_s, u"2026-05-04 13:00"_s },
              Example{ "de_DE", u"25"_s, u"2026-05-04 02:05"_s },
              Example{ "en_US", u"1:30"_s, u"2026-05-04 13:30"_s },
-             Example{ "en_US", u"1 am"_s, u"2026-05-04 01:05"_s },
-             Example{ "en_US", u"1a"_s, u"2026-05-04 01:05"_s },
+             Example{ "en_US", u"1 am"_s, u"2026-05-04 01:00"_s },
+             Example{ "en_US", u"1a"_s, u"2026-05-04 01:00"_s },
              Example{ "en_US", u"145"_s, u"2026-05-04 13:45"_s },
              Example{ "en_US", u"23"_s, u"2026-05-04 14:03"_s },
              Example{ "ko_KR", u"1:30 am"_s, u"2026-05-04 01:30"_s },
@@ -200,6 +205,20 @@ TEST(DateTimeInput, leavesAYearOfThreeDigitsAsItWas)
 TEST(DateTimeInput, bearsAKeyThatIsHeldDown)
 {
     EXPECT_EQ(typed("de_DE", QString(1000, u'1')), u"2026-11-11 11:11"_s);
+}
+
+TEST(DateTimeInput, anHourWithoutMinutesIsAFullOne)
+{
+    for (const QString &letters : { u"9pm"_s, u"9 PM"_s, u"09p"_s })
+        EXPECT_EQ(typed("en_US", letters, DateTimeField::Hour), u"2026-05-04 21:00"_s);
+    EXPECT_EQ(typed("en_US", u"12 AM"_s, DateTimeField::Hour), u"2026-05-04 00:00"_s);
+    EXPECT_EQ(typed("en_US", u"1:3 AM"_s, DateTimeField::Hour), u"2026-05-04 01:03"_s);
+}
+
+TEST(DateTimeInput, aDayPeriodAloneLeavesTheMinutes)
+{
+    EXPECT_EQ(typed("en_US", u"a"_s, DateTimeField::Hour), u"2026-05-04 09:05"_s);
+    EXPECT_EQ(typed("en_US", u"a"_s, DateTimeField::Minute), u"2026-05-04 09:05"_s);
 }
 
 } // namespace
