@@ -60,6 +60,15 @@ def scroll_to_end(stage):
     stage.screen.move(area.x // 2, stage.screen.area.bottom - MARGIN)
 
 
+def reveal_in_view(stage):
+    """Shows the first key that can be seen: the sheet opens at the platform that is chosen."""
+    def hidden_key():
+        nodes = stage.glimmet.desktop.tree.program("glimmet").walk()
+        return next((node for node in nodes if node.is_called("Show key", ("push button",)) and node.showing), None)
+
+    wait_for(hidden_key, 10, "a hidden key in view").press()
+
+
 # What each picture is called, and what is done before it is taken. Each scene goes on from the one before it.
 SCENES = (
     ("clock", mode("Clock"), label(lambda text: text[:1].isdigit())),
@@ -73,7 +82,7 @@ SCENES = (
     ("revenue-dodo", tap("Dodo"), scroll_to_end),
     ("revenue-stripe", tap("Stripe"), scroll_to_end),
     ("keys", tap("API Keys")),
-    ("keys-revealed", tap("Show key")),
+    ("keys-revealed", reveal_in_view),
     ("keys-end", scroll_to_end),
     ("crypto", tap("Close"), mode("Crypto"), label(lambda text: text.startswith("BTC $"))),
     ("crypto-many", add("New symbol", "Add", SYMBOLS)),

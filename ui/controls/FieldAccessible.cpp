@@ -123,10 +123,23 @@ QString FieldAccessible::textAtOffset(
     return piece(offset, 0, kind, start, end);
 }
 
+/// An offset as assistive programs give it: two that no text has are the caret and the end.
+int FieldAccessible::placeOf(int offset) const
+{
+    switch (offset) {
+    case -1:
+        return characterCount();
+    case -2:
+        return cursorPosition();
+    default:
+        return offset;
+    }
+}
+
 QString FieldAccessible::piece(
     int offset, int further, QAccessible::TextBoundaryType kind, int *start, int *end) const
 {
-    const int place = offset == -2 ? cursorPosition() : offset == -1 ? characterCount() : offset;
+    const int place = placeOf(offset);
     const QList<TextPiece> pieces = piecesOf(shownText(), kind);
     int index = pieceAt(pieces, place);
     // Behind the last character there is none; the word, the sentence and the line are still those before it.

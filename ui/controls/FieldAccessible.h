@@ -46,6 +46,7 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
+    int placeOf(int offset) const;
     /// The piece so many after the one at `offset`, which is at the cursor for -2 and at the text's end for
     /// -1.
     QString piece(int offset, int further, QAccessible::TextBoundaryType kind, int *start, int *end) const;

@@ -5,6 +5,7 @@
 namespace glimmet {
 namespace {
 
+using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -18,26 +19,25 @@ QStringList cut(const QString &text, QAccessible::TextBoundaryType kind)
 
 TEST(TextPieces, areWordsWithWhatFollowsThem)
 {
-    EXPECT_THAT(cut(u"hello, big  world ✦"_qs, QAccessible::WordBoundary),
+    EXPECT_THAT(cut(u"hello, big  world ✦"_s, QAccessible::WordBoundary),
         ElementsAre(u"hello, ", u"big  ", u"world ✦"));
 }
 
 TEST(TextPieces, areTheWholeTextWhereItHasNoWord)
 {
-    for (const QString &text : { u"•••"_qs, u"•"_qs, u"✦ ✦"_qs, u"  "_qs })
+    for (const QString &text : { u"•••"_s, u"•"_s, u"✦ ✦"_s, u"  "_s })
         EXPECT_THAT(cut(text, QAccessible::WordBoundary), ElementsAre(text));
 }
 
 TEST(TextPieces, areCharactersAsTheyAreSeen)
 {
-    EXPECT_THAT(cut(u"a👍🏽•"_qs, QAccessible::CharBoundary), ElementsAre(u"a", u"👍🏽", u"•"));
+    EXPECT_THAT(cut(u"a👍🏽•"_s, QAccessible::CharBoundary), ElementsAre(u"a", u"👍🏽", u"•"));
 }
 
 TEST(TextPieces, areTheLineAsAWhole)
 {
-    EXPECT_THAT(cut(u"one two. Three"_qs, QAccessible::LineBoundary), ElementsAre(u"one two. Three"));
-    EXPECT_THAT(
-        cut(u"one two. Three"_qs, QAccessible::SentenceBoundary), ElementsAre(u"one two. ", u"Three"));
+    EXPECT_THAT(cut(u"one two. Three"_s, QAccessible::LineBoundary), ElementsAre(u"one two. Three"));
+    EXPECT_THAT(cut(u"one two. Three"_s, QAccessible::SentenceBoundary), ElementsAre(u"one two. ", u"Three"));
 }
 
 TEST(TextPieces, areNoneInAnEmptyText)
@@ -48,7 +48,7 @@ TEST(TextPieces, areNoneInAnEmptyText)
 
 TEST(TextPieces, areFoundByTheCharactersInThem)
 {
-    const QList<TextPiece> words = piecesOf(u"one two"_qs, QAccessible::WordBoundary);
+    const QList<TextPiece> words = piecesOf(u"one two"_s, QAccessible::WordBoundary);
 
     EXPECT_EQ(pieceAt(words, 0), 0);
     EXPECT_EQ(pieceAt(words, 3), 0);
