@@ -65,10 +65,6 @@ bool LineInput::filterOfField(QEvent &event)
         return handleKey(static_cast<QKeyEvent &>(event));
     if (event.type() == QEvent::InputMethod)
         clean(static_cast<QInputMethodEvent &>(event));
-    if (event.type() == QEvent::ShortcutOverride && isUndoInVain(static_cast<QKeyEvent &>(event))) {
-        event.ignore();
-        return true;
-    }
     if (event.type() != QEvent::InputMethodQuery || !isHidden())
         return false;
     answerInDots(*m_target, static_cast<QInputMethodQueryEvent &>(event));
@@ -90,11 +86,6 @@ bool LineInput::handleKey(const QKeyEvent &event)
         return paste();
     const bool isBackspace = event.key() == Qt::Key_Backspace && event.modifiers() == Qt::NoModifier;
     return isBackspace && removeEmoji();
-}
-
-bool LineInput::isUndoInVain(const QKeyEvent &event) const
-{
-    return event.matches(QKeySequence::Undo) && !m_target->property("canUndo").toBool();
 }
 
 bool LineInput::paste()

@@ -41,8 +41,6 @@ private:
     /// Each tells whether that was all there is to do.
     bool handleKey(const QKeyEvent &event);
     bool paste();
-    /// Undoing where there is nothing to undo is left to the page.
-    bool isUndoInVain(const QKeyEvent &event) const;
     bool removeEmoji();
     /// Puts `text` in the place of what is selected, or of `length` units before the caret: one edit.
     void replace(int length, const QString &text);

@@ -320,28 +320,4 @@ PanelTestCase {
 
         compare(world.ticker.customQuotes, ["z", "two"]);
     }
-
-    function test_theLastRowComesBackByTheKeysWhereTheFieldHasNothingToUndo() {
-        setQuotes(["one"]);
-        all(options, QuoteRow)[0].takeKeyboard();
-        keyClick(Qt.Key_Delete);
-        compare(world.ticker.customQuotes, []);
-        field().forceActiveFocus();
-
-        keySequence("Ctrl+Z");
-        compare(world.ticker.customQuotes, ["one"]);
-    }
-
-    function test_aFieldUndoesItsOwnTextFirst() {
-        setQuotes(["one"]);
-        all(options, QuoteRow)[0].takeKeyboard();
-        keyClick(Qt.Key_Delete);
-        field().forceActiveFocus();
-        keyClick(Qt.Key_A);
-
-        keySequence("Ctrl+Z");
-
-        compare(field().text, "");
-        compare(world.ticker.customQuotes, []);
-    }
 }
