@@ -111,6 +111,7 @@ class GnomeItem(DesktopCase):
         self.glimmet.open_panel()
         self.wait_for_status("Active")
         point = self.glimmet.click_point()
+        watch_for(DOUBLE_CLICK_TIME)
         self.statuses.clear()
         with gnome.halted(self.desktop):
             self.screen.click(*point)
