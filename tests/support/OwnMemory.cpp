@@ -71,6 +71,9 @@ struct Area {
     std::uint64_t end = 0;
 };
 
+/// Larger is only a sanitizer's map of all memory, which is full of holes and holds no text.
+constexpr std::uint64_t largestArea = std::uint64_t(1) << 38;
+
 /// The memory that this process can write and shares with nobody.
 std::span<const Area> writableAreas(std::span<Area> areas, const Window &window)
 {
@@ -85,7 +88,7 @@ std::span<const Area> writableAreas(std::span<Area> areas, const Window &window)
         line = std::strchr(line, '\n') + 1) {
         char *rest = nullptr;
         const Area area{ std::strtoull(line, &rest, 16), std::strtoull(rest + 1, &rest, 16) };
-        if (std::strncmp(rest, " rw-p", 5) == 0)
+        if (std::strncmp(rest, " rw-p", 5) == 0 && area.end - area.begin <= largestArea)
             areas[count++] = area;
     }
     return areas.first(count);
