@@ -100,7 +100,44 @@ QVariantMap menuProperties()
     };
 }
 
-/// The answer to a call that only asks; an invalid list where the call is none of these.
+/// What a host tells of an entry; its data and its time are not of interest.
+struct MenuEvent {
+    int entry = rootEntry;
+    QString name;
+};
+
+/// The argument of EventGroup, signature a(isvu); nothing where it is anything else.
+QList<MenuEvent> eventsOf(const QDBusMessage &message)
+{
+    QList<MenuEvent> events;
+    if (message.signature() != u"a(isvu)")
+        return events;
+    const auto group = message.arguments().constFirst().value<QDBusArgument>();
+    group.beginArray();
+    while (!group.atEnd()) {
+        MenuEvent event;
+        QDBusVariant data;
+        uint time = 0;
+        group.beginStructure();
+        group >> event.entry >> event.name >> data >> time;
+        group.endStructure();
+        events.append(event);
+    }
+    group.endArray();
+    return events;
+}
+
+/// The answer that holds one property; nothing where there is no such property, for which the bus has no
+/// value.
+std::optional<QVariantList> valueIn(const QVariantMap &properties, const QString &name)
+{
+    const auto found = properties.constFind(name);
+    if (found == properties.cend())
+        return std::nullopt;
+    return QVariantList{ QVariant::fromValue(QDBusVariant(*found)) };
+}
+
+/// The answer to a call that only asks; nothing where the call is none of these.
 std::optional<QVariantList> answerTo(const QDBusMessage &message, const NotifierMenu::Words &words)
 {
     const QString member = message.member();
@@ -110,19 +147,19 @@ std::optional<QVariantList> answerTo(const QDBusMessage &message, const Notifier
     if (member == u"GetGroupProperties")
         return QVariantList{ groupProperties(words) };
     if (member == u"GetProperty")
-        return QVariantList{ QVariant::fromValue(QDBusVariant(
-            entryProperties(arguments.value(0).toInt(), words).value(arguments.value(1).toString()))) };
+        return valueIn(entryProperties(arguments.value(0).toInt(), words), arguments.value(1).toString());
     if (member == u"AboutToShow")
         return QVariantList{ false };
     if (member == u"AboutToShowGroup")
         return QVariantList{ QVariant::fromValue(QList<int>()), QVariant::fromValue(QList<int>()) };
     if (member == u"Event")
         return QVariantList{};
+    if (member == u"EventGroup")
+        return QVariantList{ QVariant::fromValue(QList<int>()) };
     if (member == u"GetAll")
         return QVariantList{ menuProperties() };
     if (member == u"Get")
-        return QVariantList{ QVariant::fromValue(
-            QDBusVariant(menuProperties().value(arguments.value(1).toString()))) };
+        return valueIn(menuProperties(), arguments.value(1).toString());
     return std::nullopt;
 }
 
@@ -162,6 +199,7 @@ QString NotifierMenu::introspect(const QString &) const
     <method name="GetGroupProperties"><arg type="ai" direction="in"/><arg type="as" direction="in"/><arg type="a(ia{sv})" direction="out"/></method>
     <method name="GetProperty"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="out"/></method>
     <method name="Event"><arg type="i" direction="in"/><arg type="s" direction="in"/><arg type="v" direction="in"/><arg type="u" direction="in"/></method>
+    <method name="EventGroup"><arg type="a(isvu)" direction="in"/><arg type="ai" direction="out"/></method>
     <method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
     <method name="AboutToShowGroup"><arg type="ai" direction="in"/><arg type="ai" direction="out"/><arg type="ai" direction="out"/></method>
     <signal name="LayoutUpdated"><arg type="u"/><arg type="i"/></signal>
@@ -180,6 +218,12 @@ bool NotifierMenu::handleMessage(const QDBusMessage &message, const QDBusConnect
         emit wasRead();
     if (message.member() == u"Event")
         handleEvent(message.arguments().value(0).toInt(), message.arguments().value(1).toString());
+    if (message.member() == u"EventGroup")
+        for (const MenuEvent &event : eventsOf(message))
+            handleEvent(event.entry, event.name);
+    // Of the hosts that this is known of none asks so before the user does.
+    if (message.member() == u"AboutToShowGroup")
+        emit asked();
     return true;
 }
 

@@ -5,9 +5,8 @@
 
 namespace glimmet {
 
-/// The item's menu, spoken as com.canonical.dbusmenu at a path of its own, for hosts that answer a click by a
-/// menu only. That the menu opens is the click; its two entries serve where a host keeps it open. Main
-/// thread.
+/// The item's menu with its two entries, spoken as com.canonical.dbusmenu at a path of its own. Most hosts
+/// keep it for the right button; one that answers every click by it means a click by opening it. Main thread.
 class NotifierMenu final : public QDBusVirtualObject {
     Q_OBJECT
 
@@ -32,6 +31,8 @@ signals:
     void wasRead();
     /// The host opened the menu.
     void opened();
+    /// The host is about to open the menu; of such a host `opened` may not come.
+    void asked();
     /// The host closed the menu, and with it the grab that kept the keyboard for it.
     void closed();
     void openChosen();

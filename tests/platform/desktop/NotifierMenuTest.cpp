@@ -2,6 +2,7 @@
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusArgument>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QSignalSpy>
 
@@ -90,6 +91,77 @@ TEST_F(NotifierMenuTest, tellsThatItOpenedAndWhatWasChosen)
     sendEvent(2, QStringLiteral("clicked"));
     EXPECT_EQ(openChosen.count(), 1);
     EXPECT_EQ(quitChosen.count(), 1);
+}
+
+/// One of a(isvu).
+struct GroupedEvent {
+    int entry;
+    QString name;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const GroupedEvent &event)
+{
+    argument.beginStructure();
+    argument << event.entry << event.name << QDBusVariant(0) << 0U;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, GroupedEvent &)
+{
+    return argument;
+}
+
+} // namespace
+} // namespace glimmet
+
+Q_DECLARE_METATYPE(glimmet::GroupedEvent)
+
+namespace glimmet {
+namespace {
+
+TEST_F(NotifierMenuTest, hearsEventsThatComeAsAGroup)
+{
+    qDBusRegisterMetaType<GroupedEvent>();
+    qDBusRegisterMetaType<QList<GroupedEvent>>();
+    QSignalSpy openChosen(&menu, &NotifierMenu::openChosen);
+    QSignalSpy quitChosen(&menu, &NotifierMenu::quitChosen);
+    const QList<GroupedEvent> events{ { 1, QStringLiteral("clicked") }, { 2, QStringLiteral("hovered") },
+        { 7, QStringLiteral("clicked") } };
+
+    const QDBusMessage reply = call(host, NotifierMenu::path, menuInterface, QStringLiteral("EventGroup"),
+        { QVariant::fromValue(events) });
+
+    EXPECT_EQ(reply.signature(), QStringLiteral("ai"));
+    EXPECT_EQ(openChosen.count(), 1);
+    EXPECT_EQ(quitChosen.count(), 0);
+
+    // Anything else is answered, too.
+    EXPECT_EQ(call(host, NotifierMenu::path, menuInterface, QStringLiteral("EventGroup"), { 1 }).type(),
+        QDBusMessage::ReplyMessage);
+    EXPECT_EQ(openChosen.count(), 1);
+}
+
+TEST_F(NotifierMenuTest, tellsThatAHostIsAboutToOpenIt)
+{
+    QSignalSpy asked(&menu, &NotifierMenu::asked);
+
+    call(host, NotifierMenu::path, menuInterface, QStringLiteral("AboutToShowGroup"),
+        { QVariant::fromValue(QList<int>{ 0 }) });
+
+    EXPECT_EQ(asked.count(), 1);
+}
+
+TEST_F(NotifierMenuTest, answersByAnErrorWhereThereIsNoSuchProperty)
+{
+    EXPECT_EQ(call(host, NotifierMenu::path, menuInterface, QStringLiteral("GetProperty"),
+                  { 1, QStringLiteral("colour") })
+                  .type(),
+        QDBusMessage::ErrorMessage);
+    EXPECT_EQ(call(host, NotifierMenu::path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                  QStringLiteral("Get"), { menuInterface, QStringLiteral("Colour") })
+                  .type(),
+        QDBusMessage::ErrorMessage);
 }
 
 TEST_F(NotifierMenuTest, refusesWhatItDoesNotKnow)
