@@ -1,6 +1,8 @@
 #include "app/ItemHost.h"
 
+#include "app/ItemPicture.h"
 #include "platform/ProgramName.h"
+#include "platform/Text.h"
 #include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/desktop/NotifierMenu.h"
@@ -11,9 +13,13 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
+#include <QFile>
 
+#include <array>
 #include <chrono>
+#include <utility>
 
 namespace glimmet {
 namespace {
@@ -38,6 +44,27 @@ constexpr auto clickPatience = 1s;
 constexpr auto menuPatience = 5s;
 /// Between a press, which opens the menu, and its release, which activates.
 constexpr auto sameClickTime = 1s;
+/// A host reads the whole item anew when it is told of a tooltip, and hardly anybody looks at that.
+constexpr auto toolTipPause = 10s;
+/// Letters that MATE's panel has room for; it draws a longer label over what is beside it.
+constexpr int longestLabel = 60;
+/// The sizes of icons that panels ask for, also at twice the scale.
+constexpr std::array iconSizes{ 22, 44, 64 };
+/// A text is painted for twice the scale: panels shrink it to their own height.
+constexpr int widePictureHeight = 44;
+
+bool isDesktop(const char *name)
+{
+    return qgetenv("XDG_CURRENT_DESKTOP").toUpper().split(':').contains(name);
+}
+
+/// The file name of the program that owns a name on the bus, empty where that is not known.
+QByteArray programOf(const SessionBus &bus, const QString &name)
+{
+    const QDBusReply<uint> process = bus.connection().interface()->servicePid(name);
+    QFile file(QStringLiteral("/proc/%1/comm").arg(process.value()));
+    return process.isValid() && file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+}
 
 QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
 {
@@ -57,13 +84,22 @@ ItemHost::ItemHost(SessionBus &bus, Timers &timers, const SteadyClock &clock, QO
     , m_unseenTimer(timers, unseenPatience, [this] { startOver(); })
     , m_menuTimer(timers, menuPatience, [this] { comeBack(); })
     , m_clickTimer(timers, clickPatience, [this] { emit clicked(); })
+    , m_toolTipTimer(timers, toolTipPause,
+          [this] {
+              if (m_isToolTipStale)
+                  announceToolTip();
+          })
     , m_sinceMenu(clock)
 {
     connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
     connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
     connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
     connect(m_item.get(), &StatusNotifierItem::activatedBesideMenu, this, &ItemHost::handleEarlyClick);
-    connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::closeMenu);
+    connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::handleMenuOpened);
+    connect(m_menu.get(), &NotifierMenu::asked, this, [this] {
+        if (!m_showsMenu)
+            noteAnchor(m_anchor);
+    });
     connect(m_menu.get(), &NotifierMenu::closed, this, &ItemHost::handleMenuClosed);
     connect(m_menu.get(), &NotifierMenu::openChosen, this, &ItemHost::openChosen);
     connect(m_menu.get(), &NotifierMenu::quitChosen, this, &ItemHost::quitChosen);
@@ -77,7 +113,82 @@ ItemHost::~ItemHost() = default;
 
 void ItemHost::setText(const QString &text)
 {
-    m_item->setLabel(text);
+    if (text == m_text)
+        return;
+    m_text = text;
+    updateLabel();
+    if (m_showsWidePictures)
+        updatePictures();
+    updateToolTip();
+}
+
+void ItemHost::setMode(TickerMode mode)
+{
+    if (mode == m_mode)
+        return;
+    m_mode = mode;
+    updatePictures();
+    // The text of the new mode follows, and is told at once.
+    m_toolTipTimer.stop();
+}
+
+void ItemHost::setColorScheme(ColorScheme scheme)
+{
+    if (scheme == m_scheme)
+        return;
+    m_scheme = scheme;
+    updatePictures();
+}
+
+void ItemHost::setPanelOpen(bool isOpen)
+{
+    setToolTipHidden(Cover::Panel, isOpen);
+}
+
+void ItemHost::setToolTipHidden(Cover cover, bool isHidden)
+{
+    if (m_covers.testFlag(cover) == isHidden)
+        return;
+    m_covers.setFlag(cover, isHidden);
+    m_toolTipTimer.stop();
+    updateToolTip();
+}
+
+void ItemHost::updateLabel()
+{
+    const bool isShort = m_item->presentation() == StatusNotifierItem::Presentation::Label;
+    m_item->setLabel(isShort ? shortened(m_text, longestLabel) : m_text);
+}
+
+void ItemHost::updatePictures()
+{
+    if (m_item->presentation() != StatusNotifierItem::Presentation::Icon)
+        return;
+    const ColorScheme bar = m_isBarDark ? ColorScheme::Dark : m_scheme;
+    QList<NotifierPixmap> pictures;
+    for (const int size : iconSizes)
+        pictures.append(notifierPixmap(modePicture(m_mode, size, bar)));
+    if (m_showsWidePictures)
+        pictures.append(notifierPixmap(textPicture(m_text, widePictureHeight, bar)));
+    m_item->setPictures(std::move(pictures));
+}
+
+void ItemHost::updateToolTip()
+{
+    m_item->setToolTip(m_covers ? QString() : m_text);
+    if (m_showsMenu)
+        return;
+    if (m_toolTipTimer.isRunning())
+        m_isToolTipStale = true;
+    else
+        announceToolTip();
+}
+
+void ItemHost::announceToolTip()
+{
+    m_isToolTipStale = false;
+    m_item->announceToolTip();
+    m_toolTipTimer.start();
 }
 
 void ItemHost::handleConnected()
@@ -127,10 +238,15 @@ void ItemHost::choosePresentation()
 {
     using enum StatusNotifierItem::Presentation;
     const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
-    const bool isMate = qgetenv("XDG_CURRENT_DESKTOP").toUpper().contains("MATE");
+    const bool isMate = isDesktop("MATE");
     m_showsMenu = isGnome;
+    m_showsWidePictures = isDesktop("X-CINNAMON") || programOf(m_bus, watcherService) == "waybar";
+    // These bars are dark unless their users say otherwise, whatever the desktop wants of windows.
+    m_isBarDark = m_showsWidePictures || isDesktop("XFCE");
     const auto elsewhere = isMate ? Label : Icon;
     m_item->setPresentation(isGnome ? Menu : elsewhere);
+    updateLabel();
+    updatePictures();
 }
 
 void ItemHost::registerItem()
@@ -201,13 +317,14 @@ void ItemHost::handleClick(QPoint position)
     emit clicked();
 }
 
-void ItemHost::noteAnchor(QPoint position)
+void ItemHost::noteAnchor(std::optional<QPoint> position)
 {
     // Hosts mean the pointer, the icon's corner or a place inside themselves by their position: the pointer
     // is where the user has just clicked. Only under Wayland it is not known while it is over the desktop's
     // own bar.
     const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    m_anchor = isWayland ? position : X11::pointerPosition().value_or(position);
+    const std::optional<QPoint> pointer = isWayland ? std::nullopt : X11::pointerPosition();
+    m_anchor = pointer ? pointer : position;
 }
 
 void ItemHost::handleEarlyClick(QPoint position)
@@ -218,10 +335,19 @@ void ItemHost::handleEarlyClick(QPoint position)
         handleClick(position);
 }
 
+void ItemHost::handleMenuOpened()
+{
+    // A menu's click carries no place.
+    noteAnchor(m_anchor);
+    if (m_showsMenu)
+        closeMenu();
+    else
+        setToolTipHidden(Cover::Menu, true);
+}
+
 void ItemHost::closeMenu()
 {
     m_sinceMenu.start();
-    noteAnchor(m_anchor.value_or(QPoint()));
     m_item->setActive(false);
     m_menuTimer.start();
     m_clickTimer.start();
@@ -229,6 +355,7 @@ void ItemHost::closeMenu()
 
 void ItemHost::handleMenuClosed()
 {
+    setToolTipHidden(Cover::Menu, false);
     if (m_menuTimer.isRunning())
         comeBack();
     if (m_clickTimer.isRunning()) {

@@ -4,6 +4,8 @@
 #include "platform/SingleShot.h"
 #include "platform/SteadyClock.h"
 
+#include <QFlags>
+
 #include <memory>
 
 class QDBusServiceWatcher;
@@ -28,6 +30,9 @@ public:
     bool isAvailable() const override { return m_available; }
     QString place() const override { return QStringLiteral("an item"); }
     void setText(const QString &text) override;
+    void setMode(TickerMode mode) override;
+    void setColorScheme(ColorScheme scheme) override;
+    void setPanelOpen(bool isOpen) override;
     /// The desktop shows what is registered by itself.
     void setShown(bool) override {}
     std::optional<QPoint> anchor() const override { return m_anchor; }
@@ -36,6 +41,9 @@ private slots:
     void askForHost();
 
 private:
+    /// What a tooltip would lie over.
+    enum class Cover { Panel = 1, Menu = 2 };
+
     void handleConnected();
     void handleLost();
     void handleWatcher();
@@ -45,9 +53,15 @@ private:
     void startOver();
     void setAvailable(bool available);
     void choosePresentation();
+    void updateLabel();
+    void updatePictures();
+    void setToolTipHidden(Cover cover, bool isHidden);
+    void updateToolTip();
+    void announceToolTip();
     void handleClick(QPoint position);
-    void noteAnchor(QPoint position);
+    void noteAnchor(std::optional<QPoint> position);
     void handleEarlyClick(QPoint position);
+    void handleMenuOpened();
     void closeMenu();
     void handleMenuClosed();
     void comeBack();
@@ -59,9 +73,17 @@ private:
     SingleShot m_unseenTimer;
     SingleShot m_menuTimer;
     SingleShot m_clickTimer;
+    SingleShot m_toolTipTimer;
     Stopwatch m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
+    QString m_text;
+    TickerMode m_mode = TickerMode::Clock;
+    ColorScheme m_scheme = ColorScheme::Light;
     bool m_showsMenu = false;
+    bool m_showsWidePictures = false;
+    bool m_isToolTipStale = false;
+    bool m_isBarDark = false;
+    QFlags<Cover> m_covers;
     bool m_isAnnounced = false;
     bool m_isStartingOver = false;
     bool m_available = false;

@@ -43,10 +43,22 @@ void MenuBar::setText(const QString &text)
         host->setText(line);
 }
 
+void MenuBar::setMode(TickerMode mode)
+{
+    for (const auto &host : m_hosts)
+        host->setMode(mode);
+}
+
 void MenuBar::setColorScheme(ColorScheme scheme)
 {
     for (const auto &host : m_hosts)
         host->setColorScheme(scheme);
+}
+
+void MenuBar::setPanelOpen(bool isOpen)
+{
+    for (const auto &host : m_hosts)
+        host->setPanelOpen(isOpen);
 }
 
 std::optional<QPoint> MenuBar::anchor() const

@@ -25,7 +25,9 @@ public:
 
     /// Shows `text`; line breaks and control characters are cleaned away.
     void setText(const QString &text);
+    void setMode(TickerMode mode);
     void setColorScheme(ColorScheme scheme);
+    void setPanelOpen(bool isOpen);
     /// Where the panel drops down from, in native pixels; none while that is not known.
     std::optional<QPoint> anchor() const;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/TickerMode.h"
 #include "platform/desktop/ColorScheme.h"
 
 #include <QObject>
@@ -24,8 +25,12 @@ public:
     virtual void setText(const QString &text) = 0;
     /// Whether the text is here, and not in another host.
     virtual void setShown(bool shown) = 0;
+    /// What the text is about, told before the text itself.
+    virtual void setMode(TickerMode) {}
     /// The desktop's, for a host that paints by itself.
     virtual void setColorScheme(ColorScheme) {}
+    /// Whether the panel is open, over which nothing of the host's shall lie.
+    virtual void setPanelOpen(bool) {}
     /// Where the panel drops down from, in native pixels of the root window; none while that is not known.
     virtual std::optional<QPoint> anchor() const = 0;
 

@@ -87,6 +87,7 @@ void PanelController::open(std::optional<QPoint> anchor)
         m_panel->window().show();
         m_sinceOpening.start();
         m_settlingTime = settlingTime;
+        emit openChanged();
     }
     X11::giveFocus(m_panel->window());
 }
@@ -214,6 +215,7 @@ void PanelController::close(Cause cause)
         panel.reset();
         malloc_trim(0);
     });
+    emit openChanged();
 }
 
 void PanelController::forgetPresses()

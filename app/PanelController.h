@@ -51,6 +51,7 @@ public:
     void setLook(const DesktopLook &look);
 
 signals:
+    void openChanged();
     /// The panel could not be loaded, in words.
     void failed(const QString &reason);
     /// An update has replaced the program: it has to start again to have a panel.

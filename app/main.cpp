@@ -110,6 +110,7 @@ int run(DiagnosticLog &log, Restart &restart)
     UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;
 
+    const auto showMode = [&] { menuBar.setMode(ticker.mode()); };
     const auto showText = [&] { menuBar.setText(ticker.currentDisplay()); };
     const auto showLook = [&] {
         menuBar.setColorScheme(look.look().scheme);
@@ -123,12 +124,15 @@ int run(DiagnosticLog &log, Restart &restart)
     };
     const auto openPanel = [&] { panel.open(menuBar.anchor()); };
 
+    QObject::connect(&ticker, &TickerViewModel::modeChanged, &menuBar, showMode);
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
     QObject::connect(&menuBar, &MenuBar::clicked, &panel, [&] { panel.toggle(menuBar.anchor()); });
     QObject::connect(&menuBar, &MenuBar::openChosen, &panel, openPanel);
     QObject::connect(&menuBar, &MenuBar::quitChosen, &menuBar, &QCoreApplication::quit);
     QObject::connect(&menuBar, &MenuBar::moved, &menuBar,
         [&](const QString &place) { log.line(QStringLiteral("menu bar: ") + place); });
+    QObject::connect(
+        &panel, &PanelController::openChanged, &menuBar, [&] { menuBar.setPanelOpen(panel.isOpen()); });
     QObject::connect(&panel, &PanelController::failed, &menuBar,
         [&](const QString &reason) { log.line(QStringLiteral("panel: ") + reason); });
     QObject::connect(&updateWindow, &UpdateWindowController::failed, &menuBar,
@@ -145,6 +149,7 @@ int run(DiagnosticLog &log, Restart &restart)
         [&] { log.line(QStringLiteral("session bus: lost, trying again")); });
     QObject::connect(&quitSignals, &QuitSignals::received, &menuBar, &QCoreApplication::quit);
 
+    showMode();
     showText();
     showLook();
     if (bus.isConnected())

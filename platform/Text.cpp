@@ -61,6 +61,13 @@ bool isAllBlank(const QString &text)
     return std::all_of(text.begin(), text.end(), isBlank);
 }
 
+QString shortened(const QString &text, int most)
+{
+    const std::optional<qsizetype> end = endOf(most, text);
+    const bool fits = !end || *end == text.size();
+    return fits ? text : text.first(endOf(most - 1, text).value_or(0)) + u'…';
+}
+
 QString oneDecimal(double value)
 {
     std::array<char, 320> digits; // The largest double has 309 before its point.

@@ -32,4 +32,7 @@ QByteArrayView wholeCodePoints(QByteArrayView bytes, qsizetype size);
 /// of many parts, is one. Nothing where `bytes` are not valid UTF-8 anywhere.
 std::optional<QString> firstCharacters(QByteArrayView bytes, int count);
 
+/// At most `most` such characters of `text`, two at least: the last is an ellipsis where any are left out.
+QString shortened(const QString &text, int most);
+
 } // namespace glimmet

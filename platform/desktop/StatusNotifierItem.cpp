@@ -6,6 +6,8 @@
 #include <QDBusError>
 #include <QDBusMessage>
 
+#include <utility>
+
 namespace glimmet {
 namespace {
 
@@ -74,8 +76,6 @@ void StatusNotifierItem::setLabel(const QString &label)
         return;
     m_label = label;
     announceLabel();
-    if (m_presentation == Presentation::Icon)
-        emitChange(QStringLiteral("NewToolTip"));
 }
 
 void StatusNotifierItem::announceLabel()
@@ -89,6 +89,18 @@ void StatusNotifierItem::setPresentation(Presentation presentation)
         return;
     m_presentation = presentation;
     emitChange(QStringLiteral("NewIcon"));
+}
+
+void StatusNotifierItem::setPictures(QList<NotifierPixmap> pictures)
+{
+    m_pictures = std::move(pictures);
+    if (m_presentation == Presentation::Icon)
+        emitChange(QStringLiteral("NewIcon"));
+}
+
+void StatusNotifierItem::announceToolTip()
+{
+    emitChange(QStringLiteral("NewToolTip"));
 }
 
 void StatusNotifierItem::setActive(bool active)
@@ -155,21 +167,22 @@ bool StatusNotifierItem::handleProperties(const QDBusMessage &message, const QDB
 QVariantMap StatusNotifierItem::properties() const
 {
     const bool hasIcon = m_presentation == Presentation::Icon;
-    const QString menu =
-        m_presentation == Presentation::Menu ? NotifierMenu::path : QStringLiteral("/NO_DBUSMENU");
-    const QList<NotifierPixmap> icon{ hasIcon ? markPixmap(22) : emptyPixmap(1) };
-    const NotifierToolTip toolTip{ {}, {}, m_label, {} };
+    const QList<NotifierPixmap> icon = hasIcon ? m_pictures : QList{ emptyPixmap(1) };
+    const NotifierToolTip toolTip{ {}, {}, m_toolTip, {} };
+    // XFCE shows it in place of an empty tooltip.
+    const bool hasTitle = m_presentation != Presentation::Icon || !m_toolTip.isEmpty();
+    const QString title = hasTitle ? QStringLiteral("glimmet") : QString();
     return {
         { QStringLiteral("Category"), QStringLiteral("ApplicationStatus") },
         { QStringLiteral("Id"), QStringLiteral("glimmet") },
-        { QStringLiteral("Title"), QStringLiteral("glimmet") },
+        { QStringLiteral("Title"), title },
         { QStringLiteral("Status"), m_active ? QStringLiteral("Active") : QStringLiteral("Passive") },
         { QStringLiteral("WindowId"), 0 },
         { QStringLiteral("IconName"), QString() },
         { QStringLiteral("IconPixmap"), QVariant::fromValue(icon) },
         { QStringLiteral("ToolTip"), QVariant::fromValue(toolTip) },
         { QStringLiteral("ItemIsMenu"), false },
-        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(menu)) },
+        { QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(NotifierMenu::path)) },
         { QStringLiteral("XAyatanaLabel"), m_label },
         { QStringLiteral("XAyatanaLabelGuide"), QString() },
         { QStringLiteral("XAyatanaOrderingIndex"), 0U },

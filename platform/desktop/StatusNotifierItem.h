@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/desktop/StatusNotifierTypes.h"
+
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
-#include <QPixmap>
 #include <QPoint>
 
 #include <optional>
@@ -11,8 +12,8 @@ namespace glimmet {
 
 /// The menu-bar item as the StatusNotifierItem protocol
 /// (https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem/) shows it, with the XAyatanaLabel
-/// extension for its text, at /StatusNotifierItem. It holds what hosts read and tells what they call. Main
-/// thread.
+/// extension for its text, at /StatusNotifierItem. It holds what hosts read and tells what they call. Its
+/// menu is NotifierMenu's. Main thread.
 class StatusNotifierItem final : public QDBusVirtualObject {
     Q_OBJECT
 
@@ -23,7 +24,7 @@ public:
     enum class Presentation {
         Label, ///< text beside an icon: the icon is an empty one
         Menu, ///< the same, by a host that answers clicks with the item's menu only
-        Icon, ///< an icon with the text as its tooltip
+        Icon, ///< a picture with a tooltip
     };
 
     explicit StatusNotifierItem(QObject *parent = nullptr);
@@ -38,6 +39,12 @@ public:
     /// Sends the text once more, for a host that is new.
     void announceLabel();
     void setPresentation(Presentation presentation);
+    Presentation presentation() const { return m_presentation; }
+    /// What hosts that show icons choose from, each in one of the sizes that they ask for.
+    void setPictures(QList<NotifierPixmap> pictures);
+    /// Plain text. Hosts look at it once they are told of it.
+    void setToolTip(const QString &text) { m_toolTip = text; }
+    void announceToolTip();
     /// A passive item is not shown.
     void setActive(bool active);
 
@@ -45,7 +52,8 @@ public:
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 signals:
-    /// The item was clicked with any button; hosts mean different places by the position, or none.
+    /// The item was clicked, with any button that the host does not keep for the menu; hosts mean different
+    /// places by the position, or none.
     void activated(QPoint position);
     /// The item was activated by a host that shows its menu.
     void activatedBesideMenu(QPoint position);
@@ -60,6 +68,8 @@ private:
 
     QDBusConnection m_connection;
     QString m_label;
+    QString m_toolTip;
+    QList<NotifierPixmap> m_pictures{ emptyPixmap(1) };
     Presentation m_presentation = Presentation::Icon;
     bool m_active = true;
 };

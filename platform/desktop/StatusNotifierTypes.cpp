@@ -2,21 +2,9 @@
 
 #include <QDBusMetaType>
 #include <QImage>
-#include <QPainter>
 #include <QtEndian>
 
 namespace glimmet {
-namespace {
-
-NotifierPixmap toPixmap(const QImage &image)
-{
-    const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
-    NotifierPixmap pixmap{ argb.width(), argb.height(), QByteArray(argb.sizeInBytes(), Qt::Uninitialized) };
-    qToBigEndian<quint32>(argb.constBits(), argb.sizeInBytes() / 4, pixmap.bytes.data());
-    return pixmap;
-}
-
-} // namespace
 
 QDBusArgument &operator<<(QDBusArgument &argument, const NotifierPixmap &pixmap)
 {
@@ -57,23 +45,17 @@ void registerNotifierTypes()
     qDBusRegisterMetaType<NotifierToolTip>();
 }
 
+NotifierPixmap notifierPixmap(const QImage &image)
+{
+    const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
+    NotifierPixmap pixmap{ argb.width(), argb.height(), QByteArray(argb.sizeInBytes(), Qt::Uninitialized) };
+    qToBigEndian<quint32>(argb.constBits(), argb.sizeInBytes() / 4, pixmap.bytes.data());
+    return pixmap;
+}
+
 NotifierPixmap emptyPixmap(int size)
 {
     return { size, size, QByteArray(qsizetype(size) * size * 4, '\0') };
-}
-
-NotifierPixmap markPixmap(int size)
-{
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xff, 0xa6, 0x3d));
-    const double margin = size / 5.0;
-    painter.drawEllipse(QRectF(margin, margin, size - 2 * margin, size - 2 * margin));
-    painter.end();
-    return toPixmap(image);
 }
 
 } // namespace glimmet

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+class QImage;
+
 namespace glimmet {
 
 /// The protocol's picture: ARGB, 32 bits, network byte order. Signature (iiay).
@@ -30,10 +32,10 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierToolTip &
 /// Makes the types known to the bus; more than once does no harm.
 void registerNotifierTypes();
 
+/// Any picture as the protocol has it.
+NotifierPixmap notifierPixmap(const QImage &image);
 /// A picture of `size` by `size` pixels with nothing in it.
 NotifierPixmap emptyPixmap(int size);
-/// The program's mark, for hosts that show icons only.
-NotifierPixmap markPixmap(int size);
 
 } // namespace glimmet
 

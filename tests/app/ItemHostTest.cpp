@@ -1,6 +1,8 @@
 #include "app/ItemHost.h"
 #include "platform/ProgramName.h"
 #include "platform/bus/SessionBus.h"
+#include "platform/desktop/StatusNotifierTypes.h"
+#include "tests/support/HeardSignals.h"
 #include "tests/support/ManualTimers.h"
 #include "tests/support/PrivateBus.h"
 
@@ -15,6 +17,8 @@ namespace glimmet {
 namespace {
 
 using namespace std::chrono_literals;
+
+const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 
 /// A desktop's watcher, on a connection of its own, with or without a host behind it.
 class Watcher final : public QDBusVirtualObject {
@@ -188,6 +192,174 @@ TEST_F(ItemHostTest, isGoneWithTheBusAndBackWithIt)
     QDBusConnection::disconnectFromBus(QStringLiteral("another"));
 }
 
+/// A panel that shows a picture and, over it, a tooltip.
+class IconPanelTest : public ItemHostTest {
+protected:
+    IconPanelTest()
+        : watcher(desktop)
+        , host(bus, timers, clock)
+    {
+        waitFor([this] { return host.isAvailable(); });
+        watcher.look();
+        host.setText(QStringLiteral("11:59:59"));
+        timers.advance(10s);
+        settle(desktop);
+        heard.all.clear();
+    }
+
+    template <typename Value> Value property(const QString &name)
+    {
+        const QDBusMessage reply = call(desktop, QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+            { itemInterface, name });
+        return qdbus_cast<Value>(reply.arguments().value(0).value<QDBusVariant>().variant());
+    }
+    QString toolTip() { return property<NotifierToolTip>(QStringLiteral("ToolTip")).title; }
+    int toolTips()
+    {
+        settle(desktop);
+        return int(heard.all.count(QStringLiteral("NewToolTip:")));
+    }
+
+    Watcher watcher;
+    ItemHost host;
+    HeardSignals heard{ desktop, programName, QStringLiteral("/StatusNotifierItem"), itemInterface,
+        { QStringLiteral("NewToolTip"), QStringLiteral("NewIcon") } };
+};
+
+TEST_F(IconPanelTest, tellsOfItsToolTipEveryTenSecondsAtMost)
+{
+    for (int second = 0; second < 30; ++second) {
+        host.setText(QStringLiteral("12:00:%1").arg(second, 2, 10, QLatin1Char('0')));
+        timers.advance(1s);
+    }
+
+    EXPECT_EQ(toolTips(), 4);
+    EXPECT_EQ(toolTip(), QStringLiteral("12:00:29"));
+}
+
+TEST_F(IconPanelTest, restsWhileItsTextStays)
+{
+    host.setText(QStringLiteral("deep work"));
+    timers.advance(10s);
+
+    EXPECT_EQ(toolTips(), 1);
+    EXPECT_TRUE(timers.running().empty());
+}
+
+TEST_F(IconPanelTest, tellsOfTheTextOfAnotherModeAtOnce)
+{
+    host.setText(QStringLiteral("12:00:00"));
+    host.setMode(TickerMode::Quote);
+    host.setText(QStringLiteral("Make it work"));
+
+    EXPECT_EQ(toolTips(), 2);
+    EXPECT_TRUE(heard.all.contains(QStringLiteral("NewIcon:")));
+}
+
+TEST_F(IconPanelTest, hidesItsToolTipUnderTheOpenPanel)
+{
+    host.setPanelOpen(true);
+    EXPECT_EQ(toolTips(), 1);
+    EXPECT_EQ(toolTip(), QString());
+    host.setText(QStringLiteral("12:00:00"));
+    EXPECT_EQ(toolTip(), QString());
+
+    host.setPanelOpen(false);
+
+    EXPECT_EQ(toolTips(), 2);
+    EXPECT_EQ(toolTip(), QStringLiteral("12:00:00"));
+}
+
+TEST_F(IconPanelTest, showsTheModesSymbolInEverySizeThatPanelsAskFor)
+{
+    const auto sizes = [this] {
+        QList<int> all;
+        for (const NotifierPixmap &picture : property<QList<NotifierPixmap>>(QStringLiteral("IconPixmap")))
+            all.append(picture.width);
+        return all;
+    };
+    const auto first = [this] {
+        return property<QList<NotifierPixmap>>(QStringLiteral("IconPixmap")).constFirst().bytes;
+    };
+    EXPECT_EQ(sizes(), QList({ 22, 44, 64 }));
+
+    const QByteArray clockPicture = first();
+    host.setMode(TickerMode::Crypto);
+    const QByteArray cryptoPicture = first();
+    host.setColorScheme(ColorScheme::Dark);
+
+    EXPECT_NE(cryptoPicture, clockPicture);
+    EXPECT_NE(first(), cryptoPicture);
+}
+
+TEST_F(IconPanelTest, leavesTheMenuToTheOtherButton)
+{
+    QSignalSpy clicked(&host, &ItemHost::clicked);
+    QSignalSpy openChosen(&host, &ItemHost::openChosen);
+    const auto tellOfMenu = [this](int entry, const QString &event) {
+        call(desktop, QStringLiteral("/StatusNotifierItem/Menu"), QStringLiteral("com.canonical.dbusmenu"),
+            QStringLiteral("Event"), { entry, event, QVariant::fromValue(QDBusVariant(0)), 0U });
+    };
+
+    tellOfMenu(0, QStringLiteral("opened"));
+    EXPECT_EQ(property<QString>(QStringLiteral("Status")), QStringLiteral("Active"));
+    EXPECT_EQ(toolTip(), QString());
+    tellOfMenu(1, QStringLiteral("clicked"));
+    tellOfMenu(0, QStringLiteral("closed"));
+
+    EXPECT_EQ(clicked.count(), 0);
+    EXPECT_EQ(openChosen.count(), 1);
+    EXPECT_EQ(toolTip(), QStringLiteral("11:59:59"));
+}
+
+/// Panels that are told apart by the desktop's name.
+class NamedDesktopTest : public ItemHostTest {
+protected:
+    ~NamedDesktopTest() override { qputenv("XDG_CURRENT_DESKTOP", m_before); }
+
+    /// What the host reads of a long text.
+    void show(const char *desktopName)
+    {
+        qputenv("XDG_CURRENT_DESKTOP", desktopName);
+        watcher = std::make_unique<Watcher>(desktop);
+        host = std::make_unique<ItemHost>(bus, timers, clock);
+        waitFor([this] { return host->isAvailable(); });
+        host->setText(QString(170, u'w'));
+    }
+    QVariant property(const QString &name)
+    {
+        const QDBusMessage reply = call(desktop, QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+            { itemInterface, name });
+        return reply.arguments().value(0).value<QDBusVariant>().variant();
+    }
+
+    std::unique_ptr<Watcher> watcher;
+    std::unique_ptr<ItemHost> host;
+
+private:
+    QByteArray m_before = qgetenv("XDG_CURRENT_DESKTOP");
+};
+
+TEST_F(NamedDesktopTest, hasAShortLabelInMate)
+{
+    show("MATE");
+
+    EXPECT_EQ(property(QStringLiteral("XAyatanaLabel")), QString(59, u'w') + u'…');
+}
+
+TEST_F(NamedDesktopTest, paintsTheTextForCinnamonsPanel)
+{
+    show("X-Cinnamon");
+
+    const auto pictures = qdbus_cast<QList<NotifierPixmap>>(property(QStringLiteral("IconPixmap")));
+    ASSERT_EQ(pictures.size(), 4);
+    EXPECT_EQ(pictures.constLast().height, 44);
+    EXPECT_GT(pictures.constLast().width, 10 * 44);
+    EXPECT_LT(pictures.constLast().width, 24 * 44);
+}
+
 /// A GNOME Shell: the watcher's owner is the shell.
 class ShellHostTest : public ItemHostTest {
 protected:
@@ -293,6 +465,20 @@ TEST_F(ShellHostTest, comesBackWhereTheHostNeverTellsThatItsMenuIsClosed)
 
     timers.advance(5s);
     EXPECT_EQ(status(), QStringLiteral("Active"));
+}
+
+TEST_F(ShellHostTest, knowsNoPlaceUnderWaylandWhereOnlyItsMenuWasOpened)
+{
+    qputenv("WAYLAND_DISPLAY", "wayland-test");
+
+    openMenu();
+    closeMenu();
+    EXPECT_EQ(host->anchor(), std::nullopt);
+
+    timers.advance(2s);
+    activate();
+    qunsetenv("WAYLAND_DISPLAY");
+    EXPECT_EQ(host->anchor(), QPoint(1, 2));
 }
 
 TEST_F(ShellHostTest, takesAnActivationForTheClickWhileNoMenuOpens)

@@ -27,5 +27,13 @@ TEST(TrimmedBlanks, leavesNothingOfBlanksOnly)
     EXPECT_EQ(trimmedBlanks(QString()), QString());
 }
 
+TEST(Shortened, countsAsAReaderDoesAndEndsInAnEllipsisWhereItCuts)
+{
+    EXPECT_EQ(shortened(u"12:00"_s, 5), u"12:00"_s);
+    EXPECT_EQ(shortened(u"12:00:00"_s, 5), u"12:0…"_s);
+    EXPECT_EQ(shortened(u"e\u0301e\u0301👩‍🚀e\u0301e\u0301"_s, 4), u"e\u0301e\u0301👩‍🚀…"_s);
+    EXPECT_EQ(shortened(u""_s, 2), u""_s);
+}
+
 } // namespace
 } // namespace glimmet

@@ -1,4 +1,6 @@
 #include "platform/desktop/StatusNotifierItem.h"
+#include "platform/desktop/NotifierMenu.h"
+#include "tests/support/HeardSignals.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusArgument>
@@ -15,20 +17,6 @@ using enum StatusNotifierItem::Presentation;
 
 const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 
-/// Keeps the signals that a host would hear.
-class Listener : public QObject {
-    Q_OBJECT
-
-public:
-    QStringList heard;
-
-public slots:
-    void hear(const QDBusMessage &message)
-    {
-        heard.append(message.member() + u':' + message.arguments().value(0).toString());
-    }
-};
-
 class StatusNotifierItemTest : public testing::Test {
 protected:
     StatusNotifierItemTest()
@@ -37,9 +25,6 @@ protected:
     {
         own.registerService(QStringLiteral("me.kerno.glimmet"));
         item.putOn(own);
-        for (const char *signal : { "XAyatanaNewLabel", "NewStatus", "NewIcon", "NewToolTip" })
-            host.connect(QStringLiteral("me.kerno.glimmet"), StatusNotifierItem::path, itemInterface,
-                QString::fromLatin1(signal), &listener, SLOT(hear(QDBusMessage)));
     }
     ~StatusNotifierItemTest() override
     {
@@ -71,7 +56,9 @@ protected:
     QDBusConnection own;
     QDBusConnection host;
     StatusNotifierItem item;
-    Listener listener;
+    HeardSignals heard{ host, QStringLiteral("me.kerno.glimmet"), StatusNotifierItem::path, itemInterface,
+        { QStringLiteral("XAyatanaNewLabel"), QStringLiteral("NewStatus"), QStringLiteral("NewIcon"),
+            QStringLiteral("NewToolTip") } };
 };
 
 TEST_F(StatusNotifierItemTest, showsItsTextAsTheLabel)
@@ -89,8 +76,8 @@ TEST_F(StatusNotifierItemTest, sendsTheLabelOnlyWhenItChanges)
     item.setLabel(QStringLiteral("b"));
     item.setActive(false);
 
-    ASSERT_TRUE(waitFor([this] { return listener.heard.contains(QStringLiteral("NewStatus:Passive")); }));
-    EXPECT_EQ(listener.heard,
+    ASSERT_TRUE(waitFor([this] { return heard.all.contains(QStringLiteral("NewStatus:Passive")); }));
+    EXPECT_EQ(heard.all,
         QStringList({ QStringLiteral("NewIcon:"), QStringLiteral("XAyatanaNewLabel:a"),
             QStringLiteral("XAyatanaNewLabel:b"), QStringLiteral("NewStatus:Passive") }));
 }
@@ -110,8 +97,9 @@ TEST_F(StatusNotifierItemTest, answersEveryPropertyWithTheProtocolsType)
         QStringLiteral("a(iiay)"));
     EXPECT_EQ(all.value(QStringLiteral("ToolTip")).value<QDBusArgument>().currentSignature(),
         QStringLiteral("(sa(iiay)ss)"));
-    EXPECT_EQ(
-        all.value(QStringLiteral("Menu")).value<QDBusObjectPath>().path(), QStringLiteral("/NO_DBUSMENU"));
+    // Also where the menu is the other button's: a host takes any path for a menu, and an empty one is drawn.
+    EXPECT_EQ(all.value(QStringLiteral("Menu")).value<QDBusObjectPath>().path(), NotifierMenu::path);
+    EXPECT_EQ(all.value(QStringLiteral("ItemIsMenu")), false);
 }
 
 TEST_F(StatusNotifierItemTest, tellsOfAClickWithAnyButton)
@@ -138,8 +126,6 @@ TEST_F(StatusNotifierItemTest, leavesClicksToTheMenuForAHostThatShowsMenus)
     EXPECT_EQ(activated.count(), 0);
     EXPECT_EQ(beside.count(), 1);
     EXPECT_FALSE(introspection().contains(QStringLiteral("\"Activate\"")));
-    EXPECT_EQ(property(QStringLiteral("Menu")).value<QDBusObjectPath>().path(),
-        QStringLiteral("/StatusNotifierItem/Menu"));
 }
 
 TEST_F(StatusNotifierItemTest, answersUnknownMethodsByTheErrorThatHostsLookFor)
@@ -157,19 +143,47 @@ TEST_F(StatusNotifierItemTest, tellsThatAHostHasLookedAtIt)
     EXPECT_EQ(read.count(), 1);
 }
 
-TEST_F(StatusNotifierItemTest, carriesItsTextAsTheToolTipWhereOnlyAnIconIsShown)
+TEST_F(StatusNotifierItemTest, tellsOfItsToolTipWhenAskedTo)
 {
-    item.setLabel(QStringLiteral("12:00"));
+    item.setToolTip(QStringLiteral("11:59"));
+    item.setToolTip(QStringLiteral("12:00"));
+    item.announceToolTip();
+    item.setActive(false);
 
-    ASSERT_TRUE(waitFor([this] { return listener.heard.contains(QStringLiteral("NewToolTip:")); }));
-    const auto toolTip = property(QStringLiteral("ToolTip")).value<QDBusArgument>();
-    QString iconName;
-    toolTip.beginStructure();
-    toolTip >> iconName;
-    EXPECT_EQ(toolTip.currentSignature(), QStringLiteral("a(iiay)"));
+    ASSERT_TRUE(waitFor([this] { return heard.all.contains(QStringLiteral("NewStatus:Passive")); }));
+    EXPECT_EQ(heard.all, QStringList({ QStringLiteral("NewToolTip:"), QStringLiteral("NewStatus:Passive") }));
+    NotifierToolTip toolTip;
+    property(QStringLiteral("ToolTip")).value<QDBusArgument>() >> toolTip;
+    EXPECT_EQ(toolTip.title, QStringLiteral("12:00"));
+}
+
+TEST_F(StatusNotifierItemTest, hasNoTitleEitherWhereAPanelWouldShowThatAsItsToolTip)
+{
+    item.setToolTip(QStringLiteral("12:00"));
+    EXPECT_EQ(property(QStringLiteral("Title")), QStringLiteral("glimmet"));
+
+    item.setToolTip(QString());
+    EXPECT_EQ(property(QStringLiteral("Title")), QString());
+
+    item.setPresentation(Menu);
+    EXPECT_EQ(property(QStringLiteral("Title")), QStringLiteral("glimmet"));
+}
+
+TEST_F(StatusNotifierItemTest, offersItsPicturesWhereIconsAreShown)
+{
+    item.setPictures({ emptyPixmap(22), emptyPixmap(44) });
+    QList<NotifierPixmap> pictures;
+    property(QStringLiteral("IconPixmap")).value<QDBusArgument>() >> pictures;
+    ASSERT_EQ(pictures.size(), 2);
+    EXPECT_EQ(pictures.at(1).width, 44);
+    EXPECT_EQ(pictures.at(1).bytes.size(), 44 * 44 * 4);
+
+    // Beside a label no room is given to an icon.
+    item.setPresentation(Label);
+    property(QStringLiteral("IconPixmap")).value<QDBusArgument>() >> pictures;
+    ASSERT_EQ(pictures.size(), 1);
+    EXPECT_EQ(pictures.first().width, 1);
 }
 
 } // namespace
 } // namespace glimmet
-
-#include "StatusNotifierItemTest.moc"
