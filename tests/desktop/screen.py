@@ -6,6 +6,9 @@ from dataclasses import dataclass
 
 from desktop.processes import wait_for
 
+# Seconds; two clicks that are closer to each other are one double click.
+DOUBLE_CLICK_TIME = 0.4
+
 
 @dataclass(frozen=True)
 class Area:
@@ -56,6 +59,10 @@ class Screen:
     def windows_of(self, program):
         """The ids of the visible windows of a program, by its class."""
         return self.run("xdotool", "search", "--onlyvisible", "--class", f"^{re.escape(program)}$", check=False).split()
+
+    def is_menu(self, window):
+        """Whether the window says of itself that it is a menu that popped up."""
+        return "_MENU" in self.run("xprop", "-id", window, "_NET_WM_WINDOW_TYPE", check=False)
 
     def transient_for(self, window):
         """The window that a dialog belongs to, None where it is on its own."""

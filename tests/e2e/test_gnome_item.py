@@ -8,11 +8,10 @@ from gi.repository import GLib
 from desktop import gnome
 from desktop.glimmet import ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop.processes import wait_for, watch_for
+from desktop.screen import DOUBLE_CLICK_TIME
 from desktop_case import DesktopCase
 
 ROUNDS = 10
-# Seconds; two clicks that are closer to each other are one double click.
-DOUBLE_CLICK_TIME = 0.4
 # Seconds; longer than any host takes to tell of a click while it has nothing else to do.
 BUSY_TIME = 1.2
 
