@@ -8,9 +8,18 @@ namespace glimmet {
 
 void LookSwitch::wish(bool dark, bool lessMotion)
 {
+    appearance().setLook({ dark ? ColorScheme::Dark : ColorScheme::Light, lessMotion });
+}
+
+void LookSwitch::setAttended(bool isAttended)
+{
+    appearance().setAttended(isAttended);
+}
+
+Appearance &LookSwitch::appearance()
+{
     const int type = qmlTypeId("Glimmet", 1, 0, "Appearance");
-    qmlEngine(this)->singletonInstance<Appearance *>(type)->setLook(
-        { dark ? ColorScheme::Dark : ColorScheme::Light, lessMotion });
+    return *qmlEngine(this)->singletonInstance<Appearance *>(type);
 }
 
 } // namespace glimmet

@@ -115,6 +115,7 @@ QtObject {
     readonly property int listDuration: animates ? 200 : 0
     readonly property int chipDuration: animates ? 150 : 0
     readonly property int borderDuration: animates ? 150 : 0
+    readonly property bool isAttended: Appearance.isAttended
     readonly property int pulseDuration: 900
     readonly property int pointingDuration: 1200
     readonly property int easeInOut: Easing.InOutQuad

@@ -27,6 +27,14 @@ void Appearance::setLook(const DesktopLook &look)
     emit changed();
 }
 
+void Appearance::setAttended(bool isAttended)
+{
+    if (isAttended == m_isAttended)
+        return;
+    m_isAttended = isAttended;
+    emit attendedChanged();
+}
+
 QColor Appearance::accentOnInk() const
 {
     return panelColors(m_look.scheme == ColorScheme::Dark ? ColorScheme::Light : ColorScheme::Dark).accent;

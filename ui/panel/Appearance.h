@@ -26,6 +26,7 @@ class Appearance : public QObject {
     Q_PROPERTY(glimmet::Shades shades READ shades NOTIFY changed)
     Q_PROPERTY(QColor knob READ knob CONSTANT)
     Q_PROPERTY(bool animates READ animates NOTIFY changed)
+    Q_PROPERTY(bool isAttended READ isAttended NOTIFY attendedChanged)
     Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT)
 
 public:
@@ -46,16 +47,21 @@ public:
     QColor knob() const { return panelColors(ColorScheme::Light).background; }
     /// False where the desktop's user wants nothing to move for show.
     bool animates() const { return !m_look.reducesMotion; }
+    /// False while nobody seems to look: then nothing needs to move that only says that the panel is alive.
+    bool isAttended() const { return m_isAttended; }
+    void setAttended(bool isAttended);
     /// The desktop's own font for codes and keys.
     QString monospacedFamily() const;
 
 signals:
     void changed();
+    void attendedChanged();
 
 private:
     DesktopLook m_look;
     PanelColors m_colors = panelColors(m_look.scheme);
     Shades m_shades;
+    bool m_isAttended = true;
 };
 
 } // namespace glimmet

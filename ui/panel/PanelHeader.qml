@@ -29,7 +29,7 @@ Item {
         anchors.left: titles.right
         anchors.leftMargin: 10
         anchors.verticalCenter: titles.verticalCenter
-        running: root.visible && Theme.animates
+        running: root.visible && Theme.animates && Theme.isAttended
     }
     PlainButton {
         anchors.right: parent.right

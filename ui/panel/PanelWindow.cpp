@@ -5,6 +5,7 @@
 #include "ui/controls/Geometry.h"
 #include "ui/controls/WholeFrames.h"
 #include "ui/panel/Appearance.h"
+#include "ui/panel/IdleWatch.h"
 
 #include <QCoreApplication>
 #include <QQmlEngine>
@@ -17,6 +18,8 @@ namespace {
 
 constexpr QSize panelSize(340, 540);
 constexpr int cornerRadius = 14;
+/// A software-rendered desktop draws its whole screen for each step of what moves in the panel.
+constexpr std::chrono::minutes idlePatience{ 1 };
 
 } // namespace
 
@@ -36,6 +39,9 @@ PanelWindow::PanelWindow(
     m_view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Glimmet/SettingsPanel.qml")));
     m_view.resize(panelSize);
     new WholeFrames(m_view);
+    auto *idle = new IdleWatch(m_view, idlePatience);
+    QObject::connect(idle, &IdleWatch::changed, &m_appearance,
+        [this, idle] { m_appearance.setAttended(!idle->isIdle()); });
 }
 
 PanelWindow::~PanelWindow()

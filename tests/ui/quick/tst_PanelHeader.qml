@@ -69,6 +69,29 @@ PanelTestCase {
         }
     }
 
+    function test_thePulseTakesLessThanEightStepsASecond() {
+        const seen = new Set();
+        let last = -1;
+        for (let changes = 0; changes < 14; ++changes) {
+            tryVerify(() => dot().growth !== last);
+            last = dot().growth;
+            seen.add(last.toFixed(4));
+        }
+
+        compare(seen.size, 8); // the two ends and six between them
+        verify(Theme.pulseDuration / (seen.size - 1) >= 125);
+    }
+
+    function test_theDotRestsWhileNobodyUsesThePanel() {
+        tryVerify(() => dot().growth > 1.1);
+
+        desktop.setAttended(false);
+        compare(dot().growth, 1);
+
+        desktop.setAttended(true);
+        tryVerify(() => dot().growth > 1.1);
+    }
+
     function test_theDotRestsWhereLessMotionIsWished() {
         tryVerify(() => dot().growth > 1.1);
 
