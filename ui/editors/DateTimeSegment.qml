@@ -63,6 +63,9 @@ Item {
     }
     MouseArea {
         anchors.fill: parent
+        containmentMask: TargetMask {
+            target: root
+        }
         onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
     }
 }

@@ -5,15 +5,25 @@ import Glimmet
 PanelTestCase {
     name: "DateTimeSegment"
 
-    DateTimeSegment {
-        id: segment
-        name: "Due date, day"
-        text: "05"
-        widest: "44"
-        number: 5
-        lowest: 1
-        highest: 31
-        padding: 2
+    Item {
+        id: frame
+        x: 40
+        y: 40
+        width: 100
+        height: 100
+
+        DateTimeSegment {
+            id: segment
+            x: 40
+            y: 40
+            name: "Due date, day"
+            text: "05"
+            widest: "44"
+            number: 5
+            lowest: 1
+            highest: 31
+            padding: 2
+        }
     }
     Item {
         id: elsewhere
@@ -63,6 +73,21 @@ PanelTestCase {
         verify(segment.activeFocus);
         verify(isColor(textOf(segment, "05").color, Appearance.background));
         verify(all(segment, Rectangle).some(fill => fill.visible && isColor(fill.color, Appearance.accent)));
+    }
+
+    function test_isMetIn24PixelsEachWay() {
+        verify(segment.width < 24 && segment.height < 24);
+        const edge = Qt.point((segment.width - 24) / 2, (segment.height - 24) / 2);
+        const middle = Qt.point(segment.width / 2, segment.height / 2);
+        for (const [x, y] of [[edge.x + 0.2, middle.y], [middle.x, edge.y + 0.2], [segment.width - edge.x - 0.2, middle.y],
+                [middle.x, segment.height - edge.y - 0.2]]) {
+            elsewhere.forceActiveFocus();
+            mouseClick(frame, segment.x + x, segment.y + y);
+            verify(segment.activeFocus, x + ", " + y);
+        }
+        elsewhere.forceActiveFocus();
+        mouseClick(frame, segment.x + edge.x - 1, segment.y + middle.y);
+        verify(!segment.activeFocus);
     }
 
     function test_tellsThatTheKeyboardLeft() {
