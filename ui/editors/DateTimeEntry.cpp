@@ -40,7 +40,9 @@ void DateTimeEntry::setTicker(const TickerViewModel *ticker)
 
 void DateTimeEntry::reset()
 {
-    takeConventions(dateTimeConventions(m_ticker->region().localeName()));
+    const QByteArray locale = m_ticker->region().localeName();
+    takeConventions(dateTimeConventions(locale));
+    m_languages = { dateWords(locale), dateWords("en") };
     m_input = {};
     m_calendar.close();
     setMoment(m_ticker->now().advanced(dayLength));
@@ -84,6 +86,7 @@ void DateTimeEntry::step(int row, int steps)
     if (!isRow(row))
         return;
     finish(m_input.row);
+    m_input.moved.removeAll(fieldAt(row));
     setFields(stepped(m_input.fields, fieldAt(row), steps, rules()));
 }
 
@@ -94,6 +97,7 @@ void DateTimeEntry::setNumber(int row, int number)
     if (row != m_input.row)
         finish(m_input.row);
     forgetTyping();
+    m_input.moved.removeAll(fieldAt(row));
     setFields(withField(m_input.fields, fieldAt(row), number, rules()));
 }
 
@@ -248,7 +252,7 @@ FieldRules DateTimeEntry::rules() const
 
 InputRules DateTimeEntry::inputRules() const
 {
-    InputRules input{ {}, rules(), m_conventions.dayPeriods, {}, today() };
+    InputRules input{ {}, rules(), m_conventions.dayPeriods, {}, today(), m_languages };
     for (const FieldPlace &place : m_places) {
         input.order.append(place.field);
         input.separators += place.separator;
@@ -325,9 +329,10 @@ int DateTimeEntry::typeText(int row, const QString &text)
 /// What the fields show stays.
 void DateTimeEntry::forgetTyping()
 {
-    const DateTimeFields shown = m_input.fields;
-    m_input = {};
-    m_input.fields = shown;
+    DateTimeInput entered;
+    entered.fields = m_input.fields;
+    entered.moved = m_input.moved;
+    m_input = entered;
 }
 
 void DateTimeEntry::refresh()
@@ -357,12 +362,26 @@ QString DateTimeEntry::widestText(const FieldPlace &place) const
     return localizedNumber(widestDigit, 1, m_conventions.zeroDigit).repeated(length);
 }
 
+/// The month that the letters name, or they themselves while they may become several months; else none.
+QString DateTimeEntry::monthBeingTyped(const FieldPlace &place) const
+{
+    if (place.field != DateTimeField::Month || m_input.wordRow < 0)
+        return {};
+    const DateWord word = dateWordOf(m_input.letters, m_languages);
+    if (word.kind == DateWordKind::Month)
+        return textOf(place, word.month);
+    return word.kind == DateWordKind::MonthBeginning ? m_input.letters : QString();
+}
+
 QString DateTimeEntry::shownText(int row) const
 {
-    const TypedNumber &typed = m_input.number;
-    if (row == m_input.row && typed.length > 0)
-        return localizedNumber(typed.value, typed.length, m_conventions.zeroDigit);
     const FieldPlace &place = m_places.at(row);
+    if (const QString month = monthBeingTyped(place); !month.isEmpty())
+        return month;
+    const TypedNumber &typed = m_input.number;
+    const int typedRow = m_input.wordRow < 0 ? m_input.row : m_input.wordRow;
+    if (row == typedRow && typed.length > 0)
+        return localizedNumber(typed.value, typed.length, m_conventions.zeroDigit);
     return textOf(place, fieldValue(m_input.fields, place.field, rules()));
 }
 

@@ -92,6 +92,7 @@ private:
     int rowAtColumn(int column) const;
     bool isRow(int row) const { return row >= 0 && row < m_places.size(); }
     DateTimeField fieldAt(int row) const { return m_places.at(row).field; }
+    QString monthBeingTyped(const FieldPlace &place) const;
     QString textOf(const FieldPlace &place, int number) const;
     QString widestText(const FieldPlace &place) const;
     QString shownText(int row) const;
@@ -100,6 +101,7 @@ private:
     const TickerViewModel *m_ticker = nullptr;
     CalendarMonth m_calendar;
     DateTimeConventions m_conventions;
+    QList<DateWords> m_languages; ///< the locale's and English
     QList<FieldPlace> m_places; ///< the columns are those of the whole line
     int m_gapColumn = 0; ///< the first one of the right group
     Instant m_moment; ///< as it was settled last

@@ -1,5 +1,7 @@
 #include "ui/editors/DateTimeFields.h"
 
+#include "ui/editors/DateWord.h"
+
 #include <algorithm>
 
 namespace glimmet {
@@ -17,13 +19,6 @@ int numberOfDigits(int number)
 int hourOfTwelve(int hour)
 {
     return hour % noon == 0 ? noon : hour % noon;
-}
-
-QString lettersOf(const QString &text)
-{
-    QString letters = text.toCaseFolded();
-    letters.removeIf([](QChar character) { return !character.isLetter(); });
-    return letters;
 }
 
 qsizetype sharedBeginning(const QString &one, const QString &other)
@@ -52,6 +47,19 @@ WallClock::Minute minuteOf(const DateTimeFields &fields)
 {
     const int lastDay = QDate(fields.year, fields.month, 1).daysInMonth();
     return { QDate(fields.year, fields.month, std::min(fields.day, lastDay)), fields.hour, fields.minute };
+}
+
+DateTimeFields withDayAfter(const DateTimeFields &fields)
+{
+    WallClock::Minute minute = minuteOf(fields);
+    if (minute.date < QDate(lastYear, 12, 31))
+        minute.date = minute.date.addDays(1);
+    return fieldsOf(minute);
+}
+
+bool isOfDate(DateTimeField field)
+{
+    return field == DateTimeField::Year || field == DateTimeField::Month || field == DateTimeField::Day;
 }
 
 FieldRange fieldRange(DateTimeField field, const FieldRules &rules)
@@ -132,11 +140,11 @@ DateTimeFields stepped(const DateTimeFields &fields, DateTimeField field, int st
 
 std::optional<int> dayPeriodOf(const QString &letters, const QStringList &names)
 {
-    const QString typed = lettersOf(letters);
+    const QString typed = foldedLetters(letters);
     if (typed.isEmpty())
         return std::nullopt;
-    const QString am = lettersOf(names.value(0));
-    const QString pm = lettersOf(names.value(1));
+    const QString am = foldedLetters(names.value(0));
+    const QString pm = foldedLetters(names.value(1));
     const qsizetype shared = sharedBeginning(am, pm);
     const auto begins = [&](const QString &name) {
         return name.startsWith(typed) || name.mid(shared).startsWith(typed);
@@ -182,6 +190,15 @@ std::optional<int> meantYear(const TypedNumber &number, int firstYear)
     const int span = number.length == 1 ? decade : century;
     const int year = firstYear / span * span + number.value;
     return year < firstYear - span / 2 ? year + span : year;
+}
+
+bool takesNumber(DateTimeField field, const TypedNumber &number, const FieldRules &rules)
+{
+    const auto value =
+        field == DateTimeField::Year ? meantYear(number, rules.firstYear) : std::optional(number.value);
+    const FieldRange range = fieldRange(field, rules);
+    const bool isMidnight = field == DateTimeField::Hour && value == 0;
+    return isMidnight || (value && *value >= range.lowest && *value <= range.highest);
 }
 
 DateTimeFields withTypedNumber(

@@ -22,6 +22,9 @@ struct DateTimeFields {
 DateTimeFields fieldsOf(const WallClock::Minute &minute);
 /// A day beyond the month's end gives the last one.
 WallClock::Minute minuteOf(const DateTimeFields &fields);
+/// The same time on the day after.
+DateTimeFields withDayAfter(const DateTimeFields &fields);
+bool isOfDate(DateTimeField field);
 
 /// What the fields' numbers depend on.
 struct FieldRules {
@@ -67,6 +70,8 @@ TypedNumber withDigit(const TypedNumber &number, int digit);
 bool isComplete(const TypedNumber &number, int highest);
 /// The year that was meant; none for three digits. See `DateTimeInput`.
 std::optional<int> meantYear(const TypedNumber &number, int firstYear);
+/// Whether the field takes what was meant by the number.
+bool takesNumber(DateTimeField field, const TypedNumber &number, const FieldRules &rules);
 /// With the field at what was meant by the number, or at the nearest that it takes.
 DateTimeFields withTypedNumber(
     DateTimeFields fields, DateTimeField field, const TypedNumber &number, const FieldRules &rules);

@@ -1,47 +1,56 @@
 #include "ui/editors/DateTimeInput.h"
 
+#include "ui/editors/DateTimeReading.h"
+#include "ui/editors/DateTimeWords.h"
+
 #include <algorithm>
 
 namespace glimmet {
 
 namespace {
 
-int rowOf(DateTimeField field, const InputRules &rules)
+DateTimeInput withNumberTaken(DateTimeInput input, DateTimeField field, const FieldRules &rules)
 {
-    return static_cast<int>(rules.order.indexOf(field));
-}
-
-bool isDate(DateTimeField field)
-{
-    return field == DateTimeField::Year || field == DateTimeField::Month || field == DateTimeField::Day;
+    input.moved.removeAll(field);
+    if (!takesNumber(field, input.number, rules))
+        input.moved.append(field);
+    input.fields = withTypedNumber(input.fields, field, input.number, rules);
+    input.number = {};
+    return input;
 }
 
 /// The field behind the one with the keyboard; none behind the last.
 std::optional<int> nextRow(const DateTimeInput &input, const InputRules &rules)
 {
-    if (input.isYearFirst && rules.order.at(input.row) == DateTimeField::Month)
-        return rowOf(DateTimeField::Day, rules);
+    const qsizetype place = input.dateOrder.indexOf(rules.order.at(input.row));
+    if (place >= 0 && place + 1 < input.dateOrder.size())
+        return rules.rowOf(input.dateOrder.at(place + 1));
     const auto from = rules.order.cbegin() + input.row + 1;
-    const auto next = input.isYearFirst ? std::find_if_not(from, rules.order.cend(), isDate) : from;
+    const auto next = place >= 0 ? std::find_if_not(from, rules.order.cend(), isOfDate) : from;
     if (next == rules.order.cend())
         return std::nullopt;
     return static_cast<int>(next - rules.order.cbegin());
 }
 
-/// At the next field, the typed number being taken; in the last one the keyboard stays.
-DateTimeInput movedOn(const DateTimeInput &input, const InputRules &rules)
+bool isLastOfDate(const DateTimeInput &input, const InputRules &rules)
 {
-    DateTimeInput result = finished(input, rules);
     const auto next = nextRow(input, rules);
-    result.isFilled = !next;
-    result.row = next.value_or(input.row);
-    result.isAfterHour = rules.order.at(input.row) == DateTimeField::Hour && input.number.length > 0;
-    result.isYearFirst = input.isYearFirst && isDate(rules.order.at(result.row));
-    return result;
+    return isOfDate(rules.order.at(input.row)) && (!next || !isOfDate(rules.order.at(*next)));
+}
+
+/// A second digit of a minute that only takes one: no minute is so late.
+DateTimeInput withLastMinute(DateTimeInput input, const InputRules &rules)
+{
+    input.fields.minute = fieldRange(DateTimeField::Minute, rules.fields).highest;
+    input.moved.append(DateTimeField::Minute);
+    input.isMinuteFull = false;
+    return input;
 }
 
 std::optional<DateTimeInput> withNumber(DateTimeInput input, int digit, const InputRules &rules)
 {
+    if (input.isMinuteFull)
+        return withLastMinute(input, rules);
     const DateTimeField field = rules.order.at(input.row);
     if (field == DateTimeField::DayPeriod) {
         if (!nextRow(input, rules))
@@ -57,14 +66,19 @@ std::optional<DateTimeInput> withNumber(DateTimeInput input, int digit, const In
     input.isFilled = false;
     input.isAfterHour = false;
     input.number = withDigit(input.number, digit);
-    return isComplete(input.number, highest) ? movedOn(input, rules) : input;
+    if (!isComplete(input.number, highest))
+        return input;
+    DateTimeInput next = movedOn(input, rules);
+    next.isMinuteFull = field == DateTimeField::Minute && input.number.length == 1;
+    return next;
 }
 
 DigitRun longerRun(const DateTimeInput &input, int digit, const InputRules &rules)
 {
     constexpr int longest = 5;
     const bool isBeforeHour = rules.order.at(input.row) == DateTimeField::DayPeriod;
-    DigitRun run = input.run.value_or(DigitRun{ input.row + (isBeforeHour ? 1 : 0), input.fields, {} });
+    DigitRun run = input.run.value_or(
+        DigitRun{ input.row + (isBeforeHour ? 1 : 0), input.fields, input.moved, input.dateOrder, {} });
     if (run.number.length < longest)
         run.number = withDigit(run.number, digit);
     return run;
@@ -72,16 +86,33 @@ DigitRun longerRun(const DateTimeInput &input, int digit, const InputRules &rule
 
 std::optional<DateTimeInput> withTypedDigit(const DateTimeInput &input, int digit, const InputRules &rules)
 {
-    auto next = withNumber(input, digit, rules);
-    if (next)
-        next->run = longerRun(input, digit, rules);
+    const DateTimeInput from = behindWord(input, rules);
+    auto next = withNumber(from, digit, rules);
+    if (next) {
+        next->run = longerRun(from, digit, rules);
+        next->ended.reset();
+    }
     return next;
 }
 
-std::optional<DateTimeInput> withTypedLetter(
-    const DateTimeInput &input, const QString &letter, const InputRules &rules)
+bool isLetter(const QString &character)
 {
-    if (isDate(rules.order.at(input.row)) || letter.isEmpty() || !letter.front().isLetter())
+    return !character.isEmpty() && (character.front().isLetter() || character.front().isMark());
+}
+
+/// Where the hour is what was typed before a day period.
+DateTimeInput beforePeriod(const DateTimeInput &input, const InputRules &rules)
+{
+    if (const auto reread = withoutYear(input, rules))
+        return *reread;
+    return withOneNumber(input, rules).value_or(input);
+}
+
+std::optional<DateTimeInput> withPeriodLetter(
+    const DateTimeInput &typed, const QString &letter, const InputRules &rules)
+{
+    const DateTimeInput input = beforePeriod(typed, rules);
+    if (isOfDate(rules.order.at(input.row)))
         return std::nullopt;
     QString letters = input.letters + letter;
     auto period = dayPeriodOf(letters, rules.dayPeriods);
@@ -98,8 +129,25 @@ std::optional<DateTimeInput> withTypedLetter(
         result.fields.minute = 0;
     result.fields = withField(result.fields, DateTimeField::DayPeriod, *period, rules.fields);
     result.letters = letters;
-    result.row = std::max(input.row, rowOf(DateTimeField::DayPeriod, rules));
+    result.row = std::max(input.row, rules.rowOf(DateTimeField::DayPeriod));
     return result;
+}
+
+std::optional<DateTimeInput> withTypedLetter(
+    const DateTimeInput &input, const QString &letter, const InputRules &rules)
+{
+    if (!isLetter(letter))
+        return std::nullopt;
+    if (!isWordBeingTyped(input)) {
+        if (const auto next = withPeriodLetter(input, letter, rules))
+            return next;
+    }
+    return isOfDate(rules.order.at(input.row)) ? withWordLetter(input, letter, rules) : std::nullopt;
+}
+
+bool isBlank(const QString &character)
+{
+    return character.front().category() == QChar::Separator_Space;
 }
 
 bool isSeparator(const QString &character, const InputRules &rules)
@@ -108,101 +156,76 @@ bool isSeparator(const QString &character, const InputRules &rules)
         QStringLiteral("./:,;\u060C\u061B\u066B\u066C\u3001\u3002\uFF0C\uFF0E\uFF0F\uFF1A");
     if (character.size() != 1)
         return false;
-    const QChar::Category category = character.front().category();
-    return category == QChar::Separator_Space || category == QChar::Punctuation_Dash
+    return isBlank(character) || character.front().category() == QChar::Punctuation_Dash
         || common.contains(character) || rules.separators.contains(character, Qt::CaseInsensitive);
 }
 
-/// What the colon of "13:" tells of the 1 and the 3.
-std::optional<DateTimeInput> withHourOf24(
-    const DateTimeInput &input, const QString &separator, const InputRules &rules)
+/// What a separator tells of the digits before it.
+DateTimeInput reread(const DateTimeInput &input, const QString &separator, const InputRules &rules)
 {
-    constexpr int hoursOfDay = 24;
-    const DigitRun run = input.run.value_or(DigitRun{});
-    const bool isHour = rules.order.at(run.row) == DateTimeField::Hour && run.number.length == 2
-        && run.number.value > fieldRange(DateTimeField::Hour, rules.fields).highest
-        && run.number.value < hoursOfDay;
-    if (!isHour || (separator != u':' && separator != u'\uFF1A'))
-        return std::nullopt;
-    DateTimeInput result;
-    result.fields = run.before;
-    result.fields.hour = run.number.value;
-    result.row = run.row + 1;
-    return result;
-}
-
-/// What the colon of "24.12. 18:" tells of the 18, which went to the year.
-std::optional<DateTimeInput> withoutYear(
-    const DateTimeInput &input, const QString &separator, const InputRules &rules)
-{
-    constexpr int hoursOfDay = 24;
-    const bool isYear =
-        rules.order.at(input.row) == DateTimeField::Year && rules.order.first() != DateTimeField::Year;
-    const int length = input.number.length;
-    const bool isHour = (length == 1 || length == 2) && input.number.value < hoursOfDay;
-    if (!isYear || !isHour || (separator != u':' && separator != u'\uFF1A'))
-        return std::nullopt;
-    DateTimeInput result;
-    result.fields = input.fields;
-    result.fields.year = rules.fields.firstYear;
-    if (rules.today.isValid() && minuteOf(result.fields).date < rules.today)
-        ++result.fields.year;
-    const int hour = input.number.value;
-    const FieldRange hours = fieldRange(DateTimeField::Hour, rules.fields);
-    if (hour >= hours.lowest && hour <= hours.highest)
-        result.fields = withField(result.fields, DateTimeField::Hour, hour, rules.fields);
-    else
-        result.fields.hour = hour;
-    result.row = rowOf(DateTimeField::Hour, rules) + 1;
-    result.isAfterHour = true;
-    return result;
-}
-
-/// What the first "-" of "2027-02-01" tells of the digits before it. A year of this century is neither a day
-/// and a month nor a month and a day.
-std::optional<DateTimeInput> withYearFirst(
-    const DateTimeInput &input, const QString &separator, const InputRules &rules)
-{
-    constexpr int century = 100;
-    const DigitRun run = input.run.value_or(DigitRun{});
-    const int first = rules.fields.firstYear;
-    const bool isYear = run.row == 0 && rules.order.first() != DateTimeField::Year && run.number.length == 4
-        && run.number.value >= first && run.number.value / century == first / century;
-    if (!isYear || (separator != u'-' && separator != u'/'))
-        return std::nullopt;
-    DateTimeInput result;
-    result.fields = withField(run.before, DateTimeField::Year, run.number.value, rules.fields);
-    result.row = rowOf(DateTimeField::Month, rules);
-    result.isYearFirst = true;
-    return result;
+    const bool isColon = separator == u':' || separator == u'\uFF1A';
+    if (const auto other = withYearFirst(input, isBlank(separator), rules))
+        return *other;
+    if (const auto other = isColon && input.run ? withoutYear(input, rules) : std::nullopt)
+        return *other;
+    const bool isStop = separator == u'.' && input.run;
+    if (const auto other = isStop ? withoutYearBeforeStop(input, rules) : std::nullopt)
+        return *other;
+    return withOneNumber(input, rules).value_or(input);
 }
 
 DateTimeInput withSeparator(const DateTimeInput &input, const QString &separator, const InputRules &rules)
 {
-    if (const auto reread = withHourOf24(input, separator, rules))
-        return *reread;
-    if (const auto reread = withoutYear(input, separator, rules))
-        return *reread;
-    if (const auto reread = withYearFirst(input, separator, rules))
-        return *reread;
+    const DateTimeInput from = behindWord(input, rules);
+    DateTimeInput result = reread(from, separator, rules);
     const bool namesPeriod =
-        !input.letters.isEmpty() && rules.order.at(input.row) == DateTimeField::DayPeriod;
-    const bool ends = input.number.length > 0 || (namesPeriod && nextRow(input, rules));
-    DateTimeInput result = ends ? movedOn(input, rules) : input;
+        !result.letters.isEmpty() && rules.order.at(result.row) == DateTimeField::DayPeriod;
+    const bool ends = result.number.length > 0 || (namesPeriod && nextRow(result, rules));
+    if (ends)
+        result = movedOn(result, rules);
+    result.ended = from.run ? from.run : from.ended;
     result.run.reset();
+    result.isMinuteFull = false;
     result.isOver = result.isOver || result.isFilled;
     return result;
 }
 
 } // namespace
 
+DateTimeInput withDayOfMonth(DateTimeInput input)
+{
+    const int lastDay = minuteOf(input.fields).date.day();
+    if (lastDay == input.fields.day)
+        return input;
+    input.fields.day = lastDay;
+    input.moved.append(DateTimeField::Day);
+    return input;
+}
+
 DateTimeInput finished(const DateTimeInput &input, const InputRules &rules)
 {
+    if (isWordBeingTyped(input))
+        return finished(withWord(input, rules), rules);
     DateTimeInput result;
     result.fields = input.fields;
     result.row = input.row;
-    if (input.number.length > 0)
-        result.fields = withTypedNumber(input.fields, rules.order.at(input.row), input.number, rules.fields);
+    result.moved = input.moved;
+    if (input.number.length == 0)
+        return result;
+    result.number = input.number;
+    result = withNumberTaken(result, rules.order.at(input.row), rules.fields);
+    return isLastOfDate(input, rules) ? withDayOfMonth(result) : result;
+}
+
+DateTimeInput movedOn(const DateTimeInput &input, const InputRules &rules)
+{
+    DateTimeInput result = finished(input, rules);
+    const auto next = nextRow(input, rules);
+    result.isFilled = !next;
+    result.row = next.value_or(input.row);
+    result.isAfterHour = rules.order.at(input.row) == DateTimeField::Hour && input.number.length > 0;
+    if (isOfDate(rules.order.at(result.row)))
+        result.dateOrder = input.dateOrder;
     return result;
 }
 

@@ -43,6 +43,37 @@ TEST_F(DateTimeEntryTest, takesADateAndTimeAsPeopleWriteIt)
     EXPECT_EQ(saved(), u"2027-02-01T08:15:00Z"_s);
 }
 
+TEST_F(DateTimeEntryTest, takesAMonthByItsNameInTheLocalesLanguageAndInEnglish)
+{
+    moveTo("de_DE", "UTC", u"2026-05-04T20:05:07Z"_s);
+
+    EXPECT_EQ(type(0, u"24. Dezember 2027 9:15"_s), 4);
+    EXPECT_EQ(shown(), u"24.12.2027 09:15"_s);
+    EXPECT_EQ(type(0, u"Oct 3, 2027 "_s), 3);
+    EXPECT_EQ(shown(), u"03.10.2027 09:15"_s);
+}
+
+TEST_F(DateTimeEntryTest, showsTheMonthThatTheLettersNameAndThemWhileThatIsOpen)
+{
+    EXPECT_EQ(type(0, u"24J"_s), 1);
+    EXPECT_EQ(shown(), u"24/J/2026 09:05"_s);
+    type(1, u"ul"_s);
+    EXPECT_EQ(shown(), u"24/07/2026 09:05"_s);
+
+    EXPECT_EQ(entry.pressKey(1, Qt::Key_Backspace, u"\b"_s), 1);
+
+    EXPECT_EQ(shown(), u"24/05/2026 09:05"_s);
+}
+
+TEST_F(DateTimeEntryTest, takesAMonthWhenTheKeyboardLeaves)
+{
+    type(1, u"Dec"_s);
+
+    entry.finish(1);
+
+    EXPECT_EQ(saved(), u"2026-12-05T09:05:00Z"_s);
+}
+
 TEST_F(DateTimeEntryTest, takesATimeFromTheHourOn)
 {
     EXPECT_EQ(type(3, u"1:30"_s), 4);
@@ -166,7 +197,7 @@ TEST_F(DateTimeEntryTest, leavesOtherKeysToOthers)
 {
     EXPECT_EQ(entry.pressKey(0, Qt::Key_Tab, u"\t"_s), -1);
     EXPECT_EQ(entry.pressKey(0, Qt::Key_Escape, u"\x1b"_s), -1);
-    EXPECT_EQ(entry.pressKey(0, Qt::Key_A, u"a"_s), -1);
+    EXPECT_EQ(entry.pressKey(0, Qt::Key_X, u"x"_s), -1);
     EXPECT_EQ(shown(), u"05/05/2026 09:05"_s);
 }
 

@@ -1,55 +1,18 @@
 #include "ui/editors/DateTimeInput.h"
 
 #include "tests/support/Printing.h"
+#include "tests/ui/editors/DateTimeTyping.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <random>
 
 namespace glimmet {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-InputRules rulesOf(const char *locale)
-{
-    const DateTimeConventions conventions = dateTimeConventions(locale);
-    InputRules rules{ {}, { conventions.uses12Hours, 2026 }, conventions.dayPeriods, {}, { 2026, 5, 4 } };
-    for (const FieldPlace &place : conventions.dateFields + conventions.timeFields) {
-        rules.order.append(place.field);
-        rules.separators += place.separator;
-    }
-    return rules;
-}
-
-/// "2026-05-04 09:05"
-QString text(const DateTimeFields &fields)
-{
-    const auto number = [](int value) { return QString::number(value).rightJustified(2, u'0'); };
-    return number(fields.year) + u'-' + number(fields.month) + u'-' + number(fields.day) + u' '
-        + number(fields.hour) + u':' + number(fields.minute);
-}
-
-/// Types from the field on that is read first, or from the one given. It was 2026-05-04 21:05.
-DateTimeInput typing(
-    const char *locale, const QString &letters, std::optional<DateTimeField> first = std::nullopt)
-{
-    const InputRules rules = rulesOf(locale);
-    DateTimeInput input;
-    input.fields = { 2026, 5, 4, 21, 5 };
-    input.row = first ? static_cast<int>(rules.order.indexOf(*first)) : 0;
-    for (const QChar letter : letters)
-        input = withTyped(input, QString(letter), rules).value_or(input);
-    return input;
-}
-
-QString typed(const char *locale, const QString &letters, std::optional<DateTimeField> first = std::nullopt)
-{
-    return text(finished(typing(locale, letters, first), rulesOf(locale)).fields);
-}
-
-DateTimeField fieldAfter(const char *locale, const QString &letters, DateTimeField first)
-{
-    return rulesOf(locale).order.at(typing(locale, letters, first).row);
-}
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 struct Example {
     const char *locale;
@@ -61,10 +24,19 @@ const QList<Example> wholeMoments{
     { "de_DE", u"1.2.2027 9:15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"01.02.2027 09:15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"24.12. 18:00"_s, u"2026-12-24 18:00"_s },
+    { "de_DE", u"24.12. 18.00"_s, u"2026-12-24 18:00"_s },
+    { "de_DE", u"1.2. 9.15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"1.2.27. 9.15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"1.2. 9:15"_s, u"2027-02-01 09:15"_s },
     { "en_GB", u"4/5 9:15"_s, u"2026-05-04 09:15"_s },
     { "en_US", u"1/2 1:30 PM"_s, u"2027-01-02 13:30"_s },
     { "en_US", u"1/2 13:30"_s, u"2027-01-02 13:30"_s },
+    { "en_US", u"1/2 9pm"_s, u"2027-01-02 21:00"_s },
+    { "en_US", u"1/2 9 PM"_s, u"2027-01-02 21:00"_s },
+    { "de_DE", u"29.2. 18:00"_s, u"2028-02-29 18:00"_s },
+    { "de_DE", u"31.12.2027 24:00"_s, u"2028-01-01 00:00"_s },
+    { "en_US", u"12/31/2027 24:00"_s, u"2028-01-01 00:00"_s },
+    { "de_DE", u"24.12. 24.00"_s, u"2026-12-25 00:00"_s },
     { "de_DE", u"01.02.2027, 09:15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"1. 2. 27 13.30"_s, u"2027-02-01 13:30"_s },
     { "de_DE", u"010220270915"_s, u"2027-02-01 09:15"_s },
@@ -72,13 +44,17 @@ const QList<Example> wholeMoments{
     { "de_DE", u"1.2.2027 9:5 "_s, u"2027-02-01 09:05"_s },
     { "de_DE", u"2027-02-01 9:15"_s, u"2027-02-01 09:15"_s },
     { "de_DE", u"2027-2-1 9:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"2027.02.01 9:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"2027 02 01 9:15"_s, u"2027-02-01 09:15"_s },
+    { "de_DE", u"2027-02-01T09:15"_s, u"2027-02-01 09:15"_s },
+    { "en_GB", u"2027.2.1 9:15"_s, u"2027-02-01 09:15"_s },
+    { "en_US", u"2027.12.01 9:15 am"_s, u"2027-12-01 09:15"_s },
+    { "he_IL", u"2027/02/01 9:15"_s, u"2027-02-01 09:15"_s },
     { "en_GB", u"1/2/2027 1:30 pm"_s, u"2027-02-01 13:30"_s },
     { "en_GB", u"1/2/27, 13:30"_s, u"2027-02-01 13:30"_s },
-    { "en_GB", u"35/2027 09:15"_s, u"2027-05-03 09:15"_s },
     { "en_US", u"1/2/2027, 1:30 PM"_s, u"2027-01-02 13:30"_s },
     { "en_US", u"1/2/27 1:30 a.m."_s, u"2027-01-02 01:30"_s },
     { "en_US", u"01/02/2027 12:30 AM"_s, u"2027-01-02 00:30"_s },
-    { "en_US", u"14/2027 1:30p"_s, u"2027-01-04 13:30"_s },
     { "en_US", u"1-2-2027 13:30"_s, u"2027-01-02 13:30"_s },
     { "en_US", u"1/2/2027 21:45:00"_s, u"2027-01-02 21:45"_s },
     { "en_US", u"1/2/2027 00:30"_s, u"2027-01-02 00:30"_s },
@@ -183,7 +159,7 @@ TEST(DateTimeInput, refusesWhatMeansNothingInItsField)
         return !withTyped(input, character, rules).has_value();
     };
 
-    EXPECT_TRUE(refuses("en_US", DateTimeField::Day, u"a"_s));
+    EXPECT_TRUE(refuses("en_US", DateTimeField::Day, u"x"_s));
     EXPECT_TRUE(refuses("en_US", DateTimeField::Hour, u"x"_s));
     EXPECT_TRUE(refuses("en_US", DateTimeField::DayPeriod, u"1"_s));
     for (const QString &character : { u""_s, u"\t"_s, u"\r"_s, u"\x1b"_s, u"#"_s })
@@ -202,9 +178,93 @@ TEST(DateTimeInput, leavesAYearOfThreeDigitsAsItWas)
     EXPECT_EQ(typed("de_DE", u"1.2.7 9:15"_s), u"2027-02-01 09:15"_s);
 }
 
+struct Impossible {
+    const char *locale;
+    QString letters;
+    QString nearest;
+    QList<DateTimeField> moved;
+};
+
+using Field = DateTimeField;
+
+TEST(DateTimeInput, movesWhatCannotBeToTheNearestThatCan)
+{
+    for (const auto &[locale, letters, nearest, moved] : {
+             Impossible{ "de_DE", u"1.2.2027 9:60"_s, u"2027-02-01 09:59"_s, { Field::Minute } },
+             Impossible{ "de_DE", u"1.2.2027 9:99:30"_s, u"2027-02-01 09:59"_s, { Field::Minute } },
+             Impossible{ "en_US", u"2/1/2027 9:60 am"_s, u"2027-02-01 09:59"_s, { Field::Minute } },
+             Impossible{ "ko_KR", u"2027.2.1 a 9:75"_s, u"2027-02-01 09:59"_s, { Field::Minute } },
+             Impossible{ "de_DE", u"1.2.2027 25:15"_s, u"2027-02-01 23:15"_s, { Field::Hour } },
+             Impossible{ "en_US", u"2/1/2027 25:15"_s, u"2027-02-01 23:15"_s, { Field::Hour } },
+             Impossible{ "de_DE", u"1.13.2027 9:15"_s, u"2027-12-01 09:15"_s, { Field::Month } },
+             Impossible{ "en_US", u"13/2/2027 9:15 am"_s, u"2027-12-02 09:15"_s, { Field::Month } },
+             Impossible{ "de_DE", u"2027-13-01 9:15"_s, u"2027-12-01 09:15"_s, { Field::Month } },
+             Impossible{ "de_DE", u"2027-12-35 9:15"_s, u"2027-12-31 09:15"_s, { Field::Day } },
+             Impossible{ "de_DE", u"35.1.2027 9:15"_s, u"2027-01-31 09:15"_s, { Field::Day } },
+             Impossible{ "de_DE", u"0.1.2027 9:15"_s, u"2027-01-01 09:15"_s, { Field::Day } },
+             Impossible{ "de_DE", u"31.2.2027 9:15"_s, u"2027-02-28 09:15"_s, { Field::Day } },
+             Impossible{ "de_DE", u"2027.02.31 9:15"_s, u"2027-02-28 09:15"_s, { Field::Day } },
+             Impossible{ "ja_JP", u"2027/2/31 9:15"_s, u"2027-02-28 09:15"_s, { Field::Day } },
+             Impossible{ "en_US", u"2/31/2027 9:15 am"_s, u"2027-02-28 09:15"_s, { Field::Day } },
+             Impossible{ "de_DE", u"31.6. 9:15"_s, u"2026-06-30 09:15"_s, { Field::Day } },
+             Impossible{ "de_DE", u"24.12.2020 9:15"_s, u"2026-12-24 09:15"_s, { Field::Year } },
+             Impossible{ "de_DE", u"2020-12-24 9:15"_s, u"2026-12-24 09:15"_s, { Field::Year } },
+             Impossible{ "de_DE", u"24.12.202 9:15"_s, u"2026-12-24 09:15"_s, { Field::Year } },
+         }) {
+        const DateTimeInput input = typedInput(locale, letters);
+
+        EXPECT_EQ(text(input.fields), nearest) << locale << ": " << qPrintable(letters);
+        EXPECT_EQ(input.moved, moved) << locale << ": " << qPrintable(letters);
+    }
+}
+
+TEST(DateTimeInput, movesNothingThatCanBe)
+{
+    for (const auto &[locale, letters, meant] : wholeMoments)
+        EXPECT_THAT(typedInput(locale, letters).moved, IsEmpty()) << locale << ": " << qPrintable(letters);
+}
+
+TEST(DateTimeInput, showsTheNearestAsSoonAsItsFieldIsLeft)
+{
+    EXPECT_EQ(text(typing("de_DE", u"1.13."_s).fields), u"2026-12-01 21:05"_s);
+    EXPECT_EQ(text(typing("de_DE", u"31.2."_s).fields), u"2026-02-31 21:05"_s);
+    EXPECT_EQ(text(typing("de_DE", u"31.2.2027"_s).fields), u"2027-02-28 21:05"_s);
+    EXPECT_EQ(text(typing("de_DE", u"9:60"_s, Field::Hour).fields), u"2026-05-04 09:59"_s);
+}
+
+TEST(DateTimeInput, forgetsThatAFieldWasMovedWhenItIsEnteredAnew)
+{
+    EXPECT_THAT(typedInput("de_DE", u"9:60"_s, Field::Hour).moved, ElementsAre(Field::Minute));
+    EXPECT_THAT(typedInput("de_DE", u"9:6030"_s, Field::Hour).moved, IsEmpty());
+    EXPECT_EQ(typed("de_DE", u"9:6030"_s, Field::Hour), u"2026-05-04 09:30"_s);
+}
+
 TEST(DateTimeInput, bearsAKeyThatIsHeldDown)
 {
     EXPECT_EQ(typed("de_DE", QString(1000, u'1')), u"2026-11-11 11:11"_s);
+}
+
+TEST(DateTimeInput, bearsWhateverIsTyped)
+{
+    const QString letters = u"0123456789 ..//::-,apmdecjunstrhJ年月ä"_s;
+    std::mt19937 random(1);
+    for (const char *locale : { "de_DE", "en_US", "en_GB", "ko_KR", "ja_JP", "ar_EG", "es_ES" }) {
+        const InputRules rules = rulesOf(locale);
+        for (int i = 0; i < 40; ++i) {
+            QString text;
+            while (text.size() < 30)
+                text += letters.at(static_cast<qsizetype>(random() % static_cast<unsigned>(letters.size())));
+
+            const DateTimeInput input = typedInput(locale, text);
+
+            ASSERT_TRUE(input.row >= 0 && input.row < rules.order.size()) << qPrintable(text);
+            for (const DateTimeField field : rules.order) {
+                const FieldRange range = fieldRange(field, rules.fields);
+                const int value = fieldValue(input.fields, field, rules.fields);
+                ASSERT_TRUE(value >= range.lowest && value <= range.highest) << locale << qPrintable(text);
+            }
+        }
+    }
 }
 
 TEST(DateTimeInput, anHourWithoutMinutesIsAFullOne)

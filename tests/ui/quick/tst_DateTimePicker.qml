@@ -136,6 +136,19 @@ DateTimePickerCase {
         compare(world.deadlines(), ["Exam 2027-02-01T09:15:00Z"]);
     }
 
+    function test_aMonthIsTypedByItsName() {
+        open("de_DE");
+        segments()[0].forceActiveFocus(Qt.TabFocusReason);
+
+        typeLetters("24. D");
+        verify(segment("month").activeFocus);
+        compare(shown(), "24 12 2026 09 05");
+        typeLetters("ezember 2027 9:15");
+
+        testCase.forceActiveFocus();
+        compare(line(), "24.12.2027 09:15");
+    }
+
     function test_aSeparatorThatComesTooLateSkipsNoField() {
         segment("day").forceActiveFocus(Qt.TabFocusReason);
 
