@@ -53,6 +53,7 @@ void DateTimeEntry::reset()
 void DateTimeEntry::begin(Instant moment)
 {
     reset();
+    setNote({});
     setMoment(moment);
     m_isDefault = false;
     m_isAsBegun = true;
@@ -164,13 +165,25 @@ void DateTimeEntry::settle()
 {
     finish(m_input.row);
     renewDefault();
-    if (m_isAsBegun)
-        return;
-    const Instant earliest = startOfMinute(m_ticker->now());
-    if (m_input.fields != settledFields())
-        setMoment(momentNotBefore(earliest, m_input.fields, m_ticker->region()));
+    if (m_isDefault)
+        setNote({});
+    if (!m_isAsBegun)
+        settleFields(startOfMinute(m_ticker->now()));
+}
+
+void DateTimeEntry::settleFields(Instant earliest)
+{
+    const DateTimeFields entered = m_input.fields;
+    const auto moments = WallClock::momentsOf(minuteOf(entered), m_ticker->region());
+    if (entered != settledFields())
+        setMoment(momentNotBefore(earliest, entered, m_ticker->region()));
     else if (m_moment < earliest)
         setMoment(earliest);
+    if (moments.last < earliest)
+        setNote(Wording::movedToNow());
+    else if (entered != m_input.fields || !m_input.moved.isEmpty())
+        setNote(Wording::movedToNearest());
+    m_input.moved.clear();
 }
 
 void DateTimeEntry::leave()
@@ -272,6 +285,7 @@ void DateTimeEntry::setFields(const DateTimeFields &fields)
     m_input.fields = fields;
     m_isDefault = false;
     m_isAsBegun = false;
+    setNote({});
     refresh();
 }
 
@@ -280,6 +294,14 @@ void DateTimeEntry::setMoment(Instant moment)
     m_moment = moment;
     m_input.fields = settledFields();
     refresh();
+}
+
+void DateTimeEntry::setNote(const QString &note)
+{
+    if (note == m_note)
+        return;
+    m_note = note;
+    emit noteChanged();
 }
 
 void DateTimeEntry::followClock()
@@ -322,6 +344,7 @@ int DateTimeEntry::typeText(int row, const QString &text)
     m_isDefault = m_isDefault && isUntouched;
     m_isAsBegun = m_isAsBegun && isUntouched;
     m_input = *next;
+    setNote({});
     refresh();
     return m_input.row;
 }

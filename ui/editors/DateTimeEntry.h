@@ -16,7 +16,8 @@ class TickerViewModel;
 /// says what typing means.
 ///
 /// While fields are entered one by one they may name a past moment or a day that the month does not have;
-/// `settle` makes them the nearest moment that can be: not before the minute that it is now.
+/// `settle` makes them the nearest moment that can be: not before the minute that it is now. `note` says so
+/// until the user enters something else.
 ///
 /// Where the time zone changes meanwhile, what the user entered stays as it is shown and means the new zone's
 /// clock: it was read off a timetable or an invitation, not off a count of seconds. A proposal that the user
@@ -26,6 +27,8 @@ class DateTimeEntry : public QAbstractListModel {
     QML_ELEMENT
     QML_UNCREATABLE("It belongs to a form.")
     Q_PROPERTY(glimmet::CalendarMonth *calendar READ calendar CONSTANT)
+    /// Why the moment is another one than was entered; empty where it is not.
+    Q_PROPERTY(QString note READ note NOTIFY noteChanged)
 
 public:
     enum Role {
@@ -45,8 +48,9 @@ public:
     /// Whose clock and region count. `ticker` outlives the entry or its use.
     void setTicker(const TickerViewModel *ticker);
     CalendarMonth *calendar() { return &m_calendar; }
+    QString note() const { return m_note; }
 
-    /// One day from now, in the locale as it is now.
+    /// One day from now, in the locale as it is now. The note stays: it tells of the moment that was taken.
     void reset();
     /// Begins with a moment that was entered before. While nothing is changed it stays the very same, also
     /// one that has passed.
@@ -72,11 +76,16 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+signals:
+    void noteChanged();
+
 private:
     void takeConventions(const DateTimeConventions &conventions);
     bool changeByKey(int row, int key);
     void setFields(const DateTimeFields &fields);
     void setMoment(Instant moment);
+    void setNote(const QString &note);
+    void settleFields(Instant earliest);
     void followClock();
     void renewDefault();
     void chooseDay(QDate date);
@@ -106,6 +115,7 @@ private:
     int m_gapColumn = 0; ///< the first one of the right group
     Instant m_moment; ///< as it was settled last
     DateTimeInput m_input; ///< the fields as they are shown, and what is being typed
+    QString m_note;
     bool m_isDefault = true;
     bool m_isAsBegun = false; ///< the moment was given, and nothing was changed since
 };

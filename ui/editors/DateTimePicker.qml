@@ -8,6 +8,8 @@ FocusScope {
     required property DateTimeEntry entry
 
     readonly property CalendarMonth calendar: entry.calendar
+    // With what is said below.
+    readonly property bool revealedWhole: note.visible
 
     function toggle() {
         const reason = button.visualFocus ? Qt.TabFocusReason : Qt.MouseFocusReason;
@@ -47,6 +49,13 @@ FocusScope {
         function onDayChosen() {
             root.takeKeyboardBack();
         }
+    }
+    Announcement {
+        item: note
+        text: note.text
+        // It is about what was done just now.
+        rest: 300
+        gap: 2000
     }
     Column {
         id: column
@@ -93,6 +102,15 @@ FocusScope {
                 Accessible.name: "Due date"
                 onClicked: root.toggle()
             }
+        }
+        InkText {
+            id: note
+            width: root.width
+            wrapMode: Text.Wrap
+            text: root.entry.note
+            color: Theme.softText
+            font.pixelSize: Theme.smallSize
+            visible: text.length > 0
         }
         Loader {
             id: view

@@ -7,6 +7,14 @@ RowEditor {
     required property TickerViewModel ticker
     required property string deadlineId
 
+    // A date that had to be moved is seen before it is saved.
+    function finish() {
+        const told = form.date.note;
+        form.date.settle();
+        if (form.date.note === told || form.date.note.length === 0)
+            finished();
+    }
+
     implicitHeight: column.height + 2 * 7
     firstField: name.field
     onTaken: {
@@ -34,7 +42,7 @@ RowEditor {
             fieldName: "Name"
             buttonText: "Save"
             value: form.title
-            onEntered: root.finished()
+            onEntered: root.finish()
         }
         DateTimePicker {
             width: column.width

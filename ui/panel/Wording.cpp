@@ -103,4 +103,14 @@ QString Wording::dueDateField(DateTimeField field)
     Q_UNREACHABLE();
 }
 
+QString Wording::movedToNow()
+{
+    return QStringLiteral("That moment is past: it was moved to now.");
+}
+
+QString Wording::movedToNearest()
+{
+    return QStringLiteral("That cannot be: it was moved to the nearest moment.");
+}
+
 } // namespace glimmet

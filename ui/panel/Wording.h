@@ -48,6 +48,9 @@ public:
     Q_INVOKABLE static QString sentences(QStringList parts);
     /// What a screen reader says for a field of the due date.
     static QString dueDateField(DateTimeField field);
+    /// Why a due date is another one than was entered: it was past, or there is no such moment.
+    static QString movedToNow();
+    static QString movedToNearest();
 };
 
 } // namespace glimmet

@@ -1,5 +1,7 @@
 #include "tests/ui/editors/DateTimeEntryWorld.h"
 
+#include <functional>
+
 namespace glimmet {
 namespace {
 
@@ -156,6 +158,90 @@ TEST_F(DateTimeEntryTest, isNowWhereTodayIsChosenAndItsTimeIsPast)
     entry.calendar()->choose(entry.calendar()->cursorRow() - 1);
 
     EXPECT_EQ(shown(), u"04/05/2026 09:05"_s);
+}
+
+const QString movedToNow = u"That moment is past: it was moved to now."_s;
+const QString movedToNearest = u"That cannot be: it was moved to the nearest moment."_s;
+
+TEST_F(DateTimeEntryTest, saysThatAPastMomentWasMovedToNow)
+{
+    type(0, u"0105"_s);
+    EXPECT_EQ(entry.note(), QString());
+
+    entry.settle();
+    EXPECT_EQ(entry.note(), movedToNow);
+    entry.settle();
+    entry.leave();
+
+    EXPECT_EQ(entry.note(), movedToNow);
+}
+
+TEST_F(DateTimeEntryTest, saysThatAMomentPassedMeanwhile)
+{
+    type(0, u"04"_s);
+    entry.settle();
+    EXPECT_EQ(entry.note(), QString());
+    world.clock.advance(300);
+
+    saved();
+
+    EXPECT_EQ(entry.note(), movedToNow);
+}
+
+TEST_F(DateTimeEntryTest, saysThatWhatCannotBeWasMoved)
+{
+    moveTo("de_DE", "Europe/Berlin", u"2026-03-01T09:00:00Z"_s);
+    for (const QString &letters :
+        { u"31.6.2027 9:15"_s, u"1.6.2027 9:60"_s, u"1.13.2027 9:15"_s, u"29.3.2026 2:30"_s }) {
+        entry.reset();
+        type(0, letters);
+        EXPECT_EQ(entry.note(), QString()) << qPrintable(letters);
+
+        entry.settle();
+
+        EXPECT_EQ(entry.note(), movedToNearest) << qPrintable(letters);
+    }
+}
+
+TEST_F(DateTimeEntryTest, saysNothingOfAMomentThatCanBe)
+{
+    for (const QString &letters : { u"1/2/2027 9:15"_s, u"31/1/27 24:00"_s, u"4/5/2026 9:05"_s }) {
+        type(0, letters);
+        entry.settle();
+
+        EXPECT_EQ(entry.note(), QString()) << qPrintable(letters);
+    }
+}
+
+TEST_F(DateTimeEntryTest, saysNothingMoreOnceSomethingElseIsEntered)
+{
+    const std::function<void()> entries[] = { [this] { type(0, u"2"_s); }, [this] { entry.step(0, 1); },
+        [this] { entry.setNumber(0, 9); }, [this] { entry.begin(instantAt(u"2026-05-01T07:00:00Z"_s)); } };
+    for (const auto &enter : entries) {
+        entry.reset();
+        type(0, u"0105"_s);
+        entry.settle();
+        ASSERT_EQ(entry.note(), movedToNow);
+
+        enter();
+
+        EXPECT_EQ(entry.note(), QString());
+    }
+}
+
+TEST_F(DateTimeEntryTest, saysNothingOfAFieldThatWasMendedAfterwards)
+{
+    type(0, u"1/13/"_s);
+    entry.setNumber(1, 11);
+    entry.settle();
+    EXPECT_EQ(entry.note(), QString());
+
+    type(0, u"1/13/"_s);
+    entry.step(1, -1);
+    entry.settle();
+
+    EXPECT_EQ(entry.note(), QString());
+    EXPECT_EQ(shown(), u"01/11/2026 09:05"_s);
 }
 
 } // namespace

@@ -41,6 +41,20 @@ TEST_F(DeadlineFormTest, addsTheTrimmedTitleWithItsDateAndBeginsAnew)
     EXPECT_EQ(form.date()->settledMoment(), world.clock.now().advanced(86400));
 }
 
+TEST_F(DeadlineFormTest, saysAfterAddingThatThePastWasMovedToNowUntilTheNextIsAdded)
+{
+    form.setTitle(u"Math Exam"_s);
+    form.date()->setNumber(0, 1);
+    form.add();
+    EXPECT_EQ(ticker.deadlines().first().date, world.clock.now());
+    EXPECT_EQ(form.date()->note(), u"That moment is past: it was moved to now."_s);
+
+    form.setTitle(u"Physics Exam"_s);
+    form.add();
+
+    EXPECT_EQ(form.date()->note(), QString());
+}
+
 TEST_F(DeadlineFormTest, savesADeadlineThatThereIs)
 {
     ticker.addDeadline(u"Math Exam"_s, world.clock.now().advanced(300));

@@ -6,6 +6,11 @@ DateTimePickerCase {
     id: testCase
     name: "DateTimePicker"
 
+    SignalSpy {
+        id: said
+        signalName: "said"
+    }
+
     function test_looksLikeTheFieldAboveIt() {
         const box = button().parent;
 
@@ -263,5 +268,75 @@ DateTimePickerCase {
 
         verify(button().visualFocus);
         compare(shown(), "04 05 2026 09 05");
+    }
+
+    readonly property string movedToNow: "That moment is past: it was moved to now."
+    readonly property string movedToNearest: "That cannot be: it was moved to the nearest moment."
+
+    function enter(letters: string) {
+        segments()[0].forceActiveFocus(Qt.TabFocusReason);
+        typeLetters(letters);
+        testCase.forceActiveFocus();
+    }
+
+    function test_aNoteBelowSaysThatAPastMomentWasMoved() {
+        const box = button().parent;
+        enter("1/5/2026 9:15");
+        verify(waitForRendering(picker));
+
+        const note = textOf(picker, movedToNow);
+        compare(shown(), "04 05 2026 09 05");
+        compareFont(note, 10, 400);
+        compareInk(note.color, 0.4);
+        compare(areaOf(note, picker).y - areaOf(box, picker).bottom, 6);
+        compare(picker.height, areaOf(note, picker).bottom);
+        verify(note.paintedWidth <= 300);
+        verify(reader.told(picker).includes("StaticText " + movedToNow));
+
+        enter("9");
+        verify(waitForRendering(picker));
+        compare(textOf(picker, movedToNow), null);
+        compare(picker.height, box.height);
+        verify(!reader.told(picker).includes("StaticText " + movedToNow));
+    }
+
+    function test_aNoteBelowSaysThatWhatCannotBeWasMoved() {
+        enter("31/2/2027 9:60");
+
+        compare(shown(), "28 02 2027 09 59");
+        verify(textOf(picker, movedToNearest) !== null);
+    }
+
+    function test_theNoteIsSaidByAScreenReader() {
+        said.target = announcementIn(picker);
+        said.clear();
+
+        enter("1/5/2026 9:15");
+
+        tryVerify(() => said.count === 1);
+        compare(said.signalArguments[0][0], movedToNow);
+    }
+
+    function test_thePanelScrollsToTheNote() {
+        world.ticker.mode = TickerMode.Deadline;
+        const panel = make(panels);
+        picker = all(panel, DateTimePicker)[0];
+        segments()[0].forceActiveFocus(Qt.TabFocusReason);
+
+        typeLetters("1/5/2026 9:15");
+        tab();
+
+        const middle = all(panel, ScrollArea)[0];
+        verify(button().activeFocus);
+        tryVerify(() => areaOf(textOf(picker, movedToNow), middle).bottom <= middle.height);
+    }
+
+    function test_theCalendarDropsDownBelowTheNote() {
+        enter("1/5/2026 9:15");
+
+        mouseClick(button());
+        verify(waitForRendering(picker));
+
+        compare(areaOf(calendar(), picker).y - areaOf(textOf(picker, movedToNow), picker).bottom, 6);
     }
 }

@@ -291,6 +291,22 @@ PanelTestCase {
         compare(world.deadlines(), ["exam 2026-05-04T08:10:07Z"]);
     }
 
+    function test_addingAPastDateSaysThatItWasMovedToNow() {
+        type("exam");
+        all(options, DateTimeSegment)[0].forceActiveFocus();
+        keyClick("1");
+        keyClick("/");
+        const button = addButton();
+
+        mouseClick(button);
+
+        compare(world.deadlines(), ["exam 2026-05-04T08:05:07Z"]);
+        const note = textOf(picker(), "That moment is past: it was moved to now.");
+        verify(note !== null);
+        verify(waitForRendering(options));
+        compare(areaOf(button, options).y - areaOf(note, options).bottom, 12);
+    }
+
     function test_theDefaultDoesNotPassWhileTheEditorIsOpen() {
         world.setNow("2026-05-05T08:05:06Z");
         world.advance(1);
