@@ -71,7 +71,7 @@ RemovableBox {
             id: hover
         }
         TipPlace {
-            words: root.trouble || (label.truncated ? label.text : "")
+            words: Wording.sentences([label.truncated ? label.text : "", root.trouble])
             wanted: hover.hovered && !cross.hovered
         }
         PlainButton {

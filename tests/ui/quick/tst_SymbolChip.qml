@@ -167,6 +167,28 @@ PanelTestCase {
         compare(reader.told(chip), ["StaticText AAPL", "Button Remove AAPL"]);
     }
 
+    function tip(): string {
+        mouseMove(chip, 12, 10);
+        tryVerify(() => all(chip, TipPlace).some(place => place.item !== null && place.item.opened));
+        const words = all(chip, TipPlace).find(place => place.active).item.text;
+        mouseMove(testCase, 300, 500);
+        return words;
+    }
+
+    function test_aTipSaysWhatCannotBeSeen_data() {
+        const wide = "W".repeat(60);
+        return [{tag: "trouble", symbol: "AAPL", trouble: "Not found", words: "Not found"},
+            {tag: "a cut symbol", symbol: wide, trouble: "", words: wide},
+            {tag: "trouble of a cut symbol", symbol: wide, trouble: "Not found", words: wide + ". Not found"}];
+    }
+
+    function test_aTipSaysWhatCannotBeSeen(data) {
+        chip.symbol = data.symbol;
+        chip.trouble = data.trouble;
+
+        compare(tip(), data.words);
+    }
+
     function test_isToldAsSelectedWhileItIsOnShow() {
         verify(!reader.isSelected(chip, "AAPL"));
 
