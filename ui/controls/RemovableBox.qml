@@ -21,8 +21,10 @@ RoundedBox {
     signal removed
     signal returned
 
+    // Of what was removed, the offer to put it back takes it.
     function takeKeyboard() {
-        keyboardStop.forceActiveFocus(Qt.TabFocusReason);
+        const stop = isRemoved ? place : keyboardStop;
+        stop.forceActiveFocus(Qt.TabFocusReason);
     }
 
     function makeOffer() {

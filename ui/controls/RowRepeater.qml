@@ -1,16 +1,17 @@
 import QtQuick
 import Glimmet
 
-// The entries of a list. When one goes, the keyboard stays near it, or goes to `fallback` after the last one,
-// instead of starting again from the panel's top.
+// The entries of a list. When one goes, the keyboard stays near it, where it can be put back after the last one, or
+// goes to `fallback` where that is over, instead of starting again from the panel's top.
 Repeater {
     id: rows
 
     required property Item fallback
 
-    // To the entry that stands at `index`, or else to the next one, or the one before, that is in the list.
+    // To the entry that stands at `index`, or else to the next one, or the one before, that is in the list. Where none
+    // is, to an offer in the same order.
     function keepKeyboardNear(index: int) {
-        const near = nearest(index, count, 1) ?? nearest(Math.min(index, count) - 1, -1, -1);
+        const near = nearest(index, false) ?? nearest(index, true);
         if (near !== null)
             near.takeKeyboard();
         else
@@ -22,13 +23,17 @@ Repeater {
         (itemAt(index) as RemovableBox)?.point();
     }
 
-    function nearest(first: int, end: int, step: int): RemovableBox {
-        for (let i = first; step * (end - i) > 0; i += step) {
+    function nearest(index: int, isRemoved: bool): RemovableBox {
+        let before = null;
+        for (let i = 0; i < count; ++i) {
             const entry = itemAt(i) as RemovableBox;
-            if (entry !== null && !entry.isRemoved)
+            if (entry === null || entry.isRemoved !== isRemoved)
+                continue;
+            if (i >= index)
                 return entry;
+            before = entry;
         }
-        return null;
+        return before;
     }
 
     onItemRemoved: (index, item) => {

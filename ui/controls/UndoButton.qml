@@ -5,6 +5,7 @@ import Glimmet
 PlainButton {
     required property string subject
 
+    focus: true
     text: "Undo"
     Accessible.name: Wording.undoing(Wording.removing(subject))
     // A double click on what removes ends here, and shall not put back what it removed.

@@ -5,4 +5,7 @@ FocusScope {
     required property string subject
 
     signal returned
+
+    // The keyboard goes on from its place to its button.
+    focus: true
 }

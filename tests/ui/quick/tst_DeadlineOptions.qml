@@ -342,7 +342,7 @@ PanelTestCase {
         keyClick(Qt.Key_Delete);
 
         compare(world.deadlines(), []);
-        verify(field().activeFocus);
+        compare(testCase.Window.activeFocusItem.text, "Undo");
     }
 
     function test_theKeyboardStaysWhereItIsWhenAnotherDeadlineGoes() {
@@ -411,8 +411,8 @@ PanelTestCase {
         add("exam 🚀", 3700);
 
         const told = reader.told(options);
-        for (const line of ["StaticText UPCOMING", "StaticText 1 active", "Button Clear all", "StaticText exam 🚀",
-                "StaticText 4 May 2026, 10:06", "StaticText 1h 1m", "Button Remove exam 🚀", "StaticText ADD DEADLINE",
+        for (const line of ["StaticText UPCOMING", "StaticText 1 active", "Button Clear all", "ListItem exam 🚀",
+                "Button Remove exam 🚀", "StaticText ADD DEADLINE",
                 "EditableText Deadline name", "SpinBox Due date, day", "SpinBox Due date, minute",
                 "Button Due date", "Button Add Deadline"])
             verify(told.includes(line), line);

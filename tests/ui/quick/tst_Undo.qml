@@ -305,6 +305,65 @@ PanelTestCase {
         verify(entries()[1].hasKeyboard);
     }
 
+    function removeByKeyboard(place: int) {
+        entries()[place].takeKeyboard();
+        keyClick(list === "symbols" ? Qt.Key_Space : Qt.Key_Delete);
+    }
+
+    function test_theKeyboardGoesToTheNextEntryThenToTheOneBeforeAndThenToTheOffer_data() {
+        return lists();
+    }
+
+    function test_theKeyboardGoesToTheNextEntryThenToTheOneBeforeAndThenToTheOffer(data) {
+        open(data.tag);
+
+        removeByKeyboard(1);
+        verify(entries()[2].hasKeyboard);
+        removeByKeyboard(2);
+        verify(entries()[0].hasKeyboard);
+        removeByKeyboard(0);
+
+        compare(kept(), []);
+        verify(undoButton(0).activeFocus);
+        verify(undoButton(0).visualFocus);
+    }
+
+    function test_theUndoKeysBringBackTheLastEntryThatTheKeyboardRemoved_data() {
+        return lists();
+    }
+
+    function test_theUndoKeysBringBackTheLastEntryThatTheKeyboardRemoved(data) {
+        open(data.tag);
+        for (const place of [0, 1, 2])
+            removeByKeyboard(place);
+        compare(kept(), []);
+
+        pressUndoKeys();
+
+        compare(stored(), ["THREE"]);
+        verify(entries()[2].hasKeyboard);
+        pressUndoKeys();
+        compare(stored(), ["TWO", "THREE"]);
+    }
+
+    function test_theKeyboardGoesFromAnOfferThatEndsToOneThatLasts_data() {
+        return lists();
+    }
+
+    function test_theKeyboardGoesFromAnOfferThatEndsToOneThatLasts(data) {
+        open(data.tag);
+        options.undo.duration = 50;
+        remove(1);
+        options.undo.duration = 8000;
+        remove(0);
+        remove(2);
+        undoButton(1).forceActiveFocus(Qt.TabFocusReason);
+
+        tryVerify(() => entries().length === 2);
+
+        verify(undoButton(1).activeFocus);
+    }
+
     function test_theKeyboardGoesToTheFieldAfterTheLastOffer_data() {
         return lists();
     }
