@@ -21,6 +21,7 @@ RemovableRow {
     implicitHeight: isEditing ? editorHeight : Math.max(words.height, badge.height) + 2 * 7
     opacity: isPassed && !isRemoved && !isEditing ? Theme.passedOpacity : 1
 
+    // The row says all of these.
     Column {
         id: words
         x: 10
@@ -35,6 +36,7 @@ RemovableRow {
             horizontalAlignment: Text.AlignLeft
             maximumLineCount: 1
             elide: Text.ElideRight
+            Accessible.ignored: true
         }
         CutText {
             width: parent.width
@@ -44,6 +46,7 @@ RemovableRow {
             horizontalAlignment: Text.AlignLeft
             maximumLineCount: 1
             elide: Text.ElideRight
+            Accessible.ignored: true
         }
     }
     RoundedBox {
@@ -62,6 +65,7 @@ RemovableRow {
             color: Theme.accent
             font.pixelSize: Theme.buttonSize
             font.weight: Theme.semibold
+            Accessible.ignored: true
         }
     }
 }

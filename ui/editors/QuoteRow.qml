@@ -23,5 +23,7 @@ RemovableRow {
         text: root.quote
         font.pixelSize: Theme.buttonSize
         wrapMode: Text.Wrap
+        // The row says it.
+        Accessible.ignored: true
     }
 }
