@@ -105,8 +105,13 @@ void TickerViewModel::tick()
     if (m_mode == TickerMode::Deadline)
         m_deadlines.tick();
     publish(*this, m_currentDisplay, buildText(), &TickerViewModel::currentDisplayChanged);
-    publish(*this, m_isDisplayStale, isStale(), &TickerViewModel::isDisplayStaleChanged);
+    followStaleness();
     emit ticked();
+}
+
+void TickerViewModel::followStaleness()
+{
+    publish(*this, m_isDisplayStale, isStale(), &TickerViewModel::isDisplayStaleChanged);
 }
 
 ClockReadings TickerViewModel::clockReadings() const
@@ -169,6 +174,7 @@ QString TickerViewModel::formattedTime(bool withSeconds) const
 void TickerViewModel::setMode(TickerMode mode)
 {
     publish(*this, m_mode, mode, &TickerViewModel::modeChanged);
+    followStaleness();
 }
 
 void TickerViewModel::chooseMode(TickerMode mode)
@@ -181,6 +187,8 @@ void TickerViewModel::chooseMode(TickerMode mode)
         fetchRevenue();
     if (mode == TickerMode::Crypto)
         fetchAllCryptoPrices();
+    // Where a credential is missing, the answer is there at once.
+    followStaleness();
 }
 
 void TickerViewModel::chooseRevenueProvider(RevenueProvider provider)

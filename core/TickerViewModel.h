@@ -100,7 +100,9 @@ public:
     /// The same for a screen reader: the time without the seconds, which would never let it finish.
     QString spokenDisplay() const;
 
-    /// Whether that line is an error of a fetch, or is older than two of its refreshes.
+    /// Whether what the mode shows is an error of a fetch, or is older than two of its refreshes. Told by the
+    /// tick that shows it, and at once where the mode changes, also while the line is still the mode's
+    /// before.
     bool isDisplayStale() const { return m_isDisplayStale; }
 
     QString customText() const { return m_customText; }
@@ -250,6 +252,7 @@ private:
     void refreshAfterTimeJump();
     QString buildText() const;
     bool isStale() const;
+    void followStaleness();
     QString formattedTime(bool withSeconds) const;
 
     TickerWorld m_world;

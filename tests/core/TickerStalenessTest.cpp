@@ -1,5 +1,7 @@
 #include "tests/support/TestWorld.h"
 
+#include <QSignalSpy>
+
 namespace glimmet {
 namespace {
 
@@ -69,6 +71,34 @@ TEST_F(TickerStaleness, isToldOfASymbolThatGaveNoPriceTwice)
 
     EXPECT_TRUE(isStaleIn(TickerMode::Crypto));
     EXPECT_EQ(shown(), u"A $105 (↑25.0%)"_s);
+}
+
+TEST_F(TickerStaleness, changesWithTheModeAtOnce)
+{
+    ticker.setMode(TickerMode::Revenue);
+    tick(1200);
+    ASSERT_TRUE(ticker.isDisplayStale());
+    QSignalSpy changes(&ticker, &TickerViewModel::isDisplayStaleChanged);
+
+    ticker.setMode(TickerMode::Clock);
+    EXPECT_FALSE(ticker.isDisplayStale());
+    ticker.setMode(TickerMode::Crypto);
+    EXPECT_TRUE(ticker.isDisplayStale());
+    EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(TickerStaleness, endsAtOnceWhereAChosenModeShowsThatAKeyIsMissing)
+{
+    ticker.setRevenueProvider(RevenueProvider::Stripe);
+    ticker.setStripeAPIKey(u"sk_1"_s);
+    ticker.fetchRevenue();
+    world.revenue.answer(1, u"⚠ http 500"_s);
+    ticker.setStripeAPIKey({});
+
+    ticker.chooseMode(TickerMode::Revenue);
+
+    EXPECT_EQ(ticker.revenueLabel(), u"add api key"_s);
+    EXPECT_FALSE(ticker.isDisplayStale());
 }
 
 TEST_F(TickerStaleness, isNothingOfWhatIsNotFetched)

@@ -73,7 +73,9 @@ Rectangle {
                         ticker: root.ticker,
                         wanted: key
                     })
-                    trouble: root.ticker.isDisplayStale ? Wording.staleness(root.ticker.currentDisplay) : ""
+                    // Of the mode, also while its text is still to come. Prices show no errors.
+                    trouble: !root.ticker.isDisplayStale ? ""
+                        : Wording.staleness(root.ticker.mode === TickerMode.Revenue ? root.ticker.revenueLabel : "")
                 }
                 ModeSelector {
                     width: root.width

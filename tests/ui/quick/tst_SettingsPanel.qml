@@ -94,6 +94,20 @@ PanelTestCase {
         verify(!only(LivePreview).isDimmed);
     }
 
+    function test_theBadgeIsRightAtOnceWhereTheModeChanges() {
+        world.ticker.mode = TickerMode.Revenue;
+        world.finishFetch("⚠ http 500");
+        world.advance(1);
+        verify(only(LivePreview).isDimmed);
+
+        world.ticker.mode = TickerMode.Clock;
+        verify(!only(LivePreview).isDimmed);
+        world.ticker.mode = TickerMode.Revenue;
+
+        verify(only(LivePreview).isDimmed);
+        compare(only(LivePreview).trouble, "The last refresh failed");
+    }
+
     function test_theMiddleShrinksWhereThereIsLessRoom() {
         const headerHeight = only(PanelHeader).height;
         const footerHeight = only(PanelFooter).height;
