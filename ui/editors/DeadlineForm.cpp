@@ -41,6 +41,8 @@ void DeadlineForm::begin(const QString &id)
             continue;
         setTitle(deadline.title);
         m_date.begin(deadline.date);
+        // The first of that identity, as it is the one that is replaced.
+        return;
     }
 }
 

@@ -28,10 +28,12 @@ void DeadlineUndo::watch(TickerViewModel &ticker)
 QStringList DeadlineUndo::readList()
 {
     QStringList keys;
+    QHash<QString, QList<Deadline>> found;
     for (const Deadline &deadline : ticker()->deadlines()) {
         keys.append(keyOf(deadline));
-        m_known.insert(keys.last(), deadline);
+        found[keys.last()].append(deadline);
     }
+    m_known.insert(found);
     return keys;
 }
 
@@ -49,34 +51,32 @@ void DeadlineUndo::clearList()
 
 void DeadlineUndo::writeList(const QList<ShownEntry> &entries, int returning)
 {
-    const QList<Deadline> inList = ticker()->deadlines();
-    QList<Deadline> written;
-    qsizetype next = 0;
-    for (const ShownEntry &entry : entries) {
-        if (entry.removal == ShownEntry::inList)
-            written.append(inList.at(next++));
-        else if (entry.removal == returning)
-            written.append(m_known.value(entry.key));
-    }
+    const QList<Deadline> written = deadlinesOf(entries, [returning](const ShownEntry &entry) {
+        return entry.removal == ShownEntry::inList || entry.removal == returning;
+    });
     // What was added meanwhile has its place by its date, and so has what comes back.
     ticker()->setDeadlines(m_goesByDate ? deadlinesByDate(written) : written);
 }
 
 QString DeadlineUndo::nameOf(const QString &key) const
 {
-    return Wording::oneLine(m_known.value(key).title);
+    return Wording::oneLine(m_known.value(key).value(0).title);
 }
 
 QList<Deadline> DeadlineUndo::shownDeadlines() const
 {
-    const QList<Deadline> inList = ticker()->deadlines();
+    return deadlinesOf(entries(), [this](const ShownEntry &entry) { return isShown(entry); });
+}
+
+QList<Deadline> DeadlineUndo::deadlinesOf(
+    const QList<ShownEntry> &entries, const std::function<bool(const ShownEntry &)> &isWanted) const
+{
     QList<Deadline> deadlines;
-    qsizetype next = 0;
-    for (const ShownEntry &entry : entries()) {
-        if (entry.removal == ShownEntry::inList)
-            deadlines.append(inList.at(next++));
-        else if (isShown(entry))
-            deadlines.append(m_known.value(entry.key));
+    QHash<QString, qsizetype> seen;
+    for (const ShownEntry &entry : entries) {
+        const Deadline deadline = m_known.value(entry.key).value(seen[entry.key]++);
+        if (isWanted(entry))
+            deadlines.append(deadline);
     }
     return deadlines;
 }

@@ -27,7 +27,13 @@ protected:
     QString nameOf(const QString &key) const override;
 
 private:
-    QHash<QString, Deadline> m_known; ///< those that are in the list, and those that were removed
+    /// The deadlines of those of `entries` that are wanted. All entries of one key are in the list, or none
+    /// is.
+    QList<Deadline> deadlinesOf(
+        const QList<ShownEntry> &entries, const std::function<bool(const ShownEntry &)> &isWanted) const;
+
+    /// Those that are in the list, and those that were removed; in order where several have one identity.
+    QHash<QString, QList<Deadline>> m_known;
     bool m_goesByDate = true; ///< so the list was before the last removal
 };
 

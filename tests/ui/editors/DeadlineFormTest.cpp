@@ -72,5 +72,19 @@ TEST_F(DeadlineFormTest, savesADeadlineThatThereIs)
         ElementsAre(Deadline{ before.id, u"Physics Exam"_s, instantAt(u"2026-05-20T08:10:00Z"_s) }));
 }
 
+TEST_F(DeadlineFormTest, changesNoOtherDeadlineThatSharesTheIdentityOfTheEditedOne)
+{
+    const Deadline one = world.deadline(u"one"_s, 10);
+    Deadline twin = world.deadline(u"twin"_s, 20);
+    twin.id = one.id;
+    ticker.setDeadlines({ one, twin });
+
+    form.begin(one.id.toString(QUuid::WithoutBraces));
+    EXPECT_EQ(form.title(), u"one"_s);
+    form.save();
+
+    EXPECT_THAT(ticker.deadlines(), ElementsAre(one, twin));
+}
+
 } // namespace
 } // namespace glimmet

@@ -185,5 +185,25 @@ TEST_F(DeadlineUndoTest, leavesDeadlinesOfOneIdentityAsTheyAre)
     EXPECT_THAT(ticker.deadlines(), ElementsAre(one, twin, other));
 }
 
+TEST_F(DeadlineUndoTest, putsDeadlinesOfOneIdentityBackAsTheyWere)
+{
+    const Deadline one = world.deadline(u"one"_s, 10);
+    Deadline twin = world.deadline(u"twin"_s, 30);
+    twin.id = one.id;
+    const Deadline other = world.deadline(u"other"_s, 20);
+    const QList<Deadline> before{ one, other, twin };
+    ticker.setDeadlines(before);
+
+    undo.remove(DeadlineUndo::keyOf(one));
+    EXPECT_THAT(ticker.deadlines(), ElementsAre(other));
+    EXPECT_EQ(undo.shownDeadlines(), before);
+    undo.undo();
+    EXPECT_EQ(ticker.deadlines(), before);
+
+    undo.clear();
+    undo.undo();
+    EXPECT_EQ(ticker.deadlines(), before);
+}
+
 } // namespace
 } // namespace glimmet
