@@ -6,8 +6,8 @@ Column {
     id: root
 
     required property TickerViewModel ticker
+    required property SymbolUndo undo
 
-    property alias undo: undo
     // What was to be added and is there already, in words.
     property string known
 
@@ -35,12 +35,8 @@ Column {
 
     spacing: Theme.editorSpacing
 
-    SymbolUndo {
-        id: undo
-        ticker: root.ticker
-    }
     UndoKey {
-        undo: undo
+        undo: root.undo
         told: label
     }
     Announcement {
@@ -78,7 +74,7 @@ Column {
             id: chips
             fallback: newSymbol.field
             model: TextListModel {
-                entries: undo.shown
+                entries: root.undo.shown
             }
 
             SymbolChip {
@@ -88,12 +84,12 @@ Column {
                 required property string entry
 
                 symbol: entry
-                shown: undo.places[price.index] === index
-                isRemoved: Array.from(undo.removed).includes(entry)
+                shown: root.undo.places[price.index] === index
+                isRemoved: Array.from(root.undo.removed).includes(entry)
                 trouble: status.text
                 maximumWidth: root.width
                 onRemoved: root.remove(chip, index)
-                onReturned: undo.putBack(entry)
+                onReturned: root.undo.putBack(entry)
 
                 SymbolTrouble {
                     id: status

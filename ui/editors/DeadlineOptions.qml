@@ -6,8 +6,7 @@ Column {
     id: root
 
     required property TickerViewModel ticker
-
-    property alias undo: undo
+    required property DeadlineUndo undo
 
     function remove(row: DeadlineRow, id: string, index: int) {
         const hadKeyboard = row.hasKeyboard;
@@ -35,17 +34,13 @@ Column {
 
     spacing: Theme.editorSpacing
 
-    DeadlineUndo {
-        id: undo
-        ticker: root.ticker
-    }
     UndoKey {
-        undo: undo
+        undo: root.undo
         told: label
     }
     DeadlineRows {
         id: deadlines
-        undo: undo
+        undo: root.undo
     }
     DeadlineForm {
         id: form
@@ -71,7 +66,7 @@ Column {
         ClearingButton {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            undo: undo
+            undo: root.undo
             clearingText: "Clear all"
             fallback: newName
         }
@@ -93,10 +88,10 @@ Column {
 
                 width: root.width
                 ticker: root.ticker
-                isRemoved: Array.from(undo.removed).includes(deadlineId)
+                isRemoved: Array.from(root.undo.removed).includes(deadlineId)
                 onRemoved: root.remove(row, deadlineId, index)
                 onEdited: (editor, keepsKeyboard) => root.take(editor, deadlineId, keepsKeyboard)
-                onReturned: undo.putBack(deadlineId)
+                onReturned: root.undo.putBack(deadlineId)
             }
         }
     }
@@ -109,7 +104,7 @@ Column {
         text: "No deadlines. Add one below."
         color: Theme.softText
         font.pixelSize: Theme.buttonSize
-        visible: undo.isEmpty
+        visible: root.undo.isEmpty
     }
     SectionLabel {
         text: "ADD DEADLINE"

@@ -17,6 +17,7 @@ QString countdown(const Deadline &deadline, Instant now);
 class DeadlineRows : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
+    /// Outlives the rows.
     Q_PROPERTY(glimmet::DeadlineUndo *undo READ undo WRITE setUndo NOTIFY undoChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     /// How many are still to come, without those that were removed.

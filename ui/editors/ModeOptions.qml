@@ -14,6 +14,20 @@ Column {
     bottomPadding: 16
     spacing: Theme.sectionSpacing
 
+    // Longer than the editors, which go with their mode: it can be gone back to.
+    QuoteUndo {
+        id: quoteUndo
+        ticker: root.ticker
+    }
+    SymbolUndo {
+        id: symbolUndo
+        ticker: root.ticker
+    }
+    DeadlineUndo {
+        id: deadlineUndo
+        ticker: root.ticker
+    }
+
     SectionLabel {
         text: "OPTIONS"
     }
@@ -46,6 +60,9 @@ Column {
                     shown: root.mode === TickerMode.Quote
                     ticker: root.ticker
                     editor: "QuoteOptions.qml"
+                    inputs: ({
+                            undo: quoteUndo
+                        })
                 }
                 EditorSlot {
                     width: slots.width
@@ -67,12 +84,18 @@ Column {
                     shown: root.mode === TickerMode.Crypto
                     ticker: root.ticker
                     editor: "CryptoOptions.qml"
+                    inputs: ({
+                            undo: symbolUndo
+                        })
                 }
                 EditorSlot {
                     width: slots.width
                     shown: root.mode === TickerMode.Deadline
                     ticker: root.ticker
                     editor: "DeadlineOptions.qml"
+                    inputs: ({
+                            undo: deadlineUndo
+                        })
                 }
             }
         }

@@ -6,9 +6,9 @@ Column {
     id: root
 
     required property TickerViewModel ticker
+    required property QuoteUndo undo
 
     readonly property bool hasQuotes: ticker.customQuotes.length > 0
-    property alias undo: undo
     // What was to be added and is there already, in words.
     property string known
 
@@ -43,12 +43,8 @@ Column {
 
     spacing: Theme.editorSpacing
 
-    QuoteUndo {
-        id: undo
-        ticker: root.ticker
-    }
     UndoKey {
-        undo: undo
+        undo: root.undo
         told: quotesLabel
     }
     Announcement {
@@ -79,7 +75,7 @@ Column {
             id: resetButton
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            undo: undo
+            undo: root.undo
             clearingText: "Reset to defaults"
             fallback: newQuote.field
             visible: !isOutOfUse
@@ -103,7 +99,7 @@ Column {
             id: rows
             fallback: newQuote.field
             model: TextListModel {
-                entries: undo.shown
+                entries: root.undo.shown
             }
 
             QuoteRow {
@@ -115,10 +111,10 @@ Column {
                 width: root.width
                 ticker: root.ticker
                 quote: entry
-                isRemoved: Array.from(undo.removed).includes(entry)
+                isRemoved: Array.from(root.undo.removed).includes(entry)
                 onRemoved: root.remove(row, index)
                 onEdited: (editor, keepsKeyboard) => root.take(editor, index, keepsKeyboard)
-                onReturned: undo.putBack(entry)
+                onReturned: root.undo.putBack(entry)
             }
         }
     }

@@ -12,7 +12,7 @@ namespace glimmet {
 
 /// Removes entries from one of the ticker's lists, at once, and can put each of them back for eight seconds:
 /// where it stood, beside whatever came and went meanwhile. Several removals can be undone at a time. It is
-/// over with the editor that has it.
+/// over with the panel that has it.
 class Undo : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -9,6 +9,9 @@ PanelTestCase {
         CryptoOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: SymbolUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
 

@@ -11,6 +11,9 @@ PanelTestCase {
         DeadlineOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: DeadlineUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
 

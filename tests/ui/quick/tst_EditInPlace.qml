@@ -12,6 +12,9 @@ PanelTestCase {
         QuoteOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: QuoteUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
     Component {
@@ -20,6 +23,9 @@ PanelTestCase {
         DeadlineOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: DeadlineUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
     Component {

@@ -11,6 +11,9 @@ PanelTestCase {
         QuoteOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: QuoteUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
 

@@ -13,6 +13,9 @@ PanelTestCase {
         QuoteOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: QuoteUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
     Component {
@@ -21,6 +24,9 @@ PanelTestCase {
         CryptoOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: SymbolUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
     Component {
@@ -29,6 +35,9 @@ PanelTestCase {
         DeadlineOptions {
             width: 300
             ticker: testCase.world.ticker
+            undo: DeadlineUndo {
+                ticker: testCase.world.ticker
+            }
         }
     }
     SignalSpy {
