@@ -1,8 +1,8 @@
 import QtQuick
 import Glimmet
 
-// A row of a list, whose button stands at its end. It can be edited: by a double click, or by Return or F2 where
-// it has the keyboard.
+// A row of a list, whose button stands at its end. It can be edited: by a double click, which its list tells, or by Return
+// or F2 where it has the keyboard.
 RemovableBox {
     id: root
 
@@ -18,6 +18,8 @@ RemovableBox {
     readonly property real editorHeight: place.implicitHeight
     property bool isEditing: false
 
+    // By a pointer, on its way to a double click.
+    signal pressed
     // The editor is about to go, and what is entered in it shall count; whether the row has the keyboard now.
     signal edited(editor: RowEditor, keepsKeyboard: bool)
 
@@ -86,8 +88,10 @@ RemovableBox {
             }
             MouseArea {
                 anchors.fill: parent
-                onPressed: handle.forceActiveFocus(Qt.MouseFocusReason)
-                onDoubleClicked: root.edit()
+                onPressed: {
+                    root.pressed();
+                    handle.forceActiveFocus(Qt.MouseFocusReason);
+                }
             }
         }
         // Before the button, as it is read.

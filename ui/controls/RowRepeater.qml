@@ -18,6 +18,11 @@ Repeater {
             fallback.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // Where its rows can be edited.
+    function edit(index: int) {
+        (itemAt(index) as RemovableRow)?.edit();
+    }
+
     // Shows where the entry at `index` is, if there is one.
     function pointAt(index: int) {
         (itemAt(index) as RemovableBox)?.point();

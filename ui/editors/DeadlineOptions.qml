@@ -34,6 +34,11 @@ Column {
 
     spacing: Theme.editorSpacing
 
+    DoublePress {
+        id: presses
+        target: root
+        onDoubled: key => rows.edit(root.undo.rowOf(key))
+    }
     UndoKey {
         undo: root.undo
         told: label
@@ -89,6 +94,7 @@ Column {
                 width: root.width
                 ticker: root.ticker
                 isRemoved: Array.from(root.undo.removed).includes(deadlineId)
+                onPressed: presses.meet(deadlineId)
                 onRemoved: root.remove(row, deadlineId, index)
                 onEdited: (editor, keepsKeyboard) => root.take(editor, deadlineId, keepsKeyboard)
                 onReturned: root.undo.putBack(deadlineId)

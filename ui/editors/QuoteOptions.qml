@@ -43,6 +43,11 @@ Column {
 
     spacing: Theme.editorSpacing
 
+    DoublePress {
+        id: presses
+        target: root
+        onDoubled: key => rows.edit(root.undo.rowOf(key))
+    }
     UndoKey {
         undo: root.undo
         told: quotesLabel
@@ -112,6 +117,7 @@ Column {
                 ticker: root.ticker
                 quote: entry
                 isRemoved: Array.from(root.undo.removed).includes(entry)
+                onPressed: presses.meet(entry)
                 onRemoved: root.remove(row, index)
                 onEdited: (editor, keepsKeyboard) => root.take(editor, index, keepsKeyboard)
                 onReturned: root.undo.putBack(entry)

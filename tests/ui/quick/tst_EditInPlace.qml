@@ -84,6 +84,23 @@ PanelTestCase {
         verify(waitForRendering(options));
     }
 
+    // At one place of the window, with time for the rows to move between the two.
+    function doubleClick(place: int) {
+        const point = rows()[place].mapToItem(null, 60, 12);
+        pointer.click(options.Window.window, point);
+        passFrames();
+        pointer.clickAgain(options.Window.window, point);
+        passFrames();
+    }
+
+    function doubleTap(place: int) {
+        const row = rows()[place];
+        for (let i = 0; i < 2; ++i) {
+            touchEvent(row).press(0, row, 60, 12).commit();
+            touchEvent(row).release(0, row, 60, 12).commit();
+        }
+    }
+
     function type(words: string) {
         for (const letter of words)
             keyClick(letter);
@@ -92,7 +109,7 @@ PanelTestCase {
     function ways(): var {
         const all = [];
         for (const kind of ["quotes", "deadlines"])
-            for (const way of ["double click", "F2", "Return", "Enter", "screen reader"])
+            for (const way of ["double click", "double tap", "F2", "Return", "Enter", "screen reader"])
                 all.push({tag: kind + " by " + way, kind: kind, way: way});
         return all;
     }
@@ -105,7 +122,9 @@ PanelTestCase {
         open(data.kind);
         const keys = {F2: Qt.Key_F2, Return: Qt.Key_Return, Enter: Qt.Key_Enter};
         if (data.way === "double click")
-            mouseDoubleClickSequence(rows()[1], 60, 12);
+            doubleClick(1);
+        else if (data.way === "double tap")
+            doubleTap(1);
         else if (data.way === "screen reader")
             verify(reader.act(options, "two", "Press"));
         else {
@@ -183,13 +202,53 @@ PanelTestCase {
         edit(0);
         type("new");
 
-        mouseDoubleClickSequence(rows()[2], 60, 12);
+        doubleClick(2);
         compare(kept(), ["new", "two", "three"]);
+        compare(rows().map(row => row.isEditing), [false, false, true]);
+        verify(field().activeFocus);
         compare(field().selectedText, "three");
         type("last");
         keyClick(Qt.Key_Return);
 
         compare(kept(), ["new", "two", "last"]);
+    }
+
+    function test_aDoubleClickMeansItsRowAlsoWhereTheEditedOneTakesAnotherPlace() {
+        open("deadlines");
+        edit(0);
+        tab(2);
+        type("20");
+
+        doubleClick(1);
+
+        compare(kept(), ["two", "three", "one"]);
+        compare(rows().map(row => row.isEditing), [true, false, false]);
+        compare(field().selectedText, "two");
+    }
+
+    function test_twoClicksOnTwoRowsAreNoDoubleClick_data() {
+        return lists();
+    }
+
+    function test_twoClicksOnTwoRowsAreNoDoubleClick(data) {
+        open(data.tag);
+        const window = options.Window.window;
+
+        pointer.click(window, rows()[0].mapToItem(null, 60, 12));
+        pointer.clickAgain(window, rows()[2].mapToItem(null, 60, 12));
+
+        compare(editors().length, 0);
+        verify(rows()[2].hasKeyboard);
+    }
+
+    function test_twoClicksFarApartInTimeAreNoDoubleClick() {
+        open("quotes");
+        const point = rows()[1].mapToItem(null, 60, 12);
+
+        pointer.click(options.Window.window, point);
+        pointer.click(options.Window.window, point);
+
+        compare(editors().length, 0);
     }
 
     function test_leavingTheEditorOfTheModeTakesIt() {
