@@ -39,6 +39,12 @@ void KeyboardProbe::hold(QQuickWindow *window, int key, int repetitions)
     send(*window, QEvent::KeyRelease, key, false);
 }
 
+void KeyboardProbe::handOn(QQuickWindow *window, int key)
+{
+    // The toolkit keeps the system's event back and then sends one of its own.
+    hold(window, key, 0);
+}
+
 QStringList KeyboardProbe::surroundings(QQuickItem *field)
 {
     QInputMethodQueryEvent query(

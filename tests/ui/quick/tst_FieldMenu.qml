@@ -128,6 +128,33 @@ PanelTestCase {
         compare(closings.count, 1);
     }
 
+    function test_escapeClosesTheMenuAloneAlsoWhereAScreenReaderHandsItOn_data() {
+        return [{tag: "on the page", mode: TickerMode.Custom, enter: () => {}, isIn: () => closings.count === 0},
+            {tag: "in a row that is edited", mode: TickerMode.Quote, enter: () => all(panel, QuoteRow)[0].edit(),
+                isIn: () => all(panel, QuoteRow)[0].isEditing && closings.count === 0},
+            {tag: "on a sheet", mode: TickerMode.Revenue, enter: () => buttonOf(panel, "API Keys").clicked(),
+                isIn: () => all(panel, APIKeysSheet).length === 1 && closings.count === 0}];
+    }
+
+    function test_escapeClosesTheMenuAloneAlsoWhereAScreenReaderHandsItOn(data) {
+        world.ticker.customQuotes = ["one"];
+        world.ticker.mode = data.mode;
+        passFrames();
+        data.enter();
+        passFrames();
+        const field = testCase.Window.activeFocusItem as BorderedField ?? all(panel, BorderedField)[0];
+        field.forceActiveFocus();
+        keyClick(Qt.Key_Menu);
+        tryVerify(() => menu() !== null && menu().opened);
+
+        keyboard.handOn(testCase.Window.window, Qt.Key_Escape);
+        compare(menu(), null);
+        verify(data.isIn());
+        keyboard.handOn(testCase.Window.window, Qt.Key_Escape);
+
+        tryVerify(() => !data.isIn());
+    }
+
     function test_typingGoesOnIntoTheField() {
         open();
         field().cursorPosition = 7;
