@@ -1,8 +1,7 @@
 #include "core/PreferencesKeys.h"
 #include "tests/support/TestWorld.h"
 #include "ui/editors/DeadlineUndo.h"
-#include "ui/editors/QuoteUndo.h"
-#include "ui/editors/SymbolUndo.h"
+#include "ui/editors/TextListUndo.h"
 
 #include <QSignalSpy>
 #include <QTest>
