@@ -23,6 +23,12 @@ PriceStatus statusAt(int index, const TickerViewModel &ticker)
 
 } // namespace
 
+ShownPrice::ShownPrice(QObject *parent)
+    : TickerFollower(parent)
+{
+    connect(this, &TickerFollower::tickerChanged, this, &ShownPrice::intervalChanged);
+}
+
 int ShownPrice::indexOnShow(const QStringList &symbols, qint64 index)
 {
     return index < 0 || index >= symbols.size() ? -1 : static_cast<int>(index);
@@ -30,36 +36,24 @@ int ShownPrice::indexOnShow(const QStringList &symbols, qint64 index)
 
 int ShownPrice::interval() const
 {
-    return m_ticker ? static_cast<int>(m_ticker->cryptoRotateInterval()) : 0;
+    return ticker() ? static_cast<int>(ticker()->cryptoRotateInterval()) : 0;
 }
 
-void ShownPrice::setTicker(TickerViewModel *ticker)
+void ShownPrice::watch(TickerViewModel &ticker)
 {
-    if (m_ticker == ticker)
-        return;
-    if (m_ticker)
-        m_ticker->disconnect(this);
-    m_ticker = ticker;
-    if (m_ticker) {
-        connect(m_ticker, &TickerViewModel::cryptoSymbolsChanged, this, &ShownPrice::follow);
-        connect(m_ticker, &TickerViewModel::currentCryptoIndexChanged, this, &ShownPrice::follow);
-        connect(m_ticker, &TickerViewModel::cryptoPricesChanged, this, &ShownPrice::follow);
-        connect(m_ticker, &TickerViewModel::cryptoPriceStatusesChanged, this, &ShownPrice::follow);
-        connect(m_ticker, &TickerViewModel::ticked, this, &ShownPrice::followDay);
-        connect(m_ticker, &TickerViewModel::cryptoRotateIntervalChanged, this, &ShownPrice::intervalChanged);
-    }
-    emit tickerChanged();
-    emit intervalChanged();
-    follow();
+    connect(&ticker, &TickerViewModel::cryptoSymbolsChanged, this, &ShownPrice::follow);
+    connect(&ticker, &TickerViewModel::currentCryptoIndexChanged, this, &ShownPrice::follow);
+    connect(&ticker, &TickerViewModel::cryptoPricesChanged, this, &ShownPrice::follow);
+    connect(&ticker, &TickerViewModel::cryptoPriceStatusesChanged, this, &ShownPrice::follow);
+    connect(&ticker, &TickerViewModel::cryptoRotateIntervalChanged, this, &ShownPrice::intervalChanged);
+    watchDay(ticker);
 }
 
 void ShownPrice::follow()
 {
-    const int index = m_ticker ? indexOnShow(m_ticker->cryptoSymbols(), m_ticker->currentCryptoIndex()) : -1;
-    const std::optional<CryptoPrice> price = m_ticker ? priceAt(index, *m_ticker) : std::nullopt;
-    const PriceStatus status = m_ticker ? statusAt(index, *m_ticker) : PriceStatus();
-    if (m_ticker)
-        m_day = UsersDay::of(*m_ticker);
+    const int index = ticker() ? indexOnShow(ticker()->cryptoSymbols(), ticker()->currentCryptoIndex()) : -1;
+    const std::optional<CryptoPrice> price = ticker() ? priceAt(index, *ticker()) : std::nullopt;
+    const PriceStatus status = ticker() ? statusAt(index, *ticker()) : PriceStatus();
     const QString arrival = arrivalOf(status);
     if (index == m_index && price == m_price && status == m_status && arrival == m_arrival)
         return;
@@ -74,13 +68,7 @@ QString ShownPrice::arrivalOf(const PriceStatus &status) const
 {
     if (!status.cameAt())
         return {};
-    return PriceLabels::asOf(recentTimeText(*status.cameAt(), m_ticker->now(), m_ticker->region()));
-}
-
-void ShownPrice::followDay()
-{
-    if (!m_arrival.isEmpty() && m_day != UsersDay::of(*m_ticker))
-        follow();
+    return PriceLabels::asOf(recentTimeText(*status.cameAt(), ticker()->now(), ticker()->region()));
 }
 
 } // namespace glimmet

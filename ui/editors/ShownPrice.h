@@ -1,21 +1,16 @@
 #pragma once
 
-#include "core/TickerViewModel.h"
 #include "ui/editors/PriceLabels.h"
-#include "ui/editors/UsersDay.h"
-
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
+#include "ui/editors/TickerFollower.h"
 
 #include <optional>
 
 namespace glimmet {
 
 /// The symbol that the prices stand at and what is known of its price; it follows the ticker.
-class ShownPrice : public QObject {
+class ShownPrice : public glimmet::TickerFollower { // Whole, as it is registered under that name.
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(glimmet::TickerViewModel *ticker READ ticker WRITE setTicker NOTIFY tickerChanged REQUIRED)
     /// Seconds that a symbol stays.
     Q_PROPERTY(int interval READ interval NOTIFY intervalChanged)
     /// The symbol's place in the list; -1 where none is on show.
@@ -33,13 +28,10 @@ class ShownPrice : public QObject {
     Q_PROPERTY(QString trouble READ trouble NOTIFY changed)
 
 public:
-    using QObject::QObject;
+    explicit ShownPrice(QObject *parent = nullptr);
 
     /// `index`; -1 where the list has no entry there.
     static int indexOnShow(const QStringList &symbols, qint64 index);
-
-    TickerViewModel *ticker() const { return m_ticker; }
-    void setTicker(TickerViewModel *ticker);
 
     int interval() const;
     int index() const { return m_index; }
@@ -52,20 +44,19 @@ public:
     QString trouble() const { return PriceLabels::trouble(m_status.trouble()); }
 
 signals:
-    void tickerChanged();
     void intervalChanged();
     void changed();
 
+protected:
+    void watch(TickerViewModel &ticker) override;
+    void follow() override;
+
 private:
     QString arrivalOf(const PriceStatus &status) const;
-    void follow();
-    void followDay();
 
-    QPointer<TickerViewModel> m_ticker;
     int m_index = -1;
     std::optional<CryptoPrice> m_price;
     PriceStatus m_status;
-    UsersDay m_day; ///< of the arrival
     QString m_arrival;
 };
 

@@ -5,17 +5,9 @@
 
 namespace glimmet {
 
-void SymbolTrouble::setTicker(TickerViewModel *ticker)
+void SymbolTrouble::watch(TickerViewModel &ticker)
 {
-    if (m_ticker == ticker)
-        return;
-    if (m_ticker)
-        m_ticker->disconnect(this);
-    m_ticker = ticker;
-    if (m_ticker)
-        connect(m_ticker, &TickerViewModel::cryptoPriceStatusesChanged, this, &SymbolTrouble::follow);
-    emit tickerChanged();
-    follow();
+    connect(&ticker, &TickerViewModel::cryptoPriceStatusesChanged, this, &SymbolTrouble::follow);
 }
 
 void SymbolTrouble::setSymbol(const QString &symbol)
@@ -26,7 +18,7 @@ void SymbolTrouble::setSymbol(const QString &symbol)
 
 void SymbolTrouble::follow()
 {
-    const auto status = m_ticker ? m_ticker->cryptoPriceStatuses().value(m_symbol) : PriceStatus();
+    const auto status = ticker() ? ticker()->cryptoPriceStatuses().value(m_symbol) : PriceStatus();
     publish(*this, m_text, PriceLabels::trouble(status.trouble()), &SymbolTrouble::textChanged);
 }
 
