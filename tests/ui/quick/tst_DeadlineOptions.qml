@@ -1,63 +1,10 @@
 import QtQuick
 import Glimmet
 
-PanelTestCase {
+// The list of deadlines, and the editor as a whole.
+DeadlineOptionsCase {
     id: testCase
     name: "DeadlineOptions"
-
-    Component {
-        id: editors
-
-        DeadlineOptions {
-            width: 300
-            ticker: testCase.world.ticker
-            undo: DeadlineUndo {
-                ticker: testCase.world.ticker
-            }
-        }
-    }
-
-    property DeadlineOptions options: null
-
-    function init() {
-        makeWorld();
-        options = make(editors);
-    }
-
-    function field(): Item {
-        return all(options, BorderedField)[0];
-    }
-
-    function addButton(): Item {
-        return buttonOf(options, "Add Deadline");
-    }
-
-    function picker(): Item {
-        return all(options, DateTimePicker)[0];
-    }
-
-    function segments(): var {
-        return all(options, DateTimeSegment).map(segment => segment.text);
-    }
-
-    function rows(): var {
-        return all(options, DeadlineRow).filter(row => !row.isRemoved);
-    }
-
-    function shown(what: string): var {
-        return rows().map(row => row[what]);
-    }
-
-    function type(words: string) {
-        mouseClick(field());
-        for (const letter of words)
-            keyClick(letter);
-    }
-
-    function add(title: string, seconds: real) {
-        world.addDeadline(title, seconds);
-        verify(waitForRendering(options));
-    }
 
     function test_theHeaderHasItsMeasures() {
         const label = textOf(options, "UPCOMING");
@@ -107,39 +54,6 @@ PanelTestCase {
             compare(areas[i].y - areas[i - 1].bottom, 12);
         compare(options.height, areas[5].bottom);
         verify([1, 3, 4, 5].every(i => areas[i].width === 300));
-    }
-
-    function test_theFieldHasItsMeasures() {
-        compareFont(textOf(field(), "Name (e.g. Math Exam)"), 13, 400);
-        compare(field().font.pixelSize, 13);
-        compare(field().leftPadding, 12);
-        compare(field().rightPadding, 12);
-        compare(field().topPadding, 9);
-        compare(field().bottomPadding, 9);
-        compare(field().background.radius, 8);
-        compare(field().background.borderWidth, 1.5);
-        compareInk(field().background.color, 0.04);
-        compareInk(field().background.borderColor, 0.12);
-    }
-
-    function test_theFieldsBorderTakesTheAccentWithTheFocus() {
-        mouseClick(field());
-
-        tryVerify(() => isColor(field().background.borderColor, Appearance.accent, 1));
-    }
-
-    function test_theButtonHasItsMeasures() {
-        type("exam");
-        const label = textOf(options, "Add Deadline");
-
-        compareFont(label, 12, 400);
-        verify(isColor(label.color, Appearance.background));
-        compareInk(addButton().background.color, 1);
-        compare(addButton().background.radius, 8);
-        compare(addButton().topPadding, 9);
-        compare(addButton().bottomPadding, 9);
-        compare(addButton().width, 300);
-        fuzzyCompare(areaOf(label, options).x + label.width / 2, 150, 1);
     }
 
     function test_theRowsStandInTheirOrder() {
@@ -223,103 +137,6 @@ PanelTestCase {
         verify(buttonOf(options, "Clear all").activeFocus);
     }
 
-    function test_aNameOfBlanksOnlyCannotBeAdded_data() {
-        return [{tag: "nothing", name: ""}, {tag: "blanks", name: "   "}, {tag: "wide blanks", name: "\t\u3000"}];
-    }
-
-    function test_aNameOfBlanksOnlyCannotBeAdded(data) {
-        mouseClick(field());
-        field().text = data.name;
-        verify(!addButton().enabled);
-
-        keyClick(Qt.Key_Return);
-        mouseClick(addButton());
-
-        compare(world.deadlines(), []);
-        compare(world.storedDeadlines(), ["absent"]);
-        compare(field().text, data.name);
-    }
-
-    function test_theButtonIsEnabledByAName() {
-        verify(!addButton().enabled);
-        type(" a");
-        verify(addButton().enabled);
-        keyClick(Qt.Key_Backspace);
-        verify(!addButton().enabled);
-    }
-
-    function test_theButtonAddsTheTrimmedNameOneDayAhead() {
-        type("  exam ");
-
-        mouseClick(addButton());
-
-        compare(world.deadlines(), ["exam 2026-05-05T08:05:07Z"]);
-        compare(world.storedDeadlines(), ["exam 2026-05-05T08:05:07Z"]);
-    }
-
-    function test_returnInTheNameAdds() {
-        type("exam");
-
-        keyClick(Qt.Key_Return);
-
-        compare(world.deadlines(), ["exam 2026-05-05T08:05:07Z"]);
-    }
-
-    function test_afterAddingTheFormIsNew() {
-        type("exam");
-        all(options, DateTimeSegment)[0].forceActiveFocus();
-        keyClick("2");
-        keyClick("0");
-        compare(segments(), ["20", "05", "2026", "09", "05"]);
-        world.advance(120);
-
-        mouseClick(addButton());
-
-        compare(world.deadlines(), ["exam 2026-05-20T08:05:00Z"]);
-        compare(field().text, "");
-        verify(!addButton().enabled);
-        compare(segments(), ["05", "05", "2026", "09", "07"]);
-    }
-
-    function test_aDateThatPassedMeanwhileIsSavedAsNow() {
-        type("exam");
-        all(options, DateTimeSegment)[0].forceActiveFocus();
-        keyClick("4");
-        field().forceActiveFocus();
-        compare(segments(), ["04", "05", "2026", "09", "05"]);
-        world.advance(300);
-
-        keyClick(Qt.Key_Return);
-
-        compare(world.deadlines(), ["exam 2026-05-04T08:10:07Z"]);
-    }
-
-    function test_addingAPastDateSaysThatItWasMovedToNow() {
-        type("exam");
-        all(options, DateTimeSegment)[0].forceActiveFocus();
-        keyClick("1");
-        keyClick("/");
-        const button = addButton();
-
-        mouseClick(button);
-
-        compare(world.deadlines(), ["exam 2026-05-04T08:05:07Z"]);
-        const note = textOf(picker(), "That moment is past: it was moved to now.");
-        verify(note !== null);
-        verify(waitForRendering(options));
-        compare(areaOf(button, options).y - areaOf(note, options).bottom, 12);
-    }
-
-    function test_theDefaultDoesNotPassWhileTheEditorIsOpen() {
-        world.setNow("2026-05-05T08:05:06Z");
-        world.advance(1);
-        type("exam");
-
-        keyClick(Qt.Key_Return);
-
-        compare(world.deadlines(), ["exam 2026-05-06T08:05:07Z"]);
-    }
-
     function test_aDeadlineCanBeRemoved() {
         add("one", 1);
         add("two", 2);
@@ -372,29 +189,6 @@ PanelTestCase {
         verify(rows()[0].hasKeyboard);
     }
 
-    function test_theKeyboardStaysInADateThatBeginsAnew() {
-        type("exam");
-        const minute = all(options, DateTimeSegment)[4];
-        mouseClick(minute);
-        keyClick("7");
-
-        mouseClick(addButton());
-
-        compare(world.deadlines(), ["exam 2026-05-05T08:07:00Z"]);
-        verify(minute.activeFocus);
-        compare(minute.text, "05");
-    }
-
-    function test_theKeyboardGoesToTheNameAfterAddingByTheButton() {
-        type("exam");
-        addButton().forceActiveFocus(Qt.TabFocusReason);
-
-        keyClick(Qt.Key_Space);
-
-        compare(world.deadlines().length, 1);
-        verify(field().activeFocus);
-    }
-
     function test_tabVisitsEverythingInOrderOfSight() {
         add("one", 1);
         type("exam");
@@ -434,11 +228,5 @@ PanelTestCase {
         add("other", 5);
         verify(reader.press(options, "Clear all"));
         compare(world.storedDeadlines(), []);
-    }
-
-    function test_aScreenReaderCannotAddWithoutAName() {
-        reader.press(options, "Add Deadline");
-
-        compare(world.deadlines(), []);
     }
 }
