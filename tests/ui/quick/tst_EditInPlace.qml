@@ -138,6 +138,19 @@ EditInPlaceCase {
         verify(rows()[2].hasKeyboard);
     }
 
+    function test_twoSwipesFromOnePlaceAreNoDoubleTap() {
+        open("quotes");
+        const row = rows()[1];
+
+        for (let i = 0; i < 2; ++i) {
+            touchEvent(row).press(0, row, 60, 12).commit();
+            touchEvent(row).move(0, row, 60, -60).commit();
+            touchEvent(row).release(0, row, 60, -60).commit();
+        }
+
+        compare(editors().length, 0);
+    }
+
     function test_twoClicksFarApartInTimeAreNoDoubleClick() {
         open("quotes");
         const point = rows()[1].mapToItem(null, 60, 12);
