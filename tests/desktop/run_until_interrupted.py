@@ -24,11 +24,16 @@ def take_pictures(glimmet):
 
     def told(take, name):
         path = PICTURES / f"{kind}-now-{name}.png"
-        take(glimmet, path)
-        print(f"Screenshot: {path.relative_to(ROOT)}", flush=True)
+        taken = take(glimmet, path)
+        for written in taken.paths:
+            print(f"Screenshot: {written.relative_to(ROOT)}", flush=True)
+        if taken.fault:
+            print(f"{name}: {taken.fault}", file=sys.stderr, flush=True)
 
     told(pictures.take_menu_bar, "menubar")
-    pictures.play(glimmet, pictures.SCENES[:1], lambda _name: told(pictures.take_panel, "panel"))
+    first = pictures.GROUPS[0][:1]
+    for _, error in pictures.play(lambda: glimmet, [first], lambda *_: told(pictures.take_panel, "panel")):
+        raise error
 
 
 def print_labels(glimmet):
