@@ -4,14 +4,17 @@ import Glimmet
 UndoOffer {
     id: root
 
-    InkText {
+    CutText {
         x: 10
+        width: undo.x - 8 - x
         anchors.verticalCenter: parent.verticalCenter
-        text: "Removed"
+        text: "Removed " + Wording.oneLine(root.subject)
+        horizontalAlignment: Text.AlignLeft
         color: Theme.softText
         font.pixelSize: Theme.buttonSize
     }
     UndoButton {
+        id: undo
         anchors.right: parent.right
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter
