@@ -10,8 +10,9 @@ namespace glimmet {
 namespace {
 
 constexpr qreal smallestScale = 0.4;
-// Room for the focus ring around the item.
-constexpr qreal revealMargin = 8;
+// Room for the focus ring around the item, and for the edge that fades out what goes on beyond it
+// (Theme.softEdge).
+constexpr qreal revealMargin = 20;
 
 } // namespace
 

@@ -66,7 +66,7 @@ TEST(Geometry, anItemElsewhereDoesNotScroll)
     EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(nullptr, &content, 30, 100), 30);
 }
 
-TEST(Geometry, anItemIsRevealedWithRoomForItsFocusRing)
+TEST(Geometry, anItemIsRevealedWithRoomForItsFocusRingAndClearOfTheSoftEdge)
 {
     QQuickItem content;
     content.setSize({ 340, 400 });
@@ -74,7 +74,7 @@ TEST(Geometry, anItemIsRevealedWithRoomForItsFocusRing)
     item.setPosition({ 20, 200 });
     item.setSize({ 100, 40 });
 
-    EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(&item, &content, 0, 100), 248 - 100);
+    EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(&item, &content, 0, 100), 260 - 100);
 }
 
 TEST(Geometry, anItemIsRevealedInItsOwnSizeWhateverStandsOutOfIt)
@@ -85,7 +85,7 @@ TEST(Geometry, anItemIsRevealedInItsOwnSizeWhateverStandsOutOfIt)
     item.setPosition({ 20, 200 });
     item.setSize({ 100, 40 });
 
-    EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(&item, &content, 0, 100), 248 - 100);
+    EXPECT_DOUBLE_EQ(Geometry::offsetRevealing(&item, &content, 0, 100), 260 - 100);
 }
 
 TEST(Geometry, theLastItemScrollsToTheEndAndNoFurther)

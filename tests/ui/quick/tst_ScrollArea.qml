@@ -108,6 +108,16 @@ PanelTestCase {
         verify(!isColor(picture.pixel(170, 120), Appearance.background));
     }
 
+    function test_whatGetsTheKeyboardStandsClearOfTheSoftEdges() {
+        const buttons = all(page, PlainButton);
+
+        buttons[5].forceActiveFocus(Qt.TabFocusReason);
+        verify(areaOf(buttons[5], page).bottom <= page.height - Theme.softEdge);
+        buttons[2].forceActiveFocus(Qt.TabFocusReason);
+
+        verify(areaOf(buttons[2], page).top >= Theme.softEdge);
+    }
+
     function test_aPageThatFitsHasNoSoftEdges() {
         page.parent.height = 500;
 
