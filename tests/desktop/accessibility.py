@@ -91,6 +91,12 @@ class Node:
         except GLib.Error:
             return False
 
+    def is_described(self, description):
+        try:
+            return self._bus.get(self._name, self._path, ACCESSIBLE, "Description") == description
+        except GLib.Error:
+            return False
+
     def find(self, name, *roles):
         return next((node for node in self.walk() if node.is_called(name, roles)), None)
 

@@ -131,6 +131,13 @@ def take_menu_bar(glimmet, path):
     return Taken((path,))
 
 
+def take_screen(glimmet, path):
+    """The whole screen as it is, also where another program's dialog is over the panel."""
+    time.sleep(LONGEST_TRANSITION)
+    glimmet.desktop.screen.screenshot(path)
+    return Taken((path,))
+
+
 def _with_surroundings(glimmet, panel):
     screen = glimmet.desktop.screen.area
     left, right = max(panel.x - MARGIN, 0), min(panel.right + MARGIN, screen.right)
@@ -248,9 +255,9 @@ def put_away(glimmet):
         wait_for(closed, 10, "the panel to close")
 
 
-def start(desktop, binary, scale=1, network=()):
+def start(desktop, binary, scale=1, network=(), environment=None):
     """Starts glimmet for its pictures and returns it once its text is in the menu bar."""
-    environment = {"QT_SCALE_FACTOR": str(scale)} if scale != 1 else {}
-    glimmet = Glimmet(desktop, binary, environment, network=network).wait_until_running()
+    scaling = {"QT_SCALE_FACTOR": str(scale)} if scale != 1 else {}
+    glimmet = Glimmet(desktop, binary, scaling | (environment or {}), network=network).wait_until_running()
     glimmet.wait_until_clickable()
     return glimmet

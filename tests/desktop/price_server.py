@@ -41,4 +41,5 @@ def chart(symbol, price, previous_close, closes):
 
 
 def refusal(status):
-    return {"chart": {"result": None, "error": {"code": str(status), "description": "No data found"}}}
+    code = "Not Found" if status == 404 else str(status)
+    return {"chart": {"result": None, "error": {"code": code, "description": "No data found"}}}

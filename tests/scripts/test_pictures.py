@@ -9,7 +9,7 @@ from pathlib import Path
 from types import SimpleNamespace
 from unittest import mock
 
-from desktop import pictures
+from desktop import pictures, walks
 from desktop.image import CELL, Image, cells_in_motion, cells_not_shown, first_shown
 from desktop.processes import DesktopError
 
@@ -129,6 +129,11 @@ class Pictures(unittest.TestCase):
 
         self.assertEqual(found, (wrong.return_value, 3, {(0, 0)}))
         self.assertEqual(wrong.call_count, 3)
+
+    def test_haveANameOfTheirOwnWhereverTheyAreKept(self):
+        for groups in (pictures.GROUPS, *walks.WALKS.values()):
+            names = [name for group in groups for name, *_ in group]
+            self.assertEqual(len(set(names)), len(names))
 
     def test_loseNoSceneToOneThatFails(self):
         def fail(_stage):
