@@ -96,6 +96,25 @@ EditInPlaceCase {
         verify(rows()[2].hasKeyboard);
     }
 
+    function test_aPastDateIsSeenToBeMovedBeforeItIsSaved() {
+        open("deadlines");
+        edit(0);
+        tab(2);
+        type("1/5/2026");
+
+        mouseClick(buttonOf(editors()[0], "Save"));
+
+        verify(textOf(editors()[0], "That moment is past: it was moved to now.") !== null);
+        compare(segments().map(segment => segment.text), ["04", "05", "2026", "09", "05"]);
+        compare(world.storedDeadlines()[0], "one 2026-05-05T08:05:07Z");
+        world.advance(120);
+
+        mouseClick(buttonOf(editors()[0], "Save"));
+
+        compare(editors().length, 0);
+        compare(world.storedDeadlines()[0], "one 2026-05-04T08:07:07Z");
+    }
+
     function test_anUntouchedDateStaysAsItWas() {
         list = "deadlines";
         world.addDeadline("gone", -100);
