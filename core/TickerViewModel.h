@@ -181,6 +181,8 @@ public:
     KeyStatus credentialStatus(KeychainKey key) const { return m_revenue.credentialStatus(key); }
     /// The user turns to a credential's field.
     Q_INVOKABLE void beginCredentialEditing() { m_revenue.beginEditing(); }
+    /// The user has left it.
+    Q_INVOKABLE void endCredentialEditing() { m_revenue.endEditing(); }
     /// The user asks for the key store to be opened, which shows a dialog of its own.
     Q_INVOKABLE void unlockKeys() { m_revenue.askToUnlock(KeyConsent::Act::AskingForIt); }
     QString polarAPIKey() const { return credential(KeychainKey::PolarAPIKey); }

@@ -7,6 +7,16 @@ namespace glimmet {
 using Cause = KeyStore::Cause;
 using State = KeyStatus::State;
 
+namespace {
+
+/// Whether the store itself keeps everything out, until the user opens or makes it.
+bool isClosed(KeyObstacle obstacle)
+{
+    return obstacle == KeyObstacle::Locked || obstacle == KeyObstacle::NoCollection;
+}
+
+} // namespace
+
 std::optional<ApiKey> Credentials::load(KeychainKey key)
 {
     if (m_store == nullptr)
@@ -29,13 +39,21 @@ void Credentials::writeBack(const ApiKey &value, KeychainKey key)
         m_unreturned.insert(key);
 }
 
-void Credentials::save(const ApiKey &value, KeychainKey key)
+bool Credentials::save(const ApiKey &value, KeychainKey key)
 {
-    if (m_store == nullptr || keep(value, key))
-        return;
+    if (m_store == nullptr || keep(value, key, Cause::Program))
+        return false;
     const KeyObstacle obstacle = obstacleOf(key);
-    const bool isClosed = obstacle == KeyObstacle::Locked || obstacle == KeyObstacle::NoCollection;
-    if (!isClosed || !m_consent.isGivenBy(KeyConsent::Act::EditingKey))
+    return (isClosed(obstacle) || obstacle == KeyObstacle::AwaitsUser)
+        && m_consent.isGivenBy(KeyConsent::Act::EditingKey);
+}
+
+void Credentials::askToSave(const ApiKey &value, KeychainKey key)
+{
+    // It may have been saved meanwhile.
+    if (m_store == nullptr || !m_unsaved.contains(key) || keep(value, key, causeOfAsking()))
+        return;
+    if (!isClosed(obstacleOf(key)) || !m_consent.isGivenBy(KeyConsent::Act::EditingKey))
         return;
     m_consent.noteAsking(KeyConsent::Act::EditingKey);
     m_store->ask(KeyStore::Wish::UnlockingOrMaking);
@@ -75,7 +93,7 @@ bool Credentials::settle(KeychainKey key, const ApiKey &current, std::optional<A
         return false;
     }
     if (m_unsaved.contains(key)) {
-        keep(current, key);
+        keep(current, key, causeOfAsking());
         return false;
     }
     // The removal went through and the addition did not: this is the one copy.
@@ -107,13 +125,18 @@ void Credentials::askToUnlock(KeyConsent::Act act)
     m_store->ask(isAskedFor ? KeyStore::Wish::UnlockingOrMaking : KeyStore::Wish::Unlocking);
 }
 
-/// Whether what the user chose is in the store now.
-bool Credentials::keep(const ApiKey &value, KeychainKey key)
+Cause Credentials::causeOfAsking()
 {
-    const bool mayAsk = m_consent.isGivenBy(KeyConsent::Act::EditingKey);
-    if (mayAsk)
-        m_consent.noteAsking(KeyConsent::Act::EditingKey);
-    const bool isSaved = write(value, key, mayAsk ? Cause::User : Cause::Program);
+    if (!m_consent.isGivenBy(KeyConsent::Act::EditingKey))
+        return Cause::Program;
+    m_consent.noteAsking(KeyConsent::Act::EditingKey);
+    return Cause::User;
+}
+
+/// Whether what the user chose is in the store now.
+bool Credentials::keep(const ApiKey &value, KeychainKey key, Cause cause)
+{
+    const bool isSaved = write(value, key, cause);
     if (isSaved)
         m_unsaved.erase(key);
     else

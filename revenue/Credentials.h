@@ -41,9 +41,11 @@ public:
     /// Writes what was loaded, or what stands in for it, back to its item. Where the item could not be read,
     /// that is no value of the user's, and nothing is owed to the store.
     void writeBack(const ApiKey &value, KeychainKey key);
-    /// Writes what the user chose. Where that fails, it is remembered until it is done, and the user may be
-    /// asked to open the store.
-    void save(const ApiKey &value, KeychainKey key);
+    /// Writes what the user chose, without asking the user anything. Where that fails, it is remembered until
+    /// it is done. True where asking the user may help, and may be done.
+    bool save(const ApiKey &value, KeychainKey key);
+    /// Writes it once more where it is not saved yet, and has the user asked for what that takes.
+    void askToSave(const ApiKey &value, KeychainKey key);
     /// What is known of the item of a credential that is `current`.
     KeyStatus status(const ApiKey &current, KeychainKey key) const;
 
@@ -67,7 +69,8 @@ public:
     void noteOpening();
 
 private:
-    bool keep(const ApiKey &value, KeychainKey key);
+    bool keep(const ApiKey &value, KeychainKey key, KeyStore::Cause cause);
+    KeyStore::Cause causeOfAsking();
     bool write(const ApiKey &value, KeychainKey key, KeyStore::Cause cause);
     bool isUnread(KeychainKey key) const;
     bool isAnyKeptFromBy(KeyObstacle obstacle) const;

@@ -17,6 +17,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::seconds refreshInterval = 300s;
+/// The store's dialog takes the keyboard: amid a key it would get the rest of it.
+constexpr std::chrono::milliseconds typingPause = 1200ms;
 
 bool isError(const QString &text)
 {
@@ -31,6 +33,7 @@ RevenueReport::RevenueReport(RevenueReportWorld world, QObject *parent)
     , m_credentials(m_world.keys)
     , m_answeredAt(m_world.clock.now())
     , m_retries(m_world.timers, [this] { tryAgain(); })
+    , m_typingPause(m_world.timers, typingPause, [this] { askToSave(); })
 {
     for (const RevenuePlatform &platform : revenuePlatforms()) {
         for (const CredentialField &field : platform.credentials) {
@@ -73,7 +76,12 @@ void RevenueReport::setCredential(KeychainKey key, const QString &value)
 {
     const ApiKey chosen(value);
     give(key, chosen);
-    m_credentials.save(chosen, key);
+    if (m_credentials.save(chosen, key)) {
+        m_toAskFor.insert(key);
+        m_typingPause.start();
+    } else {
+        m_toAskFor.erase(key);
+    }
     publishStatus(key);
     fetchIfOnShow();
 }
@@ -95,6 +103,22 @@ void RevenueReport::beginEditing()
 {
     settleUnanswered();
     m_credentials.beginEditing();
+}
+
+void RevenueReport::endEditing()
+{
+    if (!m_typingPause.isRunning())
+        return;
+    m_typingPause.stop();
+    askToSave();
+}
+
+void RevenueReport::askToSave()
+{
+    for (const KeychainKey key : std::exchange(m_toAskFor, {})) {
+        m_credentials.askToSave(m_values.at(key), key);
+        publishStatus(key);
+    }
 }
 
 void RevenueReport::askToUnlock(KeyConsent::Act act)

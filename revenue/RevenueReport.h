@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Retries.h"
+#include "platform/SingleShot.h"
 #include "revenue/Credentials.h"
 #include "revenue/FetchProblem.h"
 #include "revenue/RevenueFetcher.h"
@@ -11,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 
 namespace glimmet {
 
@@ -55,6 +57,8 @@ public:
     void loadCredentials();
     /// The user turns to a credential's field.
     void beginEditing();
+    /// The user has left the field of a key: what has to be asked for it is asked now.
+    void endEditing();
     /// Has the key store ask the user to open it, where it is locked and the user's act allows it.
     void askToUnlock(KeyConsent::Act act);
 
@@ -108,6 +112,7 @@ private:
     void settleCredentials();
     /// The same where the store was silent: what it says by now decides whether the user has to be asked.
     void settleUnanswered();
+    void askToSave();
     void publishStatus(KeychainKey key);
     RevenueQuery query() const;
     QString currency() const;
@@ -135,6 +140,8 @@ private:
     LatestRequest m_latest;
     std::unique_ptr<RepeatingTimer> m_timer;
     Retries m_retries;
+    SingleShot m_typingPause;
+    std::set<KeychainKey> m_toAskFor; ///< once the user has paused
 };
 
 } // namespace glimmet

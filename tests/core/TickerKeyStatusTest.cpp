@@ -38,6 +38,12 @@ protected:
         QCoreApplication::sendPostedEvents();
     }
     void refuse() { emit world.keys.refused(); }
+    /// The user types the key, and pauses.
+    void type(const QString &key)
+    {
+        ticker->setPolarAPIKey(key);
+        world.timers.advance(1200ms);
+    }
     QByteArray stored(const QString &account) { return world.keys.items().value(account, "absent"); }
 
     TestWorld world;
@@ -156,10 +162,53 @@ TEST_F(TickerKeyStatus, typingAKeyAsksForTheStoreToBeOpenedOrMade)
     for (const KeyObstacle obstacle : { KeyObstacle::Locked, KeyObstacle::NoCollection }) {
         const qsizetype before = world.keys.wishes().size();
 
-        startLocked(obstacle).setPolarAPIKey(u"k"_s);
+        startLocked(obstacle);
+        type(u"k"_s);
 
         EXPECT_EQ(world.keys.wishes().mid(before), QList{ Wish::UnlockingOrMaking });
     }
+}
+
+TEST_F(TickerKeyStatus, nothingIsAskedAmidTheTypingOfAKey)
+{
+    startLocked();
+    ticker->beginCredentialEditing();
+    for (const QString &typed : { u"p"_s, u"po"_s, u"pol"_s, u"pola"_s }) {
+        ticker->setPolarAPIKey(typed);
+        world.timers.advance(1100ms);
+        EXPECT_THAT(world.keys.wishes(), IsEmpty());
+    }
+
+    world.timers.advance(100ms);
+
+    EXPECT_THAT(world.keys.wishes(), ElementsAre(Wish::UnlockingOrMaking));
+}
+
+TEST_F(TickerKeyStatus, leavingTheFieldOfATypedKeyAsksAtOnceAndOnce)
+{
+    startLocked();
+    ticker->beginCredentialEditing();
+    ticker->setPolarAPIKey(u"k"_s);
+
+    ticker->endCredentialEditing();
+    EXPECT_THAT(world.keys.wishes(), ElementsAre(Wish::UnlockingOrMaking));
+    world.timers.advance(10min);
+    ticker->endCredentialEditing();
+
+    EXPECT_EQ(world.keys.wishes().size(), 1);
+}
+
+TEST_F(TickerKeyStatus, nothingIsAskedForAKeyThatIsSavedBeforeThePause)
+{
+    start();
+    world.keys.lock();
+    ticker->setPolarAPIKey(u"k"_s);
+    unlock();
+    ASSERT_EQ(ticker->credentialStatus(polar), saved);
+
+    world.timers.advance(10min);
+
+    EXPECT_THAT(world.keys.wishes(), IsEmpty());
 }
 
 TEST_F(TickerKeyStatus, typingAKeyAsksForNothingThatCannotHelp)
@@ -174,13 +223,13 @@ TEST_F(TickerKeyStatus, aRefusalHoldsForOneEditingOfAKey)
 {
     startLocked();
     ticker->beginCredentialEditing();
-    ticker->setPolarAPIKey(u"k"_s);
+    type(u"k"_s);
     refuse();
-    ticker->setPolarAPIKey(u"ke"_s);
+    type(u"ke"_s);
     EXPECT_EQ(world.keys.wishes().size(), 1);
 
     ticker->beginCredentialEditing();
-    ticker->setPolarAPIKey(u"key"_s);
+    type(u"key"_s);
 
     EXPECT_EQ(world.keys.wishes().size(), 2);
 }
@@ -190,15 +239,17 @@ TEST_F(TickerKeyStatus, aSaveMayMakeTheStoreAskUntilTheUserRefuses)
     using Cause = KeyStore::Cause;
     start();
     EXPECT_THAT(world.keys.causes(), testing::Each(Cause::Program));
+    world.keys.setRefusal(KeyObstacle::AwaitsUser);
     world.keys.forgetCalls();
 
-    ticker->setPolarAPIKey(u"k"_s);
+    type(u"k"_s);
     refuse();
-    ticker->setPolarAPIKey(u"ke"_s);
+    type(u"ke"_s);
     ticker->beginCredentialEditing();
-    ticker->setPolarAPIKey(u"key"_s);
+    type(u"key"_s);
 
-    EXPECT_THAT(world.keys.causes(), ElementsAre(Cause::User, Cause::Program, Cause::User));
+    EXPECT_THAT(world.keys.causes(),
+        ElementsAre(Cause::Program, Cause::User, Cause::Program, Cause::Program, Cause::User));
 }
 
 TEST_F(TickerKeyStatus, whoAsksToUnlockAfterARefusalHasTheTypedKeySaved)
@@ -268,7 +319,7 @@ TEST_F(TickerKeyStatus, aStoreThatAnswersTooLateForTheStartIsAskedOnceAKeyIsType
     world.keys.setObstacle(KeyObstacle::NoCollection);
 
     ticker->beginCredentialEditing();
-    ticker->setPolarAPIKey(u"k"_s);
+    type(u"k"_s);
 
     EXPECT_THAT(world.keys.wishes(), ElementsAre(Wish::UnlockingOrMaking));
 }
@@ -303,7 +354,7 @@ TEST_F(TickerKeyStatus, aRefusalIsForgottenOnceTheStoreWasOpen)
     refuse();
     unlock();
     world.keys.lock();
-    ticker->setPolarAPIKey(u"k"_s);
+    type(u"k"_s);
     EXPECT_EQ(world.keys.wishes().size(), 2);
 
     ticker->chooseMode(TickerMode::Revenue);

@@ -19,8 +19,9 @@ Column {
 
     property bool isRevealed: false
 
-    // The user turns to it.
+    // The user turns to it, and away from it.
     signal entered
+    signal exited
     signal edited(string text)
 
     spacing: Theme.captionGap
@@ -60,6 +61,8 @@ Column {
             onFocusChanged: {
                 if (focus)
                     root.entered();
+                else
+                    root.exited();
             }
             onEdited: text => root.edited(text)
         }

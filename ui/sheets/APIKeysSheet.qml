@@ -63,6 +63,7 @@ Sheet {
                     status: credential.trouble || CredentialLabels.status(credential.text.length > 0)
                     startsHere: modelData === root.wanted
                     onEntered: root.ticker.beginCredentialEditing()
+                    onExited: root.ticker.endCredentialEditing()
                     onEdited: text => credential.text = text
 
                     CredentialText {
