@@ -11,7 +11,8 @@ RemovableBox {
     // Why it gives no price; empty where it gives one.
     property string trouble
 
-    readonly property real presence: trouble.length > 0 ? Theme.withoutPriceOpacity : 1
+    readonly property real dimness: shown ? Theme.shownWithoutPriceOpacity : Theme.withoutPriceOpacity
+    readonly property real presence: trouble.length > 0 ? dimness : 1
 
     property color ink: shown ? Theme.background : Theme.ink
 

@@ -105,6 +105,8 @@ QtObject {
     readonly property real disabledOpacity: Appearance.shades.control(0.5)
     readonly property real passedOpacity: Appearance.shades.group(0.4)
     readonly property real withoutPriceOpacity: Appearance.shades.group(0.5)
+    // On its strong fill a text needs more to be read.
+    readonly property real shownWithoutPriceOpacity: Appearance.shades.group(0.75)
     readonly property real withheldOpacity: Appearance.shades.control(0.25)
 
     // False where the user wants nothing to move for show; what moves only once then takes no time.

@@ -24,6 +24,10 @@ Column {
     signal exited
     signal edited(string text)
 
+    function takeKeyboard() {
+        entry.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     spacing: Theme.captionGap
 
     Row {

@@ -29,7 +29,11 @@ Sheet {
             trouble: mainKey.trouble
             remedy: mainKey.remedy
             problem: lastProblem.text
-            onRemedyChosen: root.ticker.unlockKeys()
+            onRemedyChosen: {
+                // The button goes with what it is for, and the keyboard would go with it.
+                fields.itemAt(0).takeKeyboard();
+                root.ticker.unlockKeys();
+            }
             // The user came for the platform that is chosen.
             Component.onCompleted: {
                 if (selected)
@@ -47,6 +51,7 @@ Sheet {
                 provider: section.modelData
             }
             Repeater {
+                id: fields
                 model: section.keys
 
                 APIKeyField {

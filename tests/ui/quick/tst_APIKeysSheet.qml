@@ -156,6 +156,18 @@ PanelTestCase {
         compare(world.keySaves().filter(name => name === "stripe_api_key").length, 1);
     }
 
+    function test_whoUnlocksByKeyboardStaysInTheSection() {
+        sheet = make(sheets, {ticker: world.tickerWithoutKeys()});
+        const unlock = all(sections()[3], PlainButton).find(button => button.text === "Unlock");
+        unlock.forceActiveFocus(Qt.TabFocusReason);
+
+        keyClick(Qt.Key_Space);
+        world.keyArrives("stripe_api_key", "rk_late");
+
+        tryVerify(() => !unlock.visible);
+        verify(entry(4).activeFocus);
+    }
+
     function test_aBrokenKeyOfTheStoresIsShownOnOneLineAndLeftAsItIs() {
         world.ticker.stripeAPIKey = "rk\n1";
         open();

@@ -154,6 +154,8 @@ PanelTestCase {
         compare(label().opacity, 0.5);
         compare(dot().opacity, 0.5);
         compare(removeButton().opacity, 1);
+        chip.shown = true; // A strong fill, on which less could not be read.
+        compare(label().opacity, 0.75);
         chip.trouble = "";
         compare(label().opacity, 1);
     }
