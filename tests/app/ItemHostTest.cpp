@@ -203,7 +203,7 @@ protected:
         watcher.look();
         host.setText(QStringLiteral("11:59:59"));
         timers.advance(10s);
-        settle(desktop);
+        toolTip();
         heard.all.clear();
     }
 
@@ -217,7 +217,7 @@ protected:
     QString toolTip() { return property<NotifierToolTip>(QStringLiteral("ToolTip")).title; }
     int toolTips()
     {
-        settle(desktop);
+        toolTip(); // Its answer comes behind all that was told before.
         return int(heard.all.count(QStringLiteral("NewToolTip:")));
     }
 

@@ -46,6 +46,11 @@ PanelTestCase {
     property Item options: null
     property string list
 
+    // Those that have a button which clears them.
+    function clearedLists(): var {
+        return [{tag: "quotes", clearing: "Reset to defaults"}, {tag: "deadlines", clearing: "Clear all"}];
+    }
+
     function lists(): var {
         return [{tag: "quotes"}, {tag: "symbols"}, {tag: "deadlines"}];
     }

@@ -5,10 +5,6 @@ import Glimmet
 UndoCase {
     name: "UndoClearing"
 
-    function clearedLists(): var {
-        return [{tag: "quotes", clearing: "Reset to defaults"}, {tag: "deadlines", clearing: "Clear all"}];
-    }
-
     function test_clearingIsUndoneByTheSameButton_data() {
         return clearedLists();
     }
