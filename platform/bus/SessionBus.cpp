@@ -62,7 +62,7 @@ void SessionBus::keepTrying()
 
 void SessionBus::tryToConnect()
 {
-    const QString address = sessionBusAddress();
+    const QString address = QString::fromStdString(sessionBusAddress());
     if (address.isEmpty())
         return;
     m_connection = connectAfresh(address, QStringLiteral("glimmet-session-"));

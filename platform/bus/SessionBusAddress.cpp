@@ -1,16 +1,21 @@
+// Without Qt: the feed, which has none, asks here too.
 #include "platform/bus/SessionBusAddress.h"
 
-#include <QFileInfo>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 namespace glimmet {
 
-QString sessionBusAddress()
+std::string sessionBusAddress()
 {
-    QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!named.isEmpty())
+    const char *named = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    if (named && *named)
         return named;
-    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
-    return QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
+    const char *folder = std::getenv("XDG_RUNTIME_DIR");
+    const std::string socket = std::string(folder ? folder : "") + "/bus";
+    std::error_code error;
+    return std::filesystem::exists(socket, error) ? "unix:path=" + socket : std::string();
 }
 
 } // namespace glimmet

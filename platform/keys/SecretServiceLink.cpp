@@ -72,7 +72,8 @@ bool SecretServiceLink::connectToBus(milliseconds timeout)
     if (!answerOf(
             m_bus.connection(), BusDaemon::method(QStringLiteral("GetId")), QStringLiteral("s"), timeout))
         return false;
-    m_connection = connectAfresh(sessionBusAddress(), QStringLiteral("glimmet-keys-"));
+    m_connection =
+        connectAfresh(QString::fromStdString(sessionBusAddress()), QStringLiteral("glimmet-keys-"));
     if (m_connection.isConnected())
         listen();
     return m_connection.isConnected();
