@@ -28,6 +28,8 @@ using namespace std::chrono_literals;
 
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+/// Whoever has this name shows the text beside the item.
+const QString feedName = QStringLiteral("me.kerno.glimmet.Feed");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 const NotifierMenu::Words menuWords{ QStringLiteral("Open glimmet"), QStringLiteral("Quit") };
@@ -117,7 +119,7 @@ void ItemHost::setText(const QString &text)
         return;
     m_text = text;
     updateLabel();
-    if (m_showsWidePictures)
+    if (paintsText())
         updatePictures();
     updateToolTip();
 }
@@ -168,7 +170,7 @@ void ItemHost::updatePictures()
     QList<NotifierPixmap> pictures;
     for (const int size : iconSizes)
         pictures.append(notifierPixmap(modePicture(m_mode, size, bar)));
-    if (m_showsWidePictures)
+    if (paintsText())
         pictures.append(notifierPixmap(textPicture(m_text, widePictureHeight, bar)));
     m_item->setPictures(std::move(pictures));
 }
@@ -208,6 +210,10 @@ void ItemHost::handleConnected()
     for (const char *signal : { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
         connection.connect(
             QString(), watcherPath, watcherService, QString::fromLatin1(signal), this, SLOT(askForHost()));
+    m_feedWatch = std::make_unique<QDBusServiceWatcher>(feedName, connection);
+    connect(m_feedWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString &, const QString &, const QString &owner) { handleFeed(owner); });
+    handleFeed(m_bus.ownerOf(feedName));
     if (!m_bus.ownerOf(watcherService).isEmpty())
         handleWatcher();
 }
@@ -215,6 +221,7 @@ void ItemHost::handleConnected()
 void ItemHost::handleLost()
 {
     m_watcherWatch.reset();
+    m_feedWatch.reset();
     m_item->takeOff();
     handleWatcherGone();
 }
@@ -234,15 +241,30 @@ void ItemHost::handleWatcherGone()
     setAvailable(false);
 }
 
+void ItemHost::handleFeed(const QString &owner)
+{
+    const bool hasFeed = !owner.isEmpty();
+    if (hasFeed == m_hasFeed)
+        return;
+    m_hasFeed = hasFeed;
+    if (m_takesWidePictures)
+        updatePictures();
+}
+
+bool ItemHost::paintsText() const
+{
+    return m_takesWidePictures && !m_hasFeed;
+}
+
 void ItemHost::choosePresentation()
 {
     using enum StatusNotifierItem::Presentation;
     const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
     const bool isMate = isDesktop("MATE");
     m_showsMenu = isGnome;
-    m_showsWidePictures = isDesktop("X-CINNAMON") || programOf(m_bus, watcherService) == "waybar";
+    m_takesWidePictures = isDesktop("X-CINNAMON") || programOf(m_bus, watcherService) == "waybar";
     // These bars are dark unless their users say otherwise, whatever the desktop wants of windows.
-    m_isBarDark = m_showsWidePictures || isDesktop("XFCE");
+    m_isBarDark = m_takesWidePictures || isDesktop("XFCE");
     const auto elsewhere = isMate ? Label : Icon;
     m_item->setPresentation(isGnome ? Menu : elsewhere);
     updateLabel();

@@ -48,11 +48,13 @@ private:
     void handleLost();
     void handleWatcher();
     void handleWatcherGone();
+    void handleFeed(const QString &owner);
     void registerItem();
     void handleRead(bool isOnlyTheBeginning);
     void startOver();
     void setAvailable(bool available);
     void choosePresentation();
+    bool paintsText() const;
     void updateLabel();
     void updatePictures();
     void setToolTipHidden(Cover cover, bool isHidden);
@@ -70,6 +72,7 @@ private:
     std::unique_ptr<StatusNotifierItem> m_item;
     std::unique_ptr<NotifierMenu> m_menu;
     std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
+    std::unique_ptr<QDBusServiceWatcher> m_feedWatch;
     SingleShot m_unseenTimer;
     SingleShot m_menuTimer;
     SingleShot m_clickTimer;
@@ -80,7 +83,8 @@ private:
     TickerMode m_mode = TickerMode::Clock;
     ColorScheme m_scheme = ColorScheme::Light;
     bool m_showsMenu = false;
-    bool m_showsWidePictures = false;
+    bool m_takesWidePictures = false;
+    bool m_hasFeed = false;
     bool m_isToolTipStale = false;
     bool m_isBarDark = false;
     QFlags<Cover> m_covers;

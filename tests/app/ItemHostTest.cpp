@@ -360,6 +360,32 @@ TEST_F(NamedDesktopTest, paintsTheTextForCinnamonsPanel)
     EXPECT_LT(pictures.constLast().width, 24 * 44);
 }
 
+TEST_F(NamedDesktopTest, leavesTheTextToAFeedWhileOneIsRead)
+{
+    const QString feed = QStringLiteral("me.kerno.glimmet.Feed");
+    const auto pictures = [this] {
+        return qdbus_cast<QList<NotifierPixmap>>(property(QStringLiteral("IconPixmap"))).size();
+    };
+    desktop.registerService(feed);
+    show("X-Cinnamon");
+    EXPECT_EQ(pictures(), 3);
+
+    const HeardSignals heard(desktop, programName, QStringLiteral("/StatusNotifierItem"), itemInterface,
+        { QStringLiteral("NewIcon") });
+    desktop.unregisterService(feed);
+    ASSERT_TRUE(waitFor([&] { return heard.all.size() == 1; }));
+    EXPECT_EQ(pictures(), 4);
+    host->setText(QStringLiteral("12:00"));
+    desktop.registerService(feed);
+
+    EXPECT_TRUE(waitFor([&] { return heard.all.size() == 3; }));
+    EXPECT_EQ(pictures(), 3);
+    host->setText(QStringLiteral("12:01"));
+    settle(desktop);
+    EXPECT_EQ(heard.all.size(), 3);
+    desktop.unregisterService(feed);
+}
+
 /// A GNOME Shell: the watcher's owner is the shell.
 class ShellHostTest : public ItemHostTest {
 protected:
