@@ -14,7 +14,7 @@ add_custom_target(lint-python
 # The tests are left to the compiler's warnings: the macros of GoogleTest would need most checks to be off.
 add_custom_target(lint-tidy
   COMMAND run-clang-tidy-19 -quiet -p ${CMAKE_BINARY_DIR}
-    "^${PROJECT_SOURCE_DIR}/(app|core|revenue|prices|platform|ui)/.*[.]cpp$"
+    "^${PROJECT_SOURCE_DIR}/(app|core|feed|revenue|prices|platform|ui)/.*[.]cpp$"
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
   COMMENT "Running clang-tidy over the sources"
   VERBATIM)
