@@ -37,6 +37,11 @@ std::string i3barLine(const FeedText &text, std::string_view others)
     return ',' + line;
 }
 
+std::string plainBlocks(const std::string &line)
+{
+    return R"([{"full_text":)" + jsonString(plainLine(line)) + "}]";
+}
+
 bool isClickOnText(const std::string &click)
 {
     simdjson::dom::parser parser;

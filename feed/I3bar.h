@@ -16,6 +16,9 @@ std::string i3barOpening();
 /// another program wrote it, or nothing.
 std::string i3barLine(const FeedText &text, std::string_view others);
 
+/// The blocks of a status line that is plain text.
+std::string plainBlocks(const std::string &line);
+
 /// Whether a click, as i3bar tells of it, is one on the text with a button that opens the panel: any but
 /// those of a wheel.
 bool isClickOnText(const std::string &click);

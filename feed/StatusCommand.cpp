@@ -1,7 +1,5 @@
 #include "feed/StatusCommand.h"
 
-#include "feed/I3bar.h"
-
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -69,26 +67,18 @@ void StatusCommand::read()
         return;
     if (count <= 0)
         return m_outputWatch.stop();
-    for (const std::string &value : m_splitter.take({ bytes.data(), std::size_t(count) }))
-        take(value);
-    if (m_splitter.isBroken()) {
-        std::fputs("glimmet-feed: the command does not speak i3bar's protocol\n", stderr);
+    for (const std::string &blocks : m_stream.take({ bytes.data(), std::size_t(count) }))
+        m_listener.blocks(blocks);
+    if (m_stream.isBroken()) {
+        std::fputs("glimmet-feed: the command breaks i3bar's protocol\n", stderr);
         m_outputWatch.stop();
         m_listener.ended(1);
     }
 }
 
-void StatusCommand::take(const std::string &value)
-{
-    if (value.front() == '{')
-        m_wantsClicks = wantsClicks(value);
-    else
-        m_listener.blocks(value);
-}
-
 void StatusCommand::tellClick(const std::string &click)
 {
-    if (!m_wantsClicks)
+    if (!m_stream.wantsClicks())
         return;
     // So short a text is taken by a pipe as a whole or not at all.
     const std::string text = (m_wasToldOfClicks ? "," : "[\n") + click + '\n';

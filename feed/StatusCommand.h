@@ -1,7 +1,7 @@
 #pragma once
 
 #include "feed/Glib.h"
-#include "feed/ValueSplitter.h"
+#include "feed/StatusStream.h"
 
 #include <functional>
 #include <string>
@@ -9,13 +9,13 @@
 
 namespace glimmet {
 
-/// A program that prints status lines for i3bar, such as i3status. It runs in the feed's process group, so
-/// that a hidden bar halts both, and is asked to end with this object.
+/// A program that prints status lines as i3bar takes them, such as i3status. It runs in the feed's process
+/// group, so that a hidden bar halts both, and is asked to end with this object.
 class StatusCommand {
 public:
     struct Listener {
         std::function<void(const std::string &)> blocks; ///< an array, for each status line
-        std::function<void(int)> ended; ///< the exit status as a shell tells it; 1 where it was no i3bar's
+        std::function<void(int)> ended; ///< the exit status as a shell tells it; 1 for broken lines
     };
 
     /// Starts `words`, the first of which is looked up in PATH. What cannot be started is told on standard
@@ -32,15 +32,13 @@ public:
 private:
     void start(const std::vector<std::string> &words);
     void read();
-    void take(const std::string &value);
     void end(int waitStatus);
 
     Listener m_listener;
-    ValueSplitter m_splitter;
+    StatusStream m_stream;
     GPid m_process = 0;
     int m_input = -1;
     int m_output = -1;
-    bool m_wantsClicks = false;
     bool m_wasToldOfClicks = false;
     EventSource m_outputWatch;
     guint m_processWatch = 0;

@@ -275,11 +275,16 @@ class I3bar(FeedCase):
         self.assertEqual(feed.wait(), 127)
         self.assertIn("no-such-status", feed.errors())
 
-    def test_tells_of_a_command_that_speaks_otherwise(self):
-        feed = self.feed("--i3bar", "--", "sh", "-c", "echo 12:00; exec sleep 60")
+    def test_takes_plain_lines_from_a_command_as_i3bar_does(self):
+        feed = self.feed("--i3bar", "--", "sh", "-c", "echo 'up \"5\" days'; exec sleep 60")
+
+        self.wait_for_blocks(feed, lambda blocks: blocks == [{"full_text": 'up "5" days'}])
+
+    def test_tells_of_a_command_that_breaks_off_the_protocol(self):
+        feed = self.feed("--i3bar", "--", "sh", "-c", "echo '{}[oops'; exec sleep 60")
 
         self.assertEqual(feed.wait(), 1)
-        self.assertEqual(feed.errors(), "glimmet-feed: the command does not speak i3bar's protocol\n")
+        self.assertEqual(feed.errors(), "glimmet-feed: the command breaks i3bar's protocol\n")
 
     def test_ends_its_command_when_its_reader_goes(self):
         feed = self.feed("--i3bar", "--", "sh", "-c", "printf '{}[[]'; echo $$ >&2; exec sleep 60")
@@ -316,10 +321,17 @@ class OneAnswer(FeedCase):
         self.screen.wait_for_window(PANEL)
 
     def test_tells_where_glimmet_does_not_run(self):
-        for argument in ("--once", "--activate", "--genmon"):
+        for argument in ("--once", "--activate"):
             result = self.once(argument)
             self.assertEqual((result.returncode, result.stdout, result.stderr),
                              (1, "", "glimmet-feed: glimmet does not run\n"), argument)
+
+    def test_leaves_the_generic_monitor_empty_where_glimmet_does_not_run(self):
+        result = self.once("--genmon")
+
+        # It would show what is said on standard error.
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertTrue(result.stdout.startswith("<txt></txt>"))
 
     def test_tells_what_it_does_not_know(self):
         result = self.once("--sideways")
