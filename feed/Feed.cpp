@@ -96,16 +96,7 @@ void Feed::show()
 
 std::string Feed::line() const
 {
-    switch (m_format) {
-    case FeedFormat::Waybar:
-        return waybarLine(m_text);
-    case FeedFormat::I3bar:
-        return i3barLine(m_text, m_others);
-    case FeedFormat::Plain:
-    case FeedFormat::Genmon:
-        break;
-    }
-    return plainLine(m_text);
+    return m_format == FeedFormat::I3bar ? i3barLine(m_text, m_others) : formatted(m_format, m_text);
 }
 
 void Feed::readClicks()

@@ -46,6 +46,10 @@ FeedOptions readFeedOptions(const std::vector<std::string> &arguments)
             options.format = FeedFormat::Waybar;
         else if (*argument == "--i3bar")
             options.format = FeedFormat::I3bar;
+        else if (*argument == "--polybar")
+            options.format = FeedFormat::Polybar;
+        else if (*argument == "--tmux")
+            options.format = FeedFormat::Tmux;
         else if (*argument == "--genmon")
             options.format = FeedFormat::Genmon;
         else

@@ -1,16 +1,11 @@
 #pragma once
 
+#include "feed/Formats.h"
+
 #include <string>
 #include <vector>
 
 namespace glimmet {
-
-enum class FeedFormat {
-    Plain, ///< the text itself
-    Waybar, ///< JSON, for a custom module of Waybar
-    I3bar, ///< i3bar's protocol, also swaybar's
-    Genmon, ///< XML, for XFCE's generic monitor
-};
 
 /// What a command line of the feed asks for.
 struct FeedOptions {

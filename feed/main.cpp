@@ -14,7 +14,7 @@ using namespace glimmet;
 
 namespace {
 
-constexpr const char *usage = "Usage: glimmet-feed [--waybar] [--once]\n"
+constexpr const char *usage = "Usage: glimmet-feed [--waybar | --polybar | --tmux] [--once]\n"
                               "       glimmet-feed --i3bar [-- COMMAND...]\n"
                               "       glimmet-feed --genmon | --activate | --help | --version\n";
 constexpr const char *explanation =
@@ -23,6 +23,8 @@ constexpr const char *explanation =
     "      --waybar    JSON for a custom module of Waybar, with \"return-type\": \"json\"\n"
     "      --i3bar     the protocol of i3bar and swaybar, before the blocks of a COMMAND such as i3status;\n"
     "                  a click on the text opens the panel\n"
+    "      --polybar   the text without tags of polybar in it\n"
+    "      --tmux      the text without formats of tmux in it\n"
     "      --genmon    once what XFCE's generic monitor reads\n"
     "      --once      the text as it is now, and end\n"
     "      --activate  open the panel and end\n"
@@ -62,20 +64,6 @@ int statusOf(Answer answer)
     return answer == Answer::Given ? 0 : 1;
 }
 
-std::string lineOf(FeedFormat format, const FeedText &text)
-{
-    switch (format) {
-    case FeedFormat::Waybar:
-        return waybarLine(text);
-    case FeedFormat::Genmon:
-        return genmonLine(text);
-    case FeedFormat::Plain:
-    case FeedFormat::I3bar:
-        break;
-    }
-    return plainLine(text);
-}
-
 int printOnce(FeedFormat format)
 {
     limitWaiting();
@@ -83,7 +71,7 @@ int printOnce(FeedFormat format)
     const Answer answer = readText(text);
     // The monitor would show the complaint in the bar.
     const int status = format == FeedFormat::Genmon ? 0 : statusOf(answer);
-    return status == 0 ? printed(lineOf(format, text) + '\n') : status;
+    return status == 0 ? printed(formatted(format, text) + '\n') : status;
 }
 
 int activate()

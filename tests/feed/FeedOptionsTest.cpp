@@ -17,6 +17,8 @@ TEST(FeedOptions, nameTheFormat)
 {
     EXPECT_EQ(readFeedOptions({ "--waybar" }), FeedOptions({ Wish::Follow, FeedFormat::Waybar }));
     EXPECT_EQ(readFeedOptions({ "--i3bar" }), FeedOptions({ Wish::Follow, FeedFormat::I3bar }));
+    EXPECT_EQ(readFeedOptions({ "--polybar" }), FeedOptions({ Wish::Follow, FeedFormat::Polybar }));
+    EXPECT_EQ(readFeedOptions({ "--tmux" }), FeedOptions({ Wish::Follow, FeedFormat::Tmux }));
 }
 
 TEST(FeedOptions, askForOneTextInAFormat)

@@ -73,6 +73,21 @@ TEST(Formats, hideWaybarsModuleWhereThereIsNoText)
     EXPECT_EQ(member(waybarLine(std::nullopt), "class"), "absent");
 }
 
+TEST(Formats, keepPolybarFromReadingTags)
+{
+    EXPECT_EQ(polybarLine("50%{A1:reboot:}%%{F-} {}%"), "50%\u2060{A1:reboot:}%%\u2060{F-} {}%");
+    EXPECT_EQ(polybarLine(std::nullopt), "");
+}
+
+TEST(Formats, keepTmuxFromReadingFormats)
+{
+    EXPECT_EQ(tmuxLine("C# #{pid} 5#"), "C#### ####{pid} 5####");
+    EXPECT_EQ(tmuxLine("##"), "########");
+    EXPECT_EQ(tmuxLine("#[fg=red]##["), "##[fg=red]####[");
+    EXPECT_EQ(tmuxLine("[12:00]"), "[12:00]");
+    EXPECT_EQ(tmuxLine(std::nullopt), "");
+}
+
 TEST(Formats, tellTheGenericMonitorTextTooltipAndClick)
 {
     EXPECT_EQ(genmonLine("1 < 2"),
