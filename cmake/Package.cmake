@@ -13,7 +13,8 @@ the user's software earns, or the time left until a deadline. A click on the
 text drops down a small panel in which all of this is chosen and edited.
 
 The text is an item of the notification area, or stands in a thin strip at the
-upper edge of the screen where there is none. It needs X11 or XWayland.")
+upper edge of the screen where there is none; glimmet-feed brings it into bars
+that read text. It needs X11 or XWayland.")
 set(CPACK_STRIP_FILES ON)
 # The prefix is the system's, and the apt source lies outside of it.
 set(CPACK_SET_DESTDIR ON)

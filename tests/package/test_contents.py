@@ -18,6 +18,7 @@ ID = "me.kerno.glimmet"
 SVG = "{http://www.w3.org/2000/svg}"
 FILES = {
     "bin/glimmet",
+    "bin/glimmet-feed",
     "lib/glimmet/libglimmet_ui.so",
     f"share/applications/{ID}.desktop",
     "share/doc/glimmet/changelog.Debian.gz",
@@ -26,6 +27,7 @@ FILES = {
     f"share/icons/hicolor/scalable/apps/{ID}.svg",
     f"share/icons/hicolor/symbolic/apps/{ID}-symbolic.svg",
     "share/lintian/overrides/glimmet",
+    "share/man/man1/glimmet-feed.1.gz",
     "share/man/man1/glimmet.1.gz",
     f"share/metainfo/{ID}.metainfo.xml",
 }
@@ -35,7 +37,9 @@ NAMES = {
     "libQt6": "Qt 6",
     "libicu": "ICU",
     "libsimdjson": "simdjson",
+    "libgio": "GLib",
     "libglib": "GLib",
+    "libgobject": "GLib",
     "libxcb": "libxcb",
     "libz": "zlib",
     "libcurl": "curl",
@@ -87,6 +91,12 @@ class InstalledFiles(Installed):
 
         self.assertIn("libQt6Core", listed)
         self.assertNotIn("glimmet", listed)
+
+    def test_theFeedNeedsNoQt(self):
+        listed = self.passes("ldd", self.prefix / "bin/glimmet-feed").stdout
+
+        self.assertIn("libgio", listed)
+        self.assertNotIn("Qt", listed)
 
     def symbols(self, path, which):
         listed = self.passes("nm", "--dynamic", "--format=just-symbols", which, self.prefix / path).stdout
@@ -169,13 +179,26 @@ class DesktopFiles(Installed):
 
 
 class Documents(Installed):
-    def test_theManualPageHasNoWarnings(self):
-        page = self.prefix / "share/man/man1/glimmet.1.gz"
+    def test_theManualPagesHaveNoWarnings(self):
+        for page in (self.prefix / "share/man/man1").iterdir():
+            with self.subTest(page=page.name):
+                result = self.passes("man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page,
+                                     env=os.environ | {"LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"})
 
-        result = self.passes("man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", page,
-                             env=os.environ | {"LC_ALL": "C.UTF-8", "MANROFFSEQ": "", "MANWIDTH": "80"})
+                self.assertEqual(result.stderr, "")
 
-        self.assertEqual(result.stderr, "")
+    def test_theFeedsManualPageNamesItsOptionsAndNoOthers(self):
+        page = (ROOT / "packaging" / "glimmet-feed.1").read_text().replace("\\-", "-")
+        told = self.passes(self.prefix / "bin/glimmet-feed", "--help").stdout
+
+        self.assertEqual(set(re.findall(r"--\w+", page)), set(re.findall(r"--\w+", told)))
+
+    def test_theReadmeUsesTheFeedsOptionsAsTheyAre(self):
+        used = set(re.findall(r"glimmet-feed (--\w+)", (ROOT / "README.md").read_text()))
+        told = self.passes(self.prefix / "bin/glimmet-feed", "--help").stdout
+
+        self.assertIn("--waybar", used)
+        self.assertLessEqual(used, set(re.findall(r"--\w+", told)))
 
     def test_theManualPageNamesEveryVariableThatTheProgramReads(self):
         words = set(re.findall(r"\w+", (ROOT / "packaging" / "glimmet.1").read_text()))
@@ -213,7 +236,7 @@ class Documents(Installed):
         self.assertEqual(stanzas, {"*": "none-chosen", f"{ID}.metainfo.xml": "FSFAP"})
 
     def test_theCopyrightFileNamesEveryLibraryThatIsLinked(self):
-        files = [self.prefix / "bin/glimmet", *(self.prefix / "lib/glimmet").iterdir()]
+        files = [*(self.prefix / "bin").iterdir(), *(self.prefix / "lib/glimmet").iterdir()]
         listed = "".join(self.passes("objdump", "-p", path).stdout for path in files)
         linked = set(re.findall(r"NEEDED +(\w+?)[\d.-]*\.so", listed)) - {path.stem for path in files}
         words = (self.prefix / "share/doc/glimmet/copyright").read_text()
