@@ -1,5 +1,6 @@
 #include "app/ItemHost.h"
 
+#include "app/FeedHost.h"
 #include "app/ItemPicture.h"
 #include "platform/ProgramName.h"
 #include "platform/Text.h"
@@ -29,7 +30,6 @@ using namespace std::chrono_literals;
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 /// Whoever has this name shows the text beside the item.
-const QString feedName = QStringLiteral("me.kerno.glimmet.Feed");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 const NotifierMenu::Words menuWords{ QStringLiteral("Open glimmet"), QStringLiteral("Quit") };
@@ -210,10 +210,10 @@ void ItemHost::handleConnected()
     for (const char *signal : { "StatusNotifierHostRegistered", "StatusNotifierHostUnregistered" })
         connection.connect(
             QString(), watcherPath, watcherService, QString::fromLatin1(signal), this, SLOT(askForHost()));
-    m_feedWatch = std::make_unique<QDBusServiceWatcher>(feedName, connection);
+    m_feedWatch = std::make_unique<QDBusServiceWatcher>(FeedHost::feedName, connection);
     connect(m_feedWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
         [this](const QString &, const QString &, const QString &owner) { handleFeed(owner); });
-    handleFeed(m_bus.ownerOf(feedName));
+    handleFeed(m_bus.ownerOf(FeedHost::feedName));
     if (!m_bus.ownerOf(watcherService).isEmpty())
         handleWatcher();
 }
@@ -346,7 +346,9 @@ void ItemHost::noteAnchor(std::optional<QPoint> position)
     // own bar.
     const bool isWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     const std::optional<QPoint> pointer = isWayland ? std::nullopt : X11::pointerPosition();
-    m_anchor = pointer ? pointer : position;
+    // A feed has no place to tell.
+    const bool isPlace = position && position->x() >= 0 && position->y() >= 0;
+    m_anchor = pointer ? pointer : (isPlace ? position : std::nullopt);
 }
 
 void ItemHost::handleEarlyClick(QPoint position)

@@ -1,5 +1,6 @@
 #include "app/MenuBar.h"
 
+#include "app/FeedHost.h"
 #include "app/ItemHost.h"
 #include "app/StripHost.h"
 #include "core/HostText.h"
@@ -15,6 +16,7 @@ MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &
 {
     MenuBar::Hosts hosts;
     hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
+    hosts.push_back(std::make_unique<FeedHost>(bus));
     hosts.push_back(std::make_unique<StripHost>());
     return hosts;
 }

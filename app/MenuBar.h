@@ -48,8 +48,8 @@ private:
     QString m_rawText;
 };
 
-/// All that there are: an item in the desktop's own panel, else a strip of our own. What it is given outlives
-/// them.
+/// All that there are: an item in the desktop's own panel, a feed that a bar reads, else a strip of our own.
+/// What it is given outlives them.
 MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock);
 
 } // namespace glimmet

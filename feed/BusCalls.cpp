@@ -9,9 +9,12 @@ namespace {
 
 constexpr int patience = 5000; // ms
 
-GVariant *noPlatformData()
+/// A click on the item, as hosts tell of it. A place below zero is none: glimmet looks where the pointer is.
+constexpr const char *click = "SecondaryActivate";
+
+GVariant *nowhere()
 {
-    return g_variant_new("(a{sv})", nullptr);
+    return g_variant_new("(ii)", -1, -1);
 }
 
 /// The answer to a call of glimmet, or null and why there is none.
@@ -38,15 +41,14 @@ Owned<GVariant> ask(const char *path, const char *interface, const char *method,
 
 void askForPanel(GDBusConnection *connection)
 {
-    g_dbus_connection_call(connection, busNames::program, busNames::programPath, busNames::application,
-        "Activate", noPlatformData(), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, patience, nullptr, nullptr,
-        nullptr);
+    g_dbus_connection_call(connection, busNames::program, busNames::itemPath, busNames::item, click,
+        nowhere(), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, patience, nullptr, nullptr, nullptr);
 }
 
 Answer openPanel()
 {
     Answer outcome{};
-    ask(busNames::programPath, busNames::application, "Activate", noPlatformData(), "()", outcome);
+    ask(busNames::itemPath, busNames::item, click, nowhere(), "()", outcome);
     return outcome;
 }
 

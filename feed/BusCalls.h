@@ -8,7 +8,8 @@ namespace glimmet {
 inline constexpr auto asBusClient = GDBusConnectionFlags(
     G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
 
-/// Asks glimmet to open its panel, and does not wait for an answer.
+/// Tells glimmet of a click, which opens its panel at the pointer or closes it, and does not wait for an
+/// answer.
 void askForPanel(GDBusConnection *connection);
 
 /// What comes of one question to glimmet.

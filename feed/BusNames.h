@@ -4,8 +4,6 @@
 namespace glimmet::busNames {
 
 inline constexpr const char *program = "me.kerno.glimmet";
-inline constexpr const char *programPath = "/me/kerno/glimmet";
-inline constexpr const char *application = "org.freedesktop.Application";
 /// Owned while a feed is read: glimmet's item then leaves the text to it.
 inline constexpr const char *feed = "me.kerno.glimmet.Feed";
 inline constexpr const char *itemPath = "/StatusNotifierItem";

@@ -293,6 +293,17 @@ TEST_F(IconPanelTest, showsTheModesSymbolInEverySizeThatPanelsAskFor)
     EXPECT_NE(first(), cryptoPicture);
 }
 
+TEST_F(IconPanelTest, isClickedByAFeedThatKnowsNoPlace)
+{
+    QSignalSpy clicked(&host, &ItemHost::clicked);
+
+    call(desktop, QStringLiteral("/StatusNotifierItem"), itemInterface, QStringLiteral("SecondaryActivate"),
+        { -1, -1 });
+
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(host.anchor(), std::nullopt);
+}
+
 TEST_F(IconPanelTest, leavesTheMenuToTheOtherButton)
 {
     QSignalSpy clicked(&host, &ItemHost::clicked);

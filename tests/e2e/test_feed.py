@@ -6,7 +6,7 @@ import socket
 import subprocess
 import unittest
 
-from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL
+from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop.processes import wait_for, watch_for
 from desktop.watcher import Watcher
 from desktop_case import BINARY, DesktopCase
@@ -54,6 +54,15 @@ class Following(FeedCase):
         told = [label for _, label in self.glimmet.labels]
         self.assertLessEqual(set(lines[1:]), set(told))
         self.assertEqual(len(set(lines)), len(lines))
+
+    def test_takes_the_place_of_the_strip(self):
+        self.launch().wait_for_strip()
+
+        feed = self.feed()
+        self.screen.wait_until_gone(STRIP)
+        feed.stop()
+
+        self.glimmet.wait_for_strip()
 
     def test_prints_nothing_before_glimmet_is_there(self):
         feed = self.feed()
@@ -313,12 +322,18 @@ class OneAnswer(FeedCase):
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         self.assertIn(result.stdout.strip(), [self.glimmet.label, *(label for _, label in self.glimmet.labels)])
 
-    def test_opens_the_panel(self):
+    def test_opens_the_panel_at_the_pointer_and_closes_it(self):
         self.launch()
+        self.feed()
+        wait_for(lambda: "shown as a feed" in self.glimmet.output(), 15, "the feed to be the place of the text")
+        self.screen.move(700, 4)
 
         self.assertEqual(self.once("--activate").returncode, 0)
+        panel = self.glimmet.wait_for_panel()
+        self.assertLess(abs(panel.middle[0] - 700), 4, panel)
+        self.assertEqual(self.once("--activate").returncode, 0)
 
-        self.screen.wait_for_window(PANEL)
+        self.screen.wait_until_gone(PANEL)
 
     def test_tells_where_glimmet_does_not_run(self):
         for argument in ("--once", "--activate"):
