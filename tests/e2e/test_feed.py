@@ -51,8 +51,7 @@ class Following(FeedCase):
         feed = self.feed()
 
         lines = feed.wait_for_lines(4)
-        told = [label for _, label in self.glimmet.labels]
-        self.assertLessEqual(set(lines[1:]), set(told))
+        wait_for(lambda: set(lines[1:]) <= {label for _, label in self.glimmet.labels}, 5, "the same labels")
         self.assertEqual(len(set(lines)), len(lines))
 
     def test_takes_the_place_of_the_strip(self):
@@ -214,8 +213,9 @@ class Reader(FeedCase):
             got += os.read(read, 4096)
 
         lines = got[filled:].decode().splitlines()
-        self.assertEqual(len(lines), 1)
-        self.assertIn(lines[0], [label for _, label in self.glimmet.labels[-2:]])
+        # The text may change once more while the last one is read.
+        self.assertLessEqual(len(lines), 2)
+        self.assertLessEqual(set(lines), {label for _, label in self.glimmet.labels[-3:]})
 
 
 class I3bar(FeedCase):
