@@ -54,7 +54,7 @@ bool LineInput::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_target)
         return filterOfField(*event);
     // The controls around do not take the keyboard by a press, at which the toolkit would do this.
-    if (isBeside(*event))
+    if (event->type() == QEvent::FocusAboutToChange || isBeside(*event))
         commitComposition();
     return false;
 }
@@ -104,7 +104,7 @@ bool LineInput::removeEmoji()
 {
     if (hasSelection() || isComposing())
         return false;
-    const int length = emojiLengthBefore(m_target->property("text").toString(), caret());
+    const int length = emojiLengthBefore(text(), caret());
     if (length == 0)
         return false;
     replace(length, QString());
@@ -119,6 +119,11 @@ void LineInput::endStep()
     const int position = caret();
     m_target->setProperty("cursorPosition", position > 0 ? position - 1 : position + 1);
     m_target->setProperty("cursorPosition", position);
+}
+
+QString LineInput::text() const
+{
+    return m_target->property("text").toString();
 }
 
 int LineInput::caret() const
@@ -143,13 +148,18 @@ bool LineInput::isComposing() const
     return m_target->property("inputMethodComposing").toBool();
 }
 
-void LineInput::commitComposition() const
+void LineInput::commitComposition()
 {
+    const QString before = text();
+    const QString composed = m_target->property("preeditText").toString();
     QInputMethod &inputMethod = *QGuiApplication::inputMethod();
     inputMethod.commit();
     // Fcitx leaves that undone, and commits when it is reset.
     if (isComposing())
         inputMethod.reset();
+    // What most engines of IBus compose, they would have dropped, and newer releases of the toolkit do so.
+    if (text() == before)
+        replace(0, composed);
 }
 
 bool LineInput::isBeside(QEvent &press) const

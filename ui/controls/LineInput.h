@@ -12,8 +12,8 @@ namespace glimmet {
 /// Makes a text field of the toolkit's take input as people expect of a line of text. A line break becomes a
 /// blank, whichever way it comes; what is pasted with the keyboard, or committed by an input method, can be
 /// undone all the same. Backspace removes an emoji whole, however many code points it is made of. What is
-/// being composed belongs to the text once the window is pressed beside the field. An input method is told
-/// nothing of a hidden text but its length.
+/// being composed belongs to the text once the window is pressed beside the field, or loses the keyboard.
+/// An input method is told nothing of a hidden text but its length.
 class LineInput : public QValidator {
     Q_OBJECT
     QML_ELEMENT
@@ -47,11 +47,12 @@ private:
 
     /// What follows is undone on its own.
     void endStep();
+    QString text() const;
     int caret() const;
     bool hasSelection() const;
     bool isHidden() const;
     bool isComposing() const;
-    void commitComposition() const;
+    void commitComposition();
     bool isBeside(QEvent &press) const;
 
     QQuickItem *m_target = nullptr;

@@ -7,6 +7,14 @@ BorderedFieldCase {
     id: testCase
     name: "BorderedField"
 
+    Component {
+        id: windows
+
+        Window {
+            visible: true
+        }
+    }
+
     function test_aClickGivesItTheFocus() {
         mouseClick(field);
 
@@ -188,6 +196,33 @@ BorderedFieldCase {
         keyboard.commit(field, "日本");
 
         compare(texts(), ["a日本"]);
+        compare(field.preeditText, "");
+    }
+
+    // No input method is there to commit it.
+    function test_whatIsComposedIsTakenByAPressBesideTheField() {
+        put("a");
+        keyboard.compose(field, "にほ");
+        mousePress(field, 20, 10);
+        mouseRelease(field, 20, 10);
+        compare(texts(), []);
+
+        mousePress(testCase, 300, 500);
+        mouseRelease(testCase, 300, 500);
+
+        compare(texts(), ["aにほ"]);
+        compare(field.preeditText, "");
+    }
+
+    function test_whatIsComposedIsTakenWhenAnotherWindowGetsTheKeyboard() {
+        put("a");
+        keyboard.compose(field, "にほ");
+
+        const other = createTemporaryObject(windows, testCase) as Window;
+        other.requestActivate();
+
+        tryVerify(() => texts().length > 0);
+        compare(texts(), ["aにほ"]);
         compare(field.preeditText, "");
     }
 
