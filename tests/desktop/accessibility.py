@@ -26,6 +26,10 @@ class Node:
         return self._bus.get(self._name, self._path, ACCESSIBLE, "Name")
 
     @property
+    def description(self):
+        return self._bus.get(self._name, self._path, ACCESSIBLE, "Description")
+
+    @property
     def role(self):
         return self._call("Accessible", "GetRoleName")[0]
 

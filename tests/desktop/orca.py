@@ -7,6 +7,7 @@ import html
 import re
 import socketserver
 import threading
+from pathlib import Path
 
 from desktop.processes import wait_for
 
@@ -26,6 +27,7 @@ class SpeechServer(socketserver.ThreadingUnixStreamServer):
     def close(self):
         self.shutdown()
         self.server_close()
+        Path(self.server_address).unlink()
 
 
 class SpeechConnection(socketserver.StreamRequestHandler):
@@ -95,7 +97,8 @@ class Orca:
         tests' user may need is on another desktop: let it not be found."""
         folder = self._desktop.folder / "tools"
         folder.mkdir(exist_ok=True)
-        (folder / "pgrep").symlink_to("/bin/false")
+        if not (folder / "pgrep").is_symlink():
+            (folder / "pgrep").symlink_to("/bin/false")
         return f"{folder}:{self._desktop.environment['PATH']}"
 
     @property
