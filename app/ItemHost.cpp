@@ -147,6 +147,15 @@ void ItemHost::setPanelOpen(bool isOpen)
     setToolTipHidden(Cover::Panel, isOpen);
 }
 
+void ItemHost::setShown(bool shown)
+{
+    if (shown == m_isShown)
+        return;
+    m_isShown = shown;
+    if (!m_menuTimer.isRunning())
+        m_item->setActive(m_isShown);
+}
+
 void ItemHost::setToolTipHidden(Cover cover, bool isHidden)
 {
     if (m_covers.testFlag(cover) == isHidden)
@@ -303,7 +312,7 @@ void ItemHost::handleRead(bool isOnlyTheBeginning)
 
 void ItemHost::startOver()
 {
-    if (!m_available)
+    if (!m_available || !m_isShown)
         return;
     if (m_registrations >= mostRegistrations) {
         setAvailable(false); // The strip is better than no text at all.
@@ -391,7 +400,7 @@ void ItemHost::handleMenuClosed()
 void ItemHost::comeBack()
 {
     m_menuTimer.stop();
-    m_item->setActive(true);
+    m_item->setActive(m_isShown);
 }
 
 } // namespace glimmet

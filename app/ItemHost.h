@@ -33,8 +33,8 @@ public:
     void setMode(TickerMode mode) override;
     void setColorScheme(ColorScheme scheme) override;
     void setPanelOpen(bool isOpen) override;
-    /// The desktop shows what is registered by itself.
-    void setShown(bool) override {}
+    /// The desktop shows what is registered by itself, unless the text is elsewhere.
+    void setShown(bool shown) override;
     std::optional<QPoint> anchor() const override { return m_anchor; }
 
 private slots:
@@ -91,6 +91,7 @@ private:
     bool m_isAnnounced = false;
     bool m_isStartingOver = false;
     bool m_available = false;
+    bool m_isShown = true;
     std::optional<QPoint> m_anchor;
 };
 

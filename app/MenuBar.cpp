@@ -3,6 +3,7 @@
 #include "app/FeedHost.h"
 #include "app/ItemHost.h"
 #include "app/StripHost.h"
+#include "app/TopBarHost.h"
 #include "core/HostText.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@ using namespace std::chrono_literals;
 MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock)
 {
     MenuBar::Hosts hosts;
+    hosts.push_back(std::make_unique<TopBarHost>(bus));
     hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
     hosts.push_back(std::make_unique<FeedHost>(bus));
     hosts.push_back(std::make_unique<StripHost>());
@@ -29,6 +31,7 @@ MenuBar::MenuBar(Hosts hosts, Timers &timers, QObject *parent)
     for (const auto &host : m_hosts) {
         connect(host.get(), &MenuBarHost::availabilityChanged, this, &MenuBar::chooseHost);
         connect(host.get(), &MenuBarHost::clicked, this, &MenuBar::clicked);
+        connect(host.get(), &MenuBarHost::pressedElsewhere, this, &MenuBar::pressedElsewhere);
         connect(host.get(), &MenuBarHost::openChosen, this, &MenuBar::openChosen);
         connect(host.get(), &MenuBarHost::quitChosen, this, &MenuBar::quitChosen);
     }
@@ -77,7 +80,7 @@ MenuBarHost &MenuBar::firstAvailable() const
 void MenuBar::chooseHost()
 {
     MenuBarHost &host = firstAvailable();
-    if (&host != m_hosts.front().get()) {
+    if (&host == m_hosts.back().get()) {
         m_patience.start();
         return;
     }
@@ -87,6 +90,9 @@ void MenuBar::chooseHost()
 
 void MenuBar::show(MenuBarHost &host)
 {
+    if (m_shown == &host)
+        return;
+    m_shown = &host;
     for (const auto &other : m_hosts)
         other->setShown(other.get() == &host);
     emit moved(QStringLiteral("shown as ") + host.place());

@@ -12,8 +12,8 @@ class SessionBus;
 class SteadyClock;
 
 /// Shows the ticker's text in the place that the desktop has for it: in the first host that is available.
-/// Another one than the very first is waited with for some seconds, so that it does not flash up at login or
-/// while a panel restarts. Main thread.
+/// The last resort is waited with for some seconds, so that it does not flash up at login or while a panel
+/// restarts. Main thread.
 class MenuBar final : public QObject {
     Q_OBJECT
 
@@ -33,6 +33,7 @@ public:
 
 signals:
     void clicked();
+    void pressedElsewhere();
     void openChosen();
     void quitChosen();
     /// Tells in words where the text is shown.
@@ -44,12 +45,13 @@ private:
     void show(MenuBarHost &host);
 
     Hosts m_hosts;
+    MenuBarHost *m_shown = nullptr;
     SingleShot m_patience;
     QString m_rawText;
 };
 
-/// All that there are: an item in the desktop's own panel, a feed that a bar reads, else a strip of our own.
-/// What it is given outlives them.
+/// All that there are: a button of GNOME Shell's, an item in the desktop's own panel, a feed that a bar reads,
+/// else a strip of our own. What it is given outlives them.
 MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock);
 
 } // namespace glimmet

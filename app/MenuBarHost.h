@@ -38,6 +38,8 @@ signals:
     void availabilityChanged();
     /// The user clicked the text, with any button.
     void clicked();
+    /// The user pressed something of the desktop's own, of which the X server may not tell.
+    void pressedElsewhere();
     /// Chosen in the menu of a host that keeps it open.
     void openChosen();
     void quitChosen();

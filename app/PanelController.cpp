@@ -97,6 +97,15 @@ void PanelController::close()
     close(Cause::Request);
 }
 
+void PanelController::pressElsewhere()
+{
+    if (!isOpen())
+        m_wasPressedSince = true;
+    // The shell's own candidates of an input method hang from the caret.
+    else if (!m_isHeld && !m_composition->isComposing())
+        close(Cause::Request);
+}
+
 void PanelController::setHeld(bool isHeld)
 {
     // The last press at the dialog may still be on its way.

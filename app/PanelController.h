@@ -41,6 +41,8 @@ public:
     /// Opens the panel, or brings the open one to the front.
     void open(std::optional<QPoint> anchor);
     void close();
+    /// What a press elsewhere does of which only the desktop's shell has told: one at something of its own.
+    void pressElsewhere();
     bool isOpen() const { return m_panel != nullptr; }
     /// While it is held, neither a press nor the keyboard's going elsewhere closes it: a dialog that belongs
     /// to it is up.

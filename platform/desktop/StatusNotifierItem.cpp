@@ -80,7 +80,9 @@ void StatusNotifierItem::setLabel(const QString &label)
 
 void StatusNotifierItem::announceLabel()
 {
-    emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
+    // An item that is not shown need not wake its host each second.
+    if (m_active)
+        emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
 }
 
 void StatusNotifierItem::setPresentation(Presentation presentation)
@@ -110,6 +112,7 @@ void StatusNotifierItem::setActive(bool active)
     m_active = active;
     emitChange(
         QStringLiteral("NewStatus"), { m_active ? QStringLiteral("Active") : QStringLiteral("Passive") });
+    announceLabel();
 }
 
 QString StatusNotifierItem::introspect(const QString &) const

@@ -176,6 +176,17 @@ bool isCompositing()
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
+std::optional<QSize> rootSize()
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return std::nullopt;
+    const auto reply = owned(xcb_get_geometry_reply(x, xcb_get_geometry(x, rootWindow(x)), nullptr));
+    if (!reply)
+        return std::nullopt;
+    return QSize(reply->width, reply->height);
+}
+
 std::optional<QPoint> pointerPosition()
 {
     xcb_connection_t *x = connection();

@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QRegion>
+#include <QSize>
 #include <QWindow>
 
 #include <optional>
@@ -35,6 +36,9 @@ void setShape(const QWindow &window, const QRegion &shape);
 
 /// True where a compositor draws translucent windows.
 bool isCompositing();
+
+/// How large the root window is, in native pixels.
+std::optional<QSize> rootSize();
 
 /// Where the pointer is.
 std::optional<QPoint> pointerPosition();

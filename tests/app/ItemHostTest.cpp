@@ -518,6 +518,30 @@ TEST_F(ShellHostTest, knowsNoPlaceUnderWaylandWhereOnlyItsMenuWasOpened)
     EXPECT_EQ(host->anchor(), QPoint(1, 2));
 }
 
+TEST_F(ShellHostTest, isPassiveForAsLongAsTheTextIsElsewhere)
+{
+    host->setShown(false);
+    EXPECT_EQ(status(), QStringLiteral("Passive"));
+    openMenu();
+    closeMenu();
+    timers.advance(1min);
+    EXPECT_EQ(status(), QStringLiteral("Passive"));
+
+    host->setShown(true);
+
+    EXPECT_EQ(status(), QStringLiteral("Active"));
+}
+
+TEST_F(ShellHostTest, doesNotStartOverForAHostThatNeedNotShowIt)
+{
+    host->setShown(false);
+
+    timers.advance(1min);
+
+    EXPECT_EQ(watcher.registered.size(), 1);
+    EXPECT_TRUE(host->isAvailable());
+}
+
 TEST_F(ShellHostTest, takesAnActivationForTheClickWhileNoMenuOpens)
 {
     QSignalSpy clicked(host.get(), &ItemHost::clicked);

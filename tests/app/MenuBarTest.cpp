@@ -80,7 +80,7 @@ TEST_F(MenuBarTest, showsInTheFirstPlaceAtOnce)
     EXPECT_EQ(moves.count(), 1);
 }
 
-TEST_F(MenuBarTest, waitsBeforeItShowsInAnotherPlace)
+TEST_F(MenuBarTest, waitsBeforeItShowsInTheLastPlace)
 {
     timers.advance(4999ms);
     EXPECT_EQ(shown(), QStringList());
@@ -93,10 +93,9 @@ TEST_F(MenuBarTest, waitsBeforeItShowsInAnotherPlace)
 TEST_F(MenuBarTest, takesTheBestOfThePlacesThatThereAre)
 {
     timers.advance(5s);
-    second->setAvailable(true);
     EXPECT_EQ(shown(), QStringList{ u"a last"_s });
 
-    timers.advance(5s);
+    second->setAvailable(true);
     EXPECT_EQ(shown(), QStringList{ u"a second one"_s });
 
     first->setAvailable(true);
@@ -119,12 +118,33 @@ TEST_F(MenuBarTest, waitsAnewWithEachChange)
     first->setAvailable(true);
     first->setAvailable(false);
     timers.advance(3s);
-    second->setAvailable(true);
+    first->setAvailable(true);
+    first->setAvailable(false);
     timers.advance(3s);
     EXPECT_EQ(shown(), QStringList{ u"a first"_s });
 
     timers.advance(2s);
+    EXPECT_EQ(shown(), QStringList{ u"a last"_s });
+}
+
+TEST_F(MenuBarTest, takesTheNextBestPlaceAtOnce)
+{
+    second->setAvailable(true);
+    first->setAvailable(true);
+    EXPECT_EQ(shown(), QStringList{ u"a first"_s });
+
+    first->setAvailable(false);
+
     EXPECT_EQ(shown(), QStringList{ u"a second one"_s });
+}
+
+TEST_F(MenuBarTest, tellsOfAPlaceOnlyWhereTheTextMovesToIt)
+{
+    first->setAvailable(true);
+    second->setAvailable(true);
+    second->setAvailable(false);
+
+    EXPECT_EQ(moves.count(), 1);
 }
 
 TEST_F(MenuBarTest, tellsEveryPlaceTheCleanedTextAndTheLook)
@@ -141,14 +161,17 @@ TEST_F(MenuBarTest, tellsEveryPlaceTheCleanedTextAndTheLook)
 TEST_F(MenuBarTest, handsOnWhatIsClickedAnywhere)
 {
     QSignalSpy clicks(&bar, &MenuBar::clicked);
+    QSignalSpy presses(&bar, &MenuBar::pressedElsewhere);
     QSignalSpy openings(&bar, &MenuBar::openChosen);
     QSignalSpy quits(&bar, &MenuBar::quitChosen);
 
     emit last->clicked();
+    emit first->pressedElsewhere();
     emit second->openChosen();
     emit first->quitChosen();
 
     EXPECT_EQ(clicks.count(), 1);
+    EXPECT_EQ(presses.count(), 1);
     EXPECT_EQ(openings.count(), 1);
     EXPECT_EQ(quits.count(), 1);
 }

@@ -70,6 +70,39 @@ TEST_F(PanelControllerTest, staysOpenWhileADialogOfItsOwnHasTheKeyboard)
     EXPECT_FALSE(controller.isOpen());
 }
 
+TEST_F(PanelControllerTest, isClosedByAPressOfWhichTheShellTells)
+{
+    controller.pressElsewhere();
+    EXPECT_FALSE(controller.isOpen());
+    click();
+
+    controller.pressElsewhere();
+
+    EXPECT_FALSE(controller.isOpen());
+    click();
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, staysOpenWhereTheShellTellsOfAPressAtADialogOfItsOwn)
+{
+    click();
+    controller.setHeld(true);
+
+    controller.pressElsewhere();
+
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelControllerTest, isOpenedAtOnceByAClickWithAPressOfItsOwn)
+{
+    openAndClickElsewhere();
+    controller.pressElsewhere();
+
+    click();
+
+    EXPECT_TRUE(controller.isOpen());
+}
+
 TEST_F(PanelControllerTest, isClosedByAClickOnTheItemAlsoWhileItIsHeld)
 {
     click();

@@ -82,6 +82,22 @@ TEST_F(StatusNotifierItemTest, sendsTheLabelOnlyWhenItChanges)
             QStringLiteral("XAyatanaNewLabel:b"), QStringLiteral("NewStatus:Passive") }));
 }
 
+TEST_F(StatusNotifierItemTest, keepsStillWhileItIsPassiveAndThenTellsItsText)
+{
+    item.setPresentation(Label);
+    item.setActive(false);
+    item.setLabel(QStringLiteral("a"));
+    item.setLabel(QStringLiteral("b"));
+    EXPECT_EQ(property(QStringLiteral("XAyatanaLabel")), QStringLiteral("b"));
+    heard.all.clear();
+
+    item.setActive(true);
+
+    ASSERT_TRUE(waitFor([this] { return heard.all.size() == 2; }));
+    EXPECT_EQ(
+        heard.all, QStringList({ QStringLiteral("NewStatus:Active"), QStringLiteral("XAyatanaNewLabel:b") }));
+}
+
 TEST_F(StatusNotifierItemTest, answersEveryPropertyWithTheProtocolsType)
 {
     const QDBusMessage reply = call(host, StatusNotifierItem::path,

@@ -1,0 +1,149 @@
+#include "platform/desktop/TopBarObject.h"
+
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+#include <utility>
+
+namespace glimmet {
+namespace {
+
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+/// A rectangle and a size.
+const QString placeSignature = QStringLiteral("iiiiii");
+
+struct Place {
+    QRect button;
+    QSize stage;
+};
+
+Place placeIn(const QVariantList &values)
+{
+    const auto number = [&values](int i) { return values.at(i).toInt(); };
+    return { QRect(number(0), number(1), number(2), number(3)), QSize(number(4), number(5)) };
+}
+
+} // namespace
+
+const QString TopBarObject::path = QStringLiteral("/me/kerno/glimmet/TopBar");
+const QString TopBarObject::interface = QStringLiteral("me.kerno.glimmet.TopBar1");
+
+TopBarObject::TopBarObject(Permission permission, QObject *parent)
+    : QDBusVirtualObject(parent)
+    , m_permission(std::move(permission))
+    , m_connection(QString())
+{
+}
+
+void TopBarObject::putOn(const QDBusConnection &connection)
+{
+    m_connection = connection;
+    m_connection.registerVirtualObject(path, this);
+}
+
+void TopBarObject::takeOff()
+{
+    m_connection = QDBusConnection(QString());
+}
+
+void TopBarObject::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    tell(QStringLiteral("Text"), m_text);
+}
+
+void TopBarObject::setPanelOpen(bool isOpen)
+{
+    if (isOpen == m_isPanelOpen)
+        return;
+    m_isPanelOpen = isOpen;
+    tell(QStringLiteral("PanelOpen"), m_isPanelOpen);
+}
+
+QString TopBarObject::introspect(const QString &) const
+{
+    return QStringLiteral(R"xml(  <interface name="me.kerno.glimmet.TopBar1">
+    <property name="Text" type="s" access="read"/>
+    <property name="PanelOpen" type="b" access="read"/>
+    <method name="Place">
+      <arg name="x" type="i" direction="in"/>
+      <arg name="y" type="i" direction="in"/>
+      <arg name="width" type="i" direction="in"/>
+      <arg name="height" type="i" direction="in"/>
+      <arg name="stageWidth" type="i" direction="in"/>
+      <arg name="stageHeight" type="i" direction="in"/>
+    </method>
+    <method name="Toggle">
+      <arg name="x" type="i" direction="in"/>
+      <arg name="y" type="i" direction="in"/>
+      <arg name="width" type="i" direction="in"/>
+      <arg name="height" type="i" direction="in"/>
+      <arg name="stageWidth" type="i" direction="in"/>
+      <arg name="stageHeight" type="i" direction="in"/>
+    </method>
+    <method name="PressElsewhere"/>
+  </interface>
+)xml");
+}
+
+bool TopBarObject::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    if (message.interface() == propertiesInterface)
+        return handleProperties(message, connection);
+    if (message.interface() != interface && !message.interface().isEmpty())
+        return false;
+    if (!m_permission(message.service()))
+        return connection.send(message.createErrorReply(
+            QDBusError::AccessDenied, QStringLiteral("Only the desktop's shell may say this")));
+    if (!handleCall(message))
+        return connection.send(message.createErrorReply(
+            QDBusError::UnknownMethod, message.member() + u'(' + message.signature() + u')'));
+    return connection.send(message.createReply());
+}
+
+bool TopBarObject::handleCall(const QDBusMessage &message)
+{
+    const QString member = message.member();
+    if (member == u"PressElsewhere") {
+        emit pressedElsewhere();
+        return true;
+    }
+    if ((member != u"Place" && member != u"Toggle") || message.signature() != placeSignature)
+        return false;
+    const Place place = placeIn(message.arguments());
+    emit placed(place.button, place.stage);
+    if (member == u"Toggle")
+        emit toggled();
+    return true;
+}
+
+QVariantMap TopBarObject::properties() const
+{
+    return { { QStringLiteral("Text"), m_text }, { QStringLiteral("PanelOpen"), m_isPanelOpen } };
+}
+
+bool TopBarObject::handleProperties(const QDBusMessage &message, const QDBusConnection &connection)
+{
+    const QVariantMap all = properties();
+    if (message.member() == u"GetAll")
+        return connection.send(message.createReply(QVariant(all)));
+    const QString name = message.arguments().value(1).toString();
+    if (message.member() != u"Get" || !all.contains(name))
+        return false;
+    return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(all.value(name)))));
+}
+
+void TopBarObject::tell(const QString &property, const QVariant &value)
+{
+    if (!m_isTelling || !m_connection.isConnected())
+        return;
+    QDBusMessage message =
+        QDBusMessage::createSignal(path, propertiesInterface, QStringLiteral("PropertiesChanged"));
+    message << interface << QVariantMap{ { property, value } } << QStringList();
+    m_connection.send(message);
+}
+
+} // namespace glimmet
