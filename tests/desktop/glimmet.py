@@ -148,6 +148,16 @@ class Glimmet:
         """The control of the open panel with this accessible name."""
         return find_when_there(self.desktop.tree.program("glimmet"), name, *roles)
 
+    def focused_control(self):
+        """Role and name of what has the keyboard in the panel, None while nothing has."""
+        for node in self.desktop.tree.program("glimmet").walk():
+            try:
+                if node.focused and node.role not in ("frame", "window"):
+                    return node.role, node.name
+            except GLib.Error:
+                pass  # It went while it was looked at.
+        return None
+
     def choose_mode(self, mode):
         card = self.control(mode, "radio button")
         card.press()

@@ -1,6 +1,7 @@
 """GNOME Shell with the AppIndicator extension on a virtual screen."""
 
 import os
+import shutil
 import signal
 import sys
 from contextlib import contextmanager
@@ -60,8 +61,11 @@ def start_system_bus(desktop):
     bus.close()
 
 
-def start_shell(desktop):
-    """Returns when the shell shows its top bar with the indicators' host in it, and nothing over it."""
+def start_shell(desktop, own_extensions=None):
+    """Returns when the shell shows its top bar with the indicators' host in it, and nothing over it. The extensions in
+    the folder `own_extensions` are there too, none of them enabled."""
+    if own_extensions:
+        shutil.copytree(own_extensions, desktop.home / ".local" / "share" / "gnome-shell" / "extensions")
     for setting in SETTINGS:
         desktop.run("gsettings", "set", *setting)
     desktop.start("gnome-shell", ["gnome-shell", "--x11"])
@@ -109,10 +113,16 @@ def _find_anywhere(desktop, name, role):
 
 
 def set_indicators(desktop, wanted):
-    """Switches the indicators' host on or off, as its user does in the shell's settings."""
+    """Switches the indicators' host on or off."""
+    set_extension(desktop, INDICATORS, WATCHER, wanted)
+
+
+def set_extension(desktop, extension, name, wanted):
+    """Switches an extension on or off, as its user does in the shell's settings; it has a name on the bus while it
+    is on."""
     method = "EnableExtension" if wanted else "DisableExtension"
-    desktop.bus.call(SHELL, "/org/gnome/Shell", EXTENSIONS, method, GLib.Variant("(s)", (INDICATORS,)))
-    wait_for(lambda: bool(desktop.bus.owner(WATCHER)) == wanted, 20, f"{method} to take effect")
+    desktop.bus.call(SHELL, "/org/gnome/Shell", EXTENSIONS, method, GLib.Variant("(s)", (extension,)))
+    wait_for(lambda: bool(desktop.bus.owner(name)) == wanted, 20, f"{method} of {extension} to take effect")
 
 
 @contextmanager

@@ -49,15 +49,17 @@ SESSION_BUS = """<busconfig>
 
 
 class VirtualDesktop:
-    """`has_keyring` is False where a test brings another service for secrets."""
+    """`has_keyring` is False where a test brings another service for secrets; `shell_extensions` is a folder with
+    further extensions of the shell."""
 
-    def __init__(self, kind="strip", size=(1280, 800), compositor=False, has_keyring=True):
+    def __init__(self, kind="strip", size=(1280, 800), compositor=False, has_keyring=True, shell_extensions=None):
         if kind not in KINDS:
             raise ValueError(f"no desktop “{kind}”: one of {', '.join(KINDS)}")
         self.kind = kind
         self._size = size
         self._compositor = compositor
         self._has_keyring = has_keyring
+        self._shell_extensions = shell_extensions
         self._keyring = None
         self.bus = None
         self.screen = None
@@ -106,7 +108,7 @@ class VirtualDesktop:
         self.start_session_bus()
         if self.kind == "gnome":
             gnome.start_system_bus(self)
-            gnome.start_shell(self)
+            gnome.start_shell(self, self._shell_extensions)
         else:
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.

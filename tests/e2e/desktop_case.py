@@ -22,10 +22,12 @@ class DesktopCase(unittest.TestCase):
     size = (1280, 800)
     compositor = False
     has_keyring = True
+    shell_extensions = None
 
     @classmethod
     def setUpClass(cls):
-        cls.desktop = cls.enterClassContext(VirtualDesktop(cls.kind, cls.size, cls.compositor, cls.has_keyring))
+        cls.desktop = cls.enterClassContext(VirtualDesktop(
+            cls.kind, cls.size, cls.compositor, cls.has_keyring, cls.shell_extensions))
         cls.screen = cls.desktop.screen
 
     def setUp(self):

@@ -3,8 +3,6 @@
 import time
 import unittest
 
-from gi.repository import GLib
-
 from desktop import gnome
 from desktop.glimmet import ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop.processes import wait_for, watch_for
@@ -32,16 +30,6 @@ class GnomeItem(DesktopCase):
 
     def wait_for_status(self, status):
         wait_for(lambda: status in self.statuses, 10, f"the item to be {status}")
-
-    def focused(self):
-        """What has the keyboard in the panel, None while nothing has."""
-        for node in self.desktop.tree.program("glimmet").walk():
-            try:
-                if node.focused and node.role not in ("frame", "window"):
-                    return node.role, node.name
-            except GLib.Error:
-                pass  # It went while it was looked at.
-        return None
 
     def test_shows_the_clock_in_the_top_bar(self):
         self.glimmet.wait_for_menu_bar()
@@ -90,10 +78,11 @@ class GnomeItem(DesktopCase):
         self.glimmet.wait_for_panel()
 
         self.screen.key("Tab")
-        first = wait_for(self.focused, 15, "a control with the keyboard")
+        first = wait_for(self.glimmet.focused_control, 15, "a control with the keyboard")
         self.screen.key("Tab")
 
-        wait_for(lambda: self.focused() not in (None, first), 15, "the next control to have the keyboard")
+        wait_for(lambda: self.glimmet.focused_control() not in (None, first), 15,
+                 "the next control to have the keyboard")
 
     def test_a_shell_that_is_slow_to_close_its_menu_leaves_the_keyboard_to_the_panel(self):
         # The shell stands still at the moment that matters in some of the rounds only.

@@ -1,6 +1,7 @@
 """What is installed, and what the package says about it."""
 
 import ast
+import json
 import os
 import re
 import shlex
@@ -15,6 +16,7 @@ ROOT = Path(__file__).resolve().parent.parent.parent
 BUILD = Path(os.environ["GLIMMET_BUILD"])
 VERSION = os.environ["GLIMMET_VERSION"]
 ID = "me.kerno.glimmet"
+EXTENSION = "share/gnome-shell/extensions/glimmet@kerno.me"
 SVG = "{http://www.w3.org/2000/svg}"
 FILES = {
     "bin/glimmet",
@@ -24,6 +26,8 @@ FILES = {
     "share/doc/glimmet/changelog.Debian.gz",
     "share/doc/glimmet/changelog.gz",
     "share/doc/glimmet/copyright",
+    f"{EXTENSION}/extension.js",
+    f"{EXTENSION}/metadata.json",
     f"share/icons/hicolor/scalable/apps/{ID}.svg",
     f"share/icons/hicolor/symbolic/apps/{ID}-symbolic.svg",
     "share/lintian/overrides/glimmet",
@@ -97,6 +101,13 @@ class InstalledFiles(Installed):
 
         self.assertIn("libgio", listed)
         self.assertNotIn("Qt", listed)
+
+    def test_theExtensionIsForTheReleasesShell(self):
+        about = json.loads((self.prefix / EXTENSION / "metadata.json").read_text())
+        shell = re.search(r"\d+", self.passes("gnome-shell", "--version").stdout)[0]
+
+        self.assertEqual(about["uuid"], Path(EXTENSION).name)
+        self.assertIn(shell, about["shell-version"])
 
     def symbols(self, path, which):
         listed = self.passes("nm", "--dynamic", "--format=just-symbols", which, self.prefix / path).stdout

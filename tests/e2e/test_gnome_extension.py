@@ -1,0 +1,209 @@
+"""The text as a button of GNOME Shell's own, by the extension that comes with the program."""
+
+import os
+import unittest
+
+from gi.repository import GLib
+
+from desktop import gnome
+from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL
+from desktop.processes import wait_for, watch_for
+from desktop_case import DesktopCase
+
+EXTENSION = "glimmet@kerno.me"
+EXTENSION_NAME = "me.kerno.glimmet.TopBar"
+OBJECT = ("/me/kerno/glimmet/TopBar", "me.kerno.glimmet.TopBar1")
+# What the shell's accessibility tree has of the button: name and role.
+BUTTON_SIGHT = ("glimmet", "push button")
+ROUNDS = 10
+# Seconds in which a press that is taken for a second one would have shown.
+TIME_TO_OPEN = 1
+
+
+def set_extension(desktop, wanted):
+    gnome.set_extension(desktop, EXTENSION, EXTENSION_NAME, wanted)
+
+
+class GnomeExtension(DesktopCase):
+    kind = "gnome"
+    shell_extensions = os.environ["GLIMMET_SHELL_EXTENSIONS"]
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        set_extension(cls.desktop, True)
+
+    def setUp(self):
+        super().setUp()
+        self.launch()
+        self.button = self.wait_for_button()
+
+    def buttons(self):
+        """The buttons that are in sight, each with its label."""
+        return [(node.area, label.name) for node in gnome.find_all(self.desktop, *BUTTON_SIGHT)
+                for label in node.children() if label.showing and label.name]
+
+    def wait_for_button(self):
+        """Returns where the button is."""
+        (area, _), = wait_for(self.buttons_in_peace, 20, "the button in the top bar")
+        return area
+
+    def buttons_in_peace(self):
+        try:
+            return self.buttons()
+        except GLib.Error:
+            return []  # One went while it was looked at.
+
+    def press(self, button=1):
+        self.screen.click(*self.button.middle, button)
+
+    def open(self, button=1):
+        self.press(button)
+        panel = self.glimmet.wait_for_panel()
+        self.assert_under(panel, self.button)
+        self.assert_on_screen(panel)
+        return panel
+
+    def status(self):
+        return self.desktop.bus.get(NAME, ITEM, ITEM_INTERFACE, "Status")
+
+    def wait_for_status(self, status):
+        wait_for(lambda: self.status() == status, 10, f"the item to be {status}")
+
+    def wait_until_closed(self):
+        self.screen.wait_until_gone(PANEL)
+
+    def test_shows_nothing_but_the_text_and_changes_it_each_second(self):
+        texts = set()
+
+        def has_changed_three_times():
+            texts.update(text for _, text in self.buttons())
+            return len(texts) > 3
+
+        wait_for(has_changed_three_times, 15, "the text to change three times")
+        for text in texts:
+            self.assertRegex(text, r"^\d\d:\d\d:\d\d$")
+
+    def test_keeps_its_place_while_the_digits_change(self):
+        areas = set()
+
+        def has_changed_five_times():
+            areas.update(self.buttons())
+            return len(areas) > 5
+
+        wait_for(has_changed_five_times, 20, "the text to change five times")
+        self.assertEqual({area for area, _ in areas}, {self.button})
+
+    def test_the_item_is_passive_meanwhile(self):
+        self.wait_for_status("Passive")
+
+    def test_opens_and_closes_by_single_clicks_ten_times_in_a_row(self):
+        for _ in range(ROUNDS):
+            self.open()
+            self.press()
+            self.wait_until_closed()
+
+    def test_opens_on_a_right_click(self):
+        self.open(3)
+
+    def test_opens_on_a_middle_click(self):
+        self.open(2)
+
+    def test_a_second_click_closes_and_opens_nothing(self):
+        self.open()
+        self.press()
+        self.wait_until_closed()
+
+        watch_for(TIME_TO_OPEN)
+
+        self.assertFalse(self.glimmet.is_panel_open())
+
+    def test_the_open_panel_takes_what_is_typed(self):
+        self.open()
+
+        self.screen.key("Tab")
+        first = wait_for(self.glimmet.focused_control, 15, "a control with the keyboard")
+        self.screen.key("Tab")
+
+        wait_for(lambda: self.glimmet.focused_control() not in (None, first), 15,
+                 "the next control to have the keyboard")
+
+    def test_closes_on_escape(self):
+        self.open()
+
+        self.glimmet.close_panel()
+
+        self.assertFalse(self.glimmet.is_panel_open())
+
+    def test_closes_on_a_click_elsewhere_and_opens_by_the_next(self):
+        self.open()
+
+        self.click_elsewhere()
+
+        self.wait_until_closed()
+        self.open()
+
+    def test_closes_on_a_click_at_the_bar_and_opens_by_the_next(self):
+        self.open()
+
+        # Where nothing of the bar's answers.
+        self.screen.click(self.screen.area.width // 3, 10)
+
+        self.wait_until_closed()
+        self.open()
+
+    def test_opens_out_of_the_overview(self):
+        self.desktop.bus.set(*gnome.OVERVIEW, GLib.Variant("b", True))
+        wait_for(lambda: self.desktop.bus.get(*gnome.OVERVIEW), 10, "the overview")
+
+        self.open()
+
+        wait_for(lambda: not self.desktop.bus.get(*gnome.OVERVIEW), 10, "the overview to close")
+
+    def test_the_panel_is_above_and_on_every_workspace(self):
+        self.open()
+
+        panel, = self.screen.windows(PANEL)
+        states = self.screen.run("xprop", "-id", panel, "_NET_WM_STATE")
+        self.assertIn("_NET_WM_STATE_ABOVE", states)
+        self.assertIn("_NET_WM_STATE_STICKY", states)
+
+    def test_a_launch_opens_the_panel_under_the_button(self):
+        panel = self.glimmet.ask_for_panel()
+
+        self.assert_under(panel, self.button)
+
+    def test_the_button_goes_and_comes_with_the_program(self):
+        self.glimmet.stop()
+        wait_for(lambda: not self.buttons_in_peace(), 10, "the button to go")
+
+        self.launch()
+        self.button = self.wait_for_button()
+
+        self.open()
+
+    def test_the_item_is_back_while_the_extension_is_off(self):
+        set_extension(self.desktop, False)
+        self.addCleanup(set_extension, self.desktop, True)
+        self.wait_for_status("Active")
+        self.glimmet.wait_for_menu_bar()
+        self.glimmet.open_panel()
+        self.glimmet.close_panel()
+
+        set_extension(self.desktop, True)
+        self.wait_for_status("Passive")
+        self.button = self.wait_for_button()
+        self.open()
+
+    def test_nobody_but_the_shell_may_say_what_it_says(self):
+        place = GLib.Variant("(iiiiii)", (0, 0, 10, 10, 100, 100))
+        for method, arguments in (("Toggle", place), ("Place", place), ("PressElsewhere", None)):
+            with self.subTest(method), self.assertRaisesRegex(GLib.Error, "AccessDenied"):
+                self.desktop.bus.call(NAME, *OBJECT, method, arguments)
+
+        self.assertFalse(self.glimmet.is_panel_open())
+        self.open()
+
+
+if __name__ == "__main__":
+    unittest.main()
