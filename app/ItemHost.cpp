@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 #include "platform/bus/BusCalls.h"
 #include "platform/bus/SessionBus.h"
+#include "platform/desktop/CurrentDesktop.h"
 #include "platform/desktop/NotifierMenu.h"
 #include "platform/desktop/StatusNotifierItem.h"
 #include "platform/desktop/X11.h"
@@ -54,11 +55,6 @@ constexpr int longestLabel = 60;
 constexpr std::array iconSizes{ 22, 44, 64 };
 /// A text is painted for twice the scale: panels shrink it to their own height.
 constexpr int widePictureHeight = 44;
-
-bool isDesktop(const char *name)
-{
-    return qgetenv("XDG_CURRENT_DESKTOP").toUpper().split(':').contains(name);
-}
 
 /// The file name of the program that owns a name on the bus, empty where that is not known.
 QByteArray programOf(const SessionBus &bus, const QString &name)

@@ -18,6 +18,7 @@
 #include "platform/bus/SystemBus.h"
 #include "platform/desktop/AutostartLoginItem.h"
 #include "platform/desktop/DesktopLookWatch.h"
+#include "platform/desktop/GnomeExtension.h"
 #include "platform/desktop/Instance.h"
 #include "platform/desktop/PortalLoginItem.h"
 #include "platform/desktop/XDisplay.h"
@@ -103,8 +104,10 @@ int run(DiagnosticLog &log, Restart &restart)
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
     MenuBar menuBar(menuBarHosts(bus, timers, steadyClock), timers);
     const std::unique_ptr<LoginItem> loginItem = makeLoginItem(bus);
+    GnomeExtension topBar(bus, QStringLiteral("glimmet@kerno.me"));
     PanelController panel(ticker,
-        { *loginItem, [&] { updater.checkForUpdates(); }, [&](const QString &line) { log.plainLine(line); } },
+        { *loginItem, [&] { updater.checkForUpdates(); }, [&](const QString &line) { log.plainLine(line); },
+            &topBar },
         timers, steadyClock);
     keys.setDialogParent([&panel] { return panel.windowId(); });
     UpdateWindowController updateWindow(updater.updaterController());

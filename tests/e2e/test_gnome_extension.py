@@ -195,6 +195,23 @@ class GnomeExtension(DesktopCase):
         self.button = self.wait_for_button()
         self.open()
 
+    def test_a_row_of_the_settings_switches_it(self):
+        set_extension(self.desktop, False)
+        self.addCleanup(set_extension, self.desktop, True)
+        self.glimmet.ask_for_panel()
+        self.glimmet.control("Settings", "push button").press()
+        row = self.glimmet.control("Show in the top bar as text", "check box")
+        self.assertFalse(row.checked)
+
+        row.press()
+
+        self.button = self.wait_for_button()
+        self.assertTrue(row.checked)
+        self.wait_for_status("Passive")
+        row.press()
+        wait_for(lambda: not self.buttons_in_peace(), 10, "the button to go")
+        self.wait_for_status("Active")
+
     def test_nobody_but_the_shell_may_say_what_it_says(self):
         place = GLib.Variant("(iiiiii)", (0, 0, 10, 10, 100, 100))
         for method, arguments in (("Toggle", place), ("Place", place), ("PressElsewhere", None)):

@@ -170,6 +170,22 @@ QStringList TickerFixture::loginRequests() const
     return m_loginItem.asked;
 }
 
+void TickerFixture::setTopBar(const QString &state)
+{
+    m_topBar.offered = state != u"none"_s;
+    m_topBar.current = { state == u"on"_s, state != u"after login"_s };
+}
+
+void TickerFixture::refuseTopBar(const QString &reason)
+{
+    m_topBar.failure = reason;
+}
+
+QStringList TickerFixture::topBarRequests() const
+{
+    return m_topBar.asked;
+}
+
 QStringList TickerFixture::reported() const
 {
     return m_reported;

@@ -2,6 +2,7 @@
 
 #include "core/TickerViewModel.h"
 #include "tests/support/MemoryLoginItem.h"
+#include "tests/support/MemoryShellExtension.h"
 #include "tests/support/TestWorld.h"
 #include "ui/panel/PanelHost.h"
 
@@ -72,6 +73,13 @@ public:
     Q_INVOKABLE void refuseLogin(const QString &reason);
     /// "register" and "unregister", in the order in which the system was asked.
     Q_INVOKABLE QStringList loginRequests() const;
+    /// How the shell's extension stands: "on", "off", or off until "after login"; "none" where there is no
+    /// such shell.
+    Q_INVOKABLE void setTopBar(const QString &state);
+    /// Lets the shell refuse what it is asked next.
+    Q_INVOKABLE void refuseTopBar(const QString &reason);
+    /// "enable" and "disable", in the order in which the shell was asked.
+    Q_INVOKABLE QStringList topBarRequests() const;
     /// The lines that were reported.
     Q_INVOKABLE QStringList reported() const;
 
@@ -84,10 +92,11 @@ private:
     std::unique_ptr<TickerViewModel> m_tickerWithoutKeys;
     PanelServices services()
     {
-        return { m_loginItem, [] {}, [this](const QString &line) { m_reported.append(line); } };
+        return { m_loginItem, [] {}, [this](const QString &line) { m_reported.append(line); }, &m_topBar };
     }
 
     MemoryLoginItem m_loginItem;
+    MemoryShellExtension m_topBar;
     QStringList m_reported;
     PanelHost m_host{ QStringLiteral("1.2"), services() };
     PanelHost m_unversionedHost{ QString(), services() };

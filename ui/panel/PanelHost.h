@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/desktop/ShellExtension.h"
 #include "ui/panel/PanelServices.h"
 
 #include <QObject>
@@ -16,6 +17,9 @@ class PanelHost : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("The panel is handed its host.")
     Q_PROPERTY(QString version READ version CONSTANT)
+    Q_PROPERTY(bool offersTopBar READ offersTopBar CONSTANT)
+    Q_PROPERTY(bool isShownInTopBar READ isShownInTopBar NOTIFY topBarChanged)
+    Q_PROPERTY(bool topBarWaitsForLogin READ topBarWaitsForLogin NOTIFY topBarChanged)
 
 public:
     PanelHost(QString version, PanelServices services, QObject *parent = nullptr)
@@ -33,7 +37,19 @@ public:
     /// Has the system start it at login, or no more. A failure is reported, and shows at the next look.
     Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
 
+    /// Whether the desktop's own shell can show the text in its top bar.
+    bool offersTopBar() const;
+    /// Whether it does, as of the last look or wish.
+    bool isShownInTopBar() const { return m_topBar.isEnabled; }
+    /// Whether the shell does as it is told only after the next login.
+    bool topBarWaitsForLogin() const { return !m_topBar.isKnown; }
+    /// Looks afresh.
+    Q_INVOKABLE void lookAtTopBar();
+    /// Has the shell show the text, or no more. A failure is reported, and shows at the next look.
+    Q_INVOKABLE void setShownInTopBar(bool wanted);
+
 signals:
+    void topBarChanged();
     /// The user wants the panel closed.
     void closeRequested();
     /// The user wants the program to end.
@@ -44,6 +60,7 @@ signals:
 private:
     QString m_version;
     PanelServices m_services;
+    ShellExtensionState m_topBar{ false, true };
 };
 
 } // namespace glimmet

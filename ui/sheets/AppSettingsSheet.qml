@@ -48,4 +48,8 @@ Sheet {
             }
         }
     }
+    TopBarToggle {
+        width: root.contentWidth
+        host: root.host
+    }
 }

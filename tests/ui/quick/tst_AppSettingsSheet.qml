@@ -150,6 +150,87 @@ PanelTestCase {
         compare(toggle().checked, false);
     }
 
+    function topBarToggle(): GlimmetToggle {
+        return all(sheet, GlimmetToggle).filter(toggle => toggle.visible)[1] ?? null;
+    }
+
+    function showInGnome(state: string) {
+        world.setTopBar(state);
+        show();
+    }
+
+    function test_hasNoRowForTheTopBarWhereTheDesktopHasNone() {
+        compare(topBarToggle(), null);
+        verify(!textOf(sheet, "Show in the top bar as text"));
+    }
+
+    function test_theTopBarsRowStandsBelowTheOthers() {
+        showInGnome("off");
+        const row = areaOf(topBarToggle(), sheet);
+        const updates = areaOf(updatesRow(), sheet);
+
+        compare(topBarToggle().label, "Show in the top bar as text");
+        compare(row.x, 24);
+        compare(row.right, 316);
+        compare(row.y - updates.bottom, 10);
+        compare(row.height, areaOf(toggle(), sheet).height);
+        compare(sheet.height - row.bottom, 24);
+    }
+
+    function test_theTopBarsSwitchShowsWhatTheShellSaysWhenTheSheetIsMade_data() {
+        return [
+            {tag: "on", state: "on", expected: true},
+            {tag: "off", state: "off", expected: false},
+            {tag: "not known yet", state: "after login", expected: false}
+        ];
+    }
+
+    function test_theTopBarsSwitchShowsWhatTheShellSaysWhenTheSheetIsMade(row) {
+        showInGnome(row.state);
+
+        compare(topBarToggle().checked, row.expected);
+        compare(world.topBarRequests(), []);
+    }
+
+    function test_theTopBarsSwitchAsksTheShell() {
+        showInGnome("off");
+
+        mouseClick(topBarToggle());
+        compare(topBarToggle().checked, true);
+        mouseClick(topBarToggle());
+
+        compare(topBarToggle().checked, false);
+        compare(world.topBarRequests(), ["enable", "disable"]);
+        compare(world.loginRequests(), []);
+    }
+
+    function test_saysThatTheTopBarWaitsForTheNextLogin() {
+        showInGnome("off");
+        verify(!textOf(sheet, "after the next login"));
+
+        showInGnome("after login");
+        const note = textOf(sheet, "after the next login");
+        const label = textOf(topBarToggle(), "Show in the top bar as text");
+
+        compareFont(note, 10, 400);
+        compare(areaOf(note, sheet).x, areaOf(label, sheet).x);
+        verify(areaOf(note, sheet).y >= areaOf(label, sheet).bottom);
+        verify(areaOf(note, sheet).bottom <= areaOf(topBarToggle(), sheet).bottom);
+        compare(topBarToggle().Accessible.description, "after the next login");
+    }
+
+    function test_aFailureOfTheTopBarIsReportedAndShowsInTheNextSheet() {
+        showInGnome("off");
+        world.refuseTopBar("no settings");
+
+        mouseClick(topBarToggle());
+        compare(topBarToggle().checked, true);
+        compare(world.reported(), ["Top bar error: no settings"]);
+
+        show();
+        compare(topBarToggle().checked, false);
+    }
+
     function test_checkingForUpdatesClosesTheSheetFirst() {
         let order = [];
         sheet.dismissed.connect(() => order.push("dismissed"));

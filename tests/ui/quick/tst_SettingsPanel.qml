@@ -178,6 +178,15 @@ PanelTestCase {
         compare(all(panel, ClockOptions).length, 1);
     }
 
+    function test_theSettingsShowHowTheTopBarStands() {
+        world.setTopBar("on");
+        mouseClick(all(panel, PlainButton).find(button => button.Accessible.name === "Settings"));
+        const row = () => all(panel, GlimmetToggle).find(toggle => toggle.label === "Show in the top bar as text");
+        tryVerify(() => row()?.visible ?? false);
+
+        compare(row().checked, true);
+    }
+
     function test_theSettingsLeaveThePanelAsItWas() {
         world.ticker.mode = TickerMode.Custom;
         tryVerify(() => all(panel, CustomTextOption).length === 1 && all(panel, ClockOptions).length === 0);
