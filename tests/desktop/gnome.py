@@ -1,6 +1,7 @@
-"""GNOME Shell with the AppIndicator extension on a virtual screen."""
+"""GNOME Shell with the AppIndicator extension on a virtual screen, under X11 or Wayland."""
 
 import os
+import re
 import shutil
 import signal
 import sys
@@ -9,6 +10,7 @@ from contextlib import contextmanager
 from gi.repository import GLib
 
 from desktop.bus import connect_when_there
+from desktop.mutter_screen import REMOTE, MutterScreen
 from desktop.processes import wait_for
 from desktop.screen import Area
 
@@ -34,6 +36,10 @@ ENVIRONMENT = {
     "XDG_SESSION_DESKTOP": "gnome",
     "GDK_BACKEND": "x11",
     "LIBGL_ALWAYS_SOFTWARE": "1",
+}
+WAYLAND_ENVIRONMENT = ENVIRONMENT | {
+    "XDG_SESSION_TYPE": "wayland",
+    "WAYLAND_DISPLAY": "wayland-virtual",
 }
 
 SETTINGS = (
@@ -64,11 +70,41 @@ def start_system_bus(desktop):
 def start_shell(desktop, own_extensions=None):
     """Returns when the shell shows its top bar with the indicators' host in it, and nothing over it. The extensions in
     the folder `own_extensions` are there too, none of them enabled."""
+    prepare(desktop, own_extensions)
+    desktop.start("gnome-shell", ["gnome-shell", "--x11"])
+    wait_until_there(desktop)
+
+
+def start_wayland_shell(desktop, size, own_extensions=None):
+    """The same under Wayland: the shell brings the screen itself, which is the desktop's from then on."""
+    prepare(desktop, own_extensions)
+    desktop.start("gnome-shell", [
+        "gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", "{}x{}".format(*size),
+        "--wayland-display", desktop.environment["WAYLAND_DISPLAY"]])
+    wait_for(lambda: desktop.bus.owner(REMOTE), 60, "GNOME Shell")
+    desktop.environment |= wait_for(lambda: x_display(desktop), 30, "XWayland")
+    desktop.screen = MutterScreen(desktop.environment, size, desktop.folder)
+    wait_until_there(desktop)
+    # What is typed before XWayland knows of the keyboard is lost.
+    desktop.screen.windows("any")
+    desktop.screen.key("Shift_L")
+
+
+def x_display(desktop):
+    """The environment by which a program finds the shell's XWayland; empty before that is there."""
+    display = re.search(r"public X11 display (:\d+)", desktop.log("gnome-shell"))
+    permission = next(desktop.runtime.glob(".mutter-Xwaylandauth*"), None)
+    return {"DISPLAY": display[1], "XAUTHORITY": str(permission)} if display and permission else {}
+
+
+def prepare(desktop, own_extensions):
     if own_extensions:
         shutil.copytree(own_extensions, desktop.home / ".local" / "share" / "gnome-shell" / "extensions")
     for setting in SETTINGS:
         desktop.run("gsettings", "set", *setting)
-    desktop.start("gnome-shell", ["gnome-shell", "--x11"])
+
+
+def wait_until_there(desktop):
     wait_for(lambda: desktop.bus.owner(SHELL), 60, "GNOME Shell")
     wait_for(lambda: desktop.bus.owner(WATCHER), 30, "the indicators' host")
     leave_overview(desktop)

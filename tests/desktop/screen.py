@@ -45,6 +45,9 @@ class Screen:
         self._environment = environment
         self.area = Area(0, 0, *size)
 
+    def close(self):
+        """Nothing is held of an X server."""
+
     def run(self, *command, check=True, text=True):
         result = subprocess.run(command, env=self._environment, capture_output=True, text=text, timeout=20)
         if check and result.returncode != 0:

@@ -50,9 +50,10 @@ SESSION_BUS = """<busconfig>
 
 class VirtualDesktop:
     """`has_keyring` is False where a test brings another service for secrets; `shell_extensions` is a folder with
-    further extensions of the shell."""
+    further extensions of the shell, which `is_wayland` says to run under Wayland."""
 
-    def __init__(self, kind="strip", size=(1280, 800), compositor=False, has_keyring=True, shell_extensions=None):
+    def __init__(self, kind="strip", size=(1280, 800), compositor=False, has_keyring=True, shell_extensions=None,
+                 is_wayland=False):
         if kind not in KINDS:
             raise ValueError(f"no desktop “{kind}”: one of {', '.join(KINDS)}")
         self.kind = kind
@@ -60,6 +61,7 @@ class VirtualDesktop:
         self._compositor = compositor
         self._has_keyring = has_keyring
         self._shell_extensions = shell_extensions
+        self._is_wayland = is_wayland
         self._keyring = None
         self.bus = None
         self.screen = None
@@ -100,19 +102,31 @@ class VirtualDesktop:
             "LANG": "C.UTF-8",
             "QT_QUICK_BACKEND": "software",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-        } | (gnome.ENVIRONMENT if self.kind == "gnome" else {})
+        } | self._environment_of_kind()
+
+    def _environment_of_kind(self):
+        if self.kind != "gnome":
+            return {}
+        return gnome.WAYLAND_ENVIRONMENT if self._is_wayland else gnome.ENVIRONMENT
 
     def _start_parts(self):
-        self.environment["DISPLAY"] = self.start_screen("screen", "-noreset")
-        self.screen = Screen(self.environment, self._size)
+        if not self._is_wayland:
+            self.environment["DISPLAY"] = self.start_screen("screen", "-noreset")
+            self.screen = Screen(self.environment, self._size)
         self.start_session_bus()
         if self.kind == "gnome":
             gnome.start_system_bus(self)
-            gnome.start_shell(self, self._shell_extensions)
+            self._start_shell()
         else:
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.
         self.screen.move(self._size[0] // 2, self._size[1] - 20)
+
+    def _start_shell(self):
+        if self._is_wayland:
+            gnome.start_wayland_shell(self, self._size, self._shell_extensions)
+        else:
+            gnome.start_shell(self, self._shell_extensions)
 
     def start_screen(self, name, *options):
         """Starts an X server and returns its display."""
@@ -238,7 +252,7 @@ class VirtualDesktop:
         """Ends everything; an interruption meanwhile waits until that is done."""
         before = {number: signal.signal(number, signal.SIG_IGN) for number in REQUESTS_TO_END}
         try:
-            for connection in (self._tree, self.bus):
+            for connection in (self.screen, self._tree, self.bus):
                 if connection:
                     connection.close()
             self._processes.stop_all()

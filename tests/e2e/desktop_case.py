@@ -23,11 +23,12 @@ class DesktopCase(unittest.TestCase):
     compositor = False
     has_keyring = True
     shell_extensions = None
+    is_wayland = False
 
     @classmethod
     def setUpClass(cls):
         cls.desktop = cls.enterClassContext(VirtualDesktop(
-            cls.kind, cls.size, cls.compositor, cls.has_keyring, cls.shell_extensions))
+            cls.kind, cls.size, cls.compositor, cls.has_keyring, cls.shell_extensions, cls.is_wayland))
         cls.screen = cls.desktop.screen
 
     def setUp(self):

@@ -196,21 +196,21 @@ class GnomeExtension(DesktopCase):
         self.open()
 
     def test_a_row_of_the_settings_switches_it(self):
-        set_extension(self.desktop, False)
         self.addCleanup(set_extension, self.desktop, True)
         self.glimmet.ask_for_panel()
         self.glimmet.control("Settings", "push button").press()
         row = self.glimmet.control("Show in the top bar as text", "check box")
-        self.assertFalse(row.checked)
+        wait_for(lambda: row.checked, 10, "the switch to show that the extension runs")
 
-        row.press()
-
-        self.button = self.wait_for_button()
-        self.assertTrue(row.checked)
-        self.wait_for_status("Passive")
         row.press()
         wait_for(lambda: not self.buttons_in_peace(), 10, "the button to go")
         self.wait_for_status("Active")
+        self.assertFalse(row.checked)
+
+        row.press()
+        self.button = self.wait_for_button()
+        self.wait_for_status("Passive")
+        self.assertTrue(row.checked)
 
     def test_nobody_but_the_shell_may_say_what_it_says(self):
         place = GLib.Variant("(iiiiii)", (0, 0, 10, 10, 100, 100))
@@ -220,6 +220,26 @@ class GnomeExtension(DesktopCase):
 
         self.assertFalse(self.glimmet.is_panel_open())
         self.open()
+
+
+class GnomeExtensionUnderWayland(GnomeExtension):
+    """The same where no press at the shell's own parts comes to an X program."""
+    is_wayland = True
+
+    def test_opens_at_once_where_a_click_elsewhere_has_just_closed(self):
+        for _ in range(ROUNDS):
+            self.open()
+            self.click_elsewhere()
+            self.open()
+            self.glimmet.close_panel()
+
+    def test_a_press_inside_leaves_it_open(self):
+        panel = self.open()
+
+        self.screen.click(panel.x + panel.width // 2, panel.y + 70)
+
+        watch_for(TIME_TO_OPEN)
+        self.assertTrue(self.glimmet.is_panel_open())
 
 
 if __name__ == "__main__":
