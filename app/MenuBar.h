@@ -50,8 +50,8 @@ private:
     QString m_rawText;
 };
 
-/// All that there are: a button of GNOME Shell's, an item in the desktop's own panel, a feed that a bar reads,
-/// else a strip of our own. What it is given outlives them.
+/// All that there are: a button of GNOME Shell's, an item in the desktop's own panel, a feed that a bar
+/// reads, else a strip of our own. What it is given outlives them.
 MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock);
 
 } // namespace glimmet
