@@ -51,12 +51,6 @@ RemovableBox {
         place.source = "";
     }
 
-    // A handler of the editor's place may run before `hasKeyboard` has followed, which others ask for.
-    onHasKeyboardChanged: {
-        if (!hasKeyboard && place.item !== null)
-            finishEditing();
-    }
-
     keyboardStop: handle
     hasKeyboard: body.activeFocus || place.activeFocus || offerHasKeyboard
     offer: "RowOffer.qml"
@@ -133,6 +127,10 @@ RemovableBox {
         id: place
         anchors.fill: parent
         onLoaded: (item as RowEditor).finished.connect(root.finishEditing)
+        onActiveFocusChanged: {
+            if (!activeFocus)
+                root.finishEditing();
+        }
 
         // The panel closes on the same key.
         Keys.onShortcutOverride: event => event.accepted = event.key === Qt.Key_Escape

@@ -41,8 +41,21 @@ Repeater {
         return before;
     }
 
+    // Whether something beside the row has the keyboard, and not only what is around the list.
+    function isKeyboardBeside(row: Item): bool {
+        const focused = Window.activeFocusItem;
+        return focused !== null && !isWithin(focused, row) && !isWithin(row, focused);
+    }
+
+    function isWithin(item: Item, whole: Item): bool {
+        while (item !== null && item !== whole)
+            item = item.parent;
+        return item !== null;
+    }
+
     onItemRemoved: (index, item) => {
-        if ((item as RemovableBox).hasKeyboard)
+        // The row's own word may be behind while the keyboard goes from it to something else.
+        if ((item as RemovableBox).hasKeyboard && !isKeyboardBeside(item))
             keepKeyboardNear(index);
     }
 }
