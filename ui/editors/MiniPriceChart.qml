@@ -70,7 +70,8 @@ Item {
 
         InkText {
             id: arrival
-            anchors.centerIn: parent
+            // Not centered, which rounds: by a pixel more or less as the words are wide.
+            x: 6
             text: root.arrival
             color: Theme.softText
             font.pixelSize: Theme.captionSize

@@ -94,12 +94,17 @@ double measureOf(const QQuickItem &item)
     return line.isValid() ? line.naturalTextWidth() : 0;
 }
 
+/// Where a surface's color is looked for.
+QPointF pointOf(const QRectF &area)
+{
+    return { area.left() + std::min<double>(surfaceInset, area.width() / 2), area.center().y() };
+}
+
 QColor pixelOf(const QQuickItem &item, const QRectF &area, const QImage &picture)
 {
     if (!isFilled(item))
         return {};
-    const double inset = std::min<double>(surfaceInset, area.width() / 2);
-    const QPointF point(area.left() + inset, area.center().y());
+    const QPointF point = pointOf(area);
     return picture.rect().contains(point.toPoint()) ? picture.pixelColor(point.toPoint()) : QColor();
 }
 
@@ -174,7 +179,15 @@ QString typeIn(const QString &what)
 bool isSame(const DrawnItem &one, const DrawnItem &other, double slack)
 {
     return typeIn(one.what) == typeIn(other.what) && one.text == other.text && one.style == other.style
-        && isNear(one.area, other.area, slack) && isNear(one.pixel, other.pixel);
+        && isNear(one.area, other.area, slack);
+}
+
+/// Whether a letter may be where the surface's color was looked for.
+bool isUnderText(const DrawnItem &surface, const QList<DrawnItem> &all)
+{
+    return std::any_of(all.begin(), all.end(), [&](const DrawnItem &other) {
+        return !other.text.isEmpty() && other.area.contains(pointOf(surface.area));
+    });
 }
 
 bool areBeside(const QRectF &one, const QRectF &other)
@@ -194,6 +207,15 @@ double slackOf(const DrawnItem &item, const QList<DrawnItem> &expected, const QL
             slack += std::ceil(difference);
     }
     return slack;
+}
+
+bool isAsItWas(qsizetype i, const QList<DrawnItem> &expected, const QList<DrawnItem> &actual)
+{
+    const double slack = slackOf(expected[i], expected, actual);
+    // Another release of the font draws other letters.
+    const bool isOtherLetter = slack > 0 && isUnderText(expected[i], expected);
+    return isSame(expected[i], actual[i], slack)
+        && (isOtherLetter || isNear(expected[i].pixel, actual[i].pixel));
 }
 
 } // namespace
@@ -261,8 +283,7 @@ QStringList differences(const QList<DrawnItem> &expected, const QList<DrawnItem>
     for (qsizetype i = 0; i < std::max(expected.size(), actual.size()); ++i) {
         const QString wanted = i < expected.size() ? expected[i].toLine() : QStringLiteral("nothing");
         const QString drawn = i < actual.size() ? actual[i].toLine() : QStringLiteral("nothing");
-        if (i >= expected.size() || i >= actual.size()
-            || !isSame(expected[i], actual[i], slackOf(expected[i], expected, actual)))
+        if (i >= expected.size() || i >= actual.size() || !isAsItWas(i, expected, actual))
             found.append(QStringLiteral("expected %1\n     got %2").arg(wanted, drawn));
     }
     return found;
