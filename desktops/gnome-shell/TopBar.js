@@ -43,7 +43,8 @@ const TopBarButton = GObject.registerClass({
 }, class GlimmetTopBarButton extends PanelMenu.Button {
     _init() {
         super._init(0.5, 'glimmet', true);
-        this.accessible_role = Atk.Role.PUSH_BUTTON;
+        // Newer libraries have the shorter name.
+        this.accessible_role = Atk.Role.PUSH_BUTTON ?? Atk.Role.BUTTON;
         this.visible = false;
         // Digits of one width, so that a clock keeps what is beside it where it is.
         this._label = new St.Label({
@@ -113,9 +114,10 @@ class TopBar {
     }
 
     _follow(proxy, error) {
+        if (this._cancellable.is_cancelled())
+            return;
         if (error) {
-            if (!error.matches(Gio.IOErrorEnum, Gio.IOErrorEnum.CANCELLED))
-                console.warn(`glimmet: ${error.message}`);
+            console.warn(`glimmet: ${error.message}`);
             return;
         }
         this._proxy = proxy;

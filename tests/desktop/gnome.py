@@ -126,24 +126,25 @@ def leave_overview(desktop):
     wait_for(has_closed, 30, "the overview to close")
 
 
-def find_all(desktop, name, role):
-    """All objects of the shell with this name, in the part of it that has any: the top bar, or one of the menus."""
-    return find_where_last(desktop, name, role) or _find_anywhere(desktop, name, role)
+def find_all(desktop, name, *roles):
+    """All objects of the shell with this name and one of the roles, in the part of it that has any: the top bar, or one
+    of the menus."""
+    return find_where_last(desktop, name, *roles) or _find_anywhere(desktop, name, roles)
 
 
-def find_where_last(desktop, name, role):
+def find_where_last(desktop, name, *roles):
     """The same, but only where such were found the last time, in the whole shell the first time: that takes seconds on
     a busy machine."""
-    part = desktop.tree.known_parts.get((name, role))
-    return part.find_all(name, role) if part else _find_anywhere(desktop, name, role)
+    part = desktop.tree.known_parts.get((name, roles))
+    return part.find_all(name, *roles) if part else _find_anywhere(desktop, name, roles)
 
 
-def _find_anywhere(desktop, name, role):
+def _find_anywhere(desktop, name, roles):
     # Menus are in the order in which they were made.
     for part in reversed(desktop.tree.program("gnome-shell").branches(PARTS)):
-        found = part.find_all(name, role)
+        found = part.find_all(name, *roles)
         if found:
-            desktop.tree.known_parts[name, role] = part
+            desktop.tree.known_parts[name, roles] = part
             return found
     return []
 

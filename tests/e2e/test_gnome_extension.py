@@ -13,8 +13,8 @@ from desktop_case import DesktopCase
 EXTENSION = "glimmet@kerno.me"
 EXTENSION_NAME = "me.kerno.glimmet.TopBar"
 OBJECT = ("/me/kerno/glimmet/TopBar", "me.kerno.glimmet.TopBar1")
-# What the shell's accessibility tree has of the button: name and role.
-BUTTON_SIGHT = ("glimmet", "push button")
+# What the shell's accessibility tree has of the button: name and role, which newer libraries call differently.
+BUTTON_SIGHT = ("glimmet", "push button", "button")
 ROUNDS = 10
 # Seconds in which a press that is taken for a second one would have shown.
 TIME_TO_OPEN = 1

@@ -213,7 +213,7 @@ class Documents(Installed):
 
     def test_theManualPageNamesEveryVariableThatTheProgramReads(self):
         words = set(re.findall(r"\w+", (ROOT / "packaging" / "glimmet.1").read_text()))
-        sources = [path.read_text() for folder in ("app", "platform") for path in (ROOT / folder).glob("*.cpp")]
+        sources = [path.read_text() for folder in ("app", "platform") for path in (ROOT / folder).rglob("*.cpp")]
         # What Qt itself is told by, and what the desktop calls itself, is nothing that a user would set for glimmet.
         read = set(re.findall(r'"((?:XDG|LC|DBUS_SESSION)_[A-Z_]+|DISPLAY|LANG|TZ)"', "".join(sources)))
 
