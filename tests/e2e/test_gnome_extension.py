@@ -233,6 +233,17 @@ class GnomeExtensionUnderWayland(GnomeExtension):
             self.open()
             self.glimmet.close_panel()
 
+    def test_opens_at_once_where_a_click_at_a_window_has_just_closed(self):
+        other = self.desktop.start("other", ["xev"])
+        self.addCleanup(self.desktop.stop, other)
+        window = self.screen.wait_for_window("Event Tester")
+        for _ in range(ROUNDS):
+            self.open()
+            self.screen.click(*window.middle)
+            self.wait_until_closed()
+            self.open()
+            self.glimmet.close_panel()
+
     def test_a_press_inside_leaves_it_open(self):
         panel = self.open()
 
