@@ -31,7 +31,7 @@ Sheet {
             problem: lastProblem.text
             onRemedyChosen: {
                 // The button goes with what it is for, and the keyboard would go with it.
-                fields.itemAt(0).takeKeyboard();
+                (fields.itemAt(0) as APIKeyField).takeKeyboard();
                 root.ticker.unlockKeys();
             }
             // The user came for the platform that is chosen.
