@@ -8,6 +8,7 @@
 #include "ui/panel/IdleWatch.h"
 
 #include <QCoreApplication>
+#include <QFocusEvent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QScreen>
@@ -46,6 +47,9 @@ PanelWindow::PanelWindow(
 
 PanelWindow::~PanelWindow()
 {
+    // What is being composed would be gone where the keyboard leaves its field.
+    QFocusEvent leaving(QEvent::FocusAboutToChange);
+    QCoreApplication::sendEvent(&m_view, &leaving);
     if (QQuickItem *page = m_view.rootObject())
         page->forceActiveFocus();
 }

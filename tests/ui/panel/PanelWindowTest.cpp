@@ -5,6 +5,7 @@
 #include "ui/panel/PanelColors.h"
 #include "ui/panel/PanelHost.h"
 
+#include <QInputMethodEvent>
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -180,6 +181,25 @@ TEST_F(PanelWindowTest, keepsWhatIsBeingEditedInARowAsItGoes)
     panel.reset();
 
     EXPECT_EQ(ticker.customQuotes(), (QStringList{ u"z"_s, u"beta"_s }));
+}
+
+TEST_F(PanelWindowTest, keepsWhatIsBeingComposedAsItGoes)
+{
+    ticker.setMode(TickerMode::Custom);
+    ticker.setCustomText(u"a"_s);
+    auto panel = makePanel();
+    show(*panel);
+    panel->window().requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel->window()));
+    QQuickItem *field = items(*panel, u"BorderedField"_s).first();
+    field->forceActiveFocus();
+    field->setProperty("cursorPosition", 1);
+    QInputMethodEvent composing(u"にほ"_s, {});
+    QCoreApplication::sendEvent(field, &composing);
+
+    panel.reset();
+
+    EXPECT_EQ(ticker.customText(), u"aにほ"_s);
 }
 
 TEST_F(PanelWindowTest, escapeClosesIt)
