@@ -353,7 +353,8 @@ void ItemHost::noteAnchor(std::optional<QPoint> position)
     const std::optional<QPoint> pointer = isWayland ? std::nullopt : X11::pointerPosition();
     // A feed has no place to tell.
     const bool isPlace = position && position->x() >= 0 && position->y() >= 0;
-    m_anchor = pointer ? pointer : (isPlace ? position : std::nullopt);
+    const std::optional<QPoint> told = isPlace ? position : std::nullopt;
+    m_anchor = pointer ? pointer : told;
 }
 
 void ItemHost::handleEarlyClick(QPoint position)
