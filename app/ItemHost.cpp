@@ -148,8 +148,19 @@ void ItemHost::setShown(bool shown)
     if (shown == m_isShown)
         return;
     m_isShown = shown;
+    showOrHide();
+}
+
+void ItemHost::showOrHide()
+{
     if (!m_menuTimer.isRunning())
-        m_item->setActive(m_isShown);
+        m_item->setActive(isWanted());
+}
+
+bool ItemHost::isWanted() const
+{
+    // Where no desktop shows it, it is still where other programs read the text.
+    return m_isShown || !m_available;
 }
 
 void ItemHost::setToolTipHidden(Cover cover, bool isHidden)
@@ -252,6 +263,7 @@ void ItemHost::handleFeed(const QString &owner)
     if (hasFeed == m_hasFeed)
         return;
     m_hasFeed = hasFeed;
+    m_item->setFollowed(hasFeed);
     if (m_takesWidePictures)
         updatePictures();
 }
@@ -336,6 +348,7 @@ void ItemHost::setAvailable(bool available)
     if (available && m_registrations > 0)
         m_unseenTimer.start();
     emit availabilityChanged();
+    showOrHide();
 }
 
 void ItemHost::handleClick(QPoint position)
@@ -397,7 +410,7 @@ void ItemHost::handleMenuClosed()
 void ItemHost::comeBack()
 {
     m_menuTimer.stop();
-    m_item->setActive(m_isShown);
+    m_item->setActive(isWanted());
 }
 
 } // namespace glimmet

@@ -55,6 +55,8 @@ private:
     void setAvailable(bool available);
     void choosePresentation();
     bool paintsText() const;
+    void showOrHide();
+    bool isWanted() const;
     void updateLabel();
     void updatePictures();
     void setToolTipHidden(Cover cover, bool isHidden);

@@ -45,8 +45,10 @@ public:
     /// Plain text. Hosts look at it once they are told of it.
     void setToolTip(const QString &text) { m_toolTip = text; }
     void announceToolTip();
-    /// A passive item is not shown.
+    /// A passive item is not shown, and its host hears nothing of its label.
     void setActive(bool active);
+    /// Another program than the host hears of the label, also while the item is passive.
+    void setFollowed(bool followed) { m_followed = followed; }
 
     QString introspect(const QString &objectPath) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
@@ -72,6 +74,7 @@ private:
     QList<NotifierPixmap> m_pictures{ emptyPixmap(1) };
     Presentation m_presentation = Presentation::Icon;
     bool m_active = true;
+    bool m_followed = false;
 };
 
 } // namespace glimmet

@@ -1,4 +1,5 @@
 #include "app/ItemHost.h"
+#include "app/FeedHost.h"
 #include "platform/ProgramName.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/desktop/StatusNotifierTypes.h"
@@ -89,6 +90,19 @@ TEST_F(ItemHostTest, isNotAvailableWhereNobodyShowsItems)
     const ItemHost host(bus, timers, clock);
 
     EXPECT_FALSE(host.isAvailable());
+}
+
+TEST_F(ItemHostTest, tellsItsTextToOtherProgramsWhereNoDesktopShowsItems)
+{
+    ItemHost host(bus, timers, clock);
+    const HeardSignals heard(desktop, programName, QStringLiteral("/StatusNotifierItem"), itemInterface,
+        { QStringLiteral("XAyatanaNewLabel") });
+    settle(desktop);
+    host.setShown(false);
+
+    host.setText(QStringLiteral("12:00"));
+
+    EXPECT_TRUE(waitFor([&] { return heard.all == QStringList(QStringLiteral("XAyatanaNewLabel:12:00")); }));
 }
 
 TEST_F(ItemHostTest, registersWithTheWatcherThatIsThere)
@@ -530,6 +544,25 @@ TEST_F(ShellHostTest, isPassiveForAsLongAsTheTextIsElsewhere)
     host->setShown(true);
 
     EXPECT_EQ(status(), QStringLiteral("Active"));
+}
+
+TEST_F(ShellHostTest, tellsAFeedOfItsTextWhileItIsPassive)
+{
+    const HeardSignals heard(desktop, programName, QStringLiteral("/StatusNotifierItem"), itemInterface,
+        { QStringLiteral("XAyatanaNewLabel") });
+    host->setShown(false);
+    host->setText(QStringLiteral("not told"));
+    desktop.registerService(FeedHost::feedName);
+    // Until the host has noticed the feed, and one text more.
+    int texts = 0;
+    EXPECT_TRUE(waitFor([&] {
+        host->setText(QString::number(++texts));
+        return !heard.all.isEmpty();
+    }));
+
+    EXPECT_FALSE(heard.all.contains(QStringLiteral("XAyatanaNewLabel:not told")));
+    EXPECT_EQ(status(), QStringLiteral("Passive"));
+    desktop.unregisterService(FeedHost::feedName);
 }
 
 TEST_F(ShellHostTest, doesNotStartOverForAHostThatNeedNotShowIt)

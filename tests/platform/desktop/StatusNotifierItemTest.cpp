@@ -82,6 +82,16 @@ TEST_F(StatusNotifierItemTest, sendsTheLabelOnlyWhenItChanges)
             QStringLiteral("XAyatanaNewLabel:b"), QStringLiteral("NewStatus:Passive") }));
 }
 
+TEST_F(StatusNotifierItemTest, tellsItsTextWhileItIsPassiveToWhoFollowsIt)
+{
+    item.setActive(false);
+    item.setFollowed(true);
+
+    item.setLabel(QStringLiteral("a"));
+
+    EXPECT_TRUE(waitFor([this] { return heard.all.contains(QStringLiteral("XAyatanaNewLabel:a")); }));
+}
+
 TEST_F(StatusNotifierItemTest, keepsStillWhileItIsPassiveAndThenTellsItsText)
 {
     item.setPresentation(Label);
