@@ -1,5 +1,7 @@
 #include "platform/desktop/NotifierMenu.h"
 
+#include "platform/bus/BusProperties.h"
+
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -156,10 +158,6 @@ std::optional<QVariantList> answerTo(const QDBusMessage &message, const Notifier
         return QVariantList{};
     if (member == u"EventGroup")
         return QVariantList{ QVariant::fromValue(QList<int>()) };
-    if (member == u"GetAll")
-        return QVariantList{ menuProperties() };
-    if (member == u"Get")
-        return valueIn(menuProperties(), arguments.value(1).toString());
     return std::nullopt;
 }
 
@@ -210,6 +208,8 @@ QString NotifierMenu::introspect(const QString &) const
 
 bool NotifierMenu::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
+    if (message.interface() == propertiesInterface)
+        return answerProperties(message, connection, menuProperties());
     const auto answer = answerTo(message, m_words);
     if (!answer)
         return false;

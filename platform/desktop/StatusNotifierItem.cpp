@@ -1,5 +1,6 @@
 #include "platform/desktop/StatusNotifierItem.h"
 
+#include "platform/bus/BusProperties.h"
 #include "platform/desktop/NotifierMenu.h"
 #include "platform/desktop/StatusNotifierTypes.h"
 
@@ -12,7 +13,6 @@ namespace glimmet {
 namespace {
 
 const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 const QString memberXml = QStringLiteral(R"xml(  <interface name="org.kde.StatusNotifierItem">
     <property name="Category" type="s" access="read"/>
@@ -155,16 +155,7 @@ bool StatusNotifierItem::handleCall(const QDBusMessage &message)
 bool StatusNotifierItem::handleProperties(const QDBusMessage &message, const QDBusConnection &connection)
 {
     emit wasRead();
-    const QVariantMap all = properties();
-    if (message.member() == u"GetAll") {
-        connection.send(message.createReply(QVariant(all)));
-        return true;
-    }
-    const QString name = message.arguments().value(1).toString();
-    if (message.member() != u"Get" || !all.contains(name))
-        return false;
-    connection.send(message.createReply(QVariant::fromValue(QDBusVariant(all.value(name)))));
-    return true;
+    return answerProperties(message, connection, properties());
 }
 
 QVariantMap StatusNotifierItem::properties() const

@@ -1,17 +1,25 @@
 #include "platform/desktop/TopBarObject.h"
 
+#include "platform/bus/BusProperties.h"
+
 #include <QDBusError>
 #include <QDBusMessage>
-#include <QDBusVariant>
 
 #include <utility>
 
 namespace glimmet {
 namespace {
 
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 /// A rectangle and a size.
 const QString placeSignature = QStringLiteral("iiiiii");
+
+const QString placeArguments = QStringLiteral(R"xml(      <arg name="x" type="i" direction="in"/>
+      <arg name="y" type="i" direction="in"/>
+      <arg name="width" type="i" direction="in"/>
+      <arg name="height" type="i" direction="in"/>
+      <arg name="stageWidth" type="i" direction="in"/>
+      <arg name="stageHeight" type="i" direction="in"/>
+)xml");
 
 struct Place {
     QRect button;
@@ -69,30 +77,19 @@ QString TopBarObject::introspect(const QString &) const
     <property name="Text" type="s" access="read"/>
     <property name="PanelOpen" type="b" access="read"/>
     <method name="Place">
-      <arg name="x" type="i" direction="in"/>
-      <arg name="y" type="i" direction="in"/>
-      <arg name="width" type="i" direction="in"/>
-      <arg name="height" type="i" direction="in"/>
-      <arg name="stageWidth" type="i" direction="in"/>
-      <arg name="stageHeight" type="i" direction="in"/>
-    </method>
+%1    </method>
     <method name="Toggle">
-      <arg name="x" type="i" direction="in"/>
-      <arg name="y" type="i" direction="in"/>
-      <arg name="width" type="i" direction="in"/>
-      <arg name="height" type="i" direction="in"/>
-      <arg name="stageWidth" type="i" direction="in"/>
-      <arg name="stageHeight" type="i" direction="in"/>
-    </method>
+%1    </method>
     <method name="PressElsewhere"/>
   </interface>
-)xml");
+)xml")
+        .arg(placeArguments);
 }
 
 bool TopBarObject::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
     if (message.interface() == propertiesInterface)
-        return handleProperties(message, connection);
+        return answerProperties(message, connection, properties());
     if (message.interface() != interface && !message.interface().isEmpty())
         return false;
     if (!m_permission(message.service()))
@@ -123,17 +120,6 @@ bool TopBarObject::handleCall(const QDBusMessage &message)
 QVariantMap TopBarObject::properties() const
 {
     return { { QStringLiteral("Text"), m_text }, { QStringLiteral("PanelOpen"), m_isPanelOpen } };
-}
-
-bool TopBarObject::handleProperties(const QDBusMessage &message, const QDBusConnection &connection)
-{
-    const QVariantMap all = properties();
-    if (message.member() == u"GetAll")
-        return connection.send(message.createReply(QVariant(all)));
-    const QString name = message.arguments().value(1).toString();
-    if (message.member() != u"Get" || !all.contains(name))
-        return false;
-    return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(all.value(name)))));
 }
 
 void TopBarObject::tell(const QString &property, const QVariant &value)

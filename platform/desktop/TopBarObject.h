@@ -46,7 +46,6 @@ signals:
 
 private:
     QVariantMap properties() const;
-    bool handleProperties(const QDBusMessage &message, const QDBusConnection &connection);
     bool handleCall(const QDBusMessage &message);
     void tell(const QString &property, const QVariant &value);
 

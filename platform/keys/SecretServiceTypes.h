@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/bus/BusProperties.h"
+
 #include <QByteArray>
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -19,7 +21,6 @@ inline const QString collectionInterface = QStringLiteral("org.freedesktop.Secre
 inline const QString itemInterface = QStringLiteral("org.freedesktop.Secret.Item");
 inline const QString promptInterface = QStringLiteral("org.freedesktop.Secret.Prompt");
 inline const QString defaultAlias = QStringLiteral("default"); ///< of the user's own collection
-inline const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 } // namespace SecretServiceNames
 

@@ -2,6 +2,7 @@
 
 #include "platform/bus/BusCalls.h"
 #include "platform/bus/BusDaemon.h"
+#include "platform/bus/BusProperties.h"
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
@@ -15,7 +16,6 @@ namespace {
 const QString service = QStringLiteral("org.freedesktop.PackageKit");
 const QString servicePath = QStringLiteral("/org/freedesktop/PackageKit");
 const QString transactionInterface = QStringLiteral("org.freedesktop.PackageKit.Transaction");
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 /// The words around what the service says are English, too.
 const QString englishLocale = QStringLiteral("locale=C.UTF-8");
