@@ -5,6 +5,7 @@
 #include "platform/ProgramName.h"
 #include "platform/Text.h"
 #include "platform/bus/BusCalls.h"
+#include "platform/bus/BusProperties.h"
 #include "platform/bus/SessionBus.h"
 #include "platform/desktop/CurrentDesktop.h"
 #include "platform/desktop/NotifierMenu.h"
@@ -31,7 +32,6 @@ using namespace std::chrono_literals;
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 /// Whoever has this name shows the text beside the item.
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 const NotifierMenu::Words menuWords{ QStringLiteral("Open glimmet"), QStringLiteral("Quit") };
 
@@ -126,6 +126,8 @@ void ItemHost::setMode(TickerMode mode)
         return;
     m_mode = mode;
     updatePictures();
+    if (m_isToolTipStale)
+        announceToolTip();
     // The text of the new mode follows, and is told at once.
     m_toolTipTimer.stop();
 }
@@ -194,7 +196,7 @@ void ItemHost::updatePictures()
 void ItemHost::updateToolTip()
 {
     m_item->setToolTip(m_covers ? QString() : m_text);
-    if (m_showsMenu)
+    if (m_showsMenu || !m_available)
         return;
     if (m_toolTipTimer.isRunning())
         m_isToolTipStale = true;
@@ -353,6 +355,7 @@ void ItemHost::setAvailable(bool available)
 
 void ItemHost::handleClick(QPoint position)
 {
+    setToolTipHidden(Cover::Menu, false); // A host need not tell that it closed the menu.
     noteAnchor(position);
     emit clicked();
 }

@@ -271,6 +271,30 @@ TEST_F(IconPanelTest, tellsOfTheTextOfAnotherModeAtOnce)
     EXPECT_TRUE(heard.all.contains(QStringLiteral("NewIcon:")));
 }
 
+TEST_F(IconPanelTest, tellsOfATextThatStaysOverAChangeOfMode)
+{
+    host.setText(QStringLiteral("one"));
+    host.setText(QStringLiteral("two"));
+    EXPECT_EQ(toolTips(), 1);
+
+    host.setMode(TickerMode::Custom);
+    host.setText(QStringLiteral("two"));
+
+    EXPECT_EQ(toolTips(), 2);
+    EXPECT_EQ(toolTip(), QStringLiteral("two"));
+}
+
+TEST_F(IconPanelTest, hasItsToolTipBackByAClickWhereAHostNeverTellsThatItsMenuIsClosed)
+{
+    call(desktop, QStringLiteral("/StatusNotifierItem/Menu"), QStringLiteral("com.canonical.dbusmenu"),
+        QStringLiteral("Event"), { 0, QStringLiteral("opened"), QVariant::fromValue(QDBusVariant(0)), 0U });
+    ASSERT_EQ(toolTip(), QString());
+
+    call(desktop, QStringLiteral("/StatusNotifierItem"), itemInterface, QStringLiteral("Activate"), { 1, 2 });
+
+    EXPECT_EQ(toolTip(), QStringLiteral("11:59:59"));
+}
+
 TEST_F(IconPanelTest, hidesItsToolTipUnderTheOpenPanel)
 {
     host.setPanelOpen(true);

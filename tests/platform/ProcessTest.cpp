@@ -67,6 +67,7 @@ std::optional<bool> leavesKey(bool isForbidden)
 TEST(CoreDumps, leaveNoKeyAnywhereEvenWithTheLimitLifted)
 {
     const auto usual = leavesKey(false);
+    // Where dumps go to a program, no test of an ordinary user's can read them.
     if (!usual)
         GTEST_SKIP() << "crashes leave no file in the folder here";
     EXPECT_EQ(usual, true);

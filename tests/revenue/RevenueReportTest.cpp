@@ -27,7 +27,7 @@ protected:
         return { clock, timers, &fetcher, &keys, [this] { return isOnShow; } };
     }
     std::size_t fetches() const { return fetcher.count(); }
-    /// What the report asks for now.
+    /// What the report asks for at this moment.
     RevenueQuery asked()
     {
         report->fetch();

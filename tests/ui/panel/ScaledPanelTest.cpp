@@ -192,6 +192,7 @@ class PanelOnScreenTest : public ScaledPanelTest {
 protected:
     void SetUp() override
     {
+        // The tests of the panel also run without any screen, where there is nothing to be seen.
         if (QGuiApplication::platformName() != u"xcb"_s)
             GTEST_SKIP() << "not on an X server";
     }
