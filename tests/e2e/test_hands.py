@@ -95,7 +95,6 @@ class Hands(DesktopCase):
 
         self.screen.type("1.2.2027 9:15")
         self.screen.key("Return")
-        self.glimmet.control("Add Deadline", BUTTON).press()
 
         wait_for(lambda: self.preferences.exists() and self.stored_deadlines(), 10, "the deadline in the file")
         berlin = datetime.timezone(datetime.timedelta(hours=1))

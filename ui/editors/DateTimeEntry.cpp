@@ -143,10 +143,6 @@ bool DateTimeEntry::changeByKey(int row, int key)
         forgetTyping();
         refresh();
         return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        settle();
-        return true;
     default:
         return false;
     }
@@ -169,6 +165,13 @@ void DateTimeEntry::settle()
         setNote({});
     if (!m_isAsBegun)
         settleFields(startOfMinute(m_ticker->now()));
+}
+
+bool DateTimeEntry::settleAsSeen()
+{
+    const QString told = m_note;
+    settle();
+    return m_note.isEmpty() || m_note == told;
 }
 
 void DateTimeEntry::settleFields(Instant earliest)

@@ -68,6 +68,9 @@ public:
     Q_INVOKABLE void finish(int row);
     /// The keyboard left all fields.
     Q_INVOKABLE void settle();
+    /// Settles what is about to count. False where that moved the moment and the user is told of it only now:
+    /// the next call takes it.
+    Q_INVOKABLE bool settleAsSeen();
     /// The keyboard left the fields and the calendar.
     Q_INVOKABLE void leave();
     Q_INVOKABLE void toggleCalendar();

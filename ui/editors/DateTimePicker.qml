@@ -11,6 +11,9 @@ FocusScope {
     // With what is said below.
     readonly property bool revealedWhole: note.visible
 
+    // By Return in its fields.
+    signal entered
+
     function toggle() {
         const reason = button.visualFocus ? Qt.TabFocusReason : Qt.MouseFocusReason;
         entry.toggleCalendar();
@@ -87,6 +90,7 @@ FocusScope {
                 x: Theme.cardPadding - padding
                 anchors.verticalCenter: parent.verticalCenter
                 entry: root.entry
+                onEntered: root.entered()
             }
             PlainButton {
                 id: button

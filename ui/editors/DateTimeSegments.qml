@@ -11,6 +11,15 @@ FocusScope {
 
     readonly property real padding: 2
 
+    // By Return.
+    signal entered
+
+    // Held, the key takes once what is entered.
+    function enter(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            entered();
+    }
+
     function takeKeyboard() {
         (places.itemAt(0) as DateTimePlace).takeKeyboard();
     }
@@ -28,6 +37,8 @@ FocusScope {
         if (!activeFocus)
             entry.settle();
     }
+    Keys.onReturnPressed: event => enter(event)
+    Keys.onEnterPressed: event => enter(event)
 
     Item {
         id: line

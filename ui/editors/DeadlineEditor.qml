@@ -9,9 +9,7 @@ RowEditor {
 
     // A date that had to be moved is seen before it is saved.
     function finish() {
-        const told = form.date.note;
-        form.date.settle();
-        if (form.date.note === told || form.date.note.length === 0)
+        if (form.date.settleAsSeen())
             finished();
     }
 
@@ -47,6 +45,7 @@ RowEditor {
         DateTimePicker {
             width: column.width
             entry: form.date
+            onEntered: root.finish()
         }
     }
 }

@@ -24,12 +24,17 @@ Column {
             rows.keepKeyboardNear(undo.rowOf(id));
     }
 
-    // The button cannot keep the keyboard: without a name there is nothing more to add.
-    function addByButton() {
-        const hadKeyboard = addButton.visualFocus;
+    // The next one begins with its name. The button could not keep the keyboard anyway: without a name there is nothing
+    // to add.
+    function addByKeyboard() {
         form.add();
-        if (hadKeyboard)
-            newName.forceActiveFocus(Qt.TabFocusReason);
+        newName.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    // A date that had to be moved is seen before it is added.
+    function addByDate() {
+        if (form.date.settleAsSeen() && form.canAdd)
+            addByKeyboard();
     }
 
     spacing: Theme.editorSpacing
@@ -128,6 +133,7 @@ Column {
     DateTimePicker {
         width: root.width
         entry: form.date
+        onEntered: root.addByDate()
     }
     PlainButton {
         id: addButton
@@ -139,7 +145,7 @@ Column {
         fill: Theme.ink
         cornerRadius: Theme.rowRadius
         enabled: form.canAdd
-        onClicked: root.addByButton()
+        onClicked: visualFocus ? root.addByKeyboard() : form.add()
 
         contentItem: ChipFace {
             symbol: ""

@@ -55,13 +55,34 @@ TEST_F(DateTimeEntryTest, settlesAPastMomentAtTheMinuteThatItIsNow)
     EXPECT_EQ(saved(), u"2026-05-04T08:05:07Z"_s);
 }
 
-TEST_F(DateTimeEntryTest, isSettledByReturn)
+TEST_F(DateTimeEntryTest, leavesReturnToItsForm)
 {
     type(0, u"0105"_s);
 
-    EXPECT_EQ(entry.pressKey(2, Qt::Key_Return, u"\r"_s), 2);
+    EXPECT_EQ(entry.pressKey(2, Qt::Key_Return, u"\r"_s), -1);
+    EXPECT_EQ(entry.pressKey(2, Qt::Key_Enter, u"\r"_s), -1);
 
+    EXPECT_EQ(shown(), u"01/05/2026 09:05"_s);
+}
+
+TEST_F(DateTimeEntryTest, isSeenBeforeItCountsWhereItHadToBeMoved)
+{
+    type(0, u"0105"_s);
+
+    EXPECT_FALSE(entry.settleAsSeen());
     EXPECT_EQ(shown(), u"04/05/2026 09:05"_s);
+
+    EXPECT_TRUE(entry.settleAsSeen());
+    type(0, u"0205"_s);
+    EXPECT_FALSE(entry.settleAsSeen());
+}
+
+TEST_F(DateTimeEntryTest, countsAtOnceWhereItCanBe)
+{
+    type(0, u"1205"_s);
+
+    EXPECT_TRUE(entry.settleAsSeen());
+    EXPECT_EQ(shown(), u"12/05/2026 09:05"_s);
 }
 
 TEST_F(DateTimeEntryTest, isNeverSavedBeforeNow)

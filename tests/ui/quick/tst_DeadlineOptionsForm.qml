@@ -158,6 +158,76 @@ DeadlineOptionsCase {
         verify(field().activeFocus);
     }
 
+    function test_returnInTheDateAdds_data() {
+        return [{tag: "return", key: Qt.Key_Return}, {tag: "enter", key: Qt.Key_Enter}];
+    }
+
+    function test_returnInTheDateAdds(row) {
+        type("exam");
+        tab();
+        for (const digit of "20")
+            keyClick(digit);
+
+        keyClick(row.key);
+
+        compare(world.deadlines(), ["exam 2026-05-20T08:05:00Z"]);
+        verify(field().activeFocus);
+        compare(field().text, "");
+        compare(segments(), ["05", "05", "2026", "09", "05"]);
+    }
+
+    function test_returnInTheDateAddsNothingWithoutAName() {
+        const day = all(options, DateTimeSegment)[0];
+        day.forceActiveFocus(Qt.TabFocusReason);
+        keyClick("2");
+
+        keyClick(Qt.Key_Return);
+
+        compare(world.deadlines(), []);
+        verify(day.activeFocus);
+        compare(segments()[0], "04");
+        verify(textOf(picker(), "That moment is past: it was moved to now.") !== null);
+    }
+
+    function test_aDateThatWasMovedIsSeenBeforeReturnAddsIt() {
+        type("exam");
+        const day = all(options, DateTimeSegment)[0];
+        day.forceActiveFocus(Qt.TabFocusReason);
+        keyClick("1");
+
+        keyClick(Qt.Key_Return);
+        compare(world.deadlines(), []);
+        verify(day.activeFocus);
+        verify(textOf(picker(), "That moment is past: it was moved to now.") !== null);
+
+        keyClick(Qt.Key_Return);
+        compare(world.deadlines(), ["exam 2026-05-04T08:05:07Z"]);
+        verify(field().activeFocus);
+    }
+
+    function test_aHeldReturnInTheDateAddsOnce() {
+        type("exam");
+        all(options, DateTimeSegment)[0].forceActiveFocus(Qt.TabFocusReason);
+        keyClick("1");
+
+        keyboard.hold(options.Window.window, Qt.Key_Return, 5);
+
+        compare(world.deadlines(), []);
+    }
+
+    function test_returnInTheCalendarOnlyChoosesTheDay() {
+        type("exam");
+        tab(6);
+        keyClick(Qt.Key_Space);
+        verify(waitForRendering(options));
+        keyClick(Qt.Key_Right);
+
+        keyClick(Qt.Key_Return);
+
+        compare(world.deadlines(), []);
+        compare(segments()[0], "06");
+    }
+
     function test_aScreenReaderCannotAddWithoutAName() {
         reader.press(options, "Add Deadline");
 

@@ -115,6 +115,27 @@ EditInPlaceCase {
         compare(world.storedDeadlines()[0], "one 2026-05-04T08:07:07Z");
     }
 
+    function test_returnInTheDateTakesTheDeadline_data() {
+        return [{tag: "return", key: Qt.Key_Return}, {tag: "enter", key: Qt.Key_Enter}];
+    }
+
+    function test_returnInTheDateTakesTheDeadline(row) {
+        open("deadlines");
+        edit(0);
+        tab(2);
+        type("1/5/2026");
+
+        keyClick(row.key);
+        verify(textOf(editors()[0], "That moment is past: it was moved to now.") !== null);
+        compare(world.storedDeadlines()[0], "one 2026-05-05T08:05:07Z");
+
+        keyClick(row.key);
+
+        compare(editors().length, 0);
+        compare(world.storedDeadlines()[0], "one 2026-05-04T08:05:07Z");
+        verify(rows()[0].hasKeyboard);
+    }
+
     function test_anUntouchedDateStaysAsItWas() {
         list = "deadlines";
         world.addDeadline("gone", -100);
