@@ -13,7 +13,8 @@ Rectangle {
     // Why the text is not what it should be by now; empty where it is.
     property string trouble
 
-    readonly property bool isDimmed: trouble.length > 0
+    // Without its credential nothing is live either.
+    readonly property bool isDimmed: trouble.length > 0 || asked >= 0
 
     signal credentialWanted(int key)
 

@@ -153,6 +153,14 @@ PanelTestCase {
         preview.asked = -1;
     }
 
+    function test_nothingIsLiveWithoutTheKey() {
+        ask(4);
+        compare(badge().opacity, 0.4);
+
+        preview.asked = -1;
+        compare(badge().opacity, 1);
+    }
+
     function test_isToldAsAButtonThatOpensTheKeys() {
         ask(4);
 
