@@ -16,6 +16,9 @@ PlainButton {
     font.pixelSize: Theme.smallSize
     ink: undoes ? Theme.ink : Theme.faintText
     fill: Theme.clear
+    // Without paddings, that its text ends where the rows do, the ring would touch it.
+    leftInset: -1
+    rightInset: -1
     enabled: undoes || !undo.isEmpty
     Accessible.name: undoes ? Wording.undoing(clearingText) : text
     onClicked: {

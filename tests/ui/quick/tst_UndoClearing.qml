@@ -24,6 +24,24 @@ UndoCase {
         compare(button.text, data.clearing);
     }
 
+    function test_theRingLeavesTheTextRoomAndIsSeenAsAWhole_data() {
+        return clearedLists();
+    }
+
+    function test_theRingLeavesTheTextRoomAndIsSeenAsAWhole(data) {
+        open(data.tag);
+        const button = buttonOf(options, data.clearing);
+        const ring = all(button, FocusRing)[0];
+        const text = areaOf(textOf(button, data.clearing), button);
+        const room = areaOf(ring, button);
+
+        compare(text.left - room.left - ring.borderWidth, 2);
+        compare(room.right - ring.borderWidth - button.width, 2);
+        verify(text.right <= button.width);
+        verify(areaOf(ring, options).right <= options.width + Theme.ringRoom);
+        compare(areaOf(button, options).right, options.width);
+    }
+
     function test_clearingIsUndoneByTheUndoKeys_data() {
         return clearedLists();
     }
