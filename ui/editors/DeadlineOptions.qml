@@ -115,7 +115,7 @@ Column {
         text: "No deadlines. Add one below."
         color: Theme.softText
         font.pixelSize: Theme.buttonSize
-        visible: root.undo.isEmpty
+        visible: deadlines.count === 0
     }
     SectionLabel {
         text: "ADD DEADLINE"

@@ -38,6 +38,20 @@ DeadlineOptionsCase {
         verify(textOf(options, "No deadlines. Add one below.") !== null);
     }
 
+    function test_itDoesNotSaySoOfOneThatCanBePutBack() {
+        add("exam", 100);
+        options.undo.duration = 50;
+        rows()[0].takeKeyboard();
+        const hint = () => textOf(options, "No deadlines. Add one below.");
+
+        keyClick(Qt.Key_Delete);
+        verify(options.undo.isEmpty);
+        compare(hint(), null);
+
+        tryVerify(() => hint() !== null);
+        compare(all(options, DeadlineRow).length, 0);
+    }
+
     function test_thePiecesStandTwelveApartInOrder_data() {
         return [{tag: "empty", count: 0}, {tag: "with deadlines", count: 2}];
     }
