@@ -11,7 +11,6 @@ T.ToolTip {
     parent: place
     text: place.words
     delay: 600
-    visible: true
     closePolicy: T.Popup.NoAutoClose
     x: Math.round((parent.width - width) / 2)
     y: parent.height + 4
@@ -20,6 +19,9 @@ T.ToolTip {
     verticalPadding: 5
     implicitWidth: Math.min(Math.ceil(implicitContentWidth) + leftPadding + rightPadding, Theme.panelWidth - 2 * margins)
     implicitHeight: Math.ceil(implicitContentHeight) + topPadding + bottomPadding
+
+    // Visible from the first, it would not wait.
+    Component.onCompleted: open()
 
     background: RoundedBox {
         radius: Theme.buttonRadius

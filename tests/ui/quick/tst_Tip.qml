@@ -49,6 +49,18 @@ PanelTestCase {
         }
     }
 
+    function test_waitsForThePointerToRest() {
+        const panel = make(panels);
+        const gear = named(panel, "Settings");
+
+        mouseMove(gear, 5, 5);
+        tryVerify(() => gear.hovered);
+
+        compare(tips(panel).length, 0);
+        tryVerify(() => tips(panel).length === 1);
+        mouseMove(panel, 3, 3);
+    }
+
     function test_aPressTakesItAway() {
         const panel = make(panels);
         const gear = named(panel, "Settings");
