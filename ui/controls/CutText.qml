@@ -1,9 +1,12 @@
 import QtQuick
 import Glimmet
 
-// A text that is cut where there is no room for it, and shown as a whole beside the pointer.
+// A text that is cut where there is no room for it, and shown as a whole beside the pointer, and where what it stands in
+// has the keyboard.
 InkText {
     id: root
+
+    property bool hasKeyboard: false
 
     maximumLineCount: 1
     elide: Text.ElideRight
@@ -13,6 +16,6 @@ InkText {
     }
     TipPlace {
         words: root.text
-        wanted: hover.hovered && root.truncated
+        wanted: (hover.hovered || root.hasKeyboard) && root.truncated
     }
 }

@@ -12,6 +12,8 @@ T.AbstractButton {
     property color fill: Theme.buttonFill
     property real cornerRadius: Theme.buttonRadius
     property alias cursorShape: hover.cursorShape
+    // Whether its tip comes up for the keyboard too.
+    property bool tipsKeyboard: true
     readonly property bool isOutOfUse: !enabled && (parent?.enabled ?? true)
 
     implicitWidth: Math.ceil(implicitContentWidth) + leftPadding + rightPadding
@@ -70,6 +72,6 @@ T.AbstractButton {
     // A symbol alone does not say what it does.
     TipPlace {
         words: button.text.length > 0 ? "" : button.Accessible.name
-        wanted: button.hovered && !button.pressed
+        wanted: (button.hovered || (button.visualFocus && button.tipsKeyboard)) && !button.pressed
     }
 }

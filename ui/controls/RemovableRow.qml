@@ -17,6 +17,8 @@ RemovableBox {
     readonly property real contentEnd: cross.x
     readonly property real editorHeight: place.implicitHeight
     property bool isEditing: false
+    // Not by a press, after which the pointer shows what there is to see.
+    readonly property bool wasReachedByKeyboard: handle.activeFocus && !handle.wasPressed
 
     // By a pointer, on its way to a double click.
     signal pressed
@@ -65,8 +67,15 @@ RemovableBox {
 
         Item {
             id: handle
+
+            property bool wasPressed: false
+
             anchors.fill: parent
             activeFocusOnTab: true
+            onActiveFocusChanged: {
+                if (!activeFocus)
+                    wasPressed = false;
+            }
             Accessible.role: Accessible.ListItem
             Accessible.ignored: !parent.enabled
             Accessible.name: root.subject
@@ -90,6 +99,7 @@ RemovableBox {
                 anchors.fill: parent
                 onPressed: {
                     root.pressed();
+                    handle.wasPressed = true;
                     handle.forceActiveFocus(Qt.MouseFocusReason);
                 }
             }

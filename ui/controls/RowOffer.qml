@@ -9,6 +9,7 @@ UndoOffer {
         width: undo.x - 8 - x
         anchors.verticalCenter: parent.verticalCenter
         text: "Removed " + Wording.oneLine(root.subject)
+        hasKeyboard: undo.visualFocus
         horizontalAlignment: Text.AlignLeft
         color: Theme.softText
         font.pixelSize: Theme.buttonSize

@@ -72,8 +72,9 @@ RemovableBox {
             id: hover
         }
         TipPlace {
+            id: tip
             words: Wording.sentences([label.truncated ? label.text : "", root.trouble])
-            wanted: hover.hovered && !cross.hovered
+            wanted: (hover.hovered && !cross.hovered) || cross.visualFocus
         }
         PlainButton {
             id: cross
@@ -85,6 +86,8 @@ RemovableBox {
             symbol: "xmark"
             symbolSize: 8
             ink: root.ink
+            // One tip at a time: what the chip has to say comes first.
+            tipsKeyboard: tip.words.length === 0
             // The whole chip shows the keyboard: around the symbol alone the ring would lie over the text.
             background: RoundedBox {
                 radius: root.radius

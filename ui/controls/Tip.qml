@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Glimmet
 
-// Words beside what the pointer rests on, wholly within the window.
+// Words beside what the pointer or the keyboard rests on, wholly within the window.
 T.ToolTip {
     id: tip
 

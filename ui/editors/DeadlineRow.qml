@@ -32,6 +32,7 @@ RemovableRow {
         CutText {
             width: parent.width
             text: root.title
+            hasKeyboard: root.wasReachedByKeyboard
             font.pixelSize: Theme.fieldSize
             horizontalAlignment: Text.AlignLeft
             maximumLineCount: 1

@@ -3,6 +3,7 @@ import QtTest
 import Glimmet
 
 PanelTestCase {
+    id: testCase
     name: "DeadlineRow"
 
     DeadlineRow {
@@ -25,6 +26,7 @@ PanelTestCase {
         row.title = "Math Exam";
         row.countdown = "2d 5h";
         row.isPassed = false;
+        row.isRemoved = false;
         removals.clear();
     }
 
@@ -103,6 +105,39 @@ PanelTestCase {
         compare(areaOf(name, row).x, 10);
         verify(areaOf(name, row).right <= areaOf(badge(), row).x);
         compare(areaOf(symbol(), row).right, 290);
+    }
+
+    function tips(): string {
+        return all(row, TipPlace).filter(place => place.item !== null && place.item.opened).map(place => place.item.text)
+            .join();
+    }
+
+    function test_theKeyboardHasItSayItsCutName() {
+        row.title = "A release with a name that is far too long for its row";
+        mouseMove(row, 60, 200);
+        testCase.forceActiveFocus();
+
+        row.takeKeyboard();
+        tryVerify(() => tips() === row.title);
+        row.isRemoved = true;
+        row.takeKeyboard();
+
+        // What stands in its place then is cut as well.
+        tryVerify(() => tips() === "Removed " + row.title);
+        testCase.forceActiveFocus();
+        tryVerify(() => tips() === "");
+    }
+
+    function test_pressedItSaysItsCutNameBesideThePointerAlone() {
+        row.title = "A release with a name that is far too long for its row";
+
+        mouseClick(row, 60, 12);
+        mouseMove(row, 60, 12);
+        tryVerify(() => tips() === row.title);
+        mouseMove(row, 60, 200);
+
+        tryVerify(() => tips() === "");
+        verify(row.hasKeyboard);
     }
 
     function test_aLongCountdownTakesItsRoomFromTheName() {

@@ -191,6 +191,28 @@ PanelTestCase {
         compare(tip(), data.words);
     }
 
+    function openTips(): var {
+        return all(chip, TipPlace).filter(place => place.item !== null && place.item.opened).map(place => place.item.text);
+    }
+
+    function test_theKeyboardHasItSayWhatCannotBeSeen_data() {
+        return [{tag: "trouble", trouble: "Not found", words: "Not found"},
+            {tag: "nothing", trouble: "", words: "Remove AAPL"}];
+    }
+
+    function test_theKeyboardHasItSayWhatCannotBeSeen(data) {
+        mouseMove(testCase, 300, 500);
+        chip.trouble = data.trouble;
+
+        chip.takeKeyboard();
+        tryVerify(() => openTips().length > 0);
+        compare(openTips(), [data.words]);
+        compare(all(chip, TipPlace).filter(place => place.active).length, 1);
+
+        testCase.forceActiveFocus();
+        tryVerify(() => openTips().length === 0);
+    }
+
     function test_isToldAsSelectedWhileItIsOnShow() {
         verify(!reader.isSelected(chip, "AAPL"));
 

@@ -49,6 +49,59 @@ PanelTestCase {
         }
     }
 
+    function test_theKeyboardHasASymbolSayWhatItDoes() {
+        const panel = make(panels);
+        const gear = named(panel, "Settings");
+        mouseMove(panel, 3, 3);
+
+        gear.forceActiveFocus(Qt.TabFocusReason);
+        tryVerify(() => tips(panel).length === 1);
+        compare(tips(panel)[0].text, "Settings");
+        tab();
+
+        tryVerify(() => tips(panel).length === 0);
+    }
+
+    function test_aFocusThatDoesNotShowHasNoTip() {
+        const panel = make(panels);
+        const gear = named(panel, "Settings");
+        mouseMove(panel, 3, 3);
+
+        gear.forceActiveFocus(Qt.MouseFocusReason);
+
+        verify(gear.activeFocus);
+        verify(!all(panel, TipPlace).some(place => place.active));
+    }
+
+    SignalSpy {
+        id: closings
+        signalName: "closeRequested"
+    }
+
+    function test_escapeGoesPastATip() {
+        const panel = make(panels);
+        mouseMove(panel, 3, 3);
+        closings.target = world.host;
+        named(panel, "Settings").forceActiveFocus(Qt.TabFocusReason);
+        tryVerify(() => tips(panel).length === 1);
+
+        keyClick(Qt.Key_Escape);
+
+        compare(closings.count, 1);
+    }
+
+    function test_aSheetTakesTheTipAway() {
+        const panel = make(panels);
+        mouseMove(panel, 3, 3);
+        named(panel, "Settings").forceActiveFocus(Qt.TabFocusReason);
+        tryVerify(() => tips(panel).length === 1);
+
+        keyClick(Qt.Key_Space);
+
+        tryVerify(() => tips(panel).length === 0);
+        verify(!all(panel, TipPlace).some(place => place.active));
+    }
+
     function test_waitsForThePointerToRest() {
         const panel = make(panels);
         const gear = named(panel, "Settings");
