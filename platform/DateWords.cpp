@@ -2,6 +2,8 @@
 
 #include "platform/IcuDates.h"
 
+#include <QRegularExpression>
+
 #include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
 
@@ -57,20 +59,46 @@ QStringList weekdays(const Symbols &symbols)
     return names;
 }
 
-/// What is quoted in the pattern of a long date, such as the "de" of "24 de diciembre de 2027".
-QStringList linkingWords(const icu::Locale &locale)
+/// How the locale writes the parts that the skeleton names; empty where ICU cannot tell.
+QString patternOf(const char16_t *skeleton, const icu::Locale &locale)
 {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
         icu::DateTimePatternGenerator::createInstance(locale, status));
     if (U_FAILURE(status))
         return {};
-    const QString pattern = toQString(generator->getBestPattern(icu::UnicodeString(u"yMMMMEEEEd"), status));
-    const QStringList pieces = pattern.split(u'\'');
+    return toQString(generator->getBestPattern(icu::UnicodeString(skeleton), status));
+}
+
+/// What is quoted in the pattern of a long date, such as the "de" of "24 de diciembre de 2027".
+QStringList linkingWords(const QString &longDate)
+{
+    const QStringList pieces = longDate.split(u'\'');
     QStringList quoted;
     for (qsizetype i = 1; i < pieces.size(); i += 2)
         quoted.append(pieces.at(i).split(u' ', Qt::SkipEmptyParts));
     return quoted;
+}
+
+/// What is written onto the month's name in a long date, such as the "ב" of "24 בדצמבר".
+QString monthPrefix(const QString &longDate)
+{
+    // Only ASCII letters stand for parts of the date.
+    static const QRegularExpression letters(
+        QStringLiteral("([^\\W\\x00-\\x7F]+)MMM"), QRegularExpression::UseUnicodePropertiesOption);
+    return letters.match(longDate).captured(1);
+}
+
+QList<QStringList> withPrefix(QList<QStringList> months, const QString &prefix)
+{
+    if (prefix.isEmpty())
+        return months;
+    for (QStringList &names : months) {
+        const QStringList bare = names;
+        for (const QString &name : bare)
+            names.append(prefix + name);
+    }
+    return months;
 }
 
 } // namespace
@@ -80,9 +108,10 @@ DateWords dateWords(const QByteArray &localeName)
     const icu::Locale locale = gregorian(localeName);
     UErrorCode status = U_ZERO_ERROR;
     const Symbols symbols(locale, status);
-    QStringList others = weekdays(symbols) + linkingWords(locale);
+    const QString longDate = patternOf(u"yMMMMEEEEd", locale);
+    QStringList others = weekdays(symbols) + linkingWords(longDate);
     others.removeDuplicates();
-    QList<QStringList> names = months(symbols);
+    QList<QStringList> names = withPrefix(months(symbols), monthPrefix(longDate));
     for (QStringList &month : names)
         month.removeDuplicates();
     return { names, others };

@@ -9,7 +9,7 @@ namespace glimmet {
 
 /// The words of which a locale makes a written date, by the Gregorian calendar.
 struct DateWords {
-    QList<QStringList> months; ///< of January first: each name that it has, long and short
+    QList<QStringList> months; ///< of January first: each name that it has, alone and in a date
     QStringList others; ///< the weekdays' names, long and short, and what stands between the parts
 
     friend bool operator==(const DateWords &, const DateWords &) = default;

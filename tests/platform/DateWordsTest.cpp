@@ -27,6 +27,11 @@ TEST(DateWords, haveAMonthAloneAndInADate)
     EXPECT_THAT(month("ru_RU", 5), IsSupersetOf({ u"мая"_s, u"май"_s }));
 }
 
+TEST(DateWords, haveAMonthWithThePrefixThatItHasInADate)
+{
+    EXPECT_THAT(month("he_IL", 12), IsSupersetOf({ u"דצמבר"_s, u"בדצמבר"_s, u"דצמ׳"_s }));
+}
+
 TEST(DateWords, haveTheWeekdaysAndWhatStandsBetween)
 {
     EXPECT_THAT(dateWords("de_DE").others, IsSupersetOf({ u"Freitag"_s, u"Fr."_s }));

@@ -47,6 +47,10 @@ TEST(DateTimeInputWords, readAMonthByItsName)
              Example{ "sv_SE", u"24 dec 9.15"_s, u"2026-12-24 09:15"_s },
              Example{ "ru_RU", u"24 декабря 2027 9:15"_s, u"2027-12-24 09:15"_s },
              Example{ "he_IL", u"24 דצמבר 2027 9:15"_s, u"2027-12-24 09:15"_s },
+             Example{ "he_IL", u"24 בדצמבר 2027 9:15"_s, u"2027-12-24 09:15"_s },
+             Example{ "he_IL", u"24 בדצמבר 9:15"_s, u"2026-12-24 09:15"_s },
+             Example{ "he_IL", u"1 ביוני 2027"_s, u"2027-06-01 21:05"_s },
+             Example{ "he_IL", u"יום שישי, 24 בדצמבר 2027, 9:15"_s, u"2027-12-24 09:15"_s },
          })
         EXPECT_EQ(typed(locale, letters), meant) << locale << ": " << qPrintable(letters);
 }
