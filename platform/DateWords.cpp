@@ -70,10 +70,10 @@ QString patternOf(const char16_t *skeleton, const icu::Locale &locale)
     return toQString(generator->getBestPattern(icu::UnicodeString(skeleton), status));
 }
 
-/// What is quoted in the pattern of a long date, such as the "de" of "24 de diciembre de 2027".
-QStringList linkingWords(const QString &longDate)
+/// What is quoted in a pattern, such as the "de" of "24 de diciembre de 2027" and the "um" before an hour.
+QStringList linkingWords(const QString &pattern)
 {
-    const QStringList pieces = longDate.split(u'\'');
+    const QStringList pieces = pattern.split(u'\'');
     QStringList quoted;
     for (qsizetype i = 1; i < pieces.size(); i += 2)
         quoted.append(pieces.at(i).split(u' ', Qt::SkipEmptyParts));
@@ -87,6 +87,14 @@ QString monthPrefix(const QString &longDate)
     static const QRegularExpression letters(
         QStringLiteral("([^\\W\\x00-\\x7F]+)MMM"), QRegularExpression::UseUnicodePropertiesOption);
     return letters.match(longDate).captured(1);
+}
+
+/// What is in the pattern of an hour besides the hour, be it quoted.
+QStringList hourWords(QString pattern)
+{
+    static const QRegularExpression asciiLetters(QStringLiteral("[A-Za-z]"));
+    const QStringList quoted = linkingWords(pattern);
+    return quoted.isEmpty() ? pattern.remove(asciiLetters).split(u' ', Qt::SkipEmptyParts) : quoted;
 }
 
 QList<QStringList> withPrefix(QList<QStringList> months, const QString &prefix)
@@ -109,12 +117,13 @@ DateWords dateWords(const QByteArray &localeName)
     UErrorCode status = U_ZERO_ERROR;
     const Symbols symbols(locale, status);
     const QString longDate = patternOf(u"yMMMMEEEEd", locale);
-    QStringList others = weekdays(symbols) + linkingWords(longDate);
+    QStringList others =
+        weekdays(symbols) + linkingWords(longDate) + linkingWords(patternOf(u"MMMMdHm", locale));
     others.removeDuplicates();
     QList<QStringList> names = withPrefix(months(symbols), monthPrefix(longDate));
     for (QStringList &month : names)
         month.removeDuplicates();
-    return { names, others };
+    return { names, others, hourWords(patternOf(u"H", locale)) };
 }
 
 } // namespace glimmet

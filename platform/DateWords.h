@@ -11,6 +11,7 @@ namespace glimmet {
 struct DateWords {
     QList<QStringList> months; ///< of January first: each name that it has, alone and in a date
     QStringList others; ///< the weekdays' names, long and short, and what stands between the parts
+    QStringList ofHour; ///< what stands beside an hour, such as "Uhr"; none in most languages
 
     friend bool operator==(const DateWords &, const DateWords &) = default;
 };

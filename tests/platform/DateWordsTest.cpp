@@ -38,6 +38,20 @@ TEST(DateWords, haveTheWeekdaysAndWhatStandsBetween)
     EXPECT_THAT(dateWords("es_ES").others, IsSupersetOf({ u"viernes"_s, u"de"_s }));
 }
 
+TEST(DateWords, haveWhatStandsBeforeATime)
+{
+    EXPECT_THAT(dateWords("de_DE").others, Contains(u"um"_s));
+    EXPECT_THAT(dateWords("fr_FR").others, Contains(u"à"_s));
+}
+
+TEST(DateWords, haveWhatStandsBesideAnHour)
+{
+    EXPECT_EQ(dateWords("de_DE").ofHour, QStringList(u"Uhr"_s));
+    EXPECT_EQ(dateWords("fr_FR").ofHour, QStringList(u"h"_s));
+    EXPECT_EQ(dateWords("ja_JP").ofHour, QStringList(u"時"_s));
+    EXPECT_EQ(dateWords("en_GB").ofHour, QStringList());
+}
+
 TEST(DateWords, areGregorianWhateverTheLocalesCalendar)
 {
     EXPECT_THAT(month("fa_IR", 12), Contains(u"دسامبر"_s));

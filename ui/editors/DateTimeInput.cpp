@@ -100,12 +100,19 @@ bool isLetter(const QString &character)
     return !character.isEmpty() && (character.front().isLetter() || character.front().isMark());
 }
 
-/// Where the hour is what was typed before a day period.
+/// Where the hour is what was typed before a day period or an hour's word.
 DateTimeInput beforePeriod(const DateTimeInput &input, const InputRules &rules)
 {
     if (const auto reread = withoutYear(input, rules))
         return *reread;
     return withOneNumber(input, rules).value_or(input);
+}
+
+/// Whether an hour has just been typed, and no minute.
+bool isFullHour(const DateTimeInput &input, const InputRules &rules)
+{
+    const bool isInHour = rules.order.at(input.row) == DateTimeField::Hour;
+    return input.isAfterHour || (isInHour && input.number.length > 0);
 }
 
 std::optional<DateTimeInput> withPeriodLetter(
@@ -122,14 +129,28 @@ std::optional<DateTimeInput> withPeriodLetter(
     }
     if (!period)
         return std::nullopt;
-    const bool isFullHour =
-        input.isAfterHour || (rules.order.at(input.row) == DateTimeField::Hour && input.number.length > 0);
     DateTimeInput result = finished(input, rules);
-    if (isFullHour)
+    if (isFullHour(input, rules))
         result.fields.minute = 0;
     result.fields = withField(result.fields, DateTimeField::DayPeriod, *period, rules.fields);
     result.letters = letters;
     result.row = std::max(input.row, rules.rowOf(DateTimeField::DayPeriod));
+    return result;
+}
+
+std::optional<DateTimeInput> withHourWordLetter(
+    const DateTimeInput &typed, const QString &letter, const InputRules &rules)
+{
+    const DateTimeInput input = beforePeriod(typed, rules);
+    if (isOfDate(rules.order.at(input.row)))
+        return std::nullopt;
+    const bool goesOn = beginsHourWord(input.letters + letter, rules.languages);
+    if (!goesOn && !beginsHourWord(letter, rules.languages))
+        return std::nullopt;
+    DateTimeInput result = input.number.length > 0 ? movedOn(input, rules) : finished(input, rules);
+    if (isFullHour(input, rules))
+        result.fields.minute = 0;
+    result.letters = goesOn ? input.letters + letter : letter;
     return result;
 }
 
@@ -140,6 +161,8 @@ std::optional<DateTimeInput> withTypedLetter(
         return std::nullopt;
     if (!isWordBeingTyped(input)) {
         if (const auto next = withPeriodLetter(input, letter, rules))
+            return next;
+        if (const auto next = withHourWordLetter(input, letter, rules))
             return next;
     }
     return isOfDate(rules.order.at(input.row)) ? withWordLetter(input, letter, rules) : std::nullopt;

@@ -38,8 +38,10 @@ struct DigitRun {
 /// - A letter of AM and PM, or of the locale's names for them, sets the day period from any field of the
 ///   time, also where the locale has 24 hours: "1:30 pm" is 13:30 there. A digit typed in a day period that
 ///   stands before its hour begins the hour.
-/// - An hour that only AM or PM follows is a full one: "9pm" is 21:00.
-/// - A colon, AM or PM behind one or two digits of a year says that they are the hour and the year was left
+/// - A word that the locale writes beside an hour follows it, as in "9 Uhr" or "18h30".
+/// - An hour that only AM, PM or such a word follows is a full one: "9pm" is 21:00.
+/// - A colon, AM, PM or such a word behind one or two digits of a year says that they are the hour and the
+/// year was left
 ///   out, as in "24.12. 18:00": it is the next one with such a day that is not past. So says a full stop
 ///   where that year would be past, or has one digit: "24.12. 18.00".
 /// - A number of 24 hours is also taken by a field of 12: 0 is midnight, and "13:" is 1 PM, although its 3

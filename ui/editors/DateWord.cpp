@@ -62,6 +62,15 @@ QString foldedLetters(const QString &text)
     return letters;
 }
 
+bool beginsHourWord(const QString &letters, const QList<DateWords> &languages)
+{
+    const QString typed = foldedLetters(letters);
+    const Fits begins = [&](const QString &name) { return name.startsWith(typed); };
+    return !typed.isEmpty()
+        && std::any_of(languages.cbegin(), languages.cend(),
+            [&](const DateWords &language) { return anyFits(language.ofHour, begins); });
+}
+
 DateWord dateWordOf(const QString &letters, const QList<DateWords> &languages)
 {
     const QString typed = foldedLetters(letters);

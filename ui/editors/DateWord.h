@@ -26,6 +26,9 @@ struct DateWord {
     friend bool operator==(const DateWord &, const DateWord &) = default;
 };
 
+/// Whether a word that stands beside an hour begins with the letters.
+bool beginsHourWord(const QString &letters, const QList<DateWords> &languages);
+
 /// The first language that has a meaning decides: a month's whole name is that month, then come the other
 /// words as a whole, then the beginning of a month's name.
 DateWord dateWordOf(const QString &letters, const QList<DateWords> &languages);

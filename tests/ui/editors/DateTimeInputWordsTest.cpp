@@ -72,6 +72,38 @@ TEST(DateTimeInputWords, passOverTheOtherWordsOfADate)
         EXPECT_EQ(typed(locale, letters), meant) << locale << ": " << qPrintable(letters);
 }
 
+TEST(DateTimeInputWords, readTheWordOfAnHour)
+{
+    for (const auto &[locale, letters, meant] : {
+             Example{ "de_DE", u"24. Dezember 18 Uhr"_s, u"2026-12-24 18:00"_s },
+             Example{ "de_DE", u"24. Dezember 9 Uhr"_s, u"2026-12-24 09:00"_s },
+             Example{ "de_DE", u"24. Dezember, 18 Uhr 30"_s, u"2026-12-24 18:30"_s },
+             Example{ "de_DE", u"24. Dezember um 18 Uhr"_s, u"2026-12-24 18:00"_s },
+             Example{ "de_DE", u"24. Dezember um 18:15 Uhr"_s, u"2026-12-24 18:15"_s },
+             Example{ "de_DE", u"24. Dezember 2027 um 18 Uhr"_s, u"2027-12-24 18:00"_s },
+             Example{ "de_DE", u"24. Dezember 27 um 18 Uhr"_s, u"2027-12-24 18:00"_s },
+             Example{ "de_DE", u"24.12. 18 Uhr"_s, u"2026-12-24 18:00"_s },
+             Example{ "de_DE", u"24.12.2027 9Uhr"_s, u"2027-12-24 09:00"_s },
+             Example{ "de_DE", u"24.12.2027 9Uhr30"_s, u"2027-12-24 09:30"_s },
+             Example{ "de_DE", u"24. Dezember 24 Uhr"_s, u"2026-12-25 00:00"_s },
+             Example{ "de_DE", u"24.12.2027 18:5 Uhr"_s, u"2027-12-24 18:05"_s },
+             Example{ "fr_FR", u"24 décembre à 18h30"_s, u"2026-12-24 18:30"_s },
+             Example{ "fr_FR", u"24 décembre 2027 à 9 h"_s, u"2027-12-24 09:00"_s },
+             Example{ "en_GB", u"24 December at 18:00"_s, u"2026-12-24 18:00"_s },
+             Example{ "ja_JP", u"2027-02-01 18時30"_s, u"2027-02-01 18:30"_s },
+         }) {
+        const DateTimeInput input = typedInput(locale, letters);
+        EXPECT_EQ(text(input.fields), meant) << locale << ": " << qPrintable(letters);
+        EXPECT_THAT(input.moved, IsEmpty()) << locale << ": " << qPrintable(letters);
+    }
+}
+
+TEST(DateTimeInputWords, leaveAnHourThatWasNotTypedAsItIs)
+{
+    EXPECT_EQ(typed("de_DE", u"24. Dezember Uhr"_s), u"2026-12-24 21:05"_s);
+    EXPECT_EQ(typed("de_DE", u"24.12.2027 Uhr"_s), u"2027-12-24 21:05"_s);
+}
+
 TEST(DateTimeInputWords, moveNothingThatCanBe)
 {
     EXPECT_THAT(typedInput("en_US", u"24 Dec 2027 1:30 PM"_s).moved, IsEmpty());
