@@ -3,6 +3,8 @@
 #include <QVariant>
 #include <QWindow>
 
+#include <utility>
+
 namespace glimmet {
 
 CompositionWatch::CompositionWatch(const QWindow &window, QObject *parent)
@@ -28,7 +30,8 @@ void CompositionWatch::readField()
     const bool isComposing = m_field && m_field->property("inputMethodComposing").toBool();
     if (m_isComposing && !isComposing)
         emit ending();
-    m_isComposing = isComposing;
+    if (std::exchange(m_isComposing, isComposing) != isComposing)
+        emit changed();
 }
 
 } // namespace glimmet

@@ -21,6 +21,8 @@ public:
 signals:
     /// What was composed has just been taken into the text, or given up; `isComposing()` still holds.
     void ending();
+    /// `isComposing()` is another.
+    void changed();
 
 private:
     void followField(QObject *field);

@@ -2,7 +2,10 @@
 
 #include "app/FeedHost.h"
 #include "app/ItemHost.h"
+#include "app/LayerBackdrop.h"
 #include "app/StripHost.h"
+#include "app/StripLayer.h"
+#include "app/StripWindow.h"
 #include "app/TopBarHost.h"
 #include "core/HostText.h"
 
@@ -13,13 +16,25 @@ namespace glimmet {
 
 using namespace std::chrono_literals;
 
-MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock)
+namespace {
+
+std::unique_ptr<StripFace> makeStrip(WaylandConnection &wayland, int inset)
+{
+    if (needsLayers(wayland))
+        return std::make_unique<StripLayer>(wayland, inset);
+    return std::make_unique<StripWindow>(inset);
+}
+
+} // namespace
+
+MenuBar::Hosts menuBarHosts(
+    SessionBus &bus, Timers &timers, const SteadyClock &clock, WaylandConnection &wayland)
 {
     MenuBar::Hosts hosts;
     hosts.push_back(std::make_unique<TopBarHost>(bus));
     hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
     hosts.push_back(std::make_unique<FeedHost>(bus));
-    hosts.push_back(std::make_unique<StripHost>());
+    hosts.push_back(std::make_unique<StripHost>([&wayland](int inset) { return makeStrip(wayland, inset); }));
     return hosts;
 }
 
@@ -69,6 +84,11 @@ void MenuBar::setPanelOpen(bool isOpen)
 std::optional<QPoint> MenuBar::anchor() const
 {
     return firstAvailable().anchor();
+}
+
+QPoint MenuBar::anchorFromPointer() const
+{
+    return firstAvailable().anchorFromPointer();
 }
 
 MenuBarHost &MenuBar::firstAvailable() const

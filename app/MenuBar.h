@@ -10,6 +10,7 @@ namespace glimmet {
 
 class SessionBus;
 class SteadyClock;
+class WaylandConnection;
 
 /// Shows the ticker's text in the place that the desktop has for it: in the first host that is available.
 /// The last resort is waited with for some seconds, so that it does not flash up at login or while a panel
@@ -30,6 +31,8 @@ public:
     void setPanelOpen(bool isOpen);
     /// Where the panel drops down from, in native pixels; none while that is not known.
     std::optional<QPoint> anchor() const;
+    /// From the pointer at the last click to there.
+    QPoint anchorFromPointer() const;
 
 signals:
     void clicked();
@@ -52,6 +55,7 @@ private:
 
 /// All that there are: a button of GNOME Shell's, an item in the desktop's own panel, a feed that a bar
 /// reads, else a strip of our own. What it is given outlives them.
-MenuBar::Hosts menuBarHosts(SessionBus &bus, Timers &timers, const SteadyClock &clock);
+MenuBar::Hosts menuBarHosts(
+    SessionBus &bus, Timers &timers, const SteadyClock &clock, WaylandConnection &wayland);
 
 } // namespace glimmet

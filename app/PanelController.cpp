@@ -1,6 +1,7 @@
 #include "app/PanelController.h"
 
 #include "app/CompositionWatch.h"
+#include "app/PanelBackdrop.h"
 #include "app/PanelPlacement.h"
 #include "app/Screens.h"
 #include "core/TickerViewModel.h"
@@ -31,6 +32,8 @@ constexpr std::chrono::milliseconds hostTime = 700ms;
 constexpr std::chrono::milliseconds settlingTime = 400ms;
 /// A keyring takes its dialog away in its own time, and the keyboard goes wherever the window manager likes.
 constexpr std::chrono::milliseconds settlingTimeAfterDialog = 2s;
+/// A pointer whose button is still down stays with what it was pressed on.
+constexpr std::chrono::milliseconds pointerTime = 600ms;
 
 ScreenSpace screenFor(std::optional<QPoint> anchor)
 {
@@ -53,6 +56,7 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
     : QObject(parent)
     , m_ticker(ticker)
     , m_services(std::move(services))
+    , m_searchTimer(timers, pointerTime, [this] { open(m_place); })
     , m_forgetTimer(timers, busyHostTime, [this] { forgetPresses(); })
     , m_sinceOpening(clock)
     , m_sinceClosing(clock)
@@ -62,28 +66,47 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
 
 PanelController::~PanelController() = default;
 
-void PanelController::toggle(std::optional<QPoint> anchor)
+void PanelController::toggle(std::optional<QPoint> anchor, QPoint fromPointer)
 {
     if (m_presses)
         m_presses->catchUp();
     if (isOpen())
         close(Cause::Request);
     else if (!isClosingClick())
-        open(anchor);
+        drop(anchor, fromPointer);
     m_sinceClosing.reset();
+}
+
+void PanelController::drop(std::optional<QPoint> anchor, QPoint fromPointer)
+{
+    if (m_searchTimer.isRunning())
+        return;
+    m_fromPointer = fromPointer;
+    prepareBackdrop();
+    if (m_backdrop)
+        m_searchTimer.start();
+    else
+        open(anchor);
 }
 
 void PanelController::open(std::optional<QPoint> anchor)
 {
+    m_searchTimer.stop();
     PanelModule *panels = module();
-    if (panels == nullptr || QGuiApplication::screens().isEmpty())
+    if (panels == nullptr || QGuiApplication::screens().isEmpty()) {
+        m_backdrop.reset();
         return;
+    }
     if (!isOpen()) {
+        prepareBackdrop();
+        if (m_backdrop)
+            anchor = m_place;
         m_panel = panels->makePanel(m_ticker, m_services, { m_look, X11::isCompositing() });
         m_anchor = anchor;
         m_naturalSize = m_panel->window().size();
         place();
         watch(m_panel->window());
+        letPressesThrough();
         m_panel->window().show();
         m_sinceOpening.start();
         m_settlingTime = settlingTime;
@@ -106,12 +129,51 @@ void PanelController::pressElsewhere()
         close(Cause::Request);
 }
 
+void PanelController::prepareBackdrop()
+{
+    if (m_backdrop || !m_makeBackdrop)
+        return;
+    m_backdrop = m_makeBackdrop();
+    if (!m_backdrop)
+        return;
+    // Queued: both may end what tells of them.
+    connect(m_backdrop.get(), &PanelBackdrop::pointerFound, this, &PanelController::handlePointer,
+        Qt::QueuedConnection);
+    connect(m_backdrop.get(), &PanelBackdrop::pressed, this, &PanelController::handlePressBehind,
+        Qt::QueuedConnection);
+}
+
+void PanelController::handlePointer(QPoint position)
+{
+    if (!m_searchTimer.isRunning())
+        return;
+    m_place = position + m_fromPointer;
+    open(m_place);
+}
+
+void PanelController::handlePressBehind()
+{
+    if (isOpen() && !m_isHeld && !m_composition->isComposing())
+        close(Cause::Request);
+}
+
+void PanelController::letPressesThrough()
+{
+    if (!m_backdrop || !isOpen())
+        return;
+    const QWindow &window = m_panel->window();
+    m_backdrop->letThrough(spaceOf(*window.screen()).toNative(window.geometry()));
+    // A keyring's dialog and the candidates of an input method lie under it.
+    m_backdrop->setOpen(m_isHeld || m_composition->isComposing());
+}
+
 void PanelController::setHeld(bool isHeld)
 {
     // The last press at the dialog may still be on its way.
     if (m_presses)
         m_presses->catchUp();
     const bool isReleased = std::exchange(m_isHeld, isHeld) && !isHeld;
+    letPressesThrough();
     if (!isReleased || !isOpen())
         return;
     m_sinceOpening.start();
@@ -160,11 +222,14 @@ void PanelController::watch(QWindow &window)
     m_composition = std::make_unique<CompositionWatch>(window);
     // The press that chose among the input method's candidates may still be on its way.
     connect(m_composition.get(), &CompositionWatch::ending, m_presses.get(), &PressWatch::catchUp);
+    connect(m_composition.get(), &CompositionWatch::changed, this, &PanelController::letPressesThrough);
     for (const auto change : { &QScreen::geometryChanged, &QScreen::availableGeometryChanged })
         connect(window.screen(), change, &window, [this] {
             // The window outlives the closing by the rest of that turn of the loop.
-            if (isOpen())
-                place();
+            if (!isOpen())
+                return;
+            place();
+            letPressesThrough();
         });
     // Queued: the panel closes itself from inside its own event, and must not be destroyed there.
     connect(
@@ -215,6 +280,7 @@ void PanelController::close(Cause cause)
 {
     if (!isOpen())
         return;
+    m_backdrop.reset();
     m_wasPressedSince = false;
     m_closing = cause;
     m_sinceClosing.start();

@@ -12,8 +12,10 @@
 #include <QSize>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 class QWindow;
 
@@ -21,6 +23,7 @@ namespace glimmet {
 
 class CompositionWatch;
 class Panel;
+class PanelBackdrop;
 class TickerViewModel;
 
 /// Opens the panel under the menu-bar item and closes it: by a second click, a click elsewhere, Escape or a
@@ -35,9 +38,14 @@ public:
         QObject *parent = nullptr);
     ~PanelController() override;
 
+    /// On a desktop where the X server knows neither the pointer nor presses: what lies behind the panel. It
+    /// makes none where the X server knows them.
+    using MakeBackdrop = std::function<std::unique_ptr<PanelBackdrop>()>;
+    void setBackdrops(MakeBackdrop make) { m_makeBackdrop = std::move(make); }
+
     /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first
-    /// screen.
-    void toggle(std::optional<QPoint> anchor);
+    /// screen. Where there is a backdrop, it drops down from the pointer or so far from it.
+    void toggle(std::optional<QPoint> anchor, QPoint fromPointer = {});
     /// Opens the panel, or brings the open one to the front.
     void open(std::optional<QPoint> anchor);
     void close();
@@ -63,10 +71,15 @@ private:
     enum class Cause { Request, PressAtBar, PressElsewhere, FocusElsewhere };
 
     PanelModule *module();
+    void drop(std::optional<QPoint> anchor, QPoint fromPointer);
+    void prepareBackdrop();
+    void letPressesThrough();
     void place();
     void watch(QWindow &window);
     void handlePress(QPoint position, PressWatch::Ground ground);
     void handleFocus(const QWindow *focused);
+    void handlePointer(QPoint position);
+    void handlePressBehind();
     void close(Cause cause);
     void forgetPresses();
     bool isClosingClick() const;
@@ -78,6 +91,11 @@ private:
     std::unique_ptr<Panel> m_panel;
     std::unique_ptr<PressWatch> m_presses;
     std::unique_ptr<CompositionWatch> m_composition;
+    MakeBackdrop m_makeBackdrop;
+    std::unique_ptr<PanelBackdrop> m_backdrop;
+    SingleShot m_searchTimer; ///< while the pointer is looked for
+    QPoint m_fromPointer;
+    std::optional<QPoint> m_place; ///< of the item, as a backdrop found it last
     std::optional<QPoint> m_anchor;
     QSize m_naturalSize;
     bool m_isHeld = false;

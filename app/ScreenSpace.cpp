@@ -42,13 +42,4 @@ const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native)
     return screens.first();
 }
 
-bool hasScreenAbove(const ScreenSpace &screen, const QList<ScreenSpace> &screens)
-{
-    const QRect own = screen.nativeGeometry();
-    return std::any_of(screens.begin(), screens.end(), [&own](const ScreenSpace &other) {
-        const QRect native = other.nativeGeometry();
-        return native.bottom() < own.top() && native.left() <= own.right() && native.right() >= own.left();
-    });
-}
-
 } // namespace glimmet

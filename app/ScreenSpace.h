@@ -21,7 +21,4 @@ struct ScreenSpace {
 /// The screen that holds the native position, else the first one. `screens` is not empty.
 const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native);
 
-/// True where another screen lies above some part of `screen`.
-bool hasScreenAbove(const ScreenSpace &screen, const QList<ScreenSpace> &screens);
-
 } // namespace glimmet

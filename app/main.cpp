@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/LayerBackdrop.h"
 #include "app/MenuBar.h"
 #include "app/PanelController.h"
 #include "app/Restart.h"
@@ -24,6 +25,7 @@
 #include "platform/desktop/XDisplay.h"
 #include "platform/keys/KeychainHelper.h"
 #include "platform/net/HttpClient.h"
+#include "platform/wayland/WaylandConnection.h"
 #include "prices/CryptoService.h"
 #include "revenue/RevenueServices.h"
 
@@ -75,6 +77,11 @@ std::unique_ptr<LoginItem> makeLoginItem(const SessionBus &bus)
     return std::make_unique<AutostartLoginItem>(AutostartLoginItem::defaultFolder(), program);
 }
 
+std::unique_ptr<PanelBackdrop> makeBackdrop(WaylandConnection &wayland)
+{
+    return needsLayers(wayland) ? std::make_unique<LayerBackdrop>(wayland) : nullptr;
+}
+
 /// Everything meets here. Returns the exit status once the program has quit.
 int run(DiagnosticLog &log, Restart &restart)
 {
@@ -102,13 +109,15 @@ int run(DiagnosticLog &log, Restart &restart)
     TickerViewModel ticker({ clock, region, timers, preferences, &prices, &revenue, &keys, readClocks });
     SystemBus systemBus;
     UpdaterViewModel updater({ systemBus, bus, timers, clock, QCoreApplication::applicationFilePath() });
-    MenuBar menuBar(menuBarHosts(bus, timers, steadyClock), timers);
+    WaylandConnection wayland;
+    MenuBar menuBar(menuBarHosts(bus, timers, steadyClock, wayland), timers);
     const std::unique_ptr<LoginItem> loginItem = makeLoginItem(bus);
     GnomeExtension topBar(bus, QStringLiteral("glimmet@kerno.me"));
     PanelController panel(ticker,
         { *loginItem, [&] { updater.checkForUpdates(); }, [&](const QString &line) { log.plainLine(line); },
             &topBar },
         timers, steadyClock);
+    panel.setBackdrops([&wayland] { return makeBackdrop(wayland); });
     keys.setDialogParent([&panel] { return panel.windowId(); });
     UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;
@@ -129,7 +138,8 @@ int run(DiagnosticLog &log, Restart &restart)
 
     QObject::connect(&ticker, &TickerViewModel::modeChanged, &menuBar, showMode);
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
-    QObject::connect(&menuBar, &MenuBar::clicked, &panel, [&] { panel.toggle(menuBar.anchor()); });
+    QObject::connect(&menuBar, &MenuBar::clicked, &panel,
+        [&] { panel.toggle(menuBar.anchor(), menuBar.anchorFromPointer()); });
     QObject::connect(&menuBar, &MenuBar::pressedElsewhere, &panel, &PanelController::pressElsewhere);
     QObject::connect(&menuBar, &MenuBar::openChosen, &panel, openPanel);
     QObject::connect(&menuBar, &MenuBar::quitChosen, &menuBar, &QCoreApplication::quit);

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -51,12 +52,31 @@ void setProperty(xcb_connection_t *x, xcb_window_t window, const QByteArray &nam
         static_cast<uint32_t>(Count), values.data());
 }
 
+/// The value of a property, as bytes; empty where there is none.
+QByteArray property(xcb_connection_t *x, xcb_window_t window, const QByteArray &name)
+{
+    constexpr uint32_t most = 64; // in units of four bytes
+    const auto cookie = xcb_get_property(x, 0, window, atom(x, name), XCB_GET_PROPERTY_TYPE_ANY, 0, most);
+    const auto reply = owned(xcb_get_property_reply(x, cookie, nullptr));
+    if (!reply)
+        return {};
+    return { static_cast<const char *>(xcb_get_property_value(reply.get())),
+        xcb_get_property_value_length(reply.get()) };
+}
+
+/// The window by which the window manager tells of itself.
+xcb_window_t windowManager(xcb_connection_t *x)
+{
+    const QByteArray value = property(x, rootWindow(x), "_NET_SUPPORTING_WM_CHECK");
+    xcb_window_t window = XCB_WINDOW_NONE;
+    if (value.size() == sizeof(window))
+        std::memcpy(&window, value.constData(), sizeof(window));
+    return window;
+}
+
 bool hasWindowManager(xcb_connection_t *x)
 {
-    const auto cookie =
-        xcb_get_property(x, 0, rootWindow(x), atom(x, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
-    const auto reply = owned(xcb_get_property_reply(x, cookie, nullptr));
-    return reply && xcb_get_property_value_length(reply.get()) > 0;
+    return windowManager(x) != XCB_WINDOW_NONE;
 }
 
 bool isTimeOf(const xcb_generic_event_t *event, xcb_window_t window)
@@ -107,21 +127,23 @@ void askForActivation(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t 
 
 } // namespace
 
-void makeTopBar(const QWindow &window, const QRect &geometry, Reserve reserve)
+void makeTopBar(const QWindow &window)
 {
     xcb_connection_t *x = connection();
     if (x == nullptr)
         return;
-    const xcb_window_t id = idOf(window);
-    const auto reserved = static_cast<uint32_t>(reserve == Reserve::Space ? geometry.bottom() + 1 : 0);
-    const auto left = static_cast<uint32_t>(geometry.left());
-    const auto right = static_cast<uint32_t>(geometry.right());
-    setProperty(
-        x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_DOCK") });
-    setProperty(x, id, "_NET_WM_STRUT", XCB_ATOM_CARDINAL, std::array<uint32_t, 4>{ 0, 0, reserved, 0 });
-    setProperty(x, id, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
-        std::array<uint32_t, 12>{ 0, 0, reserved, 0, 0, 0, 0, 0, left, right, 0, 0 });
+    setProperty(x, idOf(window), "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+        std::array{ atom(x, "_NET_WM_WINDOW_TYPE_DOCK") });
     xcb_flush(x);
+}
+
+bool isWlroots()
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return false;
+    const xcb_window_t manager = windowManager(x);
+    return manager != XCB_WINDOW_NONE && property(x, manager, "_NET_WM_NAME") == "wlroots wm";
 }
 
 void makeDropDown(const QWindow &window)
@@ -130,6 +152,15 @@ void makeDropDown(const QWindow &window)
     if (x == nullptr)
         return;
     const xcb_window_t id = idOf(window);
+    if (isWlroots()) {
+        // Of the kinds of windows only this one gets the keyboard then.
+        const std::array<uint32_t, 1> isUnmanaged{ 1 };
+        xcb_change_window_attributes(x, id, XCB_CW_OVERRIDE_REDIRECT, isUnmanaged.data());
+        setProperty(
+            x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_NORMAL") });
+        xcb_flush(x);
+        return;
+    }
     setProperty(
         x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_UTILITY") });
     setProperty(x, id, "_NET_WM_STATE", XCB_ATOM_ATOM,
@@ -146,7 +177,10 @@ void giveFocus(const QWindow &window)
     const xcb_timestamp_t time = serverTime();
     if (hasWindowManager(x))
         askForActivation(x, idOf(window), time);
-    else
+    // A window that it does not manage is left without the X server's own focus.
+    if (isWlroots())
+        xcb_grab_keyboard(x, 0, idOf(window), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    else if (!hasWindowManager(x))
         xcb_set_input_focus(x, XCB_INPUT_FOCUS_PARENT, idOf(window), time);
     xcb_flush(x);
 }

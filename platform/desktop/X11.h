@@ -14,16 +14,15 @@
 /// thread.
 namespace glimmet::X11 {
 
-/// Whether a bar keeps other windows off its place. Where another screen lies above it must not: reservations
-/// count from the upper edge of all screens together.
-enum class Reserve { Space, Nothing };
+/// Has the window stand like a bar, above others, on every desktop. Call before it is shown.
+void makeTopBar(const QWindow &window);
 
-/// Shows the window as a bar at the upper edge of its screen. `geometry`: the window's, in native pixels.
-/// Call before it is shown.
-void makeTopBar(const QWindow &window, const QRect &geometry, Reserve reserve);
+/// Whether the X server stands in a Wayland compositor of the wlroots kind, which centres, tiles or ignores
+/// what a window asks for, and does not tell where the pointer is.
+bool isWlroots();
 
-/// Keeps the window out of task bars and pagers, above others and without the window manager's animations.
-/// Call before it is shown.
+/// Keeps the window out of task bars and pagers, above others and without the window manager's animations;
+/// past a window manager that would put it elsewhere. Call before it is shown.
 void makeDropDown(const QWindow &window);
 
 /// Gives the window the keyboard, also against a window manager's protection against stolen focus: the user

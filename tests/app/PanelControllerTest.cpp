@@ -1,4 +1,5 @@
 #include "app/PanelController.h"
+#include "app/PanelBackdrop.h"
 #include "tests/support/MemoryLoginItem.h"
 #include "tests/support/TestWorld.h"
 
@@ -201,6 +202,137 @@ TEST_F(PanelControllerTest, goesOnListeningWhereItIsOpenedAgain)
     click();
 
     EXPECT_EQ(world.timers.running().size(), whileClosed - 1);
+}
+
+/// A desktop where the X server knows neither the pointer nor presses.
+class PanelBeforeABackdrop : public PanelControllerTest {
+protected:
+    struct Backdrop final : PanelBackdrop {
+        explicit Backdrop(PanelBeforeABackdrop &owner)
+            : test(owner)
+        {
+            test.backdrop = this;
+        }
+        ~Backdrop() override { test.backdrop = nullptr; }
+        Q_DISABLE_COPY_MOVE(Backdrop)
+
+        void letThrough(const QRect &place) override { test.hole = place; }
+        void setOpen(bool isOpen) override { test.isOpen = isOpen; }
+
+        PanelBeforeABackdrop &test;
+    };
+
+    PanelBeforeABackdrop()
+    {
+        controller.setBackdrops([this] { return std::make_unique<Backdrop>(*this); });
+    }
+
+    void find(QPoint pointer)
+    {
+        emit backdrop->pointerFound(pointer);
+        QCoreApplication::processEvents();
+    }
+    void pressBehind()
+    {
+        emit backdrop->pressed();
+        QCoreApplication::processEvents();
+    }
+
+    Backdrop *backdrop = nullptr;
+    QRect hole;
+    bool isOpen = false;
+};
+
+TEST_F(PanelBeforeABackdrop, opensWhereThePointerIsFound)
+{
+    click();
+    EXPECT_FALSE(controller.isOpen());
+    ASSERT_NE(backdrop, nullptr);
+
+    find({ 400, 30 });
+
+    ASSERT_TRUE(controller.isOpen());
+    EXPECT_EQ(hole.x() + hole.width() / 2, 400);
+    EXPECT_EQ(hole.top(), 34);
+}
+
+TEST_F(PanelBeforeABackdrop, opensAsFarFromThePointerAsTheItemWants)
+{
+    controller.toggle(std::nullopt, { 10, 13 });
+
+    find({ 400, 13 });
+
+    EXPECT_EQ(hole.x() + hole.width() / 2, 410);
+    EXPECT_EQ(hole.top(), 30);
+}
+
+TEST_F(PanelBeforeABackdrop, opensWhereItWasLastIfThePointerIsNotFound)
+{
+    click();
+    find({ 400, 30 });
+    const QRect before = hole;
+    click();
+    ASSERT_FALSE(controller.isOpen());
+
+    click();
+    world.timers.advance(599ms);
+    EXPECT_FALSE(controller.isOpen());
+    world.timers.advance(1ms);
+
+    EXPECT_TRUE(controller.isOpen());
+    EXPECT_EQ(hole, before);
+}
+
+TEST_F(PanelBeforeABackdrop, opensWithoutAClickWhereItWasLast)
+{
+    click();
+    find({ 400, 30 });
+    const QRect before = hole;
+    click();
+
+    controller.open(QPoint(10, 10));
+
+    EXPECT_TRUE(controller.isOpen());
+    EXPECT_EQ(hole, before);
+}
+
+TEST_F(PanelBeforeABackdrop, looksForThePointerOnceForSeveralClicks)
+{
+    click();
+    PanelBackdrop *first = backdrop;
+    click();
+    EXPECT_EQ(backdrop, first);
+    find({ 400, 30 });
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelBeforeABackdrop, closesByAPressOnItAndTakesItAway)
+{
+    click();
+    find({ 400, 30 });
+
+    pressBehind();
+
+    EXPECT_FALSE(controller.isOpen());
+    EXPECT_EQ(backdrop, nullptr);
+    click();
+    find({ 400, 30 });
+    EXPECT_TRUE(controller.isOpen());
+}
+
+TEST_F(PanelBeforeABackdrop, letsPressesThroughToADialogOfItsOwn)
+{
+    click();
+    find({ 400, 30 });
+    EXPECT_FALSE(isOpen);
+
+    controller.setHeld(true);
+    EXPECT_TRUE(isOpen);
+    pressBehind();
+    EXPECT_TRUE(controller.isOpen());
+
+    controller.setHeld(false);
+    EXPECT_FALSE(isOpen);
 }
 
 } // namespace

@@ -10,17 +10,6 @@ ScreenSpace screen(QRect geometry, double scale = 1, int topBar = 27)
     return { geometry, geometry.adjusted(0, topBar, 0, 0), scale };
 }
 
-TEST(ScreenSpace, knowsWhetherAnotherScreenLiesAbove)
-{
-    const ScreenSpace lower = screen({ 0, 400, 1280, 400 });
-    const ScreenSpace upper = screen({ 200, 0, 640, 400 });
-    const ScreenSpace beside = screen({ 1280, 0, 640, 400 });
-
-    EXPECT_TRUE(hasScreenAbove(lower, { lower, upper }));
-    EXPECT_FALSE(hasScreenAbove(upper, { lower, upper }));
-    EXPECT_FALSE(hasScreenAbove(lower, { lower, beside }));
-}
-
 TEST(ScreenSpace, turnsNativePositionsIntoLogicalOnesFromTheScreensOrigin)
 {
     const ScreenSpace right = screen({ 2560, 0, 1280, 800 }, 2);

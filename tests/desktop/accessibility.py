@@ -50,6 +50,11 @@ class Node:
         return self.has_state(4)
 
     @property
+    def active(self):
+        """Whether a window has the keyboard."""
+        return self.has_state(1)
+
+    @property
     def focused(self):
         return self.has_state(12)
 

@@ -4,7 +4,8 @@
         desktop.start("program", ["some-program"])
         desktop.screen.screenshot("picture.png")
 
-Two kinds: "strip" has a window manager and no host for menu-bar items, "gnome" a GNOME Shell with one. Nothing of
+Three kinds: "strip" has a window manager and no host for menu-bar items, "gnome" a GNOME Shell with one, "sway" a
+Wayland compositor without one. Nothing of
 it outlives the `with` block, and nothing of the user's own session reaches into it."""
 
 import os
@@ -20,7 +21,7 @@ import gi
 
 gi.require_version("Gio", "2.0")
 
-from desktop import gnome, settings_portal
+from desktop import gnome, settings_portal, sway
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import connect_when_there
 from desktop.processes import REQUESTS_TO_END, DesktopError, Processes, wait_for
@@ -28,7 +29,7 @@ from desktop.screen import Screen
 
 from gi.repository import GLib
 
-KINDS = ("strip", "gnome")
+KINDS = ("strip", "gnome", "sway")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
 KEYRING = "org.freedesktop.secrets"
@@ -105,18 +106,22 @@ class VirtualDesktop:
         } | self._environment_of_kind()
 
     def _environment_of_kind(self):
+        if self.kind == "sway":
+            return sway.ENVIRONMENT
         if self.kind != "gnome":
             return {}
         return gnome.WAYLAND_ENVIRONMENT if self._is_wayland else gnome.ENVIRONMENT
 
     def _start_parts(self):
-        if not self._is_wayland:
+        if self.kind != "sway" and not self._is_wayland:
             self.environment["DISPLAY"] = self.start_screen("screen", "-noreset")
             self.screen = Screen(self.environment, self._size)
         self.start_session_bus()
         if self.kind == "gnome":
             gnome.start_system_bus(self)
             self._start_shell()
+        elif self.kind == "sway":
+            sway.start(self, self._size)
         else:
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.

@@ -24,15 +24,48 @@ class Strip(DesktopCase):
         self.assertGreater(self.shown_after, 4)
         self.assertLess(self.shown_after, 8)
 
-    def test_lies_at_the_top_edge_over_the_whole_width(self):
-        self.assertEqual((self.strip.x, self.strip.y), (0, 0))
-        self.assertEqual(self.strip.width, self.screen.area.width)
+    def test_lies_at_the_top_edge_as_wide_as_its_text(self):
+        self.assertEqual(self.strip.y, 0)
+        self.assertLess(self.strip.width, 160)
+        self.assertGreater(self.strip.x, self.screen.area.width * 3 // 4)
+        self.assertLess(self.strip.right, self.screen.area.width - 100, "over the buttons of a window in the corner")
 
-    def test_keeps_other_windows_off_its_place(self):
-        x, y, width, height = map(int, re.findall(r"\d+", self.screen.root_property("_NET_WORKAREA"))[:4])
+    def work_area(self):
+        return Area(*map(int, re.findall(r"\d+", self.screen.root_property("_NET_WORKAREA"))[:4]))
 
-        self.assertEqual((x, y), (0, self.strip.bottom))
-        self.assertEqual((width, y + height), (self.screen.area.width, self.screen.area.height))
+    def test_takes_no_space_from_other_windows(self):
+        self.assertEqual(self.work_area(), self.screen.area)
+
+    def test_stands_below_a_bar_that_comes_and_back_where_it_goes(self):
+        width, height = self.screen.area.width, self.screen.area.height
+        self.addCleanup(self.tell_work_area, 0, 0, width, height)
+        self.tell_work_area(0, 40, width, height - 40)
+        wait_for(lambda: self.screen.area_of(STRIP).y == 40, 10, "the strip below the bar")
+
+        self.assert_under(self.glimmet.open_panel(), self.screen.area_of(STRIP))
+        self.glimmet.close_panel()
+
+        self.tell_work_area(0, 0, width, height)
+        wait_for(lambda: self.screen.area_of(STRIP).y == 0, 10, "the strip at the edge")
+
+    def tell_work_area(self, *area):
+        """As the window manager does for a bar."""
+        self.screen.run("xprop", "-root", "-f", "_NET_WORKAREA", "32c", "-set", "_NET_WORKAREA",
+                        ",".join(map(str, area * 4)))
+
+    def test_is_dragged_along_the_edge_and_no_further(self):
+        x, y = self.strip.middle
+
+        self.screen.drag((x, y), (x - 500, y + 300))
+
+        moved = wait_for(lambda: next((area for area in [self.screen.area_of(STRIP)]
+                                       if abs(area.x - self.strip.x + 500) < 24), None), 10, "the strip elsewhere")
+        self.assertEqual(moved.y, 0)
+        self.assertFalse(self.glimmet.is_panel_open())
+        self.assert_under(self.glimmet.open_panel(), moved)
+        self.glimmet.close_panel()
+        self.screen.drag(moved.middle, (0, y))
+        wait_for(lambda: self.screen.area_of(STRIP).x == 0, 10, "the strip at the edge's beginning")
 
     def test_shows_a_text_that_changes_each_second(self):
         pictures = set()
@@ -48,7 +81,7 @@ class Strip(DesktopCase):
 
     def brightness(self):
         """Of the strip's left end, where no text is, from 0 to 255."""
-        return max(self.screen.pixels(Area(0, self.strip.y, 20, self.strip.height)))
+        return max(self.screen.pixels(Area(self.strip.x, self.strip.y, 8, self.strip.height)))
 
     def test_follows_the_desktop_from_light_to_dark_and_back(self):
         self.addCleanup(self.desktop.prefer, "light")
@@ -64,7 +97,6 @@ class Strip(DesktopCase):
             panel = self.glimmet.open_panel()
             self.assert_under(panel, self.strip)
             self.assert_on_screen(panel)
-            self.assertGreater(panel.right, self.screen.area.width * 3 // 4)
             self.screen.click(*self.glimmet.click_point())
             self.screen.wait_until_gone(PANEL)
 

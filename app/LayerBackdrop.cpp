@@ -1,0 +1,97 @@
+#include "app/LayerBackdrop.h"
+
+#include "platform/desktop/X11.h"
+#include "platform/wayland/LayerSurface.h"
+#include "platform/wayland/WaylandConnection.h"
+
+namespace glimmet {
+
+/// One output with what lies over it.
+struct LayerBackdrop::Cover {
+    Cover(WaylandConnection &connection, const WaylandOutput &output)
+        : geometry(output.geometry)
+        , free(connection, &output, place(LayerShellProtocol::Zone::BesideBars))
+        , all(connection, &output, place(LayerShellProtocol::Zone::OverBars))
+    {
+    }
+
+    static LayerPlace place(LayerShellProtocol::Zone zone)
+    {
+        LayerPlace place;
+        place.layer = LayerShellProtocol::Layer::Overlay;
+        place.zone = zone;
+        return place;
+    }
+
+    QRect geometry;
+    LayerSurface free; ///< never shown: the compositor tells by its size how much the bars leave
+    LayerSurface all;
+};
+
+bool needsLayers(const WaylandConnection &connection)
+{
+    // Others that have layers put a window where it asks to be.
+    return connection.hasLayers() && X11::isWlroots();
+}
+
+QPoint besideBar(QPoint pointer, const QRect &output, QSize free)
+{
+    const int bars = free.isEmpty() ? 0 : output.height() - free.height();
+    const int bottom = output.top() + output.height();
+    if (pointer.y() < output.top() + bars)
+        return { pointer.x(), output.top() + bars };
+    if (pointer.y() >= bottom - bars)
+        return { pointer.x(), bottom - bars };
+    return pointer;
+}
+
+LayerBackdrop::LayerBackdrop(WaylandConnection &connection, QObject *parent)
+    : PanelBackdrop(parent)
+    , m_connection(connection)
+{
+    connect(&connection, &WaylandConnection::changed, this, &LayerBackdrop::coverAll);
+    coverAll();
+}
+
+LayerBackdrop::~LayerBackdrop() = default;
+
+void LayerBackdrop::letThrough(const QRect &place)
+{
+    m_hole = place;
+    for (const auto &cover : m_covers)
+        takePresses(*cover);
+}
+
+void LayerBackdrop::setOpen(bool isOpen)
+{
+    m_isOpen = isOpen;
+    for (const auto &cover : m_covers)
+        takePresses(*cover);
+}
+
+void LayerBackdrop::coverAll()
+{
+    m_covers.clear();
+    if (!m_connection.hasLayers())
+        return;
+    for (const WaylandOutput *output : m_connection.outputs()) {
+        m_covers.push_back(std::make_unique<Cover>(m_connection, *output));
+        Cover &cover = *m_covers.back();
+        connect(&cover.all, &LayerSurface::configured, this, [this, &cover] { takePresses(cover); });
+        connect(&cover.all, &LayerSurface::pressed, this, &LayerBackdrop::pressed);
+        connect(&cover.all, &LayerSurface::pointerMoved, this, [this, &cover](QPointF position) {
+            const QPoint pointer = cover.geometry.topLeft() + position.toPoint();
+            emit pointerFound(besideBar(pointer, cover.geometry, cover.free.size()));
+        });
+    }
+}
+
+void LayerBackdrop::takePresses(Cover &cover) const
+{
+    QRegion area;
+    if (!m_isOpen)
+        area = QRegion(QRect(QPoint(), cover.geometry.size())) - m_hole.translated(-cover.geometry.topLeft());
+    cover.all.showNothing(area);
+}
+
+} // namespace glimmet

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/PanelBackdrop.h"
+
+#include <QSize>
+
+#include <memory>
+#include <vector>
+
+namespace glimmet {
+
+class LayerSurface;
+class WaylandConnection;
+struct WaylandOutput;
+
+/// Whether the compositor puts windows where it likes, and tells of the pointer only on its layers, which it
+/// has.
+bool needsLayers(const WaylandConnection &connection);
+
+/// Where a panel drops down from if the pointer is at `pointer` on an output of this geometry, of which
+/// `free` is not taken by bars: the inner edge of the bar under the pointer, else the pointer itself.
+QPoint besideBar(QPoint pointer, const QRect &output, QSize free);
+
+/// A clear surface over every output of a Wayland compositor, also over its bars.
+class LayerBackdrop final : public PanelBackdrop {
+    Q_OBJECT
+
+public:
+    /// `connection` outlives it and has layers.
+    explicit LayerBackdrop(WaylandConnection &connection, QObject *parent = nullptr);
+    ~LayerBackdrop() override;
+
+    void letThrough(const QRect &place) override;
+    void setOpen(bool isOpen) override;
+
+private:
+    struct Cover;
+
+    void coverAll();
+    void takePresses(Cover &cover) const;
+
+    WaylandConnection &m_connection;
+    std::vector<std::unique_ptr<Cover>> m_covers;
+    QRect m_hole;
+    bool m_isOpen = false;
+};
+
+} // namespace glimmet

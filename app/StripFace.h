@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/desktop/ColorScheme.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QString>
+
+#include <optional>
+
+namespace glimmet {
+
+/// The strip on the screen, for as long as it is shown. Main thread.
+class StripFace : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    virtual void setText(const QString &text) = 0;
+    virtual void setColorScheme(ColorScheme scheme) = 0;
+    /// Where the panel drops down from, in native pixels: the middle of the lower edge. None where only the
+    /// pointer's place tells.
+    virtual std::optional<QPoint> anchor() const = 0;
+    /// From the pointer at the last click to there, in native pixels.
+    virtual QPoint anchorFromPointer() const { return {}; }
+
+signals:
+    void clicked();
+    /// The user has dragged it to this distance of its right end from the screen's, in logical pixels.
+    void dragged(int inset);
+};
+
+} // namespace glimmet

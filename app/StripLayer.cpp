@@ -1,0 +1,156 @@
+#include "app/StripLayer.h"
+
+#include "platform/wayland/LayerSurface.h"
+#include "platform/wayland/WaylandConnection.h"
+
+#include <QImage>
+#include <QPainter>
+
+namespace glimmet {
+
+StripLayer::StripLayer(WaylandConnection &connection, int inset)
+    : m_connection(connection)
+    , m_inset(inset)
+{
+    connect(&connection, &WaylandConnection::changed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
+    makeSurface();
+}
+
+StripLayer::~StripLayer() = default;
+
+void StripLayer::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    fit();
+    draw();
+}
+
+void StripLayer::setColorScheme(ColorScheme scheme)
+{
+    m_scheme = scheme;
+    draw();
+}
+
+void StripLayer::makeSurface()
+{
+    m_surface.reset();
+    m_dragged.reset();
+    m_cover.reset();
+    m_size = { 0, 0 };
+    if (!m_connection.hasLayers())
+        return;
+    const LayerPlace where = place();
+    m_surface = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);
+    connect(m_surface.get(), &LayerSurface::configured, this, &StripLayer::draw);
+    connect(m_surface.get(), &LayerSurface::pressed, this, &StripLayer::handlePress);
+    connect(m_surface.get(), &LayerSurface::pointerMoved, this,
+        [this](QPointF position) { handleMove(m_pressedStart + position.toPoint().x()); });
+    connect(m_surface.get(), &LayerSurface::released, this, &StripLayer::handleRelease);
+}
+
+LayerPlace StripLayer::place()
+{
+    m_size = stripSize(m_text, m_size.width(), length());
+    LayerPlace place;
+    place.edges = LayerShellProtocol::TopEdge | LayerShellProtocol::RightEdge;
+    place.size = m_size;
+    place.marginRight = stripInset(length(), m_size.width(), m_inset);
+    return place;
+}
+
+void StripLayer::fit()
+{
+    if (!m_connection.hasLayers())
+        return;
+    LayerPlace where = place();
+    if (!m_dragged) {
+        m_surface->setPlace(where);
+        return;
+    }
+    where.takesPointer = false;
+    m_dragged->setPlace(where);
+}
+
+void StripLayer::draw()
+{
+    LayerSurface *seen = m_dragged ? m_dragged.get() : m_surface.get();
+    if (seen == nullptr || seen->size().isEmpty() || !m_connection.hasLayers())
+        return;
+    const int scale = m_connection.outputs().front()->scale;
+    QImage picture(m_size * scale, QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scale);
+    QPainter painter(&picture);
+    paintStrip(painter, m_size, m_text, m_scheme);
+    painter.end();
+    seen->show(picture);
+}
+
+int StripLayer::length() const
+{
+    return m_connection.outputs().front()->geometry.width();
+}
+
+void StripLayer::cover()
+{
+    LayerPlace place;
+    place.layer = LayerShellProtocol::Layer::Overlay;
+    place.zone = LayerShellProtocol::Zone::OverBars;
+    m_cover = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), place);
+    connect(m_cover.get(), &LayerSurface::configured, this,
+        [this] { m_cover->showNothing(QRect(QPoint(), m_cover->size())); });
+    connect(m_cover.get(), &LayerSurface::pointerMoved, this,
+        [this](QPointF position) { handleMove(position.toPoint().x()); });
+    connect(m_cover.get(), &LayerSurface::released, this, &StripLayer::handleRelease);
+}
+
+void StripLayer::handlePress(QPointF position)
+{
+    if (!m_connection.hasLayers())
+        return;
+    m_anchorFromPointer = QPoint(m_size.width() / 2, m_size.height()) - position.toPoint();
+    m_inset = stripInset(length(), m_size.width(), m_inset);
+    m_pressedStart = length() - m_inset - m_size.width();
+    m_press.begin(m_pressedStart + position.toPoint().x(), m_inset);
+    cover();
+}
+
+void StripLayer::handleMove(int along)
+{
+    const std::optional<int> inset = m_press.moveTo(along);
+    if (!inset || !m_connection.hasLayers())
+        return;
+    m_inset = stripInset(length(), m_size.width(), *inset);
+    if (!m_dragged)
+        beginDrag();
+    fit();
+    emit dragged(m_inset);
+}
+
+void StripLayer::beginDrag()
+{
+    LayerPlace where = place();
+    where.takesPointer = false;
+    m_dragged = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);
+    connect(m_dragged.get(), &LayerSurface::configured, this, &StripLayer::draw);
+    m_surface->showNothing(QRect(QPoint(), m_surface->size()));
+}
+
+void StripLayer::handleRelease()
+{
+    // Later: what is taken away may be what tells of it.
+    const bool isClick = m_press.end();
+    QMetaObject::invokeMethod(
+        this,
+        [this, isClick] {
+            m_cover.reset();
+            if (m_dragged)
+                makeSurface();
+            if (isClick)
+                emit clicked();
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace glimmet

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/desktop/ColorScheme.h"
+
+#include <QSize>
+#include <QString>
+
+#include <optional>
+
+class QPainter;
+
+namespace glimmet {
+
+/// How large the strip is for a text, in logical pixels: as wide as the text, up to `most`. One that is
+/// `current` pixels wide already becomes narrower only by a good deal, so that it stands still under a clock.
+QSize stripSize(const QString &text, int current, int most);
+
+/// The text on the whole of a strip of that size.
+void paintStrip(QPainter &painter, QSize size, const QString &text, ColorScheme scheme);
+
+/// How far from the end of an edge of `length` pixels a strip of that width ends that is wanted at `inset`:
+/// it stays wholly on the edge.
+int stripInset(int length, int width, int inset);
+
+/// One press on the strip: a click, or a drag along the edge. Positions are along that edge and do not move
+/// with the strip, in logical pixels.
+class StripPress {
+public:
+    /// `inset`: the strip's then.
+    void begin(int position, int inset);
+    /// The strip's inset from now on; none as long as it may still be a click.
+    std::optional<int> moveTo(int position);
+    /// True where it was a click.
+    bool end();
+
+private:
+    bool m_isDown = false;
+    bool m_isDrag = false;
+    int m_position = 0;
+    int m_inset = 0;
+};
+
+} // namespace glimmet

@@ -1,0 +1,120 @@
+#include "app/StripWindow.h"
+
+#include "app/Screens.h"
+#include "platform/desktop/X11.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <utility>
+
+namespace glimmet {
+
+class StripWindow::Window final : public QRasterWindow {
+public:
+    explicit Window(StripWindow &strip)
+        : m_strip(strip)
+    {
+        setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::WindowStaysOnTopHint);
+        setTitle(QStringLiteral("glimmet strip"));
+    }
+
+    QString text;
+    ColorScheme scheme = ColorScheme::Light;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        paintStrip(painter, size(), text, scheme);
+    }
+    void mousePressEvent(QMouseEvent *event) override
+    {
+        m_strip.m_press.begin(along(event), m_strip.m_inset);
+    }
+    void mouseMoveEvent(QMouseEvent *event) override { m_strip.handleMove(along(event)); }
+    void mouseReleaseEvent(QMouseEvent *) override
+    {
+        if (m_strip.m_press.end())
+            emit m_strip.clicked();
+    }
+
+private:
+    static int along(const QMouseEvent *event) { return event->globalPosition().toPoint().x(); }
+
+    StripWindow &m_strip;
+};
+
+StripWindow::StripWindow(int inset)
+    : m_window(std::make_unique<Window>(*this))
+    , m_inset(inset)
+{
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &StripWindow::place);
+    place();
+    X11::makeTopBar(*m_window);
+    m_window->show();
+}
+
+StripWindow::~StripWindow() = default;
+
+void StripWindow::setText(const QString &text)
+{
+    if (text == m_window->text)
+        return;
+    m_window->text = text;
+    fit();
+    m_window->update();
+}
+
+void StripWindow::setColorScheme(ColorScheme scheme)
+{
+    m_window->scheme = scheme;
+    m_window->update();
+}
+
+std::optional<QPoint> StripWindow::anchor() const
+{
+    const QRect geometry = m_window->geometry();
+    const QPoint place(geometry.center().x(), geometry.bottom() + 1);
+    return spaceOf(*m_window->screen()).toNative(QRect(place, QSize())).topLeft();
+}
+
+void StripWindow::place()
+{
+    for (const QMetaObject::Connection &connection : std::exchange(m_screenConnections, {}))
+        disconnect(connection);
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr)
+        return;
+    for (const auto change : { &QScreen::geometryChanged, &QScreen::availableGeometryChanged })
+        m_screenConnections.append(connect(screen, change, this, &StripWindow::fit));
+    fit();
+    m_window->create();
+}
+
+void StripWindow::fit()
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr)
+        return;
+    const QRect free = spaceOf(*screen).available;
+    const QSize size = stripSize(m_window->text, m_window->width(), free.width());
+    const int inset = stripInset(free.width(), size.width(), m_inset);
+    const QRect geometry(free.topLeft() + QPoint(free.width() - size.width() - inset, 0), size);
+    if (geometry != m_window->geometry())
+        m_window->setGeometry(geometry);
+}
+
+void StripWindow::handleMove(int position)
+{
+    const std::optional<int> inset = m_press.moveTo(position);
+    if (!inset)
+        return;
+    m_inset = stripInset(spaceOf(*m_window->screen()).available.width(), m_window->width(), *inset);
+    fit();
+    emit dragged(m_inset);
+}
+
+} // namespace glimmet

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/StripFace.h"
+#include "app/StripPicture.h"
+
+#include <QRasterWindow>
+
+namespace glimmet {
+
+/// The strip as a window of the X server's, at the upper edge of the primary screen, below a bar that is
+/// there.
+class StripWindow final : public StripFace {
+    Q_OBJECT
+
+public:
+    explicit StripWindow(int inset);
+    ~StripWindow() override;
+
+    void setText(const QString &text) override;
+    void setColorScheme(ColorScheme scheme) override;
+    std::optional<QPoint> anchor() const override;
+
+private:
+    class Window;
+
+    void place();
+    void fit();
+    void handleMove(int position);
+
+    std::unique_ptr<Window> m_window;
+    StripPress m_press;
+    int m_inset;
+    QList<QMetaObject::Connection> m_screenConnections;
+};
+
+} // namespace glimmet

@@ -1,0 +1,102 @@
+#include "app/StripHost.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+struct Shown {
+    int count = 0;
+    int inset = 0;
+    QString text;
+    ColorScheme scheme = ColorScheme::Light;
+    StripFace *face = nullptr;
+};
+
+class FakeFace final : public StripFace {
+public:
+    FakeFace(Shown &shown, int inset)
+        : m_shown(shown)
+    {
+        ++m_shown.count;
+        m_shown.inset = inset;
+        m_shown.face = this;
+    }
+    ~FakeFace() override
+    {
+        --m_shown.count;
+        m_shown.face = nullptr;
+    }
+    Q_DISABLE_COPY_MOVE(FakeFace)
+
+    void setText(const QString &text) override { m_shown.text = text; }
+    void setColorScheme(ColorScheme scheme) override { m_shown.scheme = scheme; }
+    std::optional<QPoint> anchor() const override { return QPoint(100, 26); }
+    QPoint anchorFromPointer() const override { return { 3, 4 }; }
+
+private:
+    Shown &m_shown;
+};
+
+class StripHostTest : public testing::Test {
+protected:
+    Shown shown;
+    StripHost host{ [this](int inset) { return std::make_unique<FakeFace>(shown, inset); } };
+};
+
+TEST_F(StripHostTest, isAlwaysAvailableAndThereOnlyWhileItIsShown)
+{
+    EXPECT_TRUE(host.isAvailable());
+    EXPECT_EQ(host.anchor(), std::nullopt);
+    EXPECT_EQ(host.anchorFromPointer(), QPoint());
+
+    host.setShown(true);
+    EXPECT_EQ(shown.count, 1);
+    EXPECT_EQ(host.anchor(), QPoint(100, 26));
+    EXPECT_EQ(host.anchorFromPointer(), QPoint(3, 4));
+
+    host.setShown(false);
+    EXPECT_EQ(shown.count, 0);
+}
+
+TEST_F(StripHostTest, comesUpWithWhatItWasToldBefore)
+{
+    host.setText(QStringLiteral("12:34"));
+    host.setColorScheme(ColorScheme::Dark);
+    host.setShown(true);
+
+    EXPECT_EQ(shown.text, QStringLiteral("12:34"));
+    EXPECT_EQ(shown.scheme, ColorScheme::Dark);
+
+    host.setText(QStringLiteral("12:35"));
+    host.setColorScheme(ColorScheme::Light);
+    EXPECT_EQ(shown.text, QStringLiteral("12:35"));
+    EXPECT_EQ(shown.scheme, ColorScheme::Light);
+}
+
+TEST_F(StripHostTest, comesBackWhereItWasDraggedTo)
+{
+    host.setShown(true);
+    EXPECT_EQ(shown.inset, 144);
+    emit shown.face->dragged(700);
+    host.setShown(false);
+
+    host.setShown(true);
+
+    EXPECT_EQ(shown.inset, 700);
+}
+
+TEST_F(StripHostTest, tellsOfAClick)
+{
+    int clicks = 0;
+    QObject::connect(&host, &MenuBarHost::clicked, &host, [&clicks] { ++clicks; });
+    host.setShown(true);
+
+    emit shown.face->clicked();
+
+    EXPECT_EQ(clicks, 1);
+}
+
+} // namespace
+} // namespace glimmet

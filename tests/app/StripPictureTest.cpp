@@ -1,0 +1,97 @@
+#include "app/StripPicture.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace glimmet {
+namespace {
+
+const QString text = QStringLiteral("12:34:56");
+
+TEST(StripPicture, isAsWideAsItsTextUpToItsEdge)
+{
+    const QSize size = stripSize(text, 0, 1280);
+
+    EXPECT_GT(size.width(), 28);
+    EXPECT_LT(size.width(), 160);
+    EXPECT_EQ(size.height(), 26);
+    EXPECT_GT(stripSize(text + text, 0, 1280).width(), size.width());
+    EXPECT_EQ(stripSize(text.repeated(100), 0, 1280).width(), 1280);
+}
+
+TEST(StripPicture, standsStillWhileItsTextIsALittleNarrower)
+{
+    const int width = stripSize(text, 0, 1280).width();
+
+    EXPECT_EQ(stripSize(QStringLiteral("11:11:11"), width, 1280).width(), width);
+    EXPECT_EQ(stripSize(text, width + 32, 1280).width(), width + 32);
+    EXPECT_EQ(stripSize(text, width + 33, 1280).width(), width);
+    EXPECT_EQ(stripSize(text, width - 1, 1280).width(), width);
+    EXPECT_EQ(stripSize(text, width + 20, width + 10).width(), width);
+}
+
+TEST(StripPicture, endsWhereItIsWantedAsFarAsTheEdgeGoes)
+{
+    EXPECT_EQ(stripInset(1000, 100, 144), 144);
+    EXPECT_EQ(stripInset(1000, 100, -5), 0);
+    EXPECT_EQ(stripInset(1000, 100, 950), 900);
+    EXPECT_EQ(stripInset(80, 100, 10), 0);
+}
+
+TEST(StripPicture, fillsItselfAndWritesInTheDesktopsLightOrDark)
+{
+    const auto painted = [](ColorScheme scheme) {
+        QImage picture(stripSize(text, 0, 1280), QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paintStrip(painter, picture.size(), text, scheme);
+        return picture;
+    };
+    const QImage light = painted(ColorScheme::Light);
+    const QImage dark = painted(ColorScheme::Dark);
+
+    EXPECT_EQ(light.pixelColor(0, 0).alpha(), 255);
+    EXPECT_GT(light.pixelColor(0, 0).lightness(), 200);
+    EXPECT_LT(dark.pixelColor(0, 0).lightness(), 80);
+    int darkest = 255;
+    for (int x = 0; x < light.width(); ++x)
+        darkest = std::min(darkest, light.pixelColor(x, 13).lightness());
+    EXPECT_LT(darkest, 100) << "no ink";
+}
+
+TEST(StripPress, isAClickWhereThePointerHardlyMoves)
+{
+    StripPress press;
+    press.begin(500, 144);
+    EXPECT_EQ(press.moveTo(504), std::nullopt);
+    EXPECT_EQ(press.moveTo(496), std::nullopt);
+    EXPECT_TRUE(press.end());
+}
+
+TEST(StripPress, dragsTheStripFromTheFirstGreaterMoveOn)
+{
+    StripPress press;
+    press.begin(500, 144);
+    EXPECT_EQ(press.moveTo(505), 139);
+    EXPECT_EQ(press.moveTo(300), 344);
+    EXPECT_EQ(press.moveTo(500), 144) << "back where it began it is a drag still";
+    EXPECT_FALSE(press.end());
+}
+
+TEST(StripPress, isNothingWithoutAPress)
+{
+    StripPress press;
+    EXPECT_EQ(press.moveTo(900), std::nullopt);
+    EXPECT_FALSE(press.end());
+    press.begin(500, 144);
+    EXPECT_TRUE(press.end());
+    EXPECT_FALSE(press.end());
+    EXPECT_EQ(press.moveTo(900), std::nullopt);
+}
+
+} // namespace
+} // namespace glimmet
