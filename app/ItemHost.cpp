@@ -162,7 +162,7 @@ void ItemHost::showOrHide()
 bool ItemHost::isWanted() const
 {
     // Where no desktop shows it, it is still where other programs read the text.
-    return m_isShown || !m_available;
+    return m_isShown || !isAvailable();
 }
 
 void ItemHost::setToolTipHidden(Cover cover, bool isHidden)
@@ -316,6 +316,7 @@ void ItemHost::handleRead(bool isOnlyTheBeginning)
         return;
     m_unseenTimer.stop();
     m_registrations = 0;
+    setOverlooked(false);
     if (!m_available)
         askForHost();
 }
@@ -324,10 +325,10 @@ void ItemHost::startOver()
 {
     if (!m_available || !m_isShown)
         return;
-    if (m_registrations >= mostRegistrations) {
-        setAvailable(false); // The strip is better than no text at all.
+    // Meanwhile the strip is better than no text at all: a watcher may tell of a host that does not run yet.
+    setOverlooked(true);
+    if (m_registrations >= mostRegistrations)
         return;
-    }
     m_isStartingOver = true;
     m_bus.reopen();
     m_isStartingOver = false;
@@ -346,9 +347,24 @@ void ItemHost::setAvailable(bool available)
 {
     if (available == m_available)
         return;
+    const bool before = isAvailable();
     m_available = available;
     if (available && m_registrations > 0)
         m_unseenTimer.start();
+    tellAvailability(before);
+}
+
+void ItemHost::setOverlooked(bool isOverlooked)
+{
+    const bool before = isAvailable();
+    m_isOverlooked = isOverlooked;
+    tellAvailability(before);
+}
+
+void ItemHost::tellAvailability(bool before)
+{
+    if (isAvailable() == before)
+        return;
     emit availabilityChanged();
     showOrHide();
 }

@@ -27,7 +27,7 @@ public:
     ~ItemHost() override;
 
     /// True while a desktop shows items.
-    bool isAvailable() const override { return m_available; }
+    bool isAvailable() const override { return m_available && !m_isOverlooked; }
     QString place() const override { return QStringLiteral("an item"); }
     void setText(const QString &text) override;
     void setMode(TickerMode mode) override;
@@ -53,6 +53,8 @@ private:
     void handleRead(bool isOnlyTheBeginning);
     void startOver();
     void setAvailable(bool available);
+    void setOverlooked(bool isOverlooked);
+    void tellAvailability(bool before);
     void choosePresentation();
     bool paintsText() const;
     void showOrHide();
@@ -92,7 +94,8 @@ private:
     QFlags<Cover> m_covers;
     bool m_isAnnounced = false;
     bool m_isStartingOver = false;
-    bool m_available = false;
+    bool m_available = false; ///< a host is there, as the watcher tells
+    bool m_isOverlooked = false; ///< it has not looked at the item in its time
     bool m_isShown = true;
     std::optional<QPoint> m_anchor;
 };

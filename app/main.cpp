@@ -159,7 +159,7 @@ int run(DiagnosticLog &log, Restart &restart)
     QObject::connect(&instance, &Instance::launchedAgain, &panel, openPanel);
     QObject::connect(&look, &DesktopLookWatch::changed, &panel, showLook);
     QObject::connect(&bus, &SessionBus::connected, &look, followLook);
-    QObject::connect(&bus, &SessionBus::lost, &menuBar,
+    QObject::connect(&bus, &SessionBus::broken, &menuBar,
         [&] { log.line(QStringLiteral("session bus: lost, trying again")); });
     QObject::connect(&quitSignals, &QuitSignals::received, &menuBar, &QCoreApplication::quit);
 

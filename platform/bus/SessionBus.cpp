@@ -36,7 +36,7 @@ void SessionBus::reopen()
     // The connection itself closes only after the last copy of it is gone, too late for its successor.
     for (const QString &name : std::as_const(m_names))
         m_connection.unregisterService(name);
-    handleDisconnected();
+    leave();
     tryToConnect();
 }
 
@@ -76,6 +76,12 @@ void SessionBus::tryToConnect()
 }
 
 void SessionBus::handleDisconnected()
+{
+    leave();
+    emit broken();
+}
+
+void SessionBus::leave()
 {
     QDBusConnection::disconnectFromBus(m_connection.name());
     m_connection = QDBusConnection(QString());

@@ -35,7 +35,10 @@ public:
 
 signals:
     void connected();
+    /// The connection is gone, also where that is wanted to begin anew.
     void lost();
+    /// The bus has ended it.
+    void broken();
 
 private slots:
     void handleDisconnected();
@@ -43,6 +46,7 @@ private slots:
 private:
     void keepTrying();
     void tryToConnect();
+    void leave();
 
     Timers &m_timers;
     QDBusConnection m_connection;

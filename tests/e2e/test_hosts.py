@@ -38,6 +38,16 @@ class Hosts(DesktopCase):
 
         self.glimmet.wait_until_running(5)
         self.assertEqual(self.desktop.bus.process_of(NAME), self.glimmet.process.pid)
+        self.assertNotIn("session bus: lost", self.glimmet.output())
+
+    def test_shows_a_strip_until_a_host_looks_that_starts_late(self):
+        self.start_watcher()
+        self.begin()
+
+        self.glimmet.wait_for_strip(12)
+
+        self.glimmet.wait_until_running(5)
+        self.screen.wait_until_gone(STRIP)
 
     def test_shows_no_strip_beside_a_host(self):
         self.start_watcher()

@@ -10,6 +10,7 @@ from desktop.screen import DOUBLE_CLICK_TIME, Area
 from desktop_case import DesktopCase
 
 BAR_HEIGHT = 30
+WIDEST_TEXT = 120
 WAYBAR = {"layer": "top", "height": BAR_HEIGHT, "modules-left": ["sway/workspaces"], "modules-right": ["tray"],
           "tray": {"icon-size": 21}}
 EMPTY_BAR = WAYBAR | {"modules-right": []}
@@ -38,7 +39,8 @@ class SwayCase(DesktopCase):
         """Returns where the running seconds of the clock are, once between these two heights."""
         def text():
             area = self.changing_area(inside or self.screen.area)
-            return area if low <= area.y and area.bottom <= high else None
+            is_bar = area.width > WIDEST_TEXT  # one that is just coming up
+            return area if low <= area.y and area.bottom <= high and not is_bar else None
 
         return wait_for(text, 15, f"a text between {low} and {high}")
 
