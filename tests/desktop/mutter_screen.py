@@ -5,7 +5,7 @@ from gi.repository import GLib
 
 from desktop.bus import connect_when_there
 from desktop.processes import wait_for
-from desktop.screen import Screen
+from desktop.screen import Screen, steps_between
 
 REMOTE = "org.gnome.Mutter.RemoteDesktop"
 SHELL = ("org.gnome.Shell", "/org/gnome/Shell", "org.gnome.Shell")
@@ -21,7 +21,7 @@ COUNT_FRAMES = """
     global.stage.queue_redraw();
     globalThis.countedFrames;
 """
-KEYS = {"Escape": 0xFF1B, "Tab": 0xFF09, "Shift_L": 0xFFE1}
+KEYS = {"End": 0xFF57, "Escape": 0xFF1B, "Tab": 0xFF09, "Shift_L": 0xFFE1}
 
 
 class MutterScreen(Screen):
@@ -45,9 +45,9 @@ class MutterScreen(Screen):
         # Places are told only by their distance from the last one: away to the corner where nothing reacts, and back.
         self._do("NotifyPointerMotionRelative", "(dd)", 10.0 * self.area.width, 10.0 * self.area.height)
         self._do("NotifyPointerMotionRelative", "(dd)", x + 1.0 - self.area.width, y + 1.0 - self.area.height)
-        self._wait_until_seen()
+        self.wait_until_seen()
 
-    def _wait_until_seen(self):
+    def wait_until_seen(self):
         """The shell handles what hands do only with its next frame, and then takes a press for one at what the pointer
         has reached by now."""
         before = self._count_frames()
@@ -57,7 +57,7 @@ class MutterScreen(Screen):
         self.move(x, y)
         for pressed in (True, False):
             self._do("NotifyPointerButton", "(ib)", BUTTONS[button], pressed)
-        self._wait_until_seen()
+        self.wait_until_seen()
 
     def key(self, *keys):
         for key in keys:
@@ -65,10 +65,21 @@ class MutterScreen(Screen):
                 self._do("NotifyKeyboardKeysym", "(ub)", KEYS[key], pressed)
 
     def drag(self, start, end):
-        raise NotImplementedError("nothing is dragged under Wayland yet")
+        self.move(*start)
+        self._do("NotifyPointerButton", "(ib)", BUTTONS[1], True)
+        x, y = start
+        for next_x, next_y in steps_between(start, end):
+            self._do("NotifyPointerMotionRelative", "(dd)", float(next_x - x), float(next_y - y))
+            self.wait_until_seen()
+            x, y = next_x, next_y
+        self._do("NotifyPointerButton", "(ib)", BUTTONS[1], False)
+        self.wait_until_seen()
 
     def type(self, text):
-        raise NotImplementedError("nothing is typed under Wayland yet")
+        for character in text:
+            for pressed in (True, False):
+                # Those of Latin-1 are their own numbers as keys too.
+                self._do("NotifyKeyboardKeysym", "(ub)", ord(character), pressed)
 
     def screenshot(self, path, area=None):
         self._take_picture()

@@ -38,6 +38,12 @@ class Area:
         return f"{self.width}x{self.height}+{self.x}+{self.y}"
 
 
+def steps_between(start, end, count=6):
+    """The places that a hand comes by on its way, with the last one."""
+    (left, top), (right, bottom) = start, end
+    return [(left + (right - left) * i // count, top + (bottom - top) * i // count) for i in range(1, count + 1)]
+
+
 class Screen:
     """Speaks to the X server named by the environment through the usual small tools."""
 
@@ -118,9 +124,7 @@ class Screen:
 
     def drag(self, start, end):
         """Presses at one place, moves as a hand does, and lets go at another."""
-        (left, top), (right, bottom) = start, end
-        steps = [(left + (right - left) * i // 6, top + (bottom - top) * i // 6) for i in range(1, 7)]
-        moves = [word for x, y in steps for word in ("mousemove", str(x), str(y))]
+        moves = [word for x, y in steps_between(start, end) for word in ("mousemove", str(x), str(y))]
         self.run("xdotool", "mousemove", *map(str, start), "mousedown", "1", *moves, "mouseup", "1")
 
     def key(self, *keys):
