@@ -16,26 +16,31 @@ xcb_window_t rootWindow(xcb_connection_t *x)
 
 void selectRawPresses(xcb_connection_t *x)
 {
-    // Raw events come to every client that asks, also during grabs of others, from version 2.1 on.
+    // Raw events come to every client that asks, also during grabs of others, from version 2.1 on; those of
+    // fingers from version 2.2 on.
     std::free(xcb_input_xi_query_version_reply(x, xcb_input_xi_query_version(x, 2, 2), nullptr));
     struct {
         xcb_input_event_mask_t head;
         uint32_t mask;
-    } selection{ { XCB_INPUT_DEVICE_ALL_MASTER, 1 }, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS };
+    } selection{ { XCB_INPUT_DEVICE_ALL_MASTER, 1 },
+        XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN };
     xcb_input_xi_select_events(x, rootWindow(x), 1, &selection.head);
     xcb_flush(x);
 }
 
-bool isRawPress(const xcb_generic_event_t *event)
-{
-    return (event->response_type & 0x7f) == XCB_GE_GENERIC
-        && reinterpret_cast<const xcb_ge_generic_event_t *>(event)->event_type == XCB_INPUT_RAW_BUTTON_PRESS;
-}
-
-bool isWheel(const xcb_generic_event_t *event)
+bool isWheel(const xcb_ge_generic_event_t *event)
 {
     const auto button = reinterpret_cast<const xcb_input_raw_button_press_event_t *>(event)->detail;
     return button >= 4 && button <= 7;
+}
+
+bool isRawPress(const xcb_generic_event_t *event)
+{
+    if ((event->response_type & 0x7f) != XCB_GE_GENERIC)
+        return false;
+    const auto *extended = reinterpret_cast<const xcb_ge_generic_event_t *>(event);
+    return extended->event_type == XCB_INPUT_RAW_TOUCH_BEGIN
+        || (extended->event_type == XCB_INPUT_RAW_BUTTON_PRESS && !isWheel(extended));
 }
 
 } // namespace
@@ -83,7 +88,7 @@ bool PressWatch::takePresses()
     using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
     bool wasPressed = false;
     while (const Event event{ xcb_poll_for_event(m_connection), &std::free })
-        wasPressed = wasPressed || (isRawPress(event.get()) && !isWheel(event.get()));
+        wasPressed = wasPressed || isRawPress(event.get());
     return wasPressed;
 }
 

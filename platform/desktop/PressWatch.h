@@ -10,9 +10,9 @@ struct xcb_connection_t;
 
 namespace glimmet {
 
-/// Tells of every press of a pointer button anywhere on the X server while it lives, without keeping the
-/// press from the window that it is meant for: a grab would swallow the click on the menu-bar item that shall
-/// close the panel. It has a connection of its own. Main thread.
+/// Tells of every press of a pointer button, and of every finger put down, anywhere on the X server while it
+/// lives, without keeping the press from the window that it is meant for: a grab would swallow the click on
+/// the menu-bar item that shall close the panel. It has a connection of its own. Main thread.
 class PressWatch : public QObject {
     Q_OBJECT
 
@@ -27,7 +27,8 @@ public:
     void catchUp();
 
 signals:
-    /// Where the pointer is now, in native pixels of the root window, and whether a window is there.
+    /// Where the pointer is now, which goes with the finger, in native pixels of the root window, and whether
+    /// a window is there.
     void pressed(QPoint position, glimmet::PressWatch::Ground ground);
 
 private:

@@ -160,6 +160,16 @@ class TouchedTopBar(TopBarCase):
 
         self.wait_until_closed()
 
+    def test_a_tap_at_a_window_closes(self):
+        other = self.desktop.start("other", ["xev"])
+        self.addCleanup(self.desktop.stop, other)
+        window = self.screen.wait_for_window("Event Tester")
+        self.open()
+
+        self.touch.tap(*window.middle)
+
+        self.wait_until_closed()
+
 
 if __name__ == "__main__":
     unittest.main()
