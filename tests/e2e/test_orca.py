@@ -197,13 +197,16 @@ class PanelByKeyboard(SpokenPanel):
 
     def test_prices(self):
         self.open("Crypto")
+        for symbol in ("BTC-USD", "ETH-USD"):
+            cross = self.glimmet.control(f"Remove {symbol}", "push button")
+            wait_for(lambda: cross.description, 30, "the reason why there is no price")
 
         self.walk("""
             Tab: Settings push button.
             Tab: Display mode panel. Crypto. selected radio button
-            Tab: Remove BTC-USD push button.
-            Tab: Remove ETH-USD push button.
-            space: Remove BTC-USD push button.
+            Tab: Remove BTC-USD push button. No network.
+            Tab: Remove ETH-USD push button. No network.
+            space: Remove BTC-USD push button. No network.
             Tab: Undo Remove ETH-USD push button.
             Tab: New symbol text. BTC, ETH-USD, AAPL…
             Tab: Add push button.

@@ -95,6 +95,8 @@ RemovableBox {
                 visible: cross.hovered || cross.pressed
             }
             Accessible.name: Wording.removing(root.symbol)
+            // The keyboard comes to nothing else of the chip.
+            Accessible.description: root.trouble
             onClicked: root.removed()
             // A double click on Undo ends here.
             onDoubleClicked: {}

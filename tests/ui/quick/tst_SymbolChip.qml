@@ -166,6 +166,8 @@ PanelTestCase {
         chip.trouble = "Not found";
 
         compare(reader.description(chip, "AAPL"), "Not found");
+        // Where the keyboard comes to.
+        compare(reader.description(chip, "Remove AAPL"), "Not found");
         compare(reader.told(chip), ["StaticText AAPL", "Button Remove AAPL"]);
     }
 
