@@ -52,6 +52,8 @@ QAccessible::State ItemAccessible::state() const
     state.offscreen = isScrolledAway(item());
     state.selectable = told("selectable").toBool();
     state.selected = told("selected").toBool();
+    state.focusable = told("focusable").toBool();
+    state.focused = state.focusable && item().hasActiveFocus();
     return state;
 }
 

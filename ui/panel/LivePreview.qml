@@ -40,8 +40,19 @@ Rectangle {
         elide: Text.ElideRight
         Accessible.name: root.spokenText
         Accessible.ignored: root.asked >= 0 || !(parent?.enabled ?? true)
+        // A stop of the Tab key only as long as the keyboard is there: from it the key goes on, and not back to it.
+        activeFocusOnTab: activeFocus
+        Accessible.focusable: activeFocus
     }
     PlainButton {
+        id: way
+
+        // The keyboard, and with it a screen reader, comes to the text that it was all about.
+        function handOn() {
+            if (activeFocus && !visible)
+                preview.forceActiveFocus(Qt.TabFocusReason);
+        }
+
         x: preview.x - Theme.rowSpacing
         width: Math.min(preview.implicitWidth * preview.scale, preview.room) + 2 * Theme.rowSpacing
         height: Math.ceil(preview.height)
@@ -53,6 +64,14 @@ Rectangle {
         Accessible.description: "Opens the API keys"
         Accessible.ignored: !visible || !(parent?.enabled ?? true)
         onClicked: root.credentialWanted(root.asked)
+        // Below a sheet it goes while the keyboard is elsewhere.
+        onActiveFocusChanged: handOn()
+        onVisibleChanged: handOn()
+    }
+    FocusRing {
+        anchors.fill: way
+        cornerRadius: way.cornerRadius
+        visible: preview.activeFocus
     }
     Announcement {
         item: preview

@@ -168,4 +168,38 @@ PanelTestCase {
         compare(reader.description(preview, "add api key"), "Opens the API keys");
         preview.asked = -1;
     }
+
+    function keyboardPlace(): string {
+        return preview.Window.activeFocusItem?.Accessible.name ?? "";
+    }
+
+    function answer() {
+        preview.asked = -1;
+        preview.text = "💰 $17.00";
+        preview.spokenText = preview.text;
+    }
+
+    function test_theKeyboardComesToTheAnswerInPlaceOfTheQuestion() {
+        ask(4);
+        all(preview, PlainButton)[0].forceActiveFocus(Qt.TabFocusReason);
+        compare(keyboardPlace(), "add api key");
+
+        answer();
+
+        compare(keyboardPlace(), "💰 $17.00");
+        compare(all(preview, FocusRing).filter(ring => ring.visible).length, 1);
+    }
+
+    function test_theKeyboardThatComesBackFindsTheAnswer() {
+        ask(4);
+        const question = all(preview, PlainButton)[0];
+        badge().forceActiveFocus(Qt.TabFocusReason);
+        answer();
+        verify(keyboardPlace() !== "💰 $17.00");
+
+        question.forceActiveFocus(Qt.TabFocusReason);
+
+        compare(keyboardPlace(), "💰 $17.00");
+        compare(all(preview, FocusRing).filter(ring => ring.visible).length, 1);
+    }
 }
