@@ -19,7 +19,7 @@ from desktop_case import DesktopCase
 
 # The words for the keys that Orca repeats when they are pressed, and with them the characters that are typed into
 # what shows them.
-ECHOES = {"tab", "space", "return", "left shift", "backspace", "escape", "delete", "F2"}
+ECHOES = {"tab", "space", "return", "left shift", "left control", "backspace", "escape", "delete", "F2"}
 OPEN_ENDS = {"#": r"\d+", "AM|PM": "(AM|PM)", "<day>": r"\w+day, \w+ \d+, \d+",
              "<details>": r"\w+ \d+, \d+, \d+:\d+ [AP]M, \d+[dh] \d+[hm] Return edits it, Delete removes it",
              # Orca 48 remembers for two seconds what it was before.
@@ -27,7 +27,7 @@ OPEN_ENDS = {"#": r"\d+", "AM|PM": "(AM|PM)", "<day>": r"\w+day, \w+ \d+, \d+",
 # `<group>` is the name of the group of choices that was entered last.
 NEWER_WORDS = [
     (r"\bpush button", "button"),
-    (r"(#|AM\|PM) spin button", r"spin button \1"),
+    (r"(#|\d+|AM\|PM) spin button", r"spin button \1"),
     (r"^(.+ panel )?(.+) (not selected|selected) radio button$", r"\1<group> \2 \3 radio button"),
 ]
 
