@@ -2,7 +2,7 @@
 
 import unittest
 
-from desktop.ibus import ENVIRONMENT, Ibus
+from desktop.ibus import EMOJI_KEY, ENVIRONMENT, JAPANESE, PLAIN, Ibus
 from desktop.processes import wait_for
 from desktop_case import DesktopCase
 
@@ -12,11 +12,13 @@ FIRST_DEFAULT_QUOTE = "stay curious ✦"
 KEY = "POLAR PERSONAL ACCESS TOKEN"
 
 
-class InputMethods(DesktopCase):
+class InputMethodCase(DesktopCase):
+    engine = None
+
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.ibus = Ibus(cls.desktop).start()
+        cls.ibus = Ibus(cls.desktop, cls.engine).start()
 
     def setUp(self):
         super().setUp()
@@ -32,6 +34,13 @@ class InputMethods(DesktopCase):
         wait_for(lambda: field.focused, 10, "the field to have the keyboard")
         return field
 
+    def wait_for_text(self, field, text):
+        wait_for(lambda: field.text == text, 10, f"“{text}” in the field")
+
+
+class InputMethods(InputMethodCase):
+    engine = JAPANESE
+
     def compose(self, field):
         before = field.text
         self.screen.key("End")
@@ -45,9 +54,6 @@ class InputMethods(DesktopCase):
         area = wait_for(self.ibus.candidates, 10, "the list of candidates")
         wait_for(lambda: COMPOSED not in field.text, 10, "a candidate in the field")
         return area
-
-    def wait_for_text(self, field, text):
-        wait_for(lambda: field.text == text, 10, f"“{text}” in the field")
 
     def settled_area(self, control):
         """Where a control is once it has come to rest."""
@@ -154,6 +160,38 @@ class InputMethods(DesktopCase):
 
         self.wait_for_text(field, "••••••")
         self.assertIsNone(self.ibus.candidates())
+
+
+class Emoji(InputMethodCase):
+    engine = PLAIN
+
+    def test_one_that_is_chosen_by_its_name_comes_into_the_text(self):
+        field = self.enter("Custom", "Custom text")
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT)
+        self.screen.key("End", EMOJI_KEY)
+        self.wait_for_text(field, CUSTOM_TEXT + "e")
+
+        self.screen.type("smile")
+        self.wait_for_text(field, CUSTOM_TEXT + "esmile")
+        self.screen.key("space")
+        self.wait_for_text(field, CUSTOM_TEXT + "e😃")
+        self.assertEqual(self.glimmet.label, CUSTOM_TEXT)
+        self.screen.key("Return")
+
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT + "😃")
+        self.wait_for_text(field, CUSTOM_TEXT + "😃")
+
+    def test_one_that_is_written_by_its_number_comes_into_the_text(self):
+        field = self.enter("Custom", "Custom text")
+        self.screen.key("End", "ctrl+shift+u")
+        self.wait_for_text(field, CUSTOM_TEXT + "u")
+
+        self.screen.type("1f60a")
+        self.wait_for_text(field, CUSTOM_TEXT + "u1f60a")
+        self.screen.key("space")
+
+        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT + "😊")
+        self.wait_for_text(field, CUSTOM_TEXT + "😊")
 
 
 if __name__ == "__main__":
