@@ -30,19 +30,16 @@ class SwayCase(DesktopCase):
         self.desktop.stop(bar)
         wait_for(lambda: not self.desktop.bus.owner(WATCHER), 10, "the bar to be gone")
 
-    def changing_area(self, inside):
-        """What changes there within a second: the text, where it shows seconds."""
-        before = self.screen.pixels(inside)
-        return wait_for(lambda: changed_area(before, self.screen.pixels(inside), inside), 15, "something to change")
+    def wait_for_text(self, low, high, left=0):
+        """Returns where the running seconds of the clock are, once between these two heights and right of `left`."""
+        place = Area(left, low, self.screen.area.right - left, high - low)
 
-    def wait_for_text(self, low, high, inside=None):
-        """Returns where the running seconds of the clock are, once between these two heights."""
         def text():
-            area = self.changing_area(inside or self.screen.area)
-            is_bar = area.width > WIDEST_TEXT  # one that is just coming up
-            return area if low <= area.y and area.bottom <= high and not is_bar else None
+            before = self.screen.pixels(place)
+            area = wait_for(lambda: changed_area(before, self.screen.pixels(place), place), 15, "something to change")
+            return area if area.width <= WIDEST_TEXT else None  # else a bar that is just coming up
 
-        return wait_for(text, 15, f"a text between {low} and {high}")
+        return wait_for(text, 30, f"a text between {low} and {high}")
 
     def assert_panel_under(self, x, y):
         """The panel hangs from the height y, has x in its width, and has the keyboard."""
@@ -86,6 +83,7 @@ class Strip(SwayCase):
     def setUp(self):
         super().setUp()
         self.launch()
+        self.wait_for_text(0, 26)  # or the strip itself, as it appears
 
     def test_is_as_wide_as_its_text_and_has_the_panel_under_it(self):
         text = self.wait_for_text(0, 26)
@@ -126,9 +124,7 @@ class Outputs(SwayCase):
         self.screen.add_output_beside()
         self.start_waybar()
         self.launch()
-        self.wait_for_text(0, BAR_HEIGHT, first)
-        beside = Area(first.width, 0, first.width, first.height)
-        text = self.wait_for_text(0, BAR_HEIGHT, beside)
+        text = self.wait_for_text(0, BAR_HEIGHT, left=first.right)
 
         self.screen.click(*text.middle)
 
