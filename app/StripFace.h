@@ -10,7 +10,7 @@
 
 namespace glimmet {
 
-/// The strip on the screen, for as long as it is shown. Main thread.
+/// The strip on the screen, from its first text on until it is destroyed. Main thread.
 class StripFace : public QObject {
     Q_OBJECT
 

@@ -13,7 +13,6 @@ StripLayer::StripLayer(WaylandConnection &connection, int inset)
     , m_inset(inset)
 {
     connect(&connection, &WaylandConnection::changed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
-    makeSurface();
 }
 
 StripLayer::~StripLayer() = default;
@@ -23,7 +22,10 @@ void StripLayer::setText(const QString &text)
     if (text == m_text)
         return;
     m_text = text;
-    fit();
+    if (m_surface)
+        fit();
+    else
+        makeSurface();
     draw();
 }
 
@@ -39,7 +41,7 @@ void StripLayer::makeSurface()
     m_dragged.reset();
     m_cover.reset();
     m_size = { 0, 0 };
-    if (!m_connection.hasLayers())
+    if (!m_connection.hasLayers() || m_text.isEmpty())
         return;
     const LayerPlace where = place();
     m_surface = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);

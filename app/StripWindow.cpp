@@ -54,7 +54,6 @@ StripWindow::StripWindow(int inset)
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &StripWindow::place);
     place();
     X11::makeTopBar(*m_window);
-    m_window->show();
 }
 
 StripWindow::~StripWindow() = default;
@@ -65,6 +64,7 @@ void StripWindow::setText(const QString &text)
         return;
     m_window->text = text;
     fit();
+    m_window->show();
     m_window->update();
 }
 

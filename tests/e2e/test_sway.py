@@ -7,12 +7,16 @@ from desktop.glimmet import PANEL, STRIP
 from desktop.panels import WATCHER, changed_area
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME, Area
-from desktop_case import DesktopCase
+from desktop_case import BINARY, DesktopCase
 
 BAR_HEIGHT = 30
 WIDEST_TEXT = 120
 WAYBAR = {"layer": "top", "height": BAR_HEIGHT, "modules-left": ["sway/workspaces"], "modules-right": ["tray"],
           "tray": {"icon-size": 21}}
+FEED = BINARY.with_name("glimmet-feed")
+FEED_BAR = WAYBAR | {"modules-right": ["custom/glimmet"],
+                     "custom/glimmet": {"exec": f"{FEED} --waybar", "return-type": "json",
+                                        "on-click": f"{FEED} --activate"}}
 EMPTY_BAR = WAYBAR | {"modules-right": []}
 
 
@@ -159,6 +163,21 @@ class Item(SwayCase):
         self.wait_for_keyboard()
         self.screen.key("Escape")
         self.screen.wait_until_gone(PANEL)
+
+
+class Feed(SwayCase):
+    def test_shows_its_text_in_waybar_with_the_panel_under_it_and_no_strip(self):
+        self.start_waybar(FEED_BAR)
+        self.launch()
+        text = self.wait_for_text(0, BAR_HEIGHT)
+
+        self.try_panel(*text.middle, BAR_HEIGHT)
+
+        self.elsewhere()
+        below = Area(0, BAR_HEIGHT, self.screen.area.width, BAR_HEIGHT)
+        before = wait_for(lambda: self.screen.pixels(below), 5, "a picture")
+        watch_for(7)
+        self.assertEqual(self.screen.pixels(below), before, "a strip")
 
 
 del SwayCase, DesktopCase
