@@ -4,7 +4,23 @@
 #include "platform/wayland/LayerSurface.h"
 #include "platform/wayland/WaylandConnection.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace glimmet {
+namespace {
+
+/// The whole pixel that holds a position on an output, whose last one may be passed by a fraction.
+QPoint pointIn(const QRect &output, QPointF position)
+{
+    const auto whole = [](qreal value, int size) {
+        return std::clamp(static_cast<int>(std::floor(value)), 0, size - 1);
+    };
+    return output.topLeft()
+        + QPoint(whole(position.x(), output.width()), whole(position.y(), output.height()));
+}
+
+} // namespace
 
 /// One output with what lies over it.
 struct LayerBackdrop::Cover {
@@ -31,12 +47,14 @@ struct LayerBackdrop::Cover {
 bool needsLayers(const WaylandConnection &connection)
 {
     // Others that have layers put a window where it asks to be.
-    return connection.hasLayers() && X11::isWlroots();
+    return connection.offersLayers() && X11::isWlroots();
 }
 
 QPoint besideBar(QPoint pointer, const QRect &output, QSize free)
 {
-    const int bars = free.isEmpty() ? 0 : output.height() - free.height();
+    // There may be one at either edge; no bar is higher than this.
+    constexpr int highestBar = 64;
+    const int bars = free.isEmpty() ? 0 : std::min(output.height() - free.height(), highestBar);
     const int bottom = output.top() + output.height();
     if (pointer.y() < output.top() + bars)
         return { pointer.x(), output.top() + bars };
@@ -78,10 +96,11 @@ void LayerBackdrop::coverAll()
         m_covers.push_back(std::make_unique<Cover>(m_connection, *output));
         Cover &cover = *m_covers.back();
         connect(&cover.all, &LayerSurface::configured, this, [this, &cover] { takePresses(cover); });
-        connect(&cover.all, &LayerSurface::pressed, this, &LayerBackdrop::pressed);
+        connect(&cover.all, &LayerSurface::pressed, this, [this] { emit pressed(); });
+        connect(&cover.all, &LayerSurface::closed, this, &LayerBackdrop::coverAll, Qt::QueuedConnection);
         connect(&cover.all, &LayerSurface::pointerMoved, this, [this, &cover](QPointF position) {
-            const QPoint pointer = cover.geometry.topLeft() + position.toPoint();
-            emit pointerFound(besideBar(pointer, cover.geometry, cover.free.size()));
+            const QPoint pointer = pointIn(cover.geometry, position);
+            emit pointerFound(pointer, besideBar(pointer, cover.geometry, cover.free.size()));
         });
     }
 }

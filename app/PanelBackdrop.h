@@ -21,8 +21,8 @@ public:
     virtual void setOpen(bool isOpen) = 0;
 
 signals:
-    /// Where the pointer is, in native pixels; over a bar, at the bar's inner edge.
-    void pointerFound(QPoint position);
+    /// Where the pointer is, in native pixels, and where that would be beside a bar under it.
+    void pointerFound(QPoint pointer, QPoint besideBar);
     void pressed();
 };
 

@@ -62,6 +62,8 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
     , m_sinceClosing(clock)
 {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &PanelController::handleFocus);
+    // What was on it may be nowhere now, with the keyboard.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { close(); });
 }
 
 PanelController::~PanelController() = default;
@@ -112,7 +114,7 @@ void PanelController::open(std::optional<QPoint> anchor)
         m_settlingTime = settlingTime;
         emit openChanged();
     }
-    X11::giveFocus(m_panel->window());
+    takeKeyboard();
 }
 
 void PanelController::close()
@@ -143,11 +145,28 @@ void PanelController::prepareBackdrop()
         Qt::QueuedConnection);
 }
 
-void PanelController::handlePointer(QPoint position)
+X11::Placing PanelController::placing() const
+{
+    return m_backdrop ? X11::Placing::Unmanaged : X11::Placing::Managed;
+}
+
+void PanelController::takeKeyboard()
+{
+    X11::giveFocus(m_panel->window(), placing());
+}
+
+void PanelController::handleActivation(quint32 window)
+{
+    // The grab would have it type into the panel.
+    if (m_backdrop && isOpen() && !m_isHeld && window != 0 && window != windowId())
+        close(Cause::FocusElsewhere);
+}
+
+void PanelController::handlePointer(QPoint pointer, QPoint besideBar)
 {
     if (!m_searchTimer.isRunning())
         return;
-    m_place = position + m_fromPointer;
+    m_place = m_fromPointer.isNull() ? besideBar : pointer + m_fromPointer;
     open(m_place);
 }
 
@@ -174,11 +193,14 @@ void PanelController::setHeld(bool isHeld)
         m_presses->catchUp();
     const bool isReleased = std::exchange(m_isHeld, isHeld) && !isHeld;
     letPressesThrough();
+    // What is typed belongs to the dialog.
+    if (m_backdrop && isHeld)
+        X11::releaseKeyboard();
     if (!isReleased || !isOpen())
         return;
     m_sinceOpening.start();
     m_settlingTime = settlingTimeAfterDialog;
-    X11::giveFocus(m_panel->window());
+    takeKeyboard();
 }
 
 quint32 PanelController::windowId() const
@@ -211,7 +233,7 @@ void PanelController::place()
     const QPoint item = m_anchor ? screen.toLogical(*m_anchor) : corner;
     window.setGeometry(panelGeometry(m_naturalSize, item, screen));
     window.create();
-    X11::makeDropDown(window);
+    X11::makeDropDown(window, placing());
 }
 
 void PanelController::watch(QWindow &window)
@@ -219,6 +241,7 @@ void PanelController::watch(QWindow &window)
     m_forgetTimer.stop();
     m_presses = std::make_unique<PressWatch>();
     connect(m_presses.get(), &PressWatch::pressed, this, &PanelController::handlePress);
+    connect(m_presses.get(), &PressWatch::activated, this, &PanelController::handleActivation);
     m_composition = std::make_unique<CompositionWatch>(window);
     // The press that chose among the input method's candidates may still be on its way.
     connect(m_composition.get(), &CompositionWatch::ending, m_presses.get(), &PressWatch::catchUp);
@@ -273,16 +296,17 @@ void PanelController::handleFocus(const QWindow *focused)
     if (isOurs || m_sinceOpening.hasPassed(m_settlingTime))
         close(Cause::FocusElsewhere);
     else
-        X11::giveFocus(m_panel->window());
+        takeKeyboard();
 }
 
 void PanelController::close(Cause cause)
 {
     if (!isOpen())
         return;
+    // A press that closed it by the backdrop went no further: no click is still to come of it.
+    m_closing = m_backdrop ? Cause::Request : cause;
     m_backdrop.reset();
     m_wasPressedSince = false;
-    m_closing = cause;
     m_sinceClosing.start();
     m_forgetTimer.start();
     // Later in this turn of the loop: the call may come from the panel's own window.

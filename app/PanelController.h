@@ -5,6 +5,7 @@
 #include "platform/SteadyClock.h"
 #include "platform/desktop/DesktopLook.h"
 #include "platform/desktop/PressWatch.h"
+#include "platform/desktop/X11.h"
 #include "ui/panel/PanelServices.h"
 
 #include <QObject>
@@ -78,7 +79,10 @@ private:
     void watch(QWindow &window);
     void handlePress(QPoint position, PressWatch::Ground ground);
     void handleFocus(const QWindow *focused);
-    void handlePointer(QPoint position);
+    X11::Placing placing() const;
+    void takeKeyboard();
+    void handleActivation(quint32 window);
+    void handlePointer(QPoint pointer, QPoint besideBar);
     void handlePressBehind();
     void close(Cause cause);
     void forgetPresses();

@@ -13,6 +13,8 @@ StripLayer::StripLayer(WaylandConnection &connection, int inset)
     , m_inset(inset)
 {
     connect(&connection, &WaylandConnection::changed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
+    connect(
+        &connection, &WaylandConnection::pointerGone, this, &StripLayer::makeSurface, Qt::QueuedConnection);
 }
 
 StripLayer::~StripLayer() = default;
@@ -37,6 +39,7 @@ void StripLayer::setColorScheme(ColorScheme scheme)
 
 void StripLayer::makeSurface()
 {
+    m_press.cancel();
     m_surface.reset();
     m_dragged.reset();
     m_cover.reset();
@@ -50,6 +53,8 @@ void StripLayer::makeSurface()
     connect(m_surface.get(), &LayerSurface::pointerMoved, this,
         [this](QPointF position) { handleMove(m_pressedStart + position.toPoint().x()); });
     connect(m_surface.get(), &LayerSurface::released, this, &StripLayer::handleRelease);
+    connect(m_surface.get(), &LayerSurface::left, this, &StripLayer::handleLeaving);
+    connect(m_surface.get(), &LayerSurface::closed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
 }
 
 LayerPlace StripLayer::place()
@@ -64,7 +69,7 @@ LayerPlace StripLayer::place()
 
 void StripLayer::fit()
 {
-    if (!m_connection.hasLayers())
+    if (!m_surface || !m_connection.hasLayers())
         return;
     LayerPlace where = place();
     if (!m_dragged) {
@@ -107,21 +112,20 @@ void StripLayer::cover()
     connect(m_cover.get(), &LayerSurface::released, this, &StripLayer::handleRelease);
 }
 
-void StripLayer::handlePress(QPointF position)
+void StripLayer::handlePress(QPointF position, quint32 button)
 {
     if (!m_connection.hasLayers())
         return;
     m_anchorFromPointer = QPoint(m_size.width() / 2, m_size.height()) - position.toPoint();
     m_inset = stripInset(length(), m_size.width(), m_inset);
     m_pressedStart = length() - m_inset - m_size.width();
-    m_press.begin(m_pressedStart + position.toPoint().x(), m_inset);
-    cover();
+    m_press.begin(button, m_pressedStart + position.toPoint().x(), m_inset);
 }
 
 void StripLayer::handleMove(int along)
 {
     const std::optional<int> inset = m_press.moveTo(along);
-    if (!inset || !m_connection.hasLayers())
+    if (!inset || !m_surface || !m_connection.hasLayers())
         return;
     m_inset = stripInset(length(), m_size.width(), *inset);
     if (!m_dragged)
@@ -137,12 +141,22 @@ void StripLayer::beginDrag()
     m_dragged = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);
     connect(m_dragged.get(), &LayerSurface::configured, this, &StripLayer::draw);
     m_surface->showNothing(QRect(QPoint(), m_surface->size()));
+    cover();
 }
 
-void StripLayer::handleRelease()
+void StripLayer::handleLeaving()
 {
+    // Where the compositor leaves the pointer to what it moves over, the cover has it from the drag on.
+    if (!m_cover)
+        m_press.cancel();
+}
+
+void StripLayer::handleRelease(quint32 button)
+{
+    const bool isClick = m_press.end(button);
+    if (m_press.isDown())
+        return;
     // Later: what is taken away may be what tells of it.
-    const bool isClick = m_press.end();
     QMetaObject::invokeMethod(
         this,
         [this, isClick] {

@@ -36,16 +36,17 @@ private:
     LayerPlace place();
     void cover();
     int length() const;
-    void handlePress(QPointF position);
+    void handlePress(QPointF position, quint32 button);
     void handleMove(int along);
-    void handleRelease();
+    void handleLeaving();
+    void handleRelease(quint32 button);
 
     WaylandConnection &m_connection;
     std::unique_ptr<LayerSurface> m_surface;
     /// What is seen of it while it is dragged: compositors differ in what positions in a surface that moves
     /// mean, so the pressed one stays where it is.
     std::unique_ptr<LayerSurface> m_dragged;
-    /// Over the whole output while the button is down: some compositors leave the pointer to what it moves
+    /// Over the whole output while it is dragged: some compositors leave the pointer to what it moves
     /// over.
     std::unique_ptr<LayerSurface> m_cover;
     QString m_text;

@@ -2,12 +2,12 @@
 
 #include "ui/panel/PanelColors.h"
 
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
-#include <utility>
 
 namespace glimmet {
 namespace {
@@ -28,7 +28,9 @@ QFont stripFont()
 
 QSize stripSize(const QString &text, int current, int most)
 {
-    const int needed = std::min(QFontMetrics(stripFont()).horizontalAdvance(text) + 2 * margin, most);
+    // Rounded down, the text would lack its last letter.
+    const int ink = static_cast<int>(std::ceil(QFontMetricsF(stripFont()).horizontalAdvance(text))) + 1;
+    const int needed = std::min(ink + 2 * margin, most);
     const bool isFit = current >= needed && current <= std::min(needed + slack, most);
     return { isFit ? current : needed, stripHeight };
 }
@@ -41,7 +43,7 @@ void paintStrip(QPainter &painter, QSize size, const QString &text, ColorScheme 
     painter.setFont(stripFont());
     painter.setPen(colors.ink);
     const QRect area = all.adjusted(margin, 0, -margin, 0);
-    const QString shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, area.width());
+    const QString shown = QFontMetricsF(stripFont()).elidedText(text, Qt::ElideRight, area.width());
     painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, shown);
 }
 
@@ -50,9 +52,12 @@ int stripInset(int length, int width, int inset)
     return std::max(0, std::min(inset, length - width));
 }
 
-void StripPress::begin(int position, int inset)
+void StripPress::begin(unsigned button, int position, int inset)
 {
+    if (m_isDown)
+        return;
     m_isDown = true;
+    m_button = button;
     m_isDrag = false;
     m_position = position;
     m_inset = inset;
@@ -67,9 +72,12 @@ std::optional<int> StripPress::moveTo(int position)
     return m_inset - distance;
 }
 
-bool StripPress::end()
+bool StripPress::end(unsigned button)
 {
-    return std::exchange(m_isDown, false) && !m_isDrag;
+    if (!m_isDown || button != m_button)
+        return false;
+    m_isDown = false;
+    return !m_isDrag;
 }
 
 } // namespace glimmet

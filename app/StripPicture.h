@@ -26,16 +26,20 @@ int stripInset(int length, int width, int inset);
 /// with the strip, in logical pixels.
 class StripPress {
 public:
-    /// `inset`: the strip's then.
-    void begin(int position, int inset);
+    /// `inset`: the strip's then. Nothing where another button is down already.
+    void begin(unsigned button, int position, int inset);
     /// The strip's inset from now on; none as long as it may still be a click.
     std::optional<int> moveTo(int position);
-    /// True where it was a click.
-    bool end();
+    /// True where it was a click of this button, which began it.
+    bool end(unsigned button);
+    /// It ends as nothing.
+    void cancel() { m_isDown = false; }
+    bool isDown() const { return m_isDown; }
 
 private:
     bool m_isDown = false;
     bool m_isDrag = false;
+    unsigned m_button = 0;
     int m_position = 0;
     int m_inset = 0;
 };

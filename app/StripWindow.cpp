@@ -30,14 +30,11 @@ protected:
         QPainter painter(this);
         paintStrip(painter, size(), text, scheme);
     }
-    void mousePressEvent(QMouseEvent *event) override
-    {
-        m_strip.m_press.begin(along(event), m_strip.m_inset);
-    }
+    void mousePressEvent(QMouseEvent *event) override { m_strip.handlePress(event->button(), along(event)); }
     void mouseMoveEvent(QMouseEvent *event) override { m_strip.handleMove(along(event)); }
-    void mouseReleaseEvent(QMouseEvent *) override
+    void mouseReleaseEvent(QMouseEvent *event) override
     {
-        if (m_strip.m_press.end())
+        if (m_strip.m_press.end(event->button()))
             emit m_strip.clicked();
     }
 
@@ -76,8 +73,7 @@ void StripWindow::setColorScheme(ColorScheme scheme)
 
 std::optional<QPoint> StripWindow::anchor() const
 {
-    const QRect geometry = m_window->geometry();
-    const QPoint place(geometry.center().x(), geometry.bottom() + 1);
+    const QPoint place(m_geometry.center().x(), m_geometry.bottom() + 1);
     return spaceOf(*m_window->screen()).toNative(QRect(place, QSize())).topLeft();
 }
 
@@ -100,11 +96,23 @@ void StripWindow::fit()
     if (screen == nullptr)
         return;
     const QRect free = spaceOf(*screen).available;
-    const QSize size = stripSize(m_window->text, m_window->width(), free.width());
+    const QSize size = stripSize(m_window->text, m_geometry.width(), free.width());
     const int inset = stripInset(free.width(), size.width(), m_inset);
     const QRect geometry(free.topLeft() + QPoint(free.width() - size.width() - inset, 0), size);
-    if (geometry != m_window->geometry())
-        m_window->setGeometry(geometry);
+    if (geometry == m_geometry)
+        return;
+    m_geometry = geometry;
+    m_window->setGeometry(geometry);
+}
+
+int StripWindow::insetOf(int wanted) const
+{
+    return stripInset(spaceOf(*m_window->screen()).available.width(), m_geometry.width(), wanted);
+}
+
+void StripWindow::handlePress(unsigned button, int position)
+{
+    m_press.begin(button, position, insetOf(m_inset));
 }
 
 void StripWindow::handleMove(int position)
@@ -112,7 +120,7 @@ void StripWindow::handleMove(int position)
     const std::optional<int> inset = m_press.moveTo(position);
     if (!inset)
         return;
-    m_inset = stripInset(spaceOf(*m_window->screen()).available.width(), m_window->width(), *inset);
+    m_inset = insetOf(*inset);
     fit();
     emit dragged(m_inset);
 }

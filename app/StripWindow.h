@@ -25,11 +25,14 @@ private:
 
     void place();
     void fit();
+    int insetOf(int wanted) const;
+    void handlePress(unsigned button, int position);
     void handleMove(int position);
 
     std::unique_ptr<Window> m_window;
     StripPress m_press;
     int m_inset;
+    QRect m_geometry; ///< as it was asked for, logical
     QList<QMetaObject::Connection> m_screenConnections;
 };
 

@@ -34,7 +34,7 @@ void UpdateWindowController::open()
         return m_updater.dismiss();
     m_shown->window().show();
     m_shown->window().raise();
-    X11::giveFocus(m_shown->window());
+    X11::giveFocus(m_shown->window(), X11::Placing::Managed);
 }
 
 bool UpdateWindowController::make()

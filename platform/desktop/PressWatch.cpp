@@ -4,7 +4,9 @@
 #include <xcb/xinput.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <memory>
+#include <string_view>
 
 namespace glimmet {
 namespace {
@@ -26,6 +28,25 @@ void selectRawPresses(xcb_connection_t *x)
         XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_TOUCH_BEGIN };
     xcb_input_xi_select_events(x, rootWindow(x), 1, &selection.head);
     xcb_flush(x);
+}
+
+/// Has the server tell of the root window's properties, and returns the name of the one about the active
+/// window.
+xcb_atom_t selectActivations(xcb_connection_t *x)
+{
+    constexpr std::string_view name = "_NET_ACTIVE_WINDOW";
+    const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(x, rootWindow(x), XCB_CW_EVENT_MASK, &events);
+    const auto cookie = xcb_intern_atom(x, 0, name.size(), name.data());
+    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+        xcb_intern_atom_reply(x, cookie, nullptr), &std::free);
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+bool isChangeOf(const xcb_generic_event_t *event, xcb_atom_t property)
+{
+    return (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY
+        && reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom == property;
 }
 
 bool isWheel(const xcb_ge_generic_event_t *event)
@@ -52,6 +73,7 @@ PressWatch::PressWatch(QObject *parent)
     if (xcb_connection_has_error(m_connection) != 0)
         return;
     selectRawPresses(m_connection);
+    m_activeWindowAtom = selectActivations(m_connection);
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &PressWatch::readEvents);
@@ -75,21 +97,39 @@ void PressWatch::catchUp()
 void PressWatch::readEvents()
 {
     // Asking for the pointer may bring in further events, of which the socket then no longer tells.
-    while (takePresses()) {
-        const Pointer now = pointer();
-        emit pressed(now.position, now.ground);
+    for (News news = takeEvents(); news.wasPressed || news.wasActivated; news = takeEvents()) {
+        if (news.wasPressed) {
+            const Pointer now = pointer();
+            emit pressed(now.position, now.ground);
+        }
+        if (news.wasActivated)
+            emit activated(activeWindow());
     }
     if (xcb_connection_has_error(m_connection) != 0)
         m_notifier->setEnabled(false);
 }
 
-bool PressWatch::takePresses()
+PressWatch::News PressWatch::takeEvents()
 {
     using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
-    bool wasPressed = false;
-    while (const Event event{ xcb_poll_for_event(m_connection), &std::free })
-        wasPressed = wasPressed || isRawPress(event.get());
-    return wasPressed;
+    News news;
+    while (const Event event{ xcb_poll_for_event(m_connection), &std::free }) {
+        news.wasPressed = news.wasPressed || isRawPress(event.get());
+        news.wasActivated = news.wasActivated || isChangeOf(event.get(), m_activeWindowAtom);
+    }
+    return news;
+}
+
+quint32 PressWatch::activeWindow() const
+{
+    const auto cookie = xcb_get_property(
+        m_connection, 0, rootWindow(m_connection), m_activeWindowAtom, XCB_ATOM_WINDOW, 0, 1);
+    const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> reply(
+        xcb_get_property_reply(m_connection, cookie, nullptr), &std::free);
+    quint32 window = 0;
+    if (reply && xcb_get_property_value_length(reply.get()) == sizeof(window))
+        std::memcpy(&window, xcb_get_property_value(reply.get()), sizeof(window));
+    return window;
 }
 
 PressWatch::Pointer PressWatch::pointer() const

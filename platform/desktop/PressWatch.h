@@ -30,6 +30,8 @@ signals:
     /// Where the pointer is now, which goes with the finger, in native pixels of the root window, and whether
     /// a window is there.
     void pressed(QPoint position, glimmet::PressWatch::Ground ground);
+    /// Which window the window manager calls active from now on; 0: none.
+    void activated(quint32 window);
 
 private:
     struct Pointer {
@@ -37,11 +39,19 @@ private:
         Ground ground = Ground::Background;
     };
 
+    /// What came since the last look.
+    struct News {
+        bool wasPressed = false;
+        bool wasActivated = false;
+    };
+
     void readEvents();
-    bool takePresses();
+    News takeEvents();
+    quint32 activeWindow() const;
     Pointer pointer() const;
 
     xcb_connection_t *m_connection;
+    quint32 m_activeWindowAtom = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 

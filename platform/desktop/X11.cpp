@@ -79,6 +79,20 @@ bool hasWindowManager(xcb_connection_t *x)
     return windowManager(x) != XCB_WINDOW_NONE;
 }
 
+QByteArray windowManagerName(xcb_connection_t *x)
+{
+    const xcb_window_t manager = windowManager(x);
+    return manager == XCB_WINDOW_NONE ? QByteArray() : property(x, manager, "_NET_WM_NAME");
+}
+
+void makeUnmanaged(xcb_connection_t *x, xcb_window_t window, const QByteArray &type)
+{
+    const std::array<uint32_t, 1> isUnmanaged{ 1 };
+    xcb_change_window_attributes(x, window, XCB_CW_OVERRIDE_REDIRECT, isUnmanaged.data());
+    setProperty(x, window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, type) });
+    xcb_flush(x);
+}
+
 bool isTimeOf(const xcb_generic_event_t *event, xcb_window_t window)
 {
     return (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY
@@ -125,6 +139,17 @@ void askForActivation(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t 
         reinterpret_cast<const char *>(&message));
 }
 
+void grabKeyboard(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t time)
+{
+    // Where nothing has the focus, as after the last X window has gone, a grab is not told of as a change of
+    // it.
+    const auto focus = owned(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr));
+    if (focus && focus->focus == XCB_INPUT_FOCUS_NONE)
+        xcb_set_input_focus(x, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_POINTER_ROOT, time);
+    const auto cookie = xcb_grab_keyboard(x, 0, window, time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    xcb_discard_reply(x, cookie.sequence);
+}
+
 } // namespace
 
 void makeTopBar(const QWindow &window)
@@ -132,6 +157,12 @@ void makeTopBar(const QWindow &window)
     xcb_connection_t *x = connection();
     if (x == nullptr)
         return;
+    // Some give a bar the whole width, and sway ends itself where there is no workspace to put a window on.
+    const QByteArray manager = windowManagerName(x);
+    if (manager == "wlroots wm" || manager == "i3") {
+        makeUnmanaged(x, idOf(window), "_NET_WM_WINDOW_TYPE_NOTIFICATION");
+        return;
+    }
     setProperty(x, idOf(window), "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
         std::array{ atom(x, "_NET_WM_WINDOW_TYPE_DOCK") });
     xcb_flush(x);
@@ -140,25 +171,18 @@ void makeTopBar(const QWindow &window)
 bool isWlroots()
 {
     xcb_connection_t *x = connection();
-    if (x == nullptr)
-        return false;
-    const xcb_window_t manager = windowManager(x);
-    return manager != XCB_WINDOW_NONE && property(x, manager, "_NET_WM_NAME") == "wlroots wm";
+    return x != nullptr && windowManagerName(x) == "wlroots wm";
 }
 
-void makeDropDown(const QWindow &window)
+void makeDropDown(const QWindow &window, Placing placing)
 {
     xcb_connection_t *x = connection();
     if (x == nullptr)
         return;
     const xcb_window_t id = idOf(window);
-    if (isWlroots()) {
+    if (placing == Placing::Unmanaged) {
         // Of the kinds of windows only this one gets the keyboard then.
-        const std::array<uint32_t, 1> isUnmanaged{ 1 };
-        xcb_change_window_attributes(x, id, XCB_CW_OVERRIDE_REDIRECT, isUnmanaged.data());
-        setProperty(
-            x, id, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, std::array{ atom(x, "_NET_WM_WINDOW_TYPE_NORMAL") });
-        xcb_flush(x);
+        makeUnmanaged(x, id, "_NET_WM_WINDOW_TYPE_NORMAL");
         return;
     }
     setProperty(
@@ -169,19 +193,28 @@ void makeDropDown(const QWindow &window)
     xcb_flush(x);
 }
 
-void giveFocus(const QWindow &window)
+void giveFocus(const QWindow &window, Placing placing)
 {
     xcb_connection_t *x = connection();
     if (x == nullptr)
         return;
     const xcb_timestamp_t time = serverTime();
+    const xcb_window_t id = idOf(window);
     if (hasWindowManager(x))
-        askForActivation(x, idOf(window), time);
-    // A window that it does not manage is left without the X server's own focus.
-    if (isWlroots())
-        xcb_grab_keyboard(x, 0, idOf(window), time, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    else if (!hasWindowManager(x))
-        xcb_set_input_focus(x, XCB_INPUT_FOCUS_PARENT, idOf(window), time);
+        askForActivation(x, id, time);
+    else
+        xcb_set_input_focus(x, XCB_INPUT_FOCUS_PARENT, id, time);
+    if (placing == Placing::Unmanaged)
+        grabKeyboard(x, id, time);
+    xcb_flush(x);
+}
+
+void releaseKeyboard()
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return;
+    xcb_ungrab_keyboard(x, XCB_CURRENT_TIME);
     xcb_flush(x);
 }
 

@@ -21,13 +21,20 @@ void makeTopBar(const QWindow &window);
 /// what a window asks for, and does not tell where the pointer is.
 bool isWlroots();
 
-/// Keeps the window out of task bars and pagers, above others and without the window manager's animations;
-/// past a window manager that would put it elsewhere. Call before it is shown.
-void makeDropDown(const QWindow &window);
+/// Whether a window is the window manager's to place, or goes past it.
+enum class Placing { Managed, Unmanaged };
+
+/// Keeps the window out of task bars and pagers, above others and without the window manager's animations.
+/// Call before it is shown.
+void makeDropDown(const QWindow &window, Placing placing);
 
 /// Gives the window the keyboard, also against a window manager's protection against stolen focus: the user
-/// has just asked for it.
-void giveFocus(const QWindow &window);
+/// has just asked for it. What is typed goes to an unmanaged one by a grab, since the compositor gives it no
+/// focus of the X server's and would take back any that it takes.
+void giveFocus(const QWindow &window, Placing placing);
+
+/// Ends that grab.
+void releaseKeyboard();
 
 /// Shows only these native pixels of the window, which take the place of its mask, until it is given another
 /// one.

@@ -89,8 +89,9 @@ void LayerSurface::show(const QImage &picture)
 {
     if (m_size.isEmpty() || m_surface == nullptr)
         return;
-    const auto scale = static_cast<int32_t>(picture.devicePixelRatio());
-    wl_surface_set_buffer_scale(m_surface, scale);
+    constexpr int32_t ofThePicture = -1;
+    wp_viewport_set_destination(m_viewport, ofThePicture, ofThePicture);
+    wl_surface_set_buffer_scale(m_surface, static_cast<int32_t>(picture.devicePixelRatio()));
     attach(picture.convertToFormat(QImage::Format_ARGB32_Premultiplied));
 }
 
@@ -100,6 +101,7 @@ void LayerSurface::showNothing(const QRegion &area)
         return;
     takePointer(area);
     // One clear pixel, as large as the surface.
+    wl_surface_set_buffer_scale(m_surface, 1);
     wp_viewport_set_destination(m_viewport, m_size.width(), m_size.height());
     QImage pixel(1, 1, QImage::Format_ARGB32_Premultiplied);
     pixel.fill(Qt::transparent);

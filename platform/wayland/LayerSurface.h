@@ -52,8 +52,10 @@ public:
 signals:
     void configured();
     void pointerMoved(QPointF position);
-    void pressed(QPointF position);
-    void released(QPointF position);
+    void left();
+    /// `button` as the kernel numbers them.
+    void pressed(QPointF position, quint32 button);
+    void released(quint32 button);
     /// The compositor has taken it away, as with its output.
     void closed();
 

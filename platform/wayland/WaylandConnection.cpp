@@ -54,7 +54,12 @@ struct WaylandConnection::Listeners {
     {
     }
     static void outputMode(void *, wl_output *, uint32_t, int32_t, int32_t, int32_t) {}
-    static void outputDone(void *, wl_output *) {}
+    static void outputDone(void *data, wl_output *) { tell(data); }
+    static void tell(void *data)
+    {
+        auto &output = *static_cast<WaylandOutput *>(data);
+        output.connection->tellOutput(output);
+    }
     static void outputScale(void *data, wl_output *, int32_t factor)
     {
         static_cast<WaylandOutput *>(data)->scale = std::max(1, factor);
@@ -71,10 +76,7 @@ struct WaylandConnection::Listeners {
     {
         static_cast<WaylandOutput *>(data)->geometry.setSize({ width, height });
     }
-    static void layoutDone(void *data, zxdg_output_v1 *)
-    {
-        emit static_cast<WaylandOutput *>(data)->connection->changed();
-    }
+    static void layoutDone(void *data, zxdg_output_v1 *) { tell(data); }
     static void layoutName(void *, zxdg_output_v1 *, const char *) {}
     static constexpr zxdg_output_v1_listener layout{ layoutPosition, layoutSize, layoutDone, layoutName,
         layoutName };
@@ -84,7 +86,11 @@ struct WaylandConnection::Listeners {
         self(data).m_under = surface;
         moved(data, nullptr, 0, x, y);
     }
-    static void left(void *data, wl_pointer *, uint32_t, wl_surface *) { self(data).m_under = nullptr; }
+    static void left(void *data, wl_pointer *, uint32_t, wl_surface *)
+    {
+        if (LayerSurface *surface = surfaceOf(std::exchange(self(data).m_under, nullptr)))
+            emit surface->left();
+    }
     static void moved(void *data, wl_pointer *, uint32_t, wl_fixed_t x, wl_fixed_t y)
     {
         WaylandConnection &connection = self(data);
@@ -92,16 +98,16 @@ struct WaylandConnection::Listeners {
         if (LayerSurface *surface = surfaceOf(connection.m_under))
             emit surface->pointerMoved(connection.m_position);
     }
-    static void button(void *data, wl_pointer *, uint32_t, uint32_t, uint32_t, uint32_t state)
+    static void button(void *data, wl_pointer *, uint32_t, uint32_t, uint32_t button, uint32_t state)
     {
         const WaylandConnection &connection = self(data);
         LayerSurface *surface = surfaceOf(connection.m_under);
         if (surface == nullptr)
             return;
         if (state == WL_POINTER_BUTTON_STATE_PRESSED)
-            emit surface->pressed(connection.m_position);
+            emit surface->pressed(connection.m_position, button);
         else
-            emit surface->released(connection.m_position);
+            emit surface->released(button);
     }
     static void axis(void *, wl_pointer *, uint32_t, uint32_t, wl_fixed_t) {}
     static wl_pointer_listener pointerListener()
@@ -139,11 +145,11 @@ WaylandConnection::~WaylandConnection()
     giveUp();
 }
 
-bool WaylandConnection::hasLayers() const
+bool WaylandConnection::offersLayers() const
 {
     const bool hasAll = m_compositor != nullptr && m_memory != nullptr && m_viewporter != nullptr
         && m_shell != nullptr && m_layouts != nullptr;
-    return m_start == nullptr && hasAll && !outputs().empty();
+    return m_start == nullptr && hasAll;
 }
 
 std::vector<const WaylandOutput *> WaylandConnection::outputs() const
@@ -213,6 +219,15 @@ void WaylandConnection::followLayout(WaylandOutput &output)
     zxdg_output_v1_add_listener(output.layout, &Listeners::layout, &output);
 }
 
+void WaylandConnection::tellOutput(WaylandOutput &output)
+{
+    if (output.geometry == output.toldGeometry && output.scale == output.toldScale)
+        return;
+    output.toldGeometry = output.geometry;
+    output.toldScale = output.scale;
+    emit changed();
+}
+
 void WaylandConnection::dropGlobal(uint32_t name)
 {
     const auto gone = std::find_if(
@@ -230,6 +245,7 @@ void WaylandConnection::followSeat(bool hasPointer)
     if (!hasPointer) {
         m_under = nullptr;
         drop<wl_pointer, wl_pointer_destroy>(m_pointer);
+        emit pointerGone();
         return;
     }
     if (m_pointer != nullptr)

@@ -36,6 +36,8 @@ struct WaylandOutput {
     uint32_t name = 0; ///< the registry's
     QRect geometry; ///< among the others, logical: the native pixels of XWayland's root window
     int scale = 1; ///< the next whole one where it has a fraction
+    QRect toldGeometry; ///< as of the last change that was told
+    int toldScale = 0;
 };
 
 /// A connection of the program's own to the Wayland compositor of the session, beside that to the X server
@@ -49,14 +51,18 @@ public:
     explicit WaylandConnection(QObject *parent = nullptr);
     ~WaylandConnection() override;
 
-    /// Whether surfaces can be made now: the compositor has layers, and there is an output.
-    bool hasLayers() const;
+    /// Whether the compositor has layers, also while it has no output to show them on.
+    bool offersLayers() const;
+    /// Whether surfaces can be made now: there is an output as well.
+    bool hasLayers() const { return offersLayers() && !outputs().empty(); }
     /// Those of which the place is known.
     std::vector<const WaylandOutput *> outputs() const;
 
 signals:
-    /// `hasLayers()` or the outputs may have changed.
+    /// `hasLayers()` or the outputs have changed.
     void changed();
+    /// There is no pointer any more, whose buttons may have been down.
+    void pointerGone();
     /// What was made over it has to be given back now: the compositor is gone.
     void ending();
 
@@ -69,6 +75,7 @@ private:
     void takeGlobal(uint32_t name, const char *interface, uint32_t version);
     void dropGlobal(uint32_t name);
     void followLayout(WaylandOutput &output);
+    void tellOutput(WaylandOutput &output);
     void followSeat(bool hasPointer);
     void handleStart();
     void giveUp();

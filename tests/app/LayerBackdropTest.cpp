@@ -22,6 +22,12 @@ TEST(LayerBackdrop, dropsThePanelFromThePointerElsewhere)
     EXPECT_EQ(besideBar({ 1500, 0 }, output, { 1280, 800 }), QPoint(1500, 0));
 }
 
+TEST(LayerBackdrop, takesNoBarForHigherThanBarsAre)
+{
+    EXPECT_EQ(besideBar({ 1500, 100 }, output, { 1280, 400 }), QPoint(1500, 100));
+    EXPECT_EQ(besideBar({ 1500, 63 }, output, { 1280, 400 }), QPoint(1500, 64));
+}
+
 TEST(LayerBackdrop, takesAnOutputWhoseFreeSpaceIsNotToldForFree)
 {
     EXPECT_EQ(besideBar({ 1500, 12 }, output, {}), QPoint(1500, 12));

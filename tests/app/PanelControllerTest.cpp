@@ -7,6 +7,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace glimmet {
 namespace {
 
@@ -227,9 +229,10 @@ protected:
         controller.setBackdrops([this] { return std::make_unique<Backdrop>(*this); });
     }
 
+    /// Under a bar of 30 pixels.
     void find(QPoint pointer)
     {
-        emit backdrop->pointerFound(pointer);
+        emit backdrop->pointerFound(pointer, QPoint(pointer.x(), std::max(pointer.y(), 30)));
         QCoreApplication::processEvents();
     }
     void pressBehind()

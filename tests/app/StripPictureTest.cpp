@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QTime>
 
 #include <gtest/gtest.h>
 
@@ -32,6 +33,25 @@ TEST(StripPicture, standsStillWhileItsTextIsALittleNarrower)
     EXPECT_EQ(stripSize(text, width + 33, 1280).width(), width);
     EXPECT_EQ(stripSize(text, width - 1, 1280).width(), width);
     EXPECT_EQ(stripSize(text, width + 20, width + 10).width(), width);
+}
+
+TEST(StripPicture, showsEveryTextWhole)
+{
+    const auto painted = [](const QString &shown, QSize size) {
+        QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&picture);
+        paintStrip(painter, size, shown, ColorScheme::Light);
+        return picture;
+    };
+    for (int second = 0; second < 24 * 60 * 60; second += 61) {
+        const QString shown = QTime(0, 0).addSecs(second).toString(QStringLiteral("HH:mm:ss"));
+        const QSize size = stripSize(shown, 0, 1280);
+        const QSize wider(size.width() + 40, size.height());
+
+        // With room to spare it is the same picture, only in the middle of a wider one.
+        ASSERT_EQ(painted(shown, size), painted(shown, wider).copy(QRect(QPoint(20, 0), size)))
+            << shown.toStdString();
+    }
 }
 
 TEST(StripPicture, endsWhereItIsWantedAsFarAsTheEdgeGoes)
@@ -66,31 +86,51 @@ TEST(StripPicture, fillsItselfAndWritesInTheDesktopsLightOrDark)
 TEST(StripPress, isAClickWhereThePointerHardlyMoves)
 {
     StripPress press;
-    press.begin(500, 144);
+    press.begin(1, 500, 144);
     EXPECT_EQ(press.moveTo(504), std::nullopt);
     EXPECT_EQ(press.moveTo(496), std::nullopt);
-    EXPECT_TRUE(press.end());
+    EXPECT_TRUE(press.end(1));
 }
 
 TEST(StripPress, dragsTheStripFromTheFirstGreaterMoveOn)
 {
     StripPress press;
-    press.begin(500, 144);
+    press.begin(1, 500, 144);
     EXPECT_EQ(press.moveTo(505), 139);
     EXPECT_EQ(press.moveTo(300), 344);
     EXPECT_EQ(press.moveTo(500), 144) << "back where it began it is a drag still";
-    EXPECT_FALSE(press.end());
+    EXPECT_FALSE(press.end(1));
 }
 
 TEST(StripPress, isNothingWithoutAPress)
 {
     StripPress press;
     EXPECT_EQ(press.moveTo(900), std::nullopt);
-    EXPECT_FALSE(press.end());
-    press.begin(500, 144);
-    EXPECT_TRUE(press.end());
-    EXPECT_FALSE(press.end());
+    EXPECT_FALSE(press.end(1));
+    press.begin(1, 500, 144);
+    EXPECT_TRUE(press.end(1));
+    EXPECT_FALSE(press.end(1));
     EXPECT_EQ(press.moveTo(900), std::nullopt);
+}
+
+TEST(StripPress, belongsToTheButtonThatBeganIt)
+{
+    StripPress press;
+    press.begin(1, 500, 144);
+    press.begin(3, 700, 0);
+    EXPECT_FALSE(press.end(3));
+    EXPECT_TRUE(press.isDown());
+    EXPECT_EQ(press.moveTo(510), 134);
+    EXPECT_FALSE(press.end(1));
+}
+
+TEST(StripPress, isNothingOnceItIsCancelled)
+{
+    StripPress press;
+    press.begin(1, 500, 144);
+    press.cancel();
+    EXPECT_EQ(press.moveTo(900), std::nullopt);
+    EXPECT_FALSE(press.end(1));
 }
 
 } // namespace

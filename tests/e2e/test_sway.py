@@ -50,7 +50,7 @@ class SwayCase(DesktopCase):
         panel = self.screen.wait_for_window(PANEL)
         self.assert_on_screen(panel)
         self.assertLess(abs(panel.y - y), 8, panel)
-        self.assertTrue(panel.x < x < panel.right, f"{panel}, {x}")
+        self.assertTrue(panel.x - 8 < x < panel.right + 8, f"{panel}, {x}")
         self.wait_for_keyboard()
 
     def wait_for_keyboard(self):
@@ -120,6 +120,21 @@ class Strip(SwayCase):
         self.assertFalse(self.glimmet.is_panel_open())
         self.screen.drag(moved.middle, (2, y))
         self.assertGreaterEqual(self.wait_for_text(0, 26).x, 0)
+
+    def test_closes_where_another_window_gets_the_keyboard(self):
+        text = self.wait_for_text(0, 26)
+        self.screen.click(*text.middle)
+        self.assert_panel_under(text.middle[0], 26)
+
+        window = self.desktop.start("another window", ["xev"])
+        self.addCleanup(self.desktop.stop, window)
+
+        self.screen.wait_until_gone(PANEL)
+        self.screen.click(*text.middle)
+        self.assert_panel_under(text.middle[0], 26)
+        self.press_controls()
+        self.screen.key("Escape")
+        self.screen.wait_until_gone(PANEL)
 
 
 class Outputs(SwayCase):
