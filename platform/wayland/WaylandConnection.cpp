@@ -57,8 +57,8 @@ struct WaylandConnection::Listeners {
     static void outputDone(void *data, wl_output *) { tell(data); }
     static void tell(void *data)
     {
-        auto &output = *static_cast<WaylandOutput *>(data);
-        output.connection->tellOutput(output);
+        auto &told = *static_cast<WaylandOutput *>(data);
+        told.connection->tellOutput(told);
     }
     static void outputScale(void *data, wl_output *, int32_t factor)
     {
