@@ -84,6 +84,9 @@ void PanelController::drop(std::optional<QPoint> anchor, QPoint fromPointer)
     if (m_searchTimer.isRunning())
         return;
     m_fromPointer = fromPointer;
+    // An item's own place is one inside the bar, or none; the strip knows its edge.
+    if (!fromPointer.isNull() && anchor)
+        m_place = anchor;
     prepareBackdrop();
     if (m_backdrop)
         m_searchTimer.start();
@@ -101,7 +104,7 @@ void PanelController::open(std::optional<QPoint> anchor)
     }
     if (!isOpen()) {
         prepareBackdrop();
-        if (m_backdrop)
+        if (m_backdrop && m_place)
             anchor = m_place;
         m_panel = panels->makePanel(m_ticker, m_services, { m_look, X11::isCompositing() });
         m_anchor = anchor;

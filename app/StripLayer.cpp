@@ -37,6 +37,15 @@ void StripLayer::setColorScheme(ColorScheme scheme)
     draw();
 }
 
+std::optional<QPoint> StripLayer::anchor() const
+{
+    if (!m_connection.hasLayers())
+        return std::nullopt;
+    const QRect output = m_connection.outputs().front()->geometry;
+    const int inset = stripInset(length(), m_size.width(), m_inset);
+    return output.topLeft() + QPoint(length() - inset - m_size.width() / 2, m_size.height());
+}
+
 void StripLayer::makeSurface()
 {
     m_press.cancel();

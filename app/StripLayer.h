@@ -25,7 +25,8 @@ public:
 
     void setText(const QString &text) override;
     void setColorScheme(ColorScheme scheme) override;
-    std::optional<QPoint> anchor() const override { return std::nullopt; }
+    /// As if there were no bar beside it, of which only the pointer's place tells.
+    std::optional<QPoint> anchor() const override;
     QPoint anchorFromPointer() const override { return m_anchorFromPointer; }
 
 private:

@@ -286,6 +286,16 @@ TEST_F(PanelBeforeABackdrop, opensWhereItWasLastIfThePointerIsNotFound)
     EXPECT_EQ(hole, before);
 }
 
+TEST_F(PanelBeforeABackdrop, opensAtAnItemThatKnowsItsPlaceWhereThePointerIsNotFound)
+{
+    controller.toggle(QPoint(500, 26), { 10, 13 });
+    world.timers.advance(600ms);
+
+    ASSERT_TRUE(controller.isOpen());
+    EXPECT_EQ(hole.x() + hole.width() / 2, 500);
+    EXPECT_EQ(hole.top(), 30);
+}
+
 TEST_F(PanelBeforeABackdrop, opensWithoutAClickWhereItWasLast)
 {
     click();
