@@ -2,40 +2,13 @@
 
 import unittest
 
-from desktop.ibus import EMOJI_KEY, ENVIRONMENT, JAPANESE, PLAIN, Ibus
+from desktop.ibus import JAPANESE
 from desktop.processes import wait_for
-from desktop_case import DesktopCase
+from input_method_case import CUSTOM_TEXT, InputMethodCase
 
 COMPOSED = "にほん"
-CUSTOM_TEXT = "hello world ✦"
 FIRST_DEFAULT_QUOTE = "stay curious ✦"
 KEY = "POLAR PERSONAL ACCESS TOKEN"
-
-
-class InputMethodCase(DesktopCase):
-    engine = None
-
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.ibus = Ibus(cls.desktop, cls.engine).start()
-
-    def setUp(self):
-        super().setUp()
-        self.launch(ENVIRONMENT).open_panel()
-
-    def enter(self, mode, name):
-        """Puts the keyboard into a mode's field."""
-        self.glimmet.choose_mode(mode)
-        return self.give_keyboard(self.glimmet.control(name, "text"))
-
-    def give_keyboard(self, field):
-        field.press()
-        wait_for(lambda: field.focused, 10, "the field to have the keyboard")
-        return field
-
-    def wait_for_text(self, field, text):
-        wait_for(lambda: field.text == text, 10, f"“{text}” in the field")
 
 
 class InputMethods(InputMethodCase):
@@ -162,37 +135,7 @@ class InputMethods(InputMethodCase):
         self.assertIsNone(self.ibus.candidates())
 
 
-class Emoji(InputMethodCase):
-    engine = PLAIN
-
-    def test_one_that_is_chosen_by_its_name_comes_into_the_text(self):
-        field = self.enter("Custom", "Custom text")
-        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT)
-        self.screen.key("End", EMOJI_KEY)
-        self.wait_for_text(field, CUSTOM_TEXT + "e")
-
-        self.screen.type("smile")
-        self.wait_for_text(field, CUSTOM_TEXT + "esmile")
-        self.screen.key("space")
-        self.wait_for_text(field, CUSTOM_TEXT + "e😃")
-        self.assertEqual(self.glimmet.label, CUSTOM_TEXT)
-        self.screen.key("Return")
-
-        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT + "😃")
-        self.wait_for_text(field, CUSTOM_TEXT + "😃")
-
-    def test_one_that_is_written_by_its_number_comes_into_the_text(self):
-        field = self.enter("Custom", "Custom text")
-        self.screen.key("End", "ctrl+shift+u")
-        self.wait_for_text(field, CUSTOM_TEXT + "u")
-
-        self.screen.type("1f60a")
-        self.wait_for_text(field, CUSTOM_TEXT + "u1f60a")
-        self.screen.key("space")
-
-        self.glimmet.wait_for_label(lambda label: label == CUSTOM_TEXT + "😊")
-        self.wait_for_text(field, CUSTOM_TEXT + "😊")
-
+del InputMethodCase
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,0 +1,33 @@
+"""What the tests of input methods have in common."""
+
+from desktop.ibus import ENVIRONMENT, Ibus
+from desktop.processes import wait_for
+from desktop_case import DesktopCase
+
+CUSTOM_TEXT = "hello world ✦"
+
+
+class InputMethodCase(DesktopCase):
+    engine = None
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.ibus = Ibus(cls.desktop, cls.engine).start()
+
+    def setUp(self):
+        super().setUp()
+        self.launch(ENVIRONMENT).open_panel()
+
+    def enter(self, mode, name):
+        """Puts the keyboard into a mode's field."""
+        self.glimmet.choose_mode(mode)
+        return self.give_keyboard(self.glimmet.control(name, "text"))
+
+    def give_keyboard(self, field):
+        field.press()
+        wait_for(lambda: field.focused, 10, "the field to have the keyboard")
+        return field
+
+    def wait_for_text(self, field, text):
+        wait_for(lambda: field.text == text, 10, f"“{text}” in the field")
