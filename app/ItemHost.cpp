@@ -31,7 +31,6 @@ using namespace std::chrono_literals;
 
 const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
-/// Whoever has this name shows the text beside the item.
 
 const NotifierMenu::Words menuWords{ QStringLiteral("Open glimmet"), QStringLiteral("Quit") };
 
