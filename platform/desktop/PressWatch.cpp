@@ -30,12 +30,12 @@ void selectRawPresses(xcb_connection_t *x)
     xcb_flush(x);
 }
 
-/// Has the server tell of the root window's properties, and returns the name of the one about the active
-/// window.
-xcb_atom_t selectActivations(xcb_connection_t *x)
+/// Has the server tell of the root window's properties and of the windows on it, and returns the name of the
+/// property about the active window.
+xcb_atom_t selectWindowNews(xcb_connection_t *x)
 {
     constexpr std::string_view name = "_NET_ACTIVE_WINDOW";
-    const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    const uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(x, rootWindow(x), XCB_CW_EVENT_MASK, &events);
     const auto cookie = xcb_intern_atom(x, 0, name.size(), name.data());
     const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
@@ -47,6 +47,12 @@ bool isChangeOf(const xcb_generic_event_t *event, xcb_atom_t property)
 {
     return (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY
         && reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom == property;
+}
+
+bool isVanishing(const xcb_generic_event_t *event)
+{
+    const auto type = event->response_type & 0x7f;
+    return type == XCB_UNMAP_NOTIFY || type == XCB_DESTROY_NOTIFY;
 }
 
 bool isWheel(const xcb_ge_generic_event_t *event)
@@ -73,7 +79,7 @@ PressWatch::PressWatch(QObject *parent)
     if (xcb_connection_has_error(m_connection) != 0)
         return;
     selectRawPresses(m_connection);
-    m_activeWindowAtom = selectActivations(m_connection);
+    m_activeWindowAtom = selectWindowNews(m_connection);
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &PressWatch::readEvents);
@@ -97,10 +103,12 @@ void PressWatch::catchUp()
 void PressWatch::readEvents()
 {
     // Asking for the pointer may bring in further events, of which the socket then no longer tells.
-    for (News news = takeEvents(); news.wasPressed || news.wasActivated; news = takeEvents()) {
+    for (News news = takeEvents({}); news.wasPressed || news.wasActivated; news = takeEvents({})) {
         if (news.wasPressed) {
             const Pointer now = pointer();
-            emit pressed(now.position, now.ground);
+            // A list from which something is chosen by the press goes at once, and may be gone by now.
+            news = takeEvents(news);
+            emit pressed(now.position, news.didWindowVanish ? Ground::Window : now.ground);
         }
         if (news.wasActivated)
             emit activated(activeWindow());
@@ -109,12 +117,12 @@ void PressWatch::readEvents()
         m_notifier->setEnabled(false);
 }
 
-PressWatch::News PressWatch::takeEvents()
+PressWatch::News PressWatch::takeEvents(News news)
 {
     using Event = std::unique_ptr<xcb_generic_event_t, decltype(&std::free)>;
-    News news;
     while (const Event event{ xcb_poll_for_event(m_connection), &std::free }) {
         news.wasPressed = news.wasPressed || isRawPress(event.get());
+        news.didWindowVanish = news.didWindowVanish || (news.wasPressed && isVanishing(event.get()));
         news.wasActivated = news.wasActivated || isChangeOf(event.get(), m_activeWindowAtom);
     }
     return news;

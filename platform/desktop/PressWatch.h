@@ -28,7 +28,7 @@ public:
 
 signals:
     /// Where the pointer is now, which goes with the finger, in native pixels of the root window, and whether
-    /// a window is there.
+    /// a window is there or vanished since.
     void pressed(QPoint position, glimmet::PressWatch::Ground ground);
     /// Which window the window manager calls active from now on; 0: none.
     void activated(quint32 window);
@@ -42,11 +42,13 @@ private:
     /// What came since the last look.
     struct News {
         bool wasPressed = false;
+        /// After the press.
+        bool didWindowVanish = false;
         bool wasActivated = false;
     };
 
     void readEvents();
-    News takeEvents();
+    News takeEvents(News news);
     quint32 activeWindow() const;
     Pointer pointer() const;
 

@@ -27,7 +27,19 @@ class InputMethodCase(DesktopCase):
     def give_keyboard(self, field):
         field.press()
         wait_for(lambda: field.focused, 10, "the field to have the keyboard")
+        # IBus leaves a list where the caret was when the list came.
+        self.settled(field)
         return field
+
+    def settled(self, control):
+        """Where a control is once it has come to rest."""
+        looks = []
+
+        def rests():
+            looks.append(control.area)
+            return len(looks) > 5 and set(looks[-5:]) == {looks[-1]} and looks[-1]
+
+        return wait_for(rests, 10, "a control to rest")
 
     def wait_for_text(self, field, text):
         wait_for(lambda: field.text == text, 10, f"“{text}” in the field")
