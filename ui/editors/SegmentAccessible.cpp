@@ -7,6 +7,8 @@ QAccessible::State SegmentAccessible::state() const
     QAccessible::State state = ItemAccessible::state();
     state.focusable = true;
     state.focused = item().hasActiveFocus();
+    // Orca 48 says what it read seconds ago of a text that it is not to expect to change.
+    state.editable = true;
     return state;
 }
 
