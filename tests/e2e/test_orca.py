@@ -126,7 +126,8 @@ class SpokenPanel(DesktopCase):
 
     def step(self, actions, sentence):
         typed = "".join(action.removeprefix("type ") for action in actions if action.startswith("type "))
-        self.begin_step(ECHOES | set(typed))
+        pressed = {action.rpartition("+")[2] for action in actions}
+        self.begin_step(ECHOES | set(typed) | pressed)
         for action in actions:
             word, _, text = action.partition(" ")
             if word in ("type", "enter"):

@@ -35,7 +35,7 @@ class NewUser(RevenueCase, SpokenPanel):
 
     def wait_to_be_told(self, words):
         """Among whatever else is said, as of a window that has the keyboard again."""
-        ways = in_older_words(words), in_newer_words(words, self.group)
+        ways = [without_pauses(way) for way in (in_older_words(words), in_newer_words(words, self.group))]
         try:
             wait_for(lambda: any(way in without_pauses(self.said()) for way in ways), 10, "words")
         except DesktopError:
@@ -70,10 +70,12 @@ class NewUser(RevenueCase, SpokenPanel):
         """)
         self.meet_dialog(press("space"))
         self.do(dismiss)
-        self.wait_to_be_told("Revenue selected radio button")
         self.wait_for_text("add api key")
+        # What is said until the next key is different with each release, and from run to run.
+        self.screen.wait_until_typed_into("glimmet")
+        self.do(press("shift+Tab"))
+        self.wait_to_be_told("add api key push button. Opens the API keys")
         self.walk(f"""
-            shift+Tab: add api key push button. Opens the API keys.
             space: API Keys dialog {KEY_FIELD} password text. Polar → Settings → API. The keyring is locked.
         """)
 
@@ -133,7 +135,7 @@ class NewUser(RevenueCase, SpokenPanel):
         """)
         self.wait_for_deadlines()
         self.walk("""
-            ctrl+z: Rent. <details>
+            ctrl+z: [undo] Rent. <details>
         """)
         self.do(press("ctrl+z", "ctrl+z"))
         self.wait_for_deadlines(*DEADLINES)
@@ -156,8 +158,10 @@ class NewUser(RevenueCase, SpokenPanel):
         self.do(type_text("1.2.2027 9:15"))
         wait_for(lambda: self.orca.lines[-1] == "5", 10, "the last of what is typed to be said")
 
+        # Orca 48 is still telling where it went meanwhile.
+        self.do(press("Tab"))
+        self.wait_to_be_told("Due date push button")
         self.walk("""
-            Tab: Due date push button.
             shift+Tab: Due date, minute 15 spin button.
             shift+Tab: Due date, hour 09 spin button.
             shift+Tab: Due date, year 2027 spin button.
