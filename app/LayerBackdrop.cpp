@@ -99,8 +99,8 @@ void LayerBackdrop::coverAll()
         connect(&cover.all, &LayerSurface::pressed, this, [this] { emit pressed(); });
         connect(&cover.all, &LayerSurface::closed, this, &LayerBackdrop::coverAll, Qt::QueuedConnection);
         connect(&cover.all, &LayerSurface::pointerMoved, this, [this, &cover](QPointF position) {
-            const QPoint pointer = pointIn(cover.geometry, position);
-            emit pointerFound(pointer, besideBar(pointer, cover.geometry, cover.free.size()));
+            emit pointerFound(
+                besideBar(pointIn(cover.geometry, position), cover.geometry, cover.free.size()));
         });
     }
 }

@@ -18,10 +18,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-std::unique_ptr<StripFace> makeStrip(WaylandConnection &wayland, int inset)
+std::unique_ptr<StripFace> makeStrip(WaylandConnection &wayland, Timers &timers, int inset)
 {
     if (needsLayers(wayland))
-        return std::make_unique<StripLayer>(wayland, inset);
+        return std::make_unique<StripLayer>(wayland, timers, inset);
     return std::make_unique<StripWindow>(inset);
 }
 
@@ -34,7 +34,8 @@ MenuBar::Hosts menuBarHosts(
     hosts.push_back(std::make_unique<TopBarHost>(bus));
     hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
     hosts.push_back(std::make_unique<FeedHost>(bus));
-    hosts.push_back(std::make_unique<StripHost>([&wayland](int inset) { return makeStrip(wayland, inset); }));
+    hosts.push_back(std::make_unique<StripHost>(
+        [&wayland, &timers](int inset) { return makeStrip(wayland, timers, inset); }));
     return hosts;
 }
 
@@ -86,9 +87,9 @@ std::optional<QPoint> MenuBar::anchor() const
     return firstAvailable().anchor();
 }
 
-QPoint MenuBar::anchorFromPointer() const
+bool MenuBar::knowsEdge() const
 {
-    return firstAvailable().anchorFromPointer();
+    return firstAvailable().knowsEdge();
 }
 
 MenuBarHost &MenuBar::firstAvailable() const

@@ -31,8 +31,8 @@ public:
     void setPanelOpen(bool isOpen);
     /// Where the panel drops down from, in native pixels; none while that is not known.
     std::optional<QPoint> anchor() const;
-    /// From the pointer at the last click to there.
-    QPoint anchorFromPointer() const;
+    /// Whether that is on the edge that the panel hangs from.
+    bool knowsEdge() const;
 
 signals:
     void clicked();

@@ -33,9 +33,9 @@ public:
     virtual void setPanelOpen(bool) {}
     /// Where the panel drops down from, in native pixels of the root window; none while that is not known.
     virtual std::optional<QPoint> anchor() const = 0;
-    /// From the pointer at the last click to there, for a desktop where the pointer's place is all that is
-    /// known.
-    virtual QPoint anchorFromPointer() const { return {}; }
+    /// Whether that is on the edge that the panel hangs from. Otherwise it is a place inside the bar, and
+    /// some desktops tell of none.
+    virtual bool knowsEdge() const { return false; }
 
 signals:
     void availabilityChanged();

@@ -21,8 +21,8 @@ public:
     virtual void setOpen(bool isOpen) = 0;
 
 signals:
-    /// Where the pointer is, in native pixels, and where that would be beside a bar under it.
-    void pointerFound(QPoint pointer, QPoint besideBar);
+    /// Where the pointer is, in native pixels, or would be beside a bar under it.
+    void pointerFound(QPoint besideBar);
     void pressed();
 };
 

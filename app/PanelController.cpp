@@ -68,27 +68,25 @@ PanelController::PanelController(TickerViewModel &ticker, PanelServices services
 
 PanelController::~PanelController() = default;
 
-void PanelController::toggle(std::optional<QPoint> anchor, QPoint fromPointer)
+void PanelController::toggle(std::optional<QPoint> anchor, bool isAtEdge)
 {
     if (m_presses)
         m_presses->catchUp();
     if (isOpen())
         close(Cause::Request);
     else if (!isClosingClick())
-        drop(anchor, fromPointer);
+        drop(anchor, isAtEdge);
     m_sinceClosing.reset();
 }
 
-void PanelController::drop(std::optional<QPoint> anchor, QPoint fromPointer)
+void PanelController::drop(std::optional<QPoint> anchor, bool isAtEdge)
 {
     if (m_searchTimer.isRunning())
         return;
-    m_fromPointer = fromPointer;
-    // An item's own place is one inside the bar, or none; the strip knows its edge.
-    if (!fromPointer.isNull() && anchor)
+    if (isAtEdge)
         m_place = anchor;
     prepareBackdrop();
-    if (m_backdrop)
+    if (m_backdrop && !isAtEdge)
         m_searchTimer.start();
     else
         open(anchor);
@@ -165,11 +163,11 @@ void PanelController::handleActivation(quint32 window)
         close(Cause::FocusElsewhere);
 }
 
-void PanelController::handlePointer(QPoint pointer, QPoint besideBar)
+void PanelController::handlePointer(QPoint besideBar)
 {
     if (!m_searchTimer.isRunning())
         return;
-    m_place = m_fromPointer.isNull() ? besideBar : pointer + m_fromPointer;
+    m_place = besideBar;
     open(m_place);
 }
 

@@ -45,8 +45,9 @@ public:
     void setBackdrops(MakeBackdrop make) { m_makeBackdrop = std::move(make); }
 
     /// What a click on the item does. `anchor`: native pixels; none: the upper right corner of the first
-    /// screen. Where there is a backdrop, it drops down from the pointer or so far from it.
-    void toggle(std::optional<QPoint> anchor, QPoint fromPointer = {});
+    /// screen. Where there is a backdrop, it drops down from the pointer, unless it is known that the anchor
+    /// is on the edge that it hangs from.
+    void toggle(std::optional<QPoint> anchor, bool isAtEdge = false);
     /// Opens the panel, or brings the open one to the front.
     void open(std::optional<QPoint> anchor);
     void close();
@@ -72,7 +73,7 @@ private:
     enum class Cause { Request, PressAtBar, PressElsewhere, FocusElsewhere };
 
     PanelModule *module();
-    void drop(std::optional<QPoint> anchor, QPoint fromPointer);
+    void drop(std::optional<QPoint> anchor, bool isAtEdge);
     void prepareBackdrop();
     void letPressesThrough();
     void place();
@@ -82,7 +83,7 @@ private:
     X11::Placing placing() const;
     void takeKeyboard();
     void handleActivation(quint32 window);
-    void handlePointer(QPoint pointer, QPoint besideBar);
+    void handlePointer(QPoint besideBar);
     void handlePressBehind();
     void close(Cause cause);
     void forgetPresses();
@@ -98,8 +99,7 @@ private:
     MakeBackdrop m_makeBackdrop;
     std::unique_ptr<PanelBackdrop> m_backdrop;
     SingleShot m_searchTimer; ///< while the pointer is looked for
-    QPoint m_fromPointer;
-    std::optional<QPoint> m_place; ///< of the item, as a backdrop found it last
+    std::optional<QPoint> m_place; ///< of the item's edge, as it was known last
     std::optional<QPoint> m_anchor;
     QSize m_naturalSize;
     bool m_isHeld = false;

@@ -21,8 +21,6 @@ public:
     virtual void setColorScheme(ColorScheme scheme) = 0;
     /// Where the panel drops down from, in native pixels: the middle of the lower edge.
     virtual std::optional<QPoint> anchor() const = 0;
-    /// From the pointer at the last click to there, in native pixels.
-    virtual QPoint anchorFromPointer() const { return {}; }
 
 signals:
     void clicked();

@@ -51,9 +51,4 @@ std::optional<QPoint> StripHost::anchor() const
     return m_face ? m_face->anchor() : std::nullopt;
 }
 
-QPoint StripHost::anchorFromPointer() const
-{
-    return m_face ? m_face->anchorFromPointer() : QPoint();
-}
-
 } // namespace glimmet

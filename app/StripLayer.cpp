@@ -8,9 +8,12 @@
 
 namespace glimmet {
 
-StripLayer::StripLayer(WaylandConnection &connection, int inset)
+using namespace std::chrono_literals;
+
+StripLayer::StripLayer(WaylandConnection &connection, Timers &timers, int inset)
     : m_connection(connection)
     , m_inset(inset)
+    , m_search(timers, 200ms, [this] { end(true); })
 {
     connect(&connection, &WaylandConnection::changed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
     connect(
@@ -43,12 +46,14 @@ std::optional<QPoint> StripLayer::anchor() const
         return std::nullopt;
     const QRect output = m_connection.outputs().front()->geometry;
     const int inset = stripInset(length(), m_size.width(), m_inset);
-    return output.topLeft() + QPoint(length() - inset - m_size.width() / 2, m_size.height());
+    return output.topLeft()
+        + QPoint(length() - inset - m_size.width() / 2, m_lowerEdge.value_or(m_size.height()));
 }
 
 void StripLayer::makeSurface()
 {
     m_press.cancel();
+    m_search.stop();
     m_surface.reset();
     m_dragged.reset();
     m_cover.reset();
@@ -59,8 +64,7 @@ void StripLayer::makeSurface()
     m_surface = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);
     connect(m_surface.get(), &LayerSurface::configured, this, &StripLayer::draw);
     connect(m_surface.get(), &LayerSurface::pressed, this, &StripLayer::handlePress);
-    connect(m_surface.get(), &LayerSurface::pointerMoved, this,
-        [this](QPointF position) { handleMove(m_pressedStart + position.toPoint().x()); });
+    connect(m_surface.get(), &LayerSurface::pointerMoved, this, &StripLayer::handleMove);
     connect(m_surface.get(), &LayerSurface::released, this, &StripLayer::handleRelease);
     connect(m_surface.get(), &LayerSurface::left, this, &StripLayer::handleLeaving);
     connect(m_surface.get(), &LayerSurface::closed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
@@ -116,22 +120,45 @@ void StripLayer::cover()
     m_cover = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), place);
     connect(m_cover.get(), &LayerSurface::configured, this,
         [this] { m_cover->showNothing(QRect(QPoint(), m_cover->size())); });
-    connect(m_cover.get(), &LayerSurface::pointerMoved, this,
-        [this](QPointF position) { handleMove(position.toPoint().x()); });
+    connect(m_cover.get(), &LayerSurface::pointerMoved, this, &StripLayer::handleMoveOverCover);
+    // The release may have gone elsewhere, as to what locks the screen: nothing is to stay over it.
+    connect(m_cover.get(), &LayerSurface::pressed, this, &StripLayer::giveUp);
+    connect(m_cover.get(), &LayerSurface::left, this, [this] {
+        if (!m_dragged)
+            giveUp();
+    });
     connect(m_cover.get(), &LayerSurface::released, this, &StripLayer::handleRelease);
 }
 
 void StripLayer::handlePress(QPointF position, quint32 button)
 {
-    if (!m_connection.hasLayers())
+    if (!m_connection.hasLayers() || m_press.isDown())
         return;
-    m_anchorFromPointer = QPoint(m_size.width() / 2, m_size.height()) - position.toPoint();
+    m_search.stop();
     m_inset = stripInset(length(), m_size.width(), m_inset);
     m_pressedStart = length() - m_inset - m_size.width();
     m_press.begin(button, m_pressedStart + position.toPoint().x(), m_inset);
+    m_lowerEdge.reset();
+    handleMove(position);
+    cover();
 }
 
-void StripLayer::handleMove(int along)
+void StripLayer::handleMove(QPointF position)
+{
+    m_below = m_size.height() - position.toPoint().y();
+    moveTo(m_pressedStart + position.toPoint().x());
+}
+
+void StripLayer::handleMoveOverCover(QPointF position)
+{
+    if (!m_lowerEdge)
+        m_lowerEdge = position.toPoint().y() + m_below;
+    moveTo(position.toPoint().x());
+    if (m_search.isRunning())
+        endLater(true);
+}
+
+void StripLayer::moveTo(int along)
 {
     const std::optional<int> inset = m_press.moveTo(along);
     if (!inset || !m_surface || !m_connection.hasLayers())
@@ -150,12 +177,11 @@ void StripLayer::beginDrag()
     m_dragged = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);
     connect(m_dragged.get(), &LayerSurface::configured, this, &StripLayer::draw);
     m_surface->showNothing(QRect(QPoint(), m_surface->size()));
-    cover();
 }
 
 void StripLayer::handleLeaving()
 {
-    // Where the compositor leaves the pointer to what it moves over, the cover has it from the drag on.
+    // Where the compositor leaves the pointer to what it moves over, the cover has it from now on.
     if (!m_cover)
         m_press.cancel();
 }
@@ -165,17 +191,32 @@ void StripLayer::handleRelease(quint32 button)
     const bool isClick = m_press.end(button);
     if (m_press.isDown())
         return;
-    // Later: what is taken away may be what tells of it.
-    QMetaObject::invokeMethod(
-        this,
-        [this, isClick] {
-            m_cover.reset();
-            if (m_dragged)
-                makeSurface();
-            if (isClick)
-                emit clicked();
-        },
-        Qt::QueuedConnection);
+    if (isClick && !m_lowerEdge)
+        m_search.start();
+    else
+        endLater(isClick);
+}
+
+void StripLayer::giveUp()
+{
+    m_press.cancel();
+    endLater(false);
+}
+
+void StripLayer::endLater(bool isClick)
+{
+    m_search.stop();
+    // What is taken away may be what tells of it.
+    QMetaObject::invokeMethod(this, [this, isClick] { end(isClick); }, Qt::QueuedConnection);
+}
+
+void StripLayer::end(bool isClick)
+{
+    m_cover.reset();
+    if (m_dragged)
+        makeSurface();
+    if (isClick)
+        emit clicked();
 }
 
 } // namespace glimmet

@@ -2,10 +2,12 @@
 
 #include "app/StripFace.h"
 #include "app/StripPicture.h"
+#include "platform/SingleShot.h"
 
 #include <QPointF>
 
 #include <memory>
+#include <optional>
 
 namespace glimmet {
 
@@ -14,20 +16,19 @@ class WaylandConnection;
 struct LayerPlace;
 
 /// The strip as a surface on a layer of a Wayland compositor, at the upper edge of its first output, below a
-/// bar that is there.
+/// bar that is there. Where that is, only the pointer's place tells: a click looks for it.
 class StripLayer final : public StripFace {
     Q_OBJECT
 
 public:
     /// `connection` outlives it.
-    StripLayer(WaylandConnection &connection, int inset);
+    StripLayer(WaylandConnection &connection, Timers &timers, int inset);
     ~StripLayer() override;
 
     void setText(const QString &text) override;
     void setColorScheme(ColorScheme scheme) override;
-    /// As if there were no bar beside it, of which only the pointer's place tells.
+    /// As if there were no bar beside it until a click has told.
     std::optional<QPoint> anchor() const override;
-    QPoint anchorFromPointer() const override { return m_anchorFromPointer; }
 
 private:
     void makeSurface();
@@ -38,17 +39,22 @@ private:
     void cover();
     int length() const;
     void handlePress(QPointF position, quint32 button);
-    void handleMove(int along);
+    void handleMove(QPointF position);
+    void handleMoveOverCover(QPointF position);
+    void moveTo(int along);
     void handleLeaving();
     void handleRelease(quint32 button);
+    void giveUp();
+    void endLater(bool isClick);
+    void end(bool isClick);
 
     WaylandConnection &m_connection;
     std::unique_ptr<LayerSurface> m_surface;
     /// What is seen of it while it is dragged: compositors differ in what positions in a surface that moves
     /// mean, so the pressed one stays where it is.
     std::unique_ptr<LayerSurface> m_dragged;
-    /// Over the whole output while it is dragged: some compositors leave the pointer to what it moves
-    /// over.
+    /// Over the whole output from a press on: some compositors leave the pointer to what it moves over while
+    /// a button is down, others when it is let go.
     std::unique_ptr<LayerSurface> m_cover;
     QString m_text;
     ColorScheme m_scheme = ColorScheme::Light;
@@ -56,7 +62,9 @@ private:
     int m_inset;
     StripPress m_press;
     int m_pressedStart = 0; ///< where the strip began at the press, from the output's left edge
-    QPoint m_anchorFromPointer;
+    int m_below = 0; ///< from the pointer down to the strip's lower edge
+    std::optional<int> m_lowerEdge; ///< from the output's upper edge, as the last click told
+    SingleShot m_search; ///< after a click, while the pointer is looked for
 };
 
 } // namespace glimmet

@@ -33,7 +33,6 @@ public:
     void setText(const QString &text) override { m_shown.text = text; }
     void setColorScheme(ColorScheme scheme) override { m_shown.scheme = scheme; }
     std::optional<QPoint> anchor() const override { return QPoint(100, 26); }
-    QPoint anchorFromPointer() const override { return { 3, 4 }; }
 
 private:
     Shown &m_shown;
@@ -49,12 +48,11 @@ TEST_F(StripHostTest, isAlwaysAvailableAndThereOnlyWhileItIsShown)
 {
     EXPECT_TRUE(host.isAvailable());
     EXPECT_EQ(host.anchor(), std::nullopt);
-    EXPECT_EQ(host.anchorFromPointer(), QPoint());
 
     host.setShown(true);
     EXPECT_EQ(shown.count, 1);
     EXPECT_EQ(host.anchor(), QPoint(100, 26));
-    EXPECT_EQ(host.anchorFromPointer(), QPoint(3, 4));
+    EXPECT_TRUE(host.knowsEdge());
 
     host.setShown(false);
     EXPECT_EQ(shown.count, 0);
