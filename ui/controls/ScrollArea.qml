@@ -54,8 +54,10 @@ Flickable {
             beyond: area.contentY
         },
         SoftEdge {
+            // Beside the round corners that the panel may have here, through which the desktop is seen.
+            x: Theme.panelRadius
             y: area.height - height
-            width: area.width
+            width: area.width - 2 * x
             isAbove: false
             beyond: area.contentHeight - area.height - area.contentY
         }

@@ -108,6 +108,14 @@ PanelTestCase {
         verify(!isColor(picture.pixel(170, 120), Appearance.background));
     }
 
+    function test_theSoftEdgeBelowLeavesThePanelsRoundCornersOut() {
+        page.contentY = 100;
+        const below = all(page, SoftEdge)[1];
+
+        compare(below.mapToItem(page, 0, 0).x, Theme.panelRadius);
+        compare(below.width, page.width - 2 * Theme.panelRadius);
+    }
+
     function test_whatGetsTheKeyboardStandsClearOfTheSoftEdges() {
         const buttons = all(page, PlainButton);
 
