@@ -13,8 +13,8 @@ class LayerSurface;
 class WaylandConnection;
 struct WaylandOutput;
 
-/// Whether the compositor puts windows where it likes, and tells of the pointer only on its layers, which it
-/// has.
+/// Whether the compositor puts X windows where it likes, and tells of the pointer only on its layers, which
+/// it has.
 bool needsLayers(const WaylandConnection &connection);
 
 /// Where a panel drops down from if the pointer is at `pointer` on an output of this geometry, of which

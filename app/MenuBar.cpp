@@ -8,6 +8,8 @@
 #include "app/StripWindow.h"
 #include "app/TopBarHost.h"
 #include "core/HostText.h"
+#include "platform/desktop/X11.h"
+#include "platform/wayland/WaylandConnection.h"
 
 #include <algorithm>
 #include <chrono>
@@ -20,8 +22,11 @@ namespace {
 
 std::unique_ptr<StripFace> makeStrip(WaylandConnection &wayland, Timers &timers, int inset)
 {
-    if (needsLayers(wayland))
+    if (needsLayers(wayland) || (X11::isMissing() && wayland.offersLayers()))
         return std::make_unique<StripLayer>(wayland, timers, inset);
+    // A window would stand where the compositor likes, and among those of the user's.
+    if (X11::isMissing())
+        return nullptr;
     return std::make_unique<StripWindow>(inset);
 }
 

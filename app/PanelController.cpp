@@ -104,7 +104,8 @@ void PanelController::open(std::optional<QPoint> anchor)
         prepareBackdrop();
         if (m_backdrop && m_place)
             anchor = m_place;
-        m_panel = panels->makePanel(m_ticker, m_services, { m_look, X11::isCompositing() });
+        m_panel =
+            panels->makePanel(m_ticker, m_services, { m_look, X11::isCompositing() || X11::isMissing() });
         m_anchor = anchor;
         m_naturalSize = m_panel->window().size();
         place();
@@ -206,7 +207,7 @@ void PanelController::setHeld(bool isHeld)
 
 quint32 PanelController::windowId() const
 {
-    return isOpen() ? static_cast<quint32>(m_panel->window().winId()) : 0;
+    return isOpen() && !X11::isMissing() ? static_cast<quint32>(m_panel->window().winId()) : 0;
 }
 
 void PanelController::setLook(const DesktopLook &look)
@@ -232,7 +233,13 @@ void PanelController::place()
     const ScreenSpace screen = screenFor(m_anchor);
     const QPoint corner = screen.available.topRight();
     const QPoint item = m_anchor ? screen.toLogical(*m_anchor) : corner;
-    window.setGeometry(panelGeometry(m_naturalSize, item, screen));
+    const QRect geometry = panelGeometry(m_naturalSize, item, screen);
+    window.setGeometry(geometry);
+    // One of a size of its own is not tiled.
+    if (X11::isMissing()) {
+        window.setMinimumSize(geometry.size());
+        window.setMaximumSize(geometry.size());
+    }
     window.create();
     X11::makeDropDown(window, placing());
 }
@@ -294,7 +301,8 @@ void PanelController::handleFocus(const QWindow *focused)
         return;
     // Another window of our own takes it on purpose.
     const bool isOurs = focused != nullptr;
-    if (isOurs || m_sinceOpening.hasPassed(m_settlingTime))
+    // A Wayland compositor gives the keyboard to whom it likes, once for all.
+    if (isOurs || X11::isMissing() || m_sinceOpening.hasPassed(m_settlingTime))
         close(Cause::FocusElsewhere);
     else
         takeKeyboard();

@@ -57,7 +57,7 @@ public:
     /// While it is held, neither a press nor the keyboard's going elsewhere closes it: a dialog that belongs
     /// to it is up.
     void setHeld(bool isHeld);
-    /// The panel's X11 window; 0 while it is closed.
+    /// The panel's X11 window; 0 while it is closed, and without an X server.
     quint32 windowId() const;
 
     void setLook(const DesktopLook &look);

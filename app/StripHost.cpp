@@ -17,6 +17,11 @@ StripHost::StripHost(MakeFace makeFace, QObject *parent)
 
 StripHost::~StripHost() = default;
 
+QString StripHost::place() const
+{
+    return m_isShown && !m_face ? QStringLiteral("nothing") : QStringLiteral("a strip");
+}
+
 void StripHost::setText(const QString &text)
 {
     m_text = text;
@@ -33,13 +38,12 @@ void StripHost::setColorScheme(ColorScheme scheme)
 
 void StripHost::setShown(bool shown)
 {
-    if (shown == (m_face != nullptr))
+    if (shown == m_isShown)
         return;
-    if (!shown) {
-        m_face.reset();
+    m_isShown = shown;
+    m_face = shown ? m_makeFace(m_inset) : nullptr;
+    if (!m_face)
         return;
-    }
-    m_face = m_makeFace(m_inset);
     m_face->setColorScheme(m_scheme);
     m_face->setText(m_text);
     connect(m_face.get(), &StripFace::clicked, this, &StripHost::clicked);

@@ -14,14 +14,14 @@ class StripHost final : public MenuBarHost {
     Q_OBJECT
 
 public:
-    /// Makes the strip so far from the screen's right end, in logical pixels.
+    /// Makes the strip so far from the screen's right end, in logical pixels; none where there can be none.
     using MakeFace = std::function<std::unique_ptr<StripFace>(int inset)>;
 
     explicit StripHost(MakeFace makeFace, QObject *parent = nullptr);
     ~StripHost() override;
 
     bool isAvailable() const override { return true; }
-    QString place() const override { return QStringLiteral("a strip"); }
+    QString place() const override;
     void setText(const QString &text) override;
     void setShown(bool shown) override;
     void setColorScheme(ColorScheme scheme) override;
@@ -32,6 +32,7 @@ private:
     const MakeFace m_makeFace;
     QString m_text;
     ColorScheme m_scheme = ColorScheme::Light;
+    bool m_isShown = false;
     std::unique_ptr<StripFace> m_face;
     int m_inset;
 };

@@ -45,25 +45,44 @@ namespace {
 // At a busy login XWayland starts only with its first client, which waits for it.
 constexpr std::chrono::seconds patienceWithTheDisplay{ 30 };
 
+/// Whether something is there to draw on, with the connection to be kept until Qt has its own.
+struct Drawing {
+    bool isPossible = false;
+    std::shared_ptr<xcb_connection_t> connection;
+};
+
+/// What is said where no X server is there: with a Wayland compositor the program goes on all the same.
+Drawing drawWithoutX(const QByteArray &reason)
+{
+    const Substitute substitute = substituteForX();
+    if (substitute == Substitute::Wayland) {
+        qputenv("QT_QPA_PLATFORM", "wayland");
+        std::fprintf(stderr, "glimmet finds no X display (%s): the panel opens where the desktop puts it\n",
+            reason.constData());
+        return { true, nullptr };
+    }
+    const char *way = substitute == Substitute::NotInstalled ? ", or the package qt6-wayland" : "";
+    std::fprintf(stderr, "glimmet needs an X display (%s)%s\n", reason.constData(), way);
+    return {};
+}
+
 /// The panel places itself, which only an X server lets a program do; under Wayland that is XWayland. Where
-/// there is none, the user is told and there is no connection.
-std::shared_ptr<xcb_connection_t> chooseX11()
+/// there is none, the user is told.
+Drawing chooseDrawing()
 {
     qputenv("QT_QPA_PLATFORM", platformFor(qgetenv("QT_QPA_PLATFORM")));
     const QByteArray name = qgetenv("DISPLAY");
     const XDisplayLook look = lookAtDisplay(patienceWithTheDisplay);
     switch (look.display) {
     case XDisplay::Unset:
-        std::fputs("glimmet needs an X display (DISPLAY is not set)\n", stderr);
-        return nullptr;
+        return drawWithoutX("DISPLAY is not set");
     case XDisplay::Unreachable:
-        std::fprintf(stderr, "glimmet needs an X display (cannot connect to %s)\n", name.constData());
-        return nullptr;
+        return drawWithoutX("cannot connect to " + name);
     case XDisplay::Silent:
         std::fprintf(stderr, "glimmet needs an X display (%s does not answer)\n", name.constData());
-        return nullptr;
+        return {};
     case XDisplay::Answers:
-        return look.connection;
+        return { true, look.connection };
     }
     Q_UNREACHABLE();
 }
@@ -183,12 +202,12 @@ int main(int argc, char *argv[])
     // bus has just gone; as a warning it does no harm.
     qputenv("DBUS_FATAL_WARNINGS", "0");
     DiagnosticLog log;
-    std::shared_ptr<xcb_connection_t> display = chooseX11();
+    Drawing drawing = chooseDrawing();
     // At once: a thread may still be waiting for the display.
-    if (!display)
+    if (!drawing.isPossible)
         std::_Exit(1);
     QGuiApplication application(argc, argv);
-    display.reset(); // Qt has its own now.
+    drawing.connection.reset();
     QGuiApplication::setApplicationName(QStringLiteral("glimmet"));
     QGuiApplication::setApplicationVersion(QStringLiteral(GLIMMET_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("me.kerno.glimmet"));

@@ -36,6 +36,8 @@ list(JOIN GLIMMET_QML_PACKAGES ", " qmlPackages)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "${qmlPackages}, ca-certificates, tzdata")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "default-dbus-session-bus | dbus-session-bus, fonts-inter, \
 fonts-noto-color-emoji, gnome-keyring | keepassxc | libkf5wallet-bin, packagekit")
+# For a Wayland compositor without an X server.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland")
 
 # A source that the administrator has edited or removed stays so.
 set(conffiles "")

@@ -168,6 +168,11 @@ void makeTopBar(const QWindow &window)
     xcb_flush(x);
 }
 
+bool isMissing()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 bool isWlroots()
 {
     xcb_connection_t *x = connection();

@@ -17,6 +17,10 @@ namespace glimmet::X11 {
 /// Has the window stand like a bar, above others, on every desktop. Call before it is shown.
 void makeTopBar(const QWindow &window);
 
+/// Whether Qt speaks to a Wayland compositor itself, for want of an X server: then it is the compositor that
+/// places windows, and rounds off what is translucent.
+bool isMissing();
+
 /// Whether the X server stands in a Wayland compositor of the wlroots kind, which centres, tiles or ignores
 /// what a window asks for, and does not tell where the pointer is.
 bool isWlroots();

@@ -1,11 +1,15 @@
 #include "platform/desktop/XDisplay.h"
 
+#include <QDir>
+#include <QLibraryInfo>
 #include <QList>
 
+#include <wayland-client-core.h>
 #include <xcb/xcb.h>
 
 #include <algorithm>
 #include <future>
+#include <memory>
 #include <thread>
 #include <utility>
 
@@ -18,6 +22,17 @@ XDisplayLook connectOnce()
     if (xcb_connection_has_error(connection.get()) != 0)
         return { XDisplay::Unreachable, nullptr };
     return { XDisplay::Answers, std::move(connection) };
+}
+
+bool isCompositorThere()
+{
+    // Without a name the library would try one of its own, and without the folder complain in its own words.
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    if (name.isEmpty() || (!name.startsWith('/') && qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")))
+        return false;
+    const std::unique_ptr<wl_display, decltype(&wl_display_disconnect)> display(
+        wl_display_connect(nullptr), wl_display_disconnect);
+    return display != nullptr;
 }
 
 } // namespace
@@ -33,6 +48,16 @@ XDisplayLook lookAtDisplay(std::chrono::milliseconds patience)
     if (found.wait_for(patience) != std::future_status::ready)
         return { XDisplay::Silent, nullptr };
     return found.get();
+}
+
+Substitute substituteForX()
+{
+    if (!isCompositorThere())
+        return Substitute::None;
+    const QDir platforms(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
+    const bool isInstalled =
+        !platforms.entryList({ QStringLiteral("libqwayland-generic*.so") }, QDir::Files).isEmpty();
+    return isInstalled ? Substitute::Wayland : Substitute::NotInstalled;
 }
 
 QByteArray platformFor(const QByteArray &wanted)

@@ -29,9 +29,14 @@ struct XDisplayLook {
 /// silent, a thread keeps waiting for it: the process is then to end.
 XDisplayLook lookAtDisplay(std::chrono::milliseconds patience);
 
-/// Which of Qt's platforms the program takes where the user's QT_QPA_PLATFORM is `wanted`: always "xcb", with
-/// the user's parameters for it if there are some. Other platforms are wished for in a whole session's
-/// settings, and there a window cannot place itself.
+/// Whether Qt can do without an X server here: a Wayland compositor answers, and Qt's platform for it is
+/// installed, which the program does not depend on.
+enum class Substitute { None, NotInstalled, Wayland };
+Substitute substituteForX();
+
+/// Which of Qt's platforms the program takes on an X server where the user's QT_QPA_PLATFORM is `wanted`:
+/// always "xcb", with the user's parameters for it if there are some. Other platforms are wished for in a
+/// whole session's settings, and there a window cannot place itself.
 QByteArray platformFor(const QByteArray &wanted);
 
 } // namespace glimmet

@@ -58,6 +58,17 @@ TEST_F(StripHostTest, isAlwaysAvailableAndThereOnlyWhileItIsShown)
     EXPECT_EQ(shown.count, 0);
 }
 
+TEST(StripHostWithoutAFace, showsNothingAndSaysSo)
+{
+    StripHost host([](int) { return nullptr; });
+    host.setShown(true);
+    host.setText(QStringLiteral("12:34"));
+    host.setColorScheme(ColorScheme::Dark);
+
+    EXPECT_EQ(host.place(), QStringLiteral("nothing"));
+    EXPECT_EQ(host.anchor(), std::nullopt);
+}
+
 TEST_F(StripHostTest, comesUpWithWhatItWasToldBefore)
 {
     host.setText(QStringLiteral("12:34"));

@@ -1,5 +1,6 @@
 """sway on a screen without hardware: its X windows are XWayland's, its hands and its pictures the compositor's own."""
 
+import json
 import os
 
 from desktop.processes import wait_for
@@ -46,6 +47,15 @@ class SwayScreen(Screen):
     def message(self, *words):
         """Has sway do something, as its users' key bindings do."""
         self.run("swaymsg", *words)
+
+    def own_windows(self):
+        """Those that programs have of the compositor itself, as it tells of them."""
+        found, nodes = [], [json.loads(self.run("swaymsg", "-t", "get_tree", "-r"))]
+        for node in nodes:
+            nodes += node["nodes"] + node["floating_nodes"]
+            if node.get("app_id"):
+                found.append(node)
+        return found
 
     def add_output_beside(self):
         """A second output of the same size, right of the first one."""

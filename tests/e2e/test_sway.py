@@ -184,6 +184,63 @@ class Item(SwayCase):
         self.screen.wait_until_gone(PANEL)
 
 
+class WithoutXServer(SwayCase):
+    """The bar's text is as ever; the panel is a window of the compositor's own."""
+
+    def window(self):
+        return next((each for each in self.screen.own_windows() if each["name"] == PANEL), None)
+
+    def wait_for_panel(self):
+        wait_for(lambda: (self.window() or {}).get("focused"), 10, "the panel with the keyboard")
+        return self.window()
+
+    def wait_until_closed(self):
+        wait_for(lambda: not self.window(), 10, "the panel to be closed")
+        watch_for(DOUBLE_CLICK_TIME)
+
+    def try_panel(self, x, y, _edge=0):
+        closers = {
+            "Escape": lambda: self.screen.key("Escape"),
+            "a second click": lambda: self.screen.click(x, y),
+        }
+        for name, close in closers.items():
+            with self.subTest(name):
+                self.screen.click(x, y)
+                panel = self.wait_for_panel()
+                self.assertEqual((panel["rect"]["width"], panel["rect"]["height"]), (340, 540))
+                self.assertEqual(panel["type"], "floating_con")
+                self.press_controls()
+                close()
+                self.wait_until_closed()
+        self.assertIsNone(self.glimmet.process.poll())
+
+    def start_program(self):
+        self.launch({"DISPLAY": ""})
+        self.assertIn("glimmet finds no X display (DISPLAY is not set): the panel opens where the desktop puts it",
+                      self.glimmet.output())
+
+    def test_shows_its_text_in_waybar_and_opens_the_panel_as_a_window(self):
+        self.start_waybar()
+        self.start_program()
+
+        self.try_panel(*self.wait_for_text(0, BAR_HEIGHT).middle)
+
+    def test_has_a_strip(self):
+        self.start_program()
+
+        self.try_panel(*self.wait_for_text(0, 26).middle)
+
+    def test_a_window_that_gets_the_keyboard_closes_the_panel(self):
+        self.start_program()
+        self.screen.click(*self.wait_for_text(0, 26).middle)
+        self.wait_for_panel()
+
+        window = self.desktop.start("another window", ["xev"])
+        self.addCleanup(self.desktop.stop, window)
+
+        self.wait_until_closed()
+
+
 class Feed(SwayCase):
     def test_shows_its_text_in_waybar_with_the_panel_under_it_and_no_strip(self):
         self.start_waybar(FEED_BAR)
