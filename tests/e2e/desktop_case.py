@@ -9,10 +9,12 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop.glimmet import Glimmet
+from desktop.glimmet import PANEL, Glimmet
+from desktop.screen import Area
 from desktop.virtual_desktop import VirtualDesktop
 
 BINARY = Path(os.environ["GLIMMET_BINARY"]).resolve(strict=True)
+PICTURES = os.environ.get("GLIMMET_PICTURES")
 # Interrupted from outside, the desktop is still taken down.
 signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
 
@@ -79,6 +81,14 @@ class DesktopCase(unittest.TestCase):
 
     def click_elsewhere(self):
         self.screen.click(self.screen.area.width // 4, self.screen.area.height * 3 // 4)
+
+    def keep_picture(self, name):
+        """The open panel with what it hangs from, where the environment names a folder for such pictures."""
+        if PICTURES:
+            panel, screen = self.screen.area_of(PANEL), self.screen.area
+            left, top = max(panel.x - 20, 0), max(panel.y - 44, 0)
+            right, bottom = min(panel.right + 20, screen.right), min(panel.bottom + 44, screen.bottom)
+            self.screen.screenshot(Path(PICTURES) / f"{name}.png", Area(left, top, right - left, bottom - top))
 
     def assert_on_screen(self, area):
         self.assertTrue(self.screen.area.contains(area), f"{area} leaves the screen {self.screen.area}")

@@ -74,6 +74,7 @@ class IconPanelCase(DesktopCase):
             self.click(button)
             self.assert_beside_icon(self.glimmet.wait_for_panel())
             watch_for(DOUBLE_CLICK_TIME)
+            self.keep_picture(self.panel)
             self.click(button)
             self.screen.wait_until_gone(PANEL)
             watch_for(DOUBLE_CLICK_TIME)

@@ -94,6 +94,7 @@ class OnBothDisplays:
     def test_opens_and_closes_by_single_clicks_ten_times_in_a_row(self):
         for _ in range(ROUNDS):
             self.open()
+            self.keep_picture(f"gnome-{'wayland' if self.is_wayland else 'x11'}")
             self.press()
             self.wait_until_closed()
 

@@ -59,6 +59,7 @@ class GnomeItem(DesktopCase):
             self.assert_under(panel, self.item)
             self.assert_on_screen(panel)
             watch_for(DOUBLE_CLICK_TIME)
+            self.keep_picture("gnome-appindicator")
             self.toggle()
             self.screen.wait_until_gone(PANEL)
             watch_for(DOUBLE_CLICK_TIME)

@@ -63,6 +63,7 @@ class Strip(DesktopCase):
         self.assertEqual(moved.y, 0)
         self.assertFalse(self.glimmet.is_panel_open())
         self.assert_under(self.glimmet.open_panel(), moved)
+        self.keep_picture("strip")
         self.glimmet.close_panel()
         self.screen.drag(moved.middle, (0, y))
         wait_for(lambda: self.screen.area_of(STRIP).x == 0, 10, "the strip at the edge's beginning")

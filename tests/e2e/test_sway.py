@@ -77,6 +77,7 @@ class SwayCase(DesktopCase):
                 self.screen.click(x, y)
                 self.assert_panel_under(x, edge)
                 self.press_controls()
+                self.keep_picture(f"sway-{type(self).__name__.lower()}")
                 close()
                 self.screen.wait_until_gone(PANEL)
                 watch_for(DOUBLE_CLICK_TIME)
