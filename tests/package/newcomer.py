@@ -142,7 +142,7 @@ def first_login(person, _options):
 
 def add_quote(person):
     person.choose("Quote")
-    person.write("stay curious ✦", QUOTE)
+    person.write("New quote", QUOTE)
     person.press("Add")
     person.control(f"Remove {QUOTE}")
     person.wait_for_label(QUOTE)
@@ -152,7 +152,7 @@ def add_quote(person):
 
 def add_deadline(person):
     person.choose("Deadline")
-    person.write("Name (e.g. Math Exam)", DEADLINE)
+    person.write("Deadline name", DEADLINE)
     wait_for(lambda: person.control("Add Deadline", BUTTON).enabled, 5, "“Add Deadline” to be in use")
     person.press("Add Deadline")
     person.control(f"Remove {DEADLINE}")
