@@ -1,9 +1,7 @@
 #include "app/ItemHost.h"
 
 #include "app/FeedHost.h"
-#include "app/ItemPicture.h"
 #include "platform/ProgramName.h"
-#include "platform/Text.h"
 #include "platform/bus/BusCalls.h"
 #include "platform/bus/BusProperties.h"
 #include "platform/bus/SessionBus.h"
@@ -20,9 +18,7 @@
 #include <QDBusServiceWatcher>
 #include <QFile>
 
-#include <array>
 #include <chrono>
-#include <utility>
 
 namespace glimmet {
 namespace {
@@ -46,15 +42,6 @@ constexpr auto clickPatience = 1s;
 constexpr auto menuPatience = 5s;
 /// Between a press, which opens the menu, and its release, which activates.
 constexpr auto sameClickTime = 1s;
-/// A host reads the whole item anew when it is told of a tooltip, and hardly anybody looks at that.
-constexpr auto toolTipPause = 10s;
-/// Letters that MATE's panel has room for; it draws a longer label over what is beside it.
-constexpr int longestLabel = 60;
-/// The sizes of icons that panels ask for, also at twice the scale.
-constexpr std::array iconSizes{ 22, 44, 64 };
-/// A text is painted for twice the scale: panels shrink it to their own height.
-constexpr int widePictureHeight = 44;
-
 /// The file name of the program that owns a name on the bus, empty where that is not known.
 QByteArray programOf(const SessionBus &bus, const QString &name)
 {
@@ -78,23 +65,19 @@ ItemHost::ItemHost(SessionBus &bus, Timers &timers, const SteadyClock &clock, QO
     , m_bus(bus)
     , m_item(std::make_unique<StatusNotifierItem>())
     , m_menu(std::make_unique<NotifierMenu>(menuWords))
+    , m_face(*m_item, timers)
     , m_unseenTimer(timers, unseenPatience, [this] { startOver(); })
     , m_menuTimer(timers, menuPatience, [this] { comeBack(); })
     , m_clickTimer(timers, clickPatience, [this] { emit clicked(); })
-    , m_toolTipTimer(timers, toolTipPause,
-          [this] {
-              if (m_isToolTipStale)
-                  announceToolTip();
-          })
     , m_sinceMenu(clock)
 {
-    connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_showsMenu); });
+    connect(m_item.get(), &StatusNotifierItem::wasRead, this, [this] { handleRead(m_face.showsMenu()); });
     connect(m_menu.get(), &NotifierMenu::wasRead, this, [this] { handleRead(false); });
     connect(m_item.get(), &StatusNotifierItem::activated, this, &ItemHost::handleClick);
     connect(m_item.get(), &StatusNotifierItem::activatedBesideMenu, this, &ItemHost::handleEarlyClick);
     connect(m_menu.get(), &NotifierMenu::opened, this, &ItemHost::handleMenuOpened);
     connect(m_menu.get(), &NotifierMenu::asked, this, [this] {
-        if (!m_showsMenu)
+        if (!m_face.showsMenu())
             noteAnchor(m_anchor);
     });
     connect(m_menu.get(), &NotifierMenu::closed, this, &ItemHost::handleMenuClosed);
@@ -110,38 +93,22 @@ ItemHost::~ItemHost() = default;
 
 void ItemHost::setText(const QString &text)
 {
-    if (text == m_text)
-        return;
-    m_text = text;
-    updateLabel();
-    if (paintsText())
-        updatePictures();
-    updateToolTip();
+    m_face.setText(text);
 }
 
 void ItemHost::setMode(TickerMode mode)
 {
-    if (mode == m_mode)
-        return;
-    m_mode = mode;
-    updatePictures();
-    if (m_isToolTipStale)
-        announceToolTip();
-    // The text of the new mode follows, and is told at once.
-    m_toolTipTimer.stop();
+    m_face.setMode(mode);
 }
 
 void ItemHost::setColorScheme(ColorScheme scheme)
 {
-    if (scheme == m_scheme)
-        return;
-    m_scheme = scheme;
-    updatePictures();
+    m_face.setColorScheme(scheme);
 }
 
 void ItemHost::setPanelOpen(bool isOpen)
 {
-    setToolTipHidden(Cover::Panel, isOpen);
+    m_face.setCovered(ItemFace::Cover::Panel, isOpen);
 }
 
 void ItemHost::setShown(bool shown)
@@ -164,52 +131,6 @@ bool ItemHost::isWanted() const
     return m_isShown || !isAvailable();
 }
 
-void ItemHost::setToolTipHidden(Cover cover, bool isHidden)
-{
-    if (m_covers.testFlag(cover) == isHidden)
-        return;
-    m_covers.setFlag(cover, isHidden);
-    m_toolTipTimer.stop();
-    updateToolTip();
-}
-
-void ItemHost::updateLabel()
-{
-    const bool isShort = m_item->presentation() == StatusNotifierItem::Presentation::Label;
-    m_item->setLabel(isShort ? shortened(m_text, longestLabel) : m_text);
-}
-
-void ItemHost::updatePictures()
-{
-    if (m_item->presentation() != StatusNotifierItem::Presentation::Icon)
-        return;
-    const ColorScheme bar = m_isBarDark ? ColorScheme::Dark : m_scheme;
-    QList<NotifierPixmap> pictures;
-    for (const int size : iconSizes)
-        pictures.append(notifierPixmap(modePicture(m_mode, size, bar)));
-    if (paintsText())
-        pictures.append(notifierPixmap(textPicture(m_text, widePictureHeight, bar)));
-    m_item->setPictures(std::move(pictures));
-}
-
-void ItemHost::updateToolTip()
-{
-    m_item->setToolTip(m_covers ? QString() : m_text);
-    if (m_showsMenu || !m_available)
-        return;
-    if (m_toolTipTimer.isRunning())
-        m_isToolTipStale = true;
-    else
-        announceToolTip();
-}
-
-void ItemHost::announceToolTip()
-{
-    m_isToolTipStale = false;
-    m_item->announceToolTip();
-    m_toolTipTimer.start();
-}
-
 void ItemHost::handleConnected()
 {
     QDBusConnection connection = m_bus.connection();
@@ -229,8 +150,8 @@ void ItemHost::handleConnected()
             QString(), watcherPath, watcherService, QString::fromLatin1(signal), this, SLOT(askForHost()));
     m_feedWatch = std::make_unique<QDBusServiceWatcher>(FeedHost::feedName, connection);
     connect(m_feedWatch.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
-        [this](const QString &, const QString &, const QString &owner) { handleFeed(owner); });
-    handleFeed(m_bus.ownerOf(FeedHost::feedName));
+        [this](const QString &, const QString &, const QString &owner) { m_face.setFed(!owner.isEmpty()); });
+    m_face.setFed(!m_bus.ownerOf(FeedHost::feedName).isEmpty());
     if (!m_bus.ownerOf(watcherService).isEmpty())
         handleWatcher();
 }
@@ -247,7 +168,7 @@ void ItemHost::handleWatcher()
 {
     if (!m_isStartingOver)
         m_registrations = 0;
-    choosePresentation();
+    learnManner();
     registerItem();
     askForHost();
 }
@@ -258,35 +179,17 @@ void ItemHost::handleWatcherGone()
     setAvailable(false);
 }
 
-void ItemHost::handleFeed(const QString &owner)
-{
-    const bool hasFeed = !owner.isEmpty();
-    if (hasFeed == m_hasFeed)
-        return;
-    m_hasFeed = hasFeed;
-    m_item->setFollowed(hasFeed);
-    if (m_takesWidePictures)
-        updatePictures();
-}
-
-bool ItemHost::paintsText() const
-{
-    return m_takesWidePictures && !m_hasFeed;
-}
-
-void ItemHost::choosePresentation()
+void ItemHost::learnManner()
 {
     using enum StatusNotifierItem::Presentation;
     const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
-    const bool isMate = isDesktop("MATE");
-    m_showsMenu = isGnome;
-    m_takesWidePictures = isDesktop("X-CINNAMON") || programOf(m_bus, watcherService) == "waybar";
-    // These bars are dark unless their users say otherwise, whatever the desktop wants of windows.
-    m_isBarDark = m_takesWidePictures || isDesktop("XFCE");
-    const auto elsewhere = isMate ? Label : Icon;
-    m_item->setPresentation(isGnome ? Menu : elsewhere);
-    updateLabel();
-    updatePictures();
+    const auto elsewhere = isDesktop("MATE") ? Label : Icon;
+    ItemFace::Manner manner;
+    manner.presentation = isGnome ? Menu : elsewhere;
+    manner.takesWidePictures = isDesktop("X-CINNAMON") || programOf(m_bus, watcherService) == "waybar";
+    // These bars are dark unless their users say otherwise.
+    manner.isBarDark = manner.takesWidePictures || isDesktop("XFCE");
+    m_face.setManner(manner);
 }
 
 void ItemHost::registerItem()
@@ -348,6 +251,7 @@ void ItemHost::setAvailable(bool available)
         return;
     const bool before = isAvailable();
     m_available = available;
+    m_face.setWatched(available);
     if (available && m_registrations > 0)
         m_unseenTimer.start();
     tellAvailability(before);
@@ -370,7 +274,7 @@ void ItemHost::tellAvailability(bool before)
 
 void ItemHost::handleClick(QPoint position)
 {
-    setToolTipHidden(Cover::Menu, false); // A host need not tell that it closed the menu.
+    m_face.setCovered(ItemFace::Cover::Menu, false); // A host need not tell that it closed the menu.
     noteAnchor(position);
     emit clicked();
 }
@@ -400,10 +304,10 @@ void ItemHost::handleMenuOpened()
 {
     // A menu's click carries no place.
     noteAnchor(m_anchor);
-    if (m_showsMenu)
+    if (m_face.showsMenu())
         closeMenu();
     else
-        setToolTipHidden(Cover::Menu, true);
+        m_face.setCovered(ItemFace::Cover::Menu, true);
 }
 
 void ItemHost::closeMenu()
@@ -416,7 +320,7 @@ void ItemHost::closeMenu()
 
 void ItemHost::handleMenuClosed()
 {
-    setToolTipHidden(Cover::Menu, false);
+    m_face.setCovered(ItemFace::Cover::Menu, false);
     if (m_menuTimer.isRunning())
         comeBack();
     if (m_clickTimer.isRunning()) {

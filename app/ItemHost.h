@@ -1,10 +1,9 @@
 #pragma once
 
+#include "app/ItemFace.h"
 #include "app/MenuBarHost.h"
 #include "platform/SingleShot.h"
 #include "platform/SteadyClock.h"
-
-#include <QFlags>
 
 #include <memory>
 
@@ -14,7 +13,6 @@ namespace glimmet {
 
 class NotifierMenu;
 class SessionBus;
-class StatusNotifierItem;
 
 /// Shows the text as a StatusNotifierItem in the desktop's own menu bar or panel. Registers anew whenever the
 /// watcher or its host comes back.
@@ -41,29 +39,19 @@ private slots:
     void askForHost();
 
 private:
-    /// What a tooltip would lie over.
-    enum class Cover { Panel = 1, Menu = 2 };
-
     void handleConnected();
     void handleLost();
     void handleWatcher();
     void handleWatcherGone();
-    void handleFeed(const QString &owner);
     void registerItem();
     void handleRead(bool isOnlyTheBeginning);
     void startOver();
     void setAvailable(bool available);
     void setOverlooked(bool isOverlooked);
     void tellAvailability(bool before);
-    void choosePresentation();
-    bool paintsText() const;
+    void learnManner();
     void showOrHide();
     bool isWanted() const;
-    void updateLabel();
-    void updatePictures();
-    void setToolTipHidden(Cover cover, bool isHidden);
-    void updateToolTip();
-    void announceToolTip();
     void handleClick(QPoint position);
     void noteAnchor(std::optional<QPoint> position);
     void handleEarlyClick(QPoint position);
@@ -75,23 +63,14 @@ private:
     SessionBus &m_bus;
     std::unique_ptr<StatusNotifierItem> m_item;
     std::unique_ptr<NotifierMenu> m_menu;
+    ItemFace m_face;
     std::unique_ptr<QDBusServiceWatcher> m_watcherWatch;
     std::unique_ptr<QDBusServiceWatcher> m_feedWatch;
     SingleShot m_unseenTimer;
     SingleShot m_menuTimer;
     SingleShot m_clickTimer;
-    SingleShot m_toolTipTimer;
     Stopwatch m_sinceMenu;
     int m_registrations = 0; ///< since the item was last seen
-    QString m_text;
-    TickerMode m_mode = TickerMode::Clock;
-    ColorScheme m_scheme = ColorScheme::Light;
-    bool m_showsMenu = false;
-    bool m_takesWidePictures = false;
-    bool m_hasFeed = false;
-    bool m_isToolTipStale = false;
-    bool m_isBarDark = false;
-    QFlags<Cover> m_covers;
     bool m_isAnnounced = false;
     bool m_isStartingOver = false;
     bool m_available = false; ///< a host is there, as the watcher tells
