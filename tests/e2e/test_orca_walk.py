@@ -75,9 +75,9 @@ class NewUser(RevenueCase, SpokenPanel):
         self.screen.wait_until_typed_into("glimmet")
         self.do(press("shift+Tab"))
         self.wait_to_be_told("add api key push button. Opens the API keys")
-        self.walk(f"""
-            space: API Keys dialog {KEY_FIELD} password text. Polar → Settings → API. The keyring is locked.
-        """)
+        self.do(press("space"))
+        # Before that, as a part of the dialog, also what is below the field where that is known by then.
+        self.wait_to_be_told(f"{KEY_FIELD} password text. Polar → Settings → API. The keyring is locked")
 
         self.meet_dialog(paste_key)
         self.do(dismiss)
