@@ -36,7 +36,7 @@ MenuBar::Hosts menuBarHosts(
     SessionBus &bus, Timers &timers, const SteadyClock &clock, WaylandConnection &wayland)
 {
     MenuBar::Hosts hosts;
-    hosts.push_back(std::make_unique<TopBarHost>(bus));
+    hosts.push_back(std::make_unique<TopBarHost>(bus, timers));
     hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
     hosts.push_back(std::make_unique<FeedHost>(bus));
     hosts.push_back(std::make_unique<StripHost>(

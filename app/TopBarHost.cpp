@@ -6,12 +6,14 @@
 
 #include <QDBusServiceWatcher>
 
+#include <algorithm>
 #include <cmath>
 
 namespace glimmet {
 namespace {
 
-const QString shellName = QStringLiteral("org.gnome.Shell");
+/// GNOME Shell's and Plasma's.
+const QStringList shellNames{ QStringLiteral("org.gnome.Shell"), QStringLiteral("org.kde.plasmashell") };
 const QString extensionName = QStringLiteral("me.kerno.glimmet.TopBar");
 
 int scaled(int value, int from, int to)
@@ -27,10 +29,11 @@ QPoint nativeAnchor(const QRect &button, QSize stage, QSize root)
         scaled(button.y() + button.height(), stage.height(), root.height()) };
 }
 
-TopBarHost::TopBarHost(SessionBus &bus, QObject *parent)
+TopBarHost::TopBarHost(SessionBus &bus, Timers &timers, QObject *parent)
     : MenuBarHost(parent)
     , m_bus(bus)
-    , m_object(std::make_unique<TopBarObject>([this](const QString &caller) { return isShell(caller); }))
+    , m_object(
+          std::make_unique<TopBarObject>(timers, [this](const QString &caller) { return isShell(caller); }))
 {
     connect(m_object.get(), &TopBarObject::placed, this, [this](const QRect &button, QSize stage) {
         m_anchor = nativeAnchor(button, stage, X11::rootSize().value_or(QSize()));
@@ -88,7 +91,9 @@ void TopBarHost::setAvailable(bool available)
 bool TopBarHost::isShell(const QString &participant) const
 {
     // Asked at each call: the shell may have been replaced, and its name been taken by somebody else.
-    return !participant.isEmpty() && participant == m_bus.ownerOf(shellName);
+    return !participant.isEmpty()
+        && std::any_of(shellNames.cbegin(), shellNames.cend(),
+            [&](const QString &name) { return participant == m_bus.ownerOf(name); });
 }
 
 } // namespace glimmet

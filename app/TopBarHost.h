@@ -12,6 +12,7 @@ class QDBusServiceWatcher;
 namespace glimmet {
 
 class SessionBus;
+class Timers;
 class TopBarObject;
 
 /// Where a panel drops down from a button: the middle of its lower edge, in native pixels of the root window.
@@ -19,14 +20,14 @@ class TopBarObject;
 /// window the size `root`; where either is not known, one coordinate is one pixel.
 QPoint nativeAnchor(const QRect &button, QSize stage, QSize root);
 
-/// Shows the text in GNOME Shell's top bar by an extension of our own, which is there while it owns the name
-/// me.kerno.glimmet.TopBar on the bus. Only the shell is believed.
+/// Shows the text in the bar of the desktop's own shell, GNOME's or Plasma's, by an extension of ours, which
+/// is there while it owns the name me.kerno.glimmet.TopBar on the bus. Only the shell is believed.
 class TopBarHost final : public MenuBarHost {
     Q_OBJECT
 
 public:
-    /// `bus` outlives it.
-    explicit TopBarHost(SessionBus &bus, QObject *parent = nullptr);
+    /// `bus` and `timers` outlive it.
+    TopBarHost(SessionBus &bus, Timers &timers, QObject *parent = nullptr);
     ~TopBarHost() override;
 
     bool isAvailable() const override { return m_available; }

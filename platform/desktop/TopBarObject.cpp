@@ -3,12 +3,18 @@
 #include "platform/bus/BusProperties.h"
 
 #include <QDBusError>
-#include <QDBusMessage>
 
+#include <chrono>
 #include <utility>
 
 namespace glimmet {
+
+using namespace std::chrono_literals;
+
 namespace {
+
+/// How long a call waits for a change: less than the 25 seconds after which libraries take it for lost.
+constexpr std::chrono::milliseconds longestWait = 20s;
 
 /// A rectangle and a size.
 const QString placeSignature = QStringLiteral("iiiiii");
@@ -37,10 +43,11 @@ Place placeIn(const QVariantList &values)
 const QString TopBarObject::path = QStringLiteral("/me/kerno/glimmet/TopBar");
 const QString TopBarObject::interface = QStringLiteral("me.kerno.glimmet.TopBar1");
 
-TopBarObject::TopBarObject(Permission permission, QObject *parent)
+TopBarObject::TopBarObject(Timers &timers, Permission permission, QObject *parent)
     : QDBusVirtualObject(parent)
     , m_permission(std::move(permission))
     , m_connection(QString())
+    , m_patience(timers, longestWait, [this] { answerWaiting(); })
 {
 }
 
@@ -53,6 +60,8 @@ void TopBarObject::putOn(const QDBusConnection &connection)
 void TopBarObject::takeOff()
 {
     m_connection = QDBusConnection(QString());
+    m_waiting.clear();
+    m_patience.stop();
 }
 
 void TopBarObject::setText(const QString &text)
@@ -81,6 +90,12 @@ QString TopBarObject::introspect(const QString &) const
     <method name="Toggle">
 %1    </method>
     <method name="PressElsewhere"/>
+    <method name="AwaitChange">
+      <arg name="knownText" type="s" direction="in"/>
+      <arg name="knownPanelOpen" type="b" direction="in"/>
+      <arg name="text" type="s" direction="out"/>
+      <arg name="panelOpen" type="b" direction="out"/>
+    </method>
   </interface>
 )xml")
         .arg(placeArguments);
@@ -95,6 +110,8 @@ bool TopBarObject::handleMessage(const QDBusMessage &message, const QDBusConnect
     if (!m_permission(message.service()))
         return connection.send(message.createErrorReply(
             QDBusError::AccessDenied, QStringLiteral("Only the desktop's shell may say this")));
+    if (message.member() == u"AwaitChange" && message.signature() == u"sb")
+        return keepWaiting(message) || connection.send(stateFor(message));
     if (!handleCall(message))
         return connection.send(message.createErrorReply(
             QDBusError::UnknownMethod, message.member() + u'(' + message.signature() + u')'));
@@ -122,8 +139,31 @@ QVariantMap TopBarObject::properties() const
     return { { QStringLiteral("Text"), m_text }, { QStringLiteral("PanelOpen"), m_isPanelOpen } };
 }
 
+bool TopBarObject::keepWaiting(const QDBusMessage &message)
+{
+    if (message.arguments() != QVariantList{ m_text, m_isPanelOpen })
+        return false;
+    m_waiting.push_back(message);
+    if (!m_patience.isRunning())
+        m_patience.start();
+    return true;
+}
+
+void TopBarObject::answerWaiting()
+{
+    m_patience.stop();
+    for (const QDBusMessage &message : std::exchange(m_waiting, {}))
+        m_connection.send(stateFor(message));
+}
+
+QDBusMessage TopBarObject::stateFor(const QDBusMessage &message) const
+{
+    return message.createReply(QVariantList{ m_text, m_isPanelOpen });
+}
+
 void TopBarObject::tell(const QString &property, const QVariant &value)
 {
+    answerWaiting();
     if (!m_isTelling || !m_connection.isConnected())
         return;
     QDBusMessage message =

@@ -1,16 +1,20 @@
 #pragma once
 
+#include "platform/SingleShot.h"
+
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QRect>
 #include <QSize>
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 namespace glimmet {
 
-/// What the program and its extension of GNOME Shell say to each other: me.kerno.glimmet.TopBar1 at
+/// What the program and its extension of the desktop's shell say to each other: me.kerno.glimmet.TopBar1 at
 /// /me/kerno/glimmet/TopBar. The shell reads the text and whether the panel is open, and tells where its
 /// button is and what is pressed. Main thread.
 class TopBarObject final : public QDBusVirtualObject {
@@ -23,7 +27,8 @@ public:
     /// Whether the participant of this unique name may call methods; the others may only read.
     using Permission = std::function<bool(const QString &caller)>;
 
-    explicit TopBarObject(Permission permission, QObject *parent = nullptr);
+    /// `timers` outlives it.
+    TopBarObject(Timers &timers, Permission permission, QObject *parent = nullptr);
 
     void putOn(const QDBusConnection &connection);
     void takeOff();
@@ -48,12 +53,17 @@ private:
     QVariantMap properties() const;
     bool handleCall(const QDBusMessage &message);
     void tell(const QString &property, const QVariant &value);
+    bool keepWaiting(const QDBusMessage &message);
+    void answerWaiting();
+    QDBusMessage stateFor(const QDBusMessage &message) const;
 
     Permission m_permission;
     QDBusConnection m_connection;
     QString m_text;
     bool m_isPanelOpen = false;
     bool m_isTelling = false;
+    std::vector<QDBusMessage> m_waiting;
+    SingleShot m_patience;
 };
 
 } // namespace glimmet

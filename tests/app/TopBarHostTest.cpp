@@ -6,6 +6,7 @@
 #include "tests/support/Printing.h"
 #include "tests/support/PrivateBus.h"
 
+#include <QDBusPendingCall>
 #include <QDBusVariant>
 #include <QSignalSpy>
 
@@ -43,13 +44,13 @@ private slots:
     }
 };
 
-/// A shell on the bus, without the extension at first.
+/// A shell on the bus, without the extension at first; GNOME's unless another name is told.
 class TopBarHostTest : public testing::Test {
 protected:
-    TopBarHostTest()
+    explicit TopBarHostTest(const QString &name = shellName)
         : shell(daemon.peer(u"shell"_s))
     {
-        shell.registerService(shellName);
+        shell.registerService(name);
         bus.open();
         bus.claim(programName);
     }
@@ -65,6 +66,14 @@ protected:
         const QDBusConnection &caller, const QString &method, const QVariantList &arguments = {})
     {
         return call(caller, TopBarObject::path, TopBarObject::interface, method, arguments);
+    }
+    /// The shell's call, which may stay without an answer for long.
+    QDBusPendingCall awaitChange(const QString &knownText, bool knownOpen)
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            programName, TopBarObject::path, TopBarObject::interface, u"AwaitChange"_s);
+        message << knownText << knownOpen;
+        return shell.asyncCall(message);
     }
     QVariant property(const QString &name)
     {
@@ -82,7 +91,7 @@ protected:
 
 TEST_F(TopBarHostTest, isThereWhileTheShellHasTheExtension)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     QSignalSpy changes(&host, &TopBarHost::availabilityChanged);
     EXPECT_FALSE(host.isAvailable());
 
@@ -93,11 +102,37 @@ TEST_F(TopBarHostTest, isThereWhileTheShellHasTheExtension)
     EXPECT_EQ(changes.count(), 2);
 }
 
+class TopBarHostOnPlasma : public TopBarHostTest {
+protected:
+    TopBarHostOnPlasma()
+        : TopBarHostTest(u"org.kde.plasmashell"_s)
+    {
+    }
+};
+
+TEST_F(TopBarHostOnPlasma, believesPlasmasShellAndNobodyElse)
+{
+    const QDBusConnection stranger = daemon.peer(u"stranger"_s);
+    TopBarHost host(bus, timers);
+    enable(host);
+    QSignalSpy clicked(&host, &TopBarHost::clicked);
+
+    const QVariantList upperEdge{ 1000, 760, 80, 0, 1280, 800 };
+    EXPECT_EQ(
+        callBy(stranger, u"Toggle"_s, upperEdge).errorName(), u"org.freedesktop.DBus.Error.AccessDenied"_s);
+    EXPECT_EQ(clicked.count(), 0);
+    EXPECT_EQ(callBy(shell, u"Toggle"_s, upperEdge).type(), QDBusMessage::ReplyMessage);
+
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(host.anchor(), QPoint(1040, 760));
+    QDBusConnection::disconnectFromBus(u"stranger"_s);
+}
+
 TEST_F(TopBarHostTest, isThereAtOnceWhereTheExtensionCameFirst)
 {
     shell.registerService(extensionName);
 
-    const TopBarHost host(bus);
+    const TopBarHost host(bus, timers);
 
     EXPECT_TRUE(host.isAvailable());
 }
@@ -105,7 +140,7 @@ TEST_F(TopBarHostTest, isThereAtOnceWhereTheExtensionCameFirst)
 TEST_F(TopBarHostTest, takesNobodyButTheShellForTheExtension)
 {
     QDBusConnection stranger = daemon.peer(u"stranger"_s);
-    const TopBarHost host(bus);
+    const TopBarHost host(bus, timers);
     stranger.registerService(extensionName);
 
     settle(shell);
@@ -120,7 +155,7 @@ TEST_F(TopBarHostTest, goesWithAShellThatCrashes)
     shell.unregisterService(shellName);
     another.registerService(shellName);
     another.registerService(extensionName);
-    const TopBarHost host(bus);
+    const TopBarHost host(bus, timers);
     ASSERT_TRUE(host.isAvailable());
 
     another = QDBusConnection(QString());
@@ -131,7 +166,7 @@ TEST_F(TopBarHostTest, goesWithAShellThatCrashes)
 
 TEST_F(TopBarHostTest, isGoneWithTheBusAndBackWithIt)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
 
     daemon.kill();
@@ -148,7 +183,7 @@ TEST_F(TopBarHostTest, isGoneWithTheBusAndBackWithIt)
 
 TEST_F(TopBarHostTest, hasTheTextAndWhetherThePanelIsOpenAsProperties)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     host.setText(u"12:00:00"_s);
     host.setPanelOpen(true);
 
@@ -159,7 +194,7 @@ TEST_F(TopBarHostTest, hasTheTextAndWhetherThePanelIsOpenAsProperties)
 TEST_F(TopBarHostTest, tellsTheShellOfEachChangeOnce)
 {
     const HeardProperties heard(shell);
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
 
     host.setText(u"a"_s);
@@ -177,7 +212,7 @@ TEST_F(TopBarHostTest, tellsTheShellOfEachChangeOnce)
 TEST_F(TopBarHostTest, keepsStillWhereNobodyShowsTheText)
 {
     const HeardProperties heard(shell);
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
 
     host.setText(u"a"_s);
     host.setPanelOpen(true);
@@ -186,9 +221,55 @@ TEST_F(TopBarHostTest, keepsStillWhereNobodyShowsTheText)
     EXPECT_EQ(heard.count, 0);
 }
 
+TEST_F(TopBarHostTest, answersAtOnceWhereTheShellKnowsSomethingElse)
+{
+    TopBarHost host(bus, timers);
+    host.setText(u"a"_s);
+    host.setPanelOpen(true);
+
+    for (const QVariantList &known : { QVariantList{ QString(), true }, { u"a"_s, false } })
+        EXPECT_EQ(callBy(shell, u"AwaitChange"_s, known).arguments(), (QVariantList{ u"a"_s, true }));
+}
+
+TEST_F(TopBarHostTest, answersWhoAwaitsAChangeWithTheNextOne)
+{
+    TopBarHost host(bus, timers);
+    host.setText(u"a"_s);
+    const QDBusPendingCall first = awaitChange(u"a"_s, false);
+    const QDBusPendingCall second = awaitChange(u"a"_s, false);
+    settle(shell);
+    EXPECT_FALSE(first.isFinished());
+
+    host.setText(u"b"_s);
+    ASSERT_TRUE(waitFor([&] { return first.isFinished() && second.isFinished(); }));
+    EXPECT_EQ(first.reply().arguments(), (QVariantList{ u"b"_s, false }));
+    EXPECT_EQ(second.reply().arguments(), (QVariantList{ u"b"_s, false }));
+
+    const QDBusPendingCall third = awaitChange(u"b"_s, false);
+    settle(shell);
+    host.setPanelOpen(true);
+    ASSERT_TRUE(waitFor([&] { return third.isFinished(); }));
+    EXPECT_EQ(third.reply().arguments(), (QVariantList{ u"b"_s, true }));
+}
+
+TEST_F(TopBarHostTest, answersWhoAwaitsAChangeBeforeThatIsTakenForLost)
+{
+    TopBarHost host(bus, timers);
+    const QDBusPendingCall pending = awaitChange({}, false);
+    settle(shell);
+    timers.advance(std::chrono::seconds(19));
+    settle(shell);
+    EXPECT_FALSE(pending.isFinished());
+
+    timers.advance(std::chrono::seconds(1));
+
+    ASSERT_TRUE(waitFor([&] { return pending.isFinished(); }));
+    EXPECT_EQ(pending.reply().arguments(), (QVariantList{ QString(), false }));
+}
+
 TEST_F(TopBarHostTest, isClickedByTheShellAtTheButtonsLowerEdge)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
     QSignalSpy clicked(&host, &TopBarHost::clicked);
 
@@ -201,7 +282,7 @@ TEST_F(TopBarHostTest, isClickedByTheShellAtTheButtonsLowerEdge)
 
 TEST_F(TopBarHostTest, knowsThePlaceBeforeAnyClick)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
     EXPECT_EQ(host.anchor(), std::nullopt);
     QSignalSpy clicked(&host, &TopBarHost::clicked);
@@ -217,7 +298,7 @@ TEST_F(TopBarHostTest, knowsThePlaceBeforeAnyClick)
 
 TEST_F(TopBarHostTest, handsOnAPressElsewhere)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
     QSignalSpy presses(&host, &TopBarHost::pressedElsewhere);
 
@@ -229,14 +310,15 @@ TEST_F(TopBarHostTest, handsOnAPressElsewhere)
 TEST_F(TopBarHostTest, refusesEveryCallOfAnybodyElse)
 {
     const QDBusConnection stranger = daemon.peer(u"stranger"_s);
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
     QSignalSpy clicked(&host, &TopBarHost::clicked);
     QSignalSpy presses(&host, &TopBarHost::pressedElsewhere);
 
     const QVariantList place{ 1000, 0, 80, 27, 1280, 800 };
-    for (const QDBusMessage &answer : { callBy(stranger, u"Toggle"_s, place),
-             callBy(stranger, u"Place"_s, place), callBy(stranger, u"PressElsewhere"_s) })
+    for (const QDBusMessage &answer :
+        { callBy(stranger, u"Toggle"_s, place), callBy(stranger, u"Place"_s, place),
+            callBy(stranger, u"PressElsewhere"_s), callBy(stranger, u"AwaitChange"_s, { QString(), false }) })
         EXPECT_EQ(answer.errorName(), u"org.freedesktop.DBus.Error.AccessDenied"_s);
 
     EXPECT_EQ(clicked.count() + presses.count(), 0);
@@ -247,7 +329,7 @@ TEST_F(TopBarHostTest, refusesEveryCallOfAnybodyElse)
 TEST_F(TopBarHostTest, refusesAShellOfBefore)
 {
     QDBusConnection another = daemon.peer(u"another shell"_s);
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
     shell.unregisterService(shellName);
     another.registerService(shellName);
@@ -259,7 +341,7 @@ TEST_F(TopBarHostTest, refusesAShellOfBefore)
 
 TEST_F(TopBarHostTest, knowsNoOtherCallsAndNoOtherArguments)
 {
-    TopBarHost host(bus);
+    TopBarHost host(bus, timers);
     enable(host);
     QSignalSpy clicked(&host, &TopBarHost::clicked);
 
