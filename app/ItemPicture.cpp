@@ -124,6 +124,23 @@ QFont fontFor(int height)
     return font;
 }
 
+/// The text with each digit as wide as the widest one: as wide as all that a clock shows.
+double steadyAdvance(const QString &text, const QFontMetricsF &metrics)
+{
+    double widest = 0;
+    double digits = 0;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
+        widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
+    QString others;
+    for (const QChar letter : text) {
+        if (letter >= u'0' && letter <= u'9')
+            digits += widest;
+        else
+            others.append(letter);
+    }
+    return digits + metrics.horizontalAdvance(others);
+}
+
 QPen roundPen(const QColor &color, double width)
 {
     return { color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin };
@@ -154,7 +171,9 @@ QImage textPicture(const QString &text, int height, ColorScheme bar)
     const QFontMetricsF metrics(font);
     const QString shown = metrics.elidedText(text, Qt::ElideRight, mostWidth * height);
     const double margin = textMargin * height;
-    const int width = int(std::ceil(metrics.horizontalAdvance(shown) + 2 * margin));
+    // What stands beside it in the bar is not to move with each second. Kerning may make a text wider.
+    const double advance = std::max(steadyAdvance(shown, metrics), metrics.horizontalAdvance(shown));
+    const int width = int(std::ceil(advance + 2 * margin));
     QImage image = emptyPicture(std::max(width, height + 1), height);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::TextAntialiasing);

@@ -86,6 +86,15 @@ TEST(TextPicture, isAsWideAsItsText)
     EXPECT_GE(contrastOn(QColor(0x20, 0x20, 0x20), more), 7);
 }
 
+TEST(TextPicture, isAsWideForEachSecondOfAClock)
+{
+    for (const int height : { 22, 44 }) {
+        const int width = textPicture(u"00:00:00"_s, height, ColorScheme::Dark).width();
+        for (const QString &text : { u"11:11:11"_s, u"14:17:41"_s, u"08:46:59"_s })
+            EXPECT_EQ(textPicture(text, height, ColorScheme::Dark).width(), width) << text.toStdString();
+    }
+}
+
 TEST(TextPicture, isNeverTakenForASquareOne)
 {
     EXPECT_GT(textPicture(u"1"_s, 44, ColorScheme::Dark).width(), 44);
