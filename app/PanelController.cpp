@@ -233,15 +233,26 @@ void PanelController::place()
     const ScreenSpace screen = screenFor(m_anchor);
     const QPoint corner = screen.available.topRight();
     const QPoint item = m_anchor ? screen.toLogical(*m_anchor) : corner;
-    const QRect geometry = panelGeometry(m_naturalSize, item, screen);
-    window.setGeometry(geometry);
+    m_geometry = panelGeometry(m_naturalSize, item, screen);
+    m_isPutBack = false;
+    window.setGeometry(m_geometry);
     // One of a size of its own is not tiled.
     if (X11::isMissing()) {
-        window.setMinimumSize(geometry.size());
-        window.setMaximumSize(geometry.size());
+        window.setMinimumSize(m_geometry.size());
+        window.setMaximumSize(m_geometry.size());
     }
     window.create();
     X11::makeDropDown(window, placing());
+}
+
+void PanelController::putBack()
+{
+    if (!isOpen() || m_isPutBack || m_panel->window().position() == m_geometry.topLeft())
+        return;
+    // Once: a window manager may insist.
+    m_isPutBack = true;
+    if (!m_sinceOpening.hasPassed(settlingTime))
+        m_panel->window().setPosition(m_geometry.topLeft());
 }
 
 void PanelController::watch(QWindow &window)
@@ -262,6 +273,10 @@ void PanelController::watch(QWindow &window)
             place();
             letPressesThrough();
         });
+    // i3 places a new window inside a frame, and then leaves the frame away. Queued: it moves both ways at
+    // once.
+    for (const auto change : { &QWindow::xChanged, &QWindow::yChanged })
+        connect(&window, change, this, &PanelController::putBack, Qt::QueuedConnection);
     // Queued: the panel closes itself from inside its own event, and must not be destroyed there.
     connect(
         &window, &QWindow::visibleChanged, this,

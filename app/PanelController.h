@@ -77,6 +77,7 @@ private:
     void prepareBackdrop();
     void letPressesThrough();
     void place();
+    void putBack();
     void watch(QWindow &window);
     void handlePress(QPoint position, PressWatch::Ground ground);
     void handleFocus(const QWindow *focused);
@@ -102,6 +103,8 @@ private:
     std::optional<QPoint> m_place; ///< of the item's edge, as it was known last
     std::optional<QPoint> m_anchor;
     QSize m_naturalSize;
+    QRect m_geometry; ///< as it was asked for
+    bool m_isPutBack = false; ///< or need not be any more
     bool m_isHeld = false;
     SingleShot m_forgetTimer;
     Stopwatch m_sinceOpening; ///< or since it was last let go

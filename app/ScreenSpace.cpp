@@ -33,6 +33,21 @@ QRect ScreenSpace::toNative(const QRect &logical) const
         QSize(scaled(logical.width(), scale), scaled(logical.height(), scale)) };
 }
 
+ScreenSpace withoutBars(ScreenSpace screen, const QList<QRect> &bars)
+{
+    for (const QRect &native : bars) {
+        const QPoint end = screen.toLogical(native.bottomRight() + QPoint(1, 1));
+        const QRect bar(screen.toLogical(native.topLeft()), end - QPoint(1, 1));
+        if (!screen.geometry.intersects(bar) || bar.width() < bar.height())
+            continue;
+        if (bar.center().y() < screen.geometry.center().y())
+            screen.available.setTop(std::max(screen.available.top(), bar.bottom() + 1));
+        else
+            screen.available.setBottom(std::min(screen.available.bottom(), bar.top() - 1));
+    }
+    return screen;
+}
+
 const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native)
 {
     for (const ScreenSpace &screen : screens) {

@@ -18,6 +18,10 @@ struct ScreenSpace {
     QRect toNative(const QRect &logical) const;
 };
 
+/// The screen with less room: without the bars along its upper and lower edge. `bars` are native. For a
+/// window manager that does not tell of the room itself.
+ScreenSpace withoutBars(ScreenSpace screen, const QList<QRect> &bars);
+
 /// The screen that holds the native position, else the first one. `screens` is not empty.
 const ScreenSpace &screenAt(const QList<ScreenSpace> &screens, QPoint native);
 

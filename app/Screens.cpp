@@ -1,5 +1,7 @@
 #include "app/Screens.h"
 
+#include "platform/desktop/X11.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -12,9 +14,10 @@ ScreenSpace spaceOf(const QScreen &screen)
 
 QList<ScreenSpace> allScreens()
 {
+    const QList<QRect> bars = X11::bars();
     QList<ScreenSpace> spaces;
     for (const QScreen *screen : QGuiApplication::screens())
-        spaces.append(spaceOf(*screen));
+        spaces.append(withoutBars(spaceOf(*screen), bars));
     return spaces;
 }
 

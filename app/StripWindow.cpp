@@ -1,6 +1,7 @@
 #include "app/StripWindow.h"
 
 #include "app/Screens.h"
+#include "platform/desktop/FrameStack.h"
 #include "platform/desktop/X11.h"
 
 #include <QGuiApplication>
@@ -51,6 +52,11 @@ StripWindow::StripWindow(int inset)
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &StripWindow::place);
     place();
     X11::makeTopBar(*m_window);
+    if (!X11::isI3())
+        return;
+    m_stack = std::make_unique<FrameStack>(static_cast<quint32>(m_window->winId()));
+    connect(m_stack.get(), &FrameStack::barsChanged, this, &StripWindow::fit);
+    fit();
 }
 
 StripWindow::~StripWindow() = default;
@@ -95,7 +101,7 @@ void StripWindow::fit()
     const QScreen *screen = QGuiApplication::primaryScreen();
     if (screen == nullptr)
         return;
-    const QRect free = spaceOf(*screen).available;
+    const QRect free = space(*screen).available;
     const QSize size = stripSize(m_window->text, m_geometry.width(), free.width());
     const int inset = stripInset(free.width(), size.width(), m_inset);
     const QRect geometry(free.topLeft() + QPoint(free.width() - size.width() - inset, 0), size);
@@ -105,9 +111,14 @@ void StripWindow::fit()
     m_window->setGeometry(geometry);
 }
 
+ScreenSpace StripWindow::space(const QScreen &screen) const
+{
+    return withoutBars(spaceOf(screen), m_stack ? m_stack->bars() : QList<QRect>());
+}
+
 int StripWindow::insetOf(int wanted) const
 {
-    return stripInset(spaceOf(*m_window->screen()).available.width(), m_geometry.width(), wanted);
+    return stripInset(space(*m_window->screen()).available.width(), m_geometry.width(), wanted);
 }
 
 void StripWindow::handlePress(unsigned button, int position)

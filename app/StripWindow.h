@@ -7,6 +7,9 @@
 
 namespace glimmet {
 
+class FrameStack;
+struct ScreenSpace;
+
 /// The strip as a window of the X server's, at the upper edge of the primary screen, below a bar that is
 /// there.
 class StripWindow final : public StripFace {
@@ -25,6 +28,7 @@ private:
 
     void place();
     void fit();
+    ScreenSpace space(const QScreen &screen) const;
     int insetOf(int wanted) const;
     void handlePress(unsigned button, int position);
     void handleMove(int position);
@@ -34,6 +38,7 @@ private:
     int m_inset;
     QRect m_geometry; ///< as it was asked for, logical
     QList<QMetaObject::Connection> m_screenConnections;
+    std::unique_ptr<FrameStack> m_stack; ///< on i3
 };
 
 } // namespace glimmet

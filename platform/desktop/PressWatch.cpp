@@ -1,6 +1,7 @@
 #include "platform/desktop/PressWatch.h"
 
-#include <xcb/xcb.h>
+#include "platform/desktop/Xcb.h"
+
 #include <xcb/xinput.h>
 
 #include <cstdlib>
@@ -11,10 +12,7 @@
 namespace glimmet {
 namespace {
 
-xcb_window_t rootWindow(xcb_connection_t *x)
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
-}
+using namespace xcb;
 
 void selectRawPresses(xcb_connection_t *x)
 {

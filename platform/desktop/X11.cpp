@@ -1,25 +1,21 @@
 #include "platform/desktop/X11.h"
 
+#include "platform/desktop/Frames.h"
+#include "platform/desktop/Xcb.h"
+
 #include <QGuiApplication>
 
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <array>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <vector>
 
 namespace glimmet::X11 {
 namespace {
 
-template <typename Reply> using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
-
-template <typename Reply> Owned<Reply> owned(Reply *reply)
-{
-    return Owned<Reply>(reply, &std::free);
-}
+using namespace xcb;
 
 xcb_connection_t *connection()
 {
@@ -27,21 +23,9 @@ xcb_connection_t *connection()
     return x11 == nullptr ? nullptr : x11->connection();
 }
 
-xcb_window_t rootWindow(xcb_connection_t *x)
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(x)).data->root;
-}
-
 xcb_window_t idOf(const QWindow &window)
 {
     return static_cast<xcb_window_t>(window.winId());
-}
-
-xcb_atom_t atom(xcb_connection_t *x, const QByteArray &name)
-{
-    const auto cookie = xcb_intern_atom(x, 0, static_cast<uint16_t>(name.size()), name.constData());
-    const auto reply = owned(xcb_intern_atom_reply(x, cookie, nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
 template <size_t Count>
@@ -52,22 +36,10 @@ void setProperty(xcb_connection_t *x, xcb_window_t window, const QByteArray &nam
         static_cast<uint32_t>(Count), values.data());
 }
 
-/// The value of a property, as bytes; empty where there is none.
-QByteArray property(xcb_connection_t *x, xcb_window_t window, const QByteArray &name)
-{
-    constexpr uint32_t most = 64; // in units of four bytes
-    const auto cookie = xcb_get_property(x, 0, window, atom(x, name), XCB_GET_PROPERTY_TYPE_ANY, 0, most);
-    const auto reply = owned(xcb_get_property_reply(x, cookie, nullptr));
-    if (!reply)
-        return {};
-    return { static_cast<const char *>(xcb_get_property_value(reply.get())),
-        xcb_get_property_value_length(reply.get()) };
-}
-
 /// The window by which the window manager tells of itself.
 xcb_window_t windowManager(xcb_connection_t *x)
 {
-    const QByteArray value = property(x, rootWindow(x), "_NET_SUPPORTING_WM_CHECK");
+    const QByteArray value = property(x, rootWindow(x), atom(x, "_NET_SUPPORTING_WM_CHECK"));
     xcb_window_t window = XCB_WINDOW_NONE;
     if (value.size() == sizeof(window))
         std::memcpy(&window, value.constData(), sizeof(window));
@@ -82,7 +54,7 @@ bool hasWindowManager(xcb_connection_t *x)
 QByteArray windowManagerName(xcb_connection_t *x)
 {
     const xcb_window_t manager = windowManager(x);
-    return manager == XCB_WINDOW_NONE ? QByteArray() : property(x, manager, "_NET_WM_NAME");
+    return manager == XCB_WINDOW_NONE ? QByteArray() : property(x, manager, atom(x, "_NET_WM_NAME"));
 }
 
 void makeUnmanaged(xcb_connection_t *x, xcb_window_t window, const QByteArray &type)
@@ -171,6 +143,17 @@ void makeTopBar(const QWindow &window)
 bool isMissing()
 {
     return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+bool isI3()
+{
+    xcb_connection_t *x = connection();
+    return x != nullptr && windowManagerName(x) == "i3";
+}
+
+QList<QRect> bars()
+{
+    return isI3() ? barsAmong(rootWindows(connection())) : QList<QRect>();
 }
 
 bool isWlroots()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPoint>
 #include <QRect>
 #include <QRegion>
@@ -20,6 +21,12 @@ void makeTopBar(const QWindow &window);
 /// Whether Qt speaks to a Wayland compositor itself, for want of an X server: then it is the compositor that
 /// places windows, and rounds off what is translucent.
 bool isMissing();
+
+/// Whether the window manager is i3, which gives a bar the whole width and tells of no work area.
+bool isI3();
+
+/// Where i3's bars are; none elsewhere, where the window manager tells of the room beside them.
+QList<QRect> bars();
 
 /// Whether the X server stands in a Wayland compositor of the wlroots kind, which centres, tiles or ignores
 /// what a window asks for, and does not tell where the pointer is.

@@ -29,6 +29,23 @@ TEST(ScreenSpace, holdsFractionalScalesWithinAPixel)
     }
 }
 
+TEST(ScreenSpace, leavesOutTheBarsAtItsUpperAndLowerEdge)
+{
+    const ScreenSpace plain{ { 1280, 0, 1280, 800 }, { 1280, 0, 1280, 800 }, 1 };
+
+    EXPECT_EQ(withoutBars(plain, { { 1280, 0, 1280, 20 }, { 1280, 776, 1280, 24 } }).available,
+        QRect(1280, 20, 1280, 756));
+    EXPECT_EQ(withoutBars(plain, { { 0, 0, 1280, 20 } }).available, plain.available) << "of another screen";
+    EXPECT_EQ(withoutBars(plain, { { 1280, 0, 40, 800 } }).available, plain.available) << "at its side";
+}
+
+TEST(ScreenSpace, leavesOutBarsInItsOwnScale)
+{
+    const ScreenSpace twice{ { 0, 0, 1280, 800 }, { 0, 0, 1280, 800 }, 2 };
+
+    EXPECT_EQ(withoutBars(twice, { { 0, 0, 2560, 40 } }).available, QRect(0, 20, 1280, 780));
+}
+
 TEST(ScreenSpace, findsTheScreenOfANativePosition)
 {
     const QList<ScreenSpace> screens{ screen({ 0, 0, 1280, 800 }, 2), screen({ 2560, 0, 1920, 1080 }) };

@@ -82,7 +82,7 @@ class Glimmet:
 
     def menu_bar_area(self):
         """Where the text is in the menu bar: the strip, or the item in the shell's top bar. None while it is not."""
-        if self.desktop.kind == "strip":
+        if self.desktop.kind != "gnome":
             return self.desktop.screen.area_of(STRIP)
         return next(filter(None, map(self._area_with_label, self._items())), None)
 

@@ -4,9 +4,9 @@
         desktop.start("program", ["some-program"])
         desktop.screen.screenshot("picture.png")
 
-Three kinds: "strip" has a window manager and no host for menu-bar items, "gnome" a GNOME Shell with one, "sway" a
-Wayland compositor without one. Nothing of
-it outlives the `with` block, and nothing of the user's own session reaches into it."""
+Four kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both, "gnome" a
+GNOME Shell with one, "sway" a Wayland compositor without one. Nothing of it outlives the `with` block, and nothing of the
+user's own session reaches into it."""
 
 import os
 import select
@@ -29,7 +29,7 @@ from desktop.screen import Screen
 
 from gi.repository import GLib
 
-KINDS = ("strip", "gnome", "sway")
+KINDS = ("strip", "bare", "gnome", "sway")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
 KEYRING = "org.freedesktop.secrets"
@@ -122,7 +122,7 @@ class VirtualDesktop:
             self._start_shell()
         elif self.kind == "sway":
             sway.start(self, self._size)
-        else:
+        elif self.kind == "strip":
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.
         self.screen.move(self._size[0] // 2, self._size[1] - 20)
@@ -205,10 +205,13 @@ class VirtualDesktop:
 
     def _start_window_manager(self):
         self.start("openbox", ["openbox", "--sm-disable"])
-        wait_for(self._follows_wishes, 15, "the window manager")
+        self.wait_for_window_manager()
         if self._compositor:
             self.start("picom", ["picom", "--backend", "xrender", "--config", "/dev/null"])
             wait_for(lambda: self.screen.windows("picom") or self._is_composited(), 15, "the compositor")
+
+    def wait_for_window_manager(self, seconds=15):
+        wait_for(self._follows_wishes, seconds, "the window manager")
 
     def _follows_wishes(self):
         """Whether the window manager does what it is asked. It announces itself long before it handles events, and
@@ -225,6 +228,10 @@ class VirtualDesktop:
 
     def stop(self, process, seconds=5):
         return self._processes.stop(process, seconds)
+
+    def running(self):
+        """The ids of all its processes."""
+        return self._processes.running()
 
     def run(self, *command):
         """Runs a tool inside the desktop to its end and returns what it printed."""

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+
+#include <optional>
+
+struct xcb_connection_t;
+
+namespace glimmet {
+
+/// One of the windows of the root that can be seen, lowest first in a list.
+struct RootWindow {
+    enum class Kind {
+        Frame, ///< which i3 puts around another program's window
+        Bar, ///< a frame with a bar in it
+        FullScreen, ///< a frame with a window in it that fills its screen
+        Other, ///< what goes past i3, such as menus and lockers
+    };
+
+    quint32 id = 0;
+    QRect area; ///< in native pixels of the root window
+    Kind kind = Kind::Other;
+};
+
+QList<RootWindow> rootWindows(xcb_connection_t *connection);
+
+/// The areas of the bars among them.
+QList<QRect> barsAmong(const QList<RootWindow> &windows);
+
+/// Where a window is to be put right above or right below another one.
+struct StackPlace {
+    enum class Side { Above, Below };
+
+    quint32 sibling = 0;
+    Side side = Side::Above;
+
+    friend bool operator==(const StackPlace &, const StackPlace &) = default;
+};
+
+/// Where a window has to go to be above all frames, but below those that fill the screen; none where it is
+/// there, or where there are no frames.
+std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, quint32 own);
+
+} // namespace glimmet

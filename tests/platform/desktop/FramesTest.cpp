@@ -1,0 +1,51 @@
+#include "platform/desktop/Frames.h"
+
+#include <gtest/gtest.h>
+
+namespace glimmet {
+namespace {
+
+using enum RootWindow::Kind;
+using Side = StackPlace::Side;
+
+constexpr quint32 own = 99;
+
+/// Windows from the lowest up, numbered from 1 on; the own one has no kind that counts.
+QList<RootWindow> stack(std::initializer_list<std::optional<RootWindow::Kind>> kinds)
+{
+    QList<RootWindow> windows;
+    for (const auto &kind : kinds)
+        windows.append(
+            { kind ? quint32(windows.size() + 1) : own, QRect(0, 0, 10, 10), kind.value_or(Other) });
+    return windows;
+}
+
+constexpr std::nullopt_t itself = std::nullopt;
+
+TEST(PlaceAmongFrames, isRightAboveTheHighestFrame)
+{
+    EXPECT_EQ(placeAmongFrames(stack({ itself, Bar, Frame, Frame }), own), (StackPlace{ 4, Side::Above }));
+    EXPECT_EQ(placeAmongFrames(stack({ Frame, itself, Bar }), own), (StackPlace{ 3, Side::Above }));
+}
+
+TEST(PlaceAmongFrames, isBelowMenusAndLockersThatCameLater)
+{
+    EXPECT_EQ(placeAmongFrames(stack({ itself, Frame, Other }), own), (StackPlace{ 2, Side::Above }));
+}
+
+TEST(PlaceAmongFrames, isKeptWhereItIsRightAlready)
+{
+    EXPECT_EQ(placeAmongFrames(stack({ Frame, Bar, itself, Other }), own), std::nullopt);
+    EXPECT_EQ(placeAmongFrames(stack({ Frame, itself, FullScreen, Frame }), own), std::nullopt);
+    EXPECT_EQ(placeAmongFrames(stack({ Other, itself }), own), std::nullopt);
+}
+
+TEST(PlaceAmongFrames, isBelowTheLowestWindowThatFillsItsScreen)
+{
+    EXPECT_EQ(placeAmongFrames(stack({ Frame, FullScreen, Frame, FullScreen, itself }), own),
+        (StackPlace{ 2, Side::Below }));
+    EXPECT_EQ(placeAmongFrames(stack({ itself, Frame, FullScreen }), own), (StackPlace{ 3, Side::Below }));
+}
+
+} // namespace
+} // namespace glimmet
