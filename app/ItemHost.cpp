@@ -186,9 +186,13 @@ void ItemHost::learnManner()
     const auto elsewhere = isDesktop("MATE") ? Label : Icon;
     ItemFace::Manner manner;
     manner.presentation = isGnome ? Menu : elsewhere;
-    manner.takesWidePictures = isDesktop("X-CINNAMON") || programOf(m_bus, watcherService) == "waybar";
+    const QByteArray program = programOf(m_bus, watcherService);
+    manner.takesWidePictures = isDesktop("X-CINNAMON") || program == "waybar";
+    // Of all that an item has to show this one takes the square picture, and has not even a tooltip.
+    const bool isSwaybar = program == "swaybar";
+    setTextShown(!isSwaybar);
     // These bars are dark unless their users say otherwise.
-    manner.isBarDark = manner.takesWidePictures || isDesktop("XFCE");
+    manner.isBarDark = manner.takesWidePictures || isSwaybar || isDesktop("XFCE");
     m_face.setManner(manner);
 }
 
@@ -261,6 +265,13 @@ void ItemHost::setOverlooked(bool isOverlooked)
 {
     const bool before = isAvailable();
     m_isOverlooked = isOverlooked;
+    tellAvailability(before);
+}
+
+void ItemHost::setTextShown(bool isShown)
+{
+    const bool before = isAvailable();
+    m_isTextShown = isShown;
     tellAvailability(before);
 }
 

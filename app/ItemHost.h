@@ -25,7 +25,7 @@ public:
     ~ItemHost() override;
 
     /// True while a desktop shows items.
-    bool isAvailable() const override { return m_available && !m_isOverlooked; }
+    bool isAvailable() const override { return m_available && !m_isOverlooked && m_isTextShown; }
     QString place() const override { return QStringLiteral("an item"); }
     void setText(const QString &text) override;
     void setMode(TickerMode mode) override;
@@ -48,6 +48,7 @@ private:
     void startOver();
     void setAvailable(bool available);
     void setOverlooked(bool isOverlooked);
+    void setTextShown(bool isShown);
     void tellAvailability(bool before);
     void learnManner();
     void showOrHide();
@@ -75,6 +76,7 @@ private:
     bool m_isStartingOver = false;
     bool m_available = false; ///< a host is there, as the watcher tells
     bool m_isOverlooked = false; ///< it has not looked at the item in its time
+    bool m_isTextShown = true; ///< in one way or another
     bool m_isShown = true;
     std::optional<QPoint> m_anchor;
 };

@@ -16,6 +16,8 @@ ENVIRONMENT = {
 }
 # sway takes no command of root's, also of one who could not become root again: there root is somebody else.
 AS_SOMEBODY = ("unshare", "--user", "--map-user=1000", "--map-group=1000")
+# What sway itself starts would be somebody else too, whom GLib's buses refuse.
+AS_ROOT_AGAIN = ("unshare", "--user", "--map-root-user") if os.geteuid() == 0 else ()
 CONFIGURATION = """
 output HEADLESS-1 resolution {width}x{height}
 exec env >{environment}

@@ -4,25 +4,21 @@ import json
 import unittest
 
 from desktop.glimmet import PANEL, STRIP
-from desktop.panels import WATCHER, changed_area
+from desktop.panels import WATCHER
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME, Area
-from desktop_case import BINARY, DesktopCase
+from sway_case import FEED, SwayCase
 
 BAR_HEIGHT = 30
-WIDEST_TEXT = 120
 WAYBAR = {"layer": "top", "height": BAR_HEIGHT, "modules-left": ["sway/workspaces"], "modules-right": ["tray"],
           "tray": {"icon-size": 21}}
-FEED = BINARY.with_name("glimmet-feed")
 FEED_BAR = WAYBAR | {"modules-right": ["custom/glimmet"],
                      "custom/glimmet": {"exec": f"{FEED} --waybar", "return-type": "json",
                                         "on-click": f"{FEED} --activate"}}
 EMPTY_BAR = WAYBAR | {"modules-right": []}
 
 
-class SwayCase(DesktopCase):
-    kind = "sway"
-
+class WaybarCase(SwayCase):
     def start_waybar(self, configuration=None):
         file = self.desktop.folder / "waybar.json"
         file.write_text(json.dumps(configuration or WAYBAR))
@@ -34,57 +30,8 @@ class SwayCase(DesktopCase):
         self.desktop.stop(bar)
         wait_for(lambda: not self.desktop.bus.owner(WATCHER), 10, "the bar to be gone")
 
-    def wait_for_text(self, low, high, left=0):
-        """Returns where the running seconds of the clock are, once between these two heights and right of `left`."""
-        place = Area(left, low, self.screen.area.right - left, high - low)
 
-        def text():
-            before = self.screen.pixels(place)
-            area = wait_for(lambda: changed_area(before, self.screen.pixels(place), place), 15, "something to change")
-            return area if area.width <= WIDEST_TEXT else None  # else a bar that is just coming up
-
-        return wait_for(text, 30, f"a text between {low} and {high}")
-
-    def assert_panel_under(self, x, y):
-        """The panel hangs from the height y, has x in its width, and has the keyboard."""
-        panel = self.screen.wait_for_window(PANEL)
-        self.assert_on_screen(panel)
-        self.assertLess(abs(panel.y - y), 8, panel)
-        self.assertTrue(panel.x - 8 < x < panel.right + 8, f"{panel}, {x}")
-        self.wait_for_keyboard()
-
-    def wait_for_keyboard(self):
-        """Returns once the panel has it: the X server's own focus stays where it is."""
-        wait_for(lambda: any(window.active for window in self.desktop.tree.program("glimmet").children()), 10,
-                 "the panel to have the keyboard")
-
-    def press_controls(self):
-        """What is typed reaches the panel: Tab and the space bar switch the seconds off, and on again."""
-        for shows_seconds in (False, True):
-            self.screen.key(*(["Tab"] * 3 if not shows_seconds else []), "space")
-            self.glimmet.wait_for_label(lambda label: (label.count(":") == 2) == shows_seconds)
-
-    def try_panel(self, x, y, edge):
-        """Opens it by a click at this place, and closes it in every way."""
-        closers = {
-            "Escape": lambda: self.screen.key("Escape"),
-            "a click elsewhere": lambda: self.screen.click(200, 600),
-            "a second click": lambda: self.screen.click(x, y),
-            "a click on the other end of the bar": lambda: self.screen.click(500, 8),
-        }
-        for name, close in closers.items():
-            with self.subTest(name):
-                self.screen.click(x, y)
-                self.assert_panel_under(x, edge)
-                self.press_controls()
-                self.keep_picture(f"sway-{type(self).__name__.lower()}")
-                close()
-                self.screen.wait_until_gone(PANEL)
-                watch_for(DOUBLE_CLICK_TIME)
-        self.assertIsNone(self.glimmet.process.poll())
-
-
-class Strip(SwayCase):
+class Strip(WaybarCase):
     def setUp(self):
         super().setUp()
         self.launch()
@@ -142,7 +89,7 @@ class Strip(SwayCase):
         self.screen.wait_until_gone(PANEL)
 
 
-class Outputs(SwayCase):
+class Outputs(WaybarCase):
     def test_the_panel_opens_on_the_output_of_the_bar_that_was_clicked(self):
         first = self.screen.area
         self.screen.add_output_beside()
@@ -158,7 +105,7 @@ class Outputs(SwayCase):
         self.screen.wait_until_gone(PANEL)
 
 
-class Item(SwayCase):
+class Item(WaybarCase):
     def setUp(self):
         super().setUp()
         self.bar = self.start_waybar()
@@ -185,7 +132,7 @@ class Item(SwayCase):
         self.screen.wait_until_gone(PANEL)
 
 
-class WithoutXServer(SwayCase):
+class WithoutXServer(WaybarCase):
     """The bar's text is as ever; the panel is a window of the compositor's own."""
 
     def window(self):
@@ -242,7 +189,7 @@ class WithoutXServer(SwayCase):
         self.wait_until_closed()
 
 
-class Feed(SwayCase):
+class Feed(WaybarCase):
     def test_shows_its_text_in_waybar_with_the_panel_under_it_and_no_strip(self):
         self.start_waybar(FEED_BAR)
         self.launch()
