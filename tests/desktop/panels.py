@@ -19,6 +19,8 @@ class Panel:
     helper: tuple = ()  # a service that it needs, and the name by which it is known
     menus: str = ""  # the class of its menus' windows, where that is not its own
     services: str = ""  # a pattern of the machine's services that the bus may start for it
+    name: str = WATCHER  # on the bus while it has room for items
+    desktop: str = "strip"  # the kind of virtual desktop; "bare" where it manages windows itself
 
 
 PANELS = {
@@ -28,17 +30,21 @@ PANELS = {
                   "notification-area-applet",
                   "org.mate.panel.applet.*.service"),
     "lxqt": Panel(("lxqt-panel",), {"XDG_CURRENT_DESKTOP": "LXQt", "XDG_CONFIG_DIRS": "/etc/xdg:/usr/share"}),
+    "cinnamon": Panel(("cinnamon",), {"XDG_CURRENT_DESKTOP": "X-Cinnamon", "LIBGL_ALWAYS_SOFTWARE": "1"},
+                      ("/usr/libexec/xapps/sn-watcher/xapp-sn-watcher", "org.x.StatusNotifierWatcher"),
+                      "xapp-sn-watcher", "ca.desrt.dconf.service", "org.x.StatusIconMonitor.cinnamon_0", "bare"),
 }
 
 
 class RunningPanel:
-    """One of them in a virtual desktop of the kind "strip"."""
+    """One of them in a virtual desktop of its kind."""
 
     def __init__(self, desktop, name):
         self.desktop = desktop
         self.name = name
         self.kind = PANELS[name]
         self._process = None
+        self._others = set(desktop.running())
         for service in SERVICES.glob(self.kind.services) if self.kind.services else ():
             shutil.copy(service, desktop.folder / "services")
         if name == "lxqt":
@@ -53,14 +59,18 @@ class RunningPanel:
     def start(self):
         """Returns once it has room for items."""
         self._process = self.desktop.start("panel", list(self.kind.command), self.kind.environment)
-        wait_for(lambda: self.desktop.bus.owner(WATCHER), 30, f"the panel of {self.name}")
+        wait_for(lambda: self.desktop.bus.owner(self.kind.name), 30, f"the panel of {self.name}")
         return self
+
+    def processes(self):
+        """The ids of all that was started with it, where nothing else was meanwhile."""
+        return set(self.desktop.running()) - self._others
 
     def kill(self):
         """Ends it as a crash would."""
         self._process.kill()
         self._process.wait()
-        wait_for(lambda: not self.desktop.bus.owner(WATCHER), 15, "the panel to be gone")
+        wait_for(lambda: not self.desktop.bus.owner(self.kind.name), 15, "the panel to be gone")
 
 
 def changed_area(before, after, area):

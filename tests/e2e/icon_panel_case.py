@@ -1,7 +1,7 @@
-"""What every panel has in common that shows items as icons."""
+"""What every panel has in common that shows items."""
 
 from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL, STRIP
-from desktop.panels import WATCHER, RunningPanel, changed_area
+from desktop.panels import PANELS, WATCHER, RunningPanel, changed_area
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME
 from desktop_case import DesktopCase
@@ -16,6 +16,7 @@ class IconPanelCase(DesktopCase):
 
     @classmethod
     def setUpClass(cls):
+        cls.kind = PANELS[cls.panel].desktop
         super().setUpClass()
         cls.running = RunningPanel(cls.desktop, cls.panel).start()
         cls.environment = cls.running.kind.environment
@@ -132,3 +133,27 @@ class IconPanelCase(DesktopCase):
 
         self.screen.wait_until_gone(STRIP)
         self.wait_for_icon()
+
+
+class TextPanelCase(IconPanelCase):
+    """A panel that shows the text itself, which is found by its seconds; what changes then is at most `widest`."""
+    widest = WIDEST_ICON
+
+    def find_icon(self):
+        """Each time anew: it moves with what is beside it."""
+
+    def wait_for_icon(self):
+        def seconds():
+            before = self.screen.pixels(self.screen.area)
+            watch_for(1.1)
+            area = changed_area(before, self.screen.pixels(self.screen.area), self.screen.area)
+            return area if area and area.width <= self.widest else None
+
+        type(self).icon = wait_for(seconds, 30, "nothing but the text to change")
+
+    def test_shows_the_text_itself(self):
+        already = self.screen.pixels(self.icon)
+
+        wait_for(lambda: self.screen.pixels(self.icon) != already, 15, "the shown text to change")
+
+        self.assertRegex(self.glimmet.label, r"^\d\d:\d\d:\d\d$")

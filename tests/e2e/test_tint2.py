@@ -1,0 +1,97 @@
+"""tint2, which takes no items: the strip beside it, and the text in it."""
+
+import shutil
+import unittest
+
+from desktop.glimmet import PANEL, STRIP
+from desktop.panels import changed_area
+from desktop.processes import wait_for, watch_for
+from desktop.screen import DOUBLE_CLICK_TIME, Area
+from desktop_case import BINARY, DesktopCase
+
+FEED = BINARY.with_name("glimmet-feed")
+HEIGHT = 30
+BAR = f"panel_items = {{}}\npanel_size = 100% {HEIGHT}\npanel_position = {{}} center horizontal\n"
+EXECUTOR = f"""
+execp = new
+execp_command = {FEED}
+execp_interval = 0
+execp_continuous = 1
+execp_font_color = #ffffff 100
+execp_lclick_command = {FEED} --activate
+"""
+WIDEST_TEXT = 120
+
+
+def reason_to_skip():
+    return None if shutil.which("tint2") else "tint2 is not installed (scripts/setup desktops)"
+
+
+class Tint2Case(DesktopCase):
+    def start_bar(self, configuration):
+        file = self.desktop.folder / "tint2rc"
+        file.write_text(configuration)
+        bar = self.desktop.start("tint2", ["tint2", "-c", str(file)])
+        self.addCleanup(self.desktop.stop, bar)
+        wait_for(lambda: self.screen.windows_of("tint2"), 15, "the bar")
+        return bar
+
+    def try_panel(self, x, y, under):
+        for close in (lambda: self.screen.click(x, y), self.click_elsewhere, lambda: self.screen.key("Escape")):
+            self.screen.click(x, y)
+            panel = self.glimmet.wait_for_panel()
+            self.assert_on_screen(panel)
+            self.assertLess(abs(panel.y - under), 8, panel)
+            close()
+            self.screen.wait_until_gone(PANEL)
+            watch_for(DOUBLE_CLICK_TIME)
+
+
+class Strip(Tint2Case):
+    def test_stands_below_a_bar_that_starts_late_and_goes(self):
+        self.launch().wait_for_strip()
+        bar = self.start_bar(BAR.format("T", "top"))
+
+        wait_for(lambda: self.screen.area_of(STRIP).y == HEIGHT, 10, "the strip below the bar")
+        self.try_panel(*self.glimmet.click_point(), self.screen.area_of(STRIP).bottom)
+        self.desktop.stop(bar)
+
+        wait_for(lambda: self.screen.area_of(STRIP).y == 0, 10, "the strip at the edge")
+
+    def test_is_no_task_in_the_bar(self):
+        """Of which nothing changes with the strip."""
+        self.start_bar(BAR.format("T", "bottom"))
+        place = Area(0, self.screen.area.height - HEIGHT, self.screen.area.width, HEIGHT)
+        watch_for(1)
+        before = self.screen.pixels(place)
+
+        self.launch().wait_for_strip()
+        self.glimmet.open_panel()
+        watch_for(1)
+
+        self.assertEqual(self.screen.pixels(place), before)
+        self.glimmet.close_panel()
+
+
+class FeedInBar(Tint2Case):
+    def test_shows_its_text_in_the_bar_with_the_panel_under_it_and_no_strip(self):
+        self.start_bar(BAR.format("TE", "top") + EXECUTOR)
+        self.launch()
+        place = Area(0, 0, self.screen.area.width, HEIGHT)
+
+        def text():
+            before = self.screen.pixels(place)
+            watch_for(1.1)
+            area = changed_area(before, self.screen.pixels(place), place)
+            return area if area and area.width <= WIDEST_TEXT else None
+
+        found = wait_for(text, 30, "a text that changes each second")
+
+        self.try_panel(*found.middle, HEIGHT + 4)
+        self.assertEqual(self.screen.windows(STRIP), [])
+
+
+del Tint2Case, DesktopCase
+
+if __name__ == "__main__":
+    unittest.main()
