@@ -204,7 +204,7 @@ class Feed(WaybarCase):
         self.assertEqual(self.screen.pixels(below), before, "a strip")
 
 
-del SwayCase, DesktopCase
+del SwayCase, WaybarCase
 
 if __name__ == "__main__":
     unittest.main()
