@@ -75,6 +75,18 @@ def _environment_of(pid):
         return []
 
 
+def cpu_times(pids):
+    """How many seconds each thread of these processes has run on a processor by now."""
+    seconds = {}
+    for pid in pids:
+        for task in Path(f"/proc/{pid}/task").glob("*"):
+            try:
+                seconds[task.name] = int((task / "schedstat").read_text().split()[0]) / 1e9
+            except OSError:
+                pass  # It ended meanwhile.
+    return seconds
+
+
 class Processes:
     """Everything started here, and whatever that starts in turn, carries the mark in its environment. So also
     services that the bus activates, or that detach themselves, are found and ended."""

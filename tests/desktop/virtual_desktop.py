@@ -4,9 +4,9 @@
         desktop.start("program", ["some-program"])
         desktop.screen.screenshot("picture.png")
 
-Four kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both, "gnome" a
-GNOME Shell with one, "sway" a Wayland compositor without one. Nothing of it outlives the `with` block, and nothing of the
-user's own session reaches into it."""
+Four kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both,
+"gnome" a GNOME Shell with one, "sway" a Wayland compositor without one. Nothing of it outlives the `with` block, and
+nothing of the user's own session reaches into it."""
 
 import os
 import select
