@@ -17,6 +17,7 @@ BUILD = Path(os.environ["GLIMMET_BUILD"])
 VERSION = os.environ["GLIMMET_VERSION"]
 ID = "me.kerno.glimmet"
 EXTENSION = "share/gnome-shell/extensions/glimmet@kerno.me"
+WIDGET = f"share/plasma/plasmoids/{ID}"
 SVG = "{http://www.w3.org/2000/svg}"
 FILES = {
     "bin/glimmet",
@@ -34,6 +35,8 @@ FILES = {
     "share/man/man1/glimmet-feed.1.gz",
     "share/man/man1/glimmet.1.gz",
     f"share/metainfo/{ID}.metainfo.xml",
+    f"{WIDGET}/contents/ui/main.qml",
+    f"{WIDGET}/metadata.json",
 }
 
 # What the projects call themselves, by how their libraries' names begin.
@@ -108,6 +111,16 @@ class InstalledFiles(Installed):
 
         self.assertEqual(about["uuid"], Path(EXTENSION).name)
         self.assertIn(shell, about["shell-version"])
+
+    def test_theWidgetIsOneThatPlasmaFindsAndCanRead(self):
+        about = json.loads((self.prefix / WIDGET / "metadata.json").read_text())
+        # Plasma's own modules are not needed for what is asked here; whatever is missing is a warning.
+        drawn = self.prefix / WIDGET / "contents/ui/main.qml"
+        file, = json.loads(run(os.environ["GLIMMET_QMLLINT"], "--bare", "--json", "-", drawn).stdout)["files"]
+
+        self.assertEqual(about["KPackageStructure"], "Plasma/Applet")
+        self.assertEqual(about["KPlugin"]["Id"], Path(WIDGET).name)
+        self.assertEqual([each for each in file["warnings"] if each["type"] not in ("info", "warning")], [])
 
     def symbols(self, path, which):
         listed = self.passes("nm", "--dynamic", "--format=just-symbols", which, self.prefix / path).stdout
