@@ -33,6 +33,9 @@ PANELS = {
     "cinnamon": Panel(("cinnamon",), {"XDG_CURRENT_DESKTOP": "X-Cinnamon", "LIBGL_ALWAYS_SOFTWARE": "1"},
                       ("/usr/libexec/xapps/sn-watcher/xapp-sn-watcher", "org.x.StatusNotifierWatcher"),
                       "xapp-sn-watcher", "ca.desrt.dconf.service", "org.x.StatusIconMonitor.cinnamon_0", "bare"),
+    "plasma": Panel(("plasmashell", "--no-respawn"), {
+        "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "6", "QT_QPA_PLATFORM": "xcb"},
+                    ("kded6", "org.kde.kded6"), services="org.kde.ActivityManager.service", name="org.kde.plasmashell"),
 }
 
 
@@ -59,7 +62,7 @@ class RunningPanel:
     def start(self):
         """Returns once it has room for items."""
         self._process = self.desktop.start("panel", list(self.kind.command), self.kind.environment)
-        wait_for(lambda: self.desktop.bus.owner(self.kind.name), 30, f"the panel of {self.name}")
+        wait_for(lambda: self.desktop.bus.owner(self.kind.name), 60, f"the panel of {self.name}")
         return self
 
     def processes(self):
