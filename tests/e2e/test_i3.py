@@ -6,7 +6,7 @@ import unittest
 from desktop.glimmet import PANEL, STRIP
 from desktop.panels import changed_area
 from desktop.processes import wait_for, watch_for
-from desktop.screen import DOUBLE_CLICK_TIME, Area
+from desktop.screen import DOUBLE_CLICK_TIME
 from desktop_case import BINARY, DesktopCase
 
 FEED = BINARY.with_name("glimmet-feed")
