@@ -26,6 +26,8 @@ public:
 
     /// True while a desktop shows items.
     bool isAvailable() const override { return m_available && !m_isOverlooked && m_isTextShown; }
+    /// Also where a bar shows its symbol, and nothing of the text.
+    bool isSeen() const override { return m_available && !m_isOverlooked && isWanted(); }
     QString place() const override { return QStringLiteral("an item"); }
     void setText(const QString &text) override;
     void setMode(TickerMode mode) override;

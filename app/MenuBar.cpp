@@ -51,7 +51,7 @@ MenuBar::MenuBar(Hosts hosts, Timers &timers, QObject *parent)
 {
     for (const auto &host : m_hosts) {
         connect(host.get(), &MenuBarHost::availabilityChanged, this, &MenuBar::chooseHost);
-        connect(host.get(), &MenuBarHost::clicked, this, &MenuBar::clicked);
+        connect(host.get(), &MenuBarHost::clicked, this, [this, &host = *host] { handleClick(host); });
         connect(host.get(), &MenuBarHost::pressedElsewhere, this, &MenuBar::pressedElsewhere);
         connect(host.get(), &MenuBarHost::openChosen, this, &MenuBar::openChosen);
         connect(host.get(), &MenuBarHost::quitChosen, this, &MenuBar::quitChosen);
@@ -92,9 +92,11 @@ std::optional<QPoint> MenuBar::anchor() const
     return firstAvailable().anchor();
 }
 
-bool MenuBar::knowsEdge() const
+void MenuBar::handleClick(const MenuBarHost &host)
 {
-    return firstAvailable().knowsEdge();
+    // A key of the desktop's may click what is not on the screen.
+    const MenuBarHost &place = host.isSeen() ? host : firstAvailable();
+    emit clicked(place.anchor(), place.knowsEdge());
 }
 
 MenuBarHost &MenuBar::firstAvailable() const

@@ -29,13 +29,13 @@ public:
     void setMode(TickerMode mode);
     void setColorScheme(ColorScheme scheme);
     void setPanelOpen(bool isOpen);
-    /// Where the panel drops down from, in native pixels; none while that is not known.
+    /// Where the panel drops down from without a click, in native pixels; none while that is not known.
     std::optional<QPoint> anchor() const;
-    /// Whether that is on the edge that the panel hangs from.
-    bool knowsEdge() const;
 
 signals:
-    void clicked();
+    /// `anchor`: where the panel drops down from, in native pixels; none where that is not known. `isAtEdge`:
+    /// whether that is on the edge that the panel hangs from.
+    void clicked(std::optional<QPoint> anchor, bool isAtEdge);
     void pressedElsewhere();
     void openChosen();
     void quitChosen();
@@ -44,6 +44,7 @@ signals:
 
 private:
     MenuBarHost &firstAvailable() const;
+    void handleClick(const MenuBarHost &host);
     void chooseHost();
     void show(MenuBarHost &host);
 

@@ -19,6 +19,8 @@ public:
 
     /// Whether the desktop has this place now.
     virtual bool isAvailable() const = 0;
+    /// Whether something of it is on the screen to be clicked.
+    virtual bool isSeen() const { return isAvailable(); }
     /// The place in words, as in "shown as an item".
     virtual QString place() const = 0;
     /// The text to show, already fit for one line. Kept while the host is not shown.

@@ -83,7 +83,7 @@ void PanelController::drop(std::optional<QPoint> anchor, bool isAtEdge)
 {
     if (m_searchTimer.isRunning())
         return;
-    if (isAtEdge)
+    if (isAtEdge && anchor)
         m_place = anchor;
     prepareBackdrop();
     if (m_backdrop && !isAtEdge)

@@ -26,7 +26,7 @@ public:
     void setShown(bool shown) override;
     void setColorScheme(ColorScheme scheme) override;
     std::optional<QPoint> anchor() const override;
-    bool knowsEdge() const override { return true; }
+    bool knowsEdge() const override { return anchor().has_value(); }
 
 private:
     const MakeFace m_makeFace;

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 StripLayer::StripLayer(WaylandConnection &connection, Timers &timers, int inset)
     : m_connection(connection)
     , m_inset(inset)
-    , m_search(timers, 200ms, [this] { end(true); })
+    , m_search(timers, 200ms, [this] { endSearch(); })
 {
     connect(&connection, &WaylandConnection::changed, this, &StripLayer::makeSurface, Qt::QueuedConnection);
     connect(
@@ -54,6 +54,8 @@ void StripLayer::makeSurface()
 {
     m_press.cancel();
     m_search.stop();
+    m_isClicked = false;
+    m_lowerEdge.reset();
     m_surface.reset();
     m_dragged.reset();
     m_cover.reset();
@@ -138,7 +140,8 @@ void StripLayer::handlePress(QPointF position, quint32 button)
     m_inset = stripInset(length(), m_size.width(), m_inset);
     m_pressedStart = length() - m_inset - m_size.width();
     m_press.begin(button, m_pressedStart + position.toPoint().x(), m_inset);
-    m_lowerEdge.reset();
+    m_isPlaced = false;
+    m_isClicked = false;
     handleMove(position);
     cover();
 }
@@ -151,11 +154,24 @@ void StripLayer::handleMove(QPointF position)
 
 void StripLayer::handleMoveOverCover(QPointF position)
 {
-    if (!m_lowerEdge)
-        m_lowerEdge = position.toPoint().y() + m_below;
+    notePlace(position);
     moveTo(position.toPoint().x());
-    if (m_search.isRunning())
+    m_search.stop();
+    if (m_isClicked)
         endLater(true);
+}
+
+void StripLayer::notePlace(QPointF position)
+{
+    // A pointer that has gone on meanwhile tells nothing of the strip. No bar is higher than this.
+    constexpr int highestBar = 64;
+    const int edge = position.toPoint().y() + m_below;
+    const int along = position.toPoint().x() - m_pressedStart;
+    const bool isOverStrip = along >= 0 && along <= m_size.width();
+    if (m_isPlaced || !isOverStrip || edge < m_size.height() || edge > m_size.height() + highestBar)
+        return;
+    m_isPlaced = true;
+    m_lowerEdge = edge;
 }
 
 void StripLayer::moveTo(int along)
@@ -184,6 +200,8 @@ void StripLayer::handleLeaving()
     // Where the compositor leaves the pointer to what it moves over, the cover has it from now on.
     if (!m_cover)
         m_press.cancel();
+    else if (m_press.isDown())
+        m_search.start();
 }
 
 void StripLayer::handleRelease(quint32 button)
@@ -191,10 +209,20 @@ void StripLayer::handleRelease(quint32 button)
     const bool isClick = m_press.end(button);
     if (m_press.isDown())
         return;
-    if (isClick && !m_lowerEdge)
+    m_isClicked = isClick && !m_isPlaced;
+    if (m_isClicked)
         m_search.start();
     else
         endLater(isClick);
+}
+
+void StripLayer::endSearch()
+{
+    // What locks the screen takes the pointer, and the release with it.
+    if (m_isClicked)
+        end(true);
+    else
+        giveUp();
 }
 
 void StripLayer::giveUp()
@@ -206,12 +234,14 @@ void StripLayer::giveUp()
 void StripLayer::endLater(bool isClick)
 {
     m_search.stop();
+    m_isClicked = false;
     // What is taken away may be what tells of it.
     QMetaObject::invokeMethod(this, [this, isClick] { end(isClick); }, Qt::QueuedConnection);
 }
 
 void StripLayer::end(bool isClick)
 {
+    m_isClicked = false;
     m_cover.reset();
     if (m_dragged)
         makeSurface();

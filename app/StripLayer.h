@@ -44,6 +44,8 @@ private:
     void moveTo(int along);
     void handleLeaving();
     void handleRelease(quint32 button);
+    void notePlace(QPointF position);
+    void endSearch();
     void giveUp();
     void endLater(bool isClick);
     void end(bool isClick);
@@ -63,8 +65,10 @@ private:
     StripPress m_press;
     int m_pressedStart = 0; ///< where the strip began at the press, from the output's left edge
     int m_below = 0; ///< from the pointer down to the strip's lower edge
-    std::optional<int> m_lowerEdge; ///< from the output's upper edge, as the last click told
-    SingleShot m_search; ///< after a click, while the pointer is looked for
+    bool m_isPlaced = false; ///< by the present press
+    bool m_isClicked = false; ///< and the click is held back until the pointer is found
+    std::optional<int> m_lowerEdge; ///< from the output's upper edge, as the last press told
+    SingleShot m_search; ///< while the pointer is nowhere
 };
 
 } // namespace glimmet

@@ -6,13 +6,12 @@
 
 #include <QDBusServiceWatcher>
 
-#include <algorithm>
 #include <cmath>
 
 namespace glimmet {
 namespace {
 
-/// GNOME Shell's and Plasma's.
+/// GNOME Shell's and Plasma's; the first that is there is the one that is believed.
 const QStringList shellNames{ QStringLiteral("org.gnome.Shell"), QStringLiteral("org.kde.plasmashell") };
 const QString extensionName = QStringLiteral("me.kerno.glimmet.TopBar");
 
@@ -91,9 +90,12 @@ void TopBarHost::setAvailable(bool available)
 bool TopBarHost::isShell(const QString &participant) const
 {
     // Asked at each call: the shell may have been replaced, and its name been taken by somebody else.
-    return !participant.isEmpty()
-        && std::any_of(shellNames.cbegin(), shellNames.cend(),
-            [&](const QString &name) { return participant == m_bus.ownerOf(name); });
+    // Plasma's name is anybody's to take where the desktop is GNOME.
+    for (const QString &name : shellNames) {
+        if (const QString owner = m_bus.ownerOf(name); !owner.isEmpty())
+            return participant == owner;
+    }
+    return false;
 }
 
 } // namespace glimmet

@@ -157,8 +157,7 @@ int run(DiagnosticLog &log, Restart &restart)
 
     QObject::connect(&ticker, &TickerViewModel::modeChanged, &menuBar, showMode);
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
-    QObject::connect(
-        &menuBar, &MenuBar::clicked, &panel, [&] { panel.toggle(menuBar.anchor(), menuBar.knowsEdge()); });
+    QObject::connect(&menuBar, &MenuBar::clicked, &panel, &PanelController::toggle);
     QObject::connect(&menuBar, &MenuBar::pressedElsewhere, &panel, &PanelController::pressElsewhere);
     QObject::connect(&menuBar, &MenuBar::openChosen, &panel, openPanel);
     QObject::connect(&menuBar, &MenuBar::quitChosen, &menuBar, &QCoreApplication::quit);

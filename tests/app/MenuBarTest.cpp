@@ -22,6 +22,8 @@ public:
     }
 
     bool isAvailable() const override { return available; }
+    bool isSeen() const override { return isSymbolThere || available; }
+    bool knowsEdge() const override { return available; }
     QString place() const override { return name; }
     void setText(const QString &line) override { text = line; }
     void setShown(bool nowShown) override { shown = nowShown; }
@@ -36,6 +38,7 @@ public:
 
     QString name;
     bool available;
+    bool isSymbolThere = false;
     QString text;
     bool shown = false;
     ColorScheme scheme = ColorScheme::Light;
@@ -174,6 +177,25 @@ TEST_F(MenuBarTest, handsOnWhatIsClickedAnywhere)
     EXPECT_EQ(presses.count(), 1);
     EXPECT_EQ(openings.count(), 1);
     EXPECT_EQ(quits.count(), 1);
+}
+
+TEST_F(MenuBarTest, dropsThePanelFromASymbolThatWasClickedBesideTheText)
+{
+    QSignalSpy clicks(&bar, &MenuBar::clicked);
+    first->isSymbolThere = true;
+
+    emit first->clicked();
+
+    EXPECT_EQ(clicks.last(), QVariantList({ QVariant::fromValue(first->anchor()), false }));
+}
+
+TEST_F(MenuBarTest, dropsThePanelFromTheTextWhereAKeyClicksWhatIsNotThere)
+{
+    QSignalSpy clicks(&bar, &MenuBar::clicked);
+
+    emit first->clicked();
+
+    EXPECT_EQ(clicks.last(), QVariantList({ QVariant::fromValue(last->anchor()), true }));
 }
 
 TEST_F(MenuBarTest, dropsThePanelFromTheBestPlace)

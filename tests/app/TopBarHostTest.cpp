@@ -128,6 +128,17 @@ TEST_F(TopBarHostOnPlasma, believesPlasmasShellAndNobodyElse)
     QDBusConnection::disconnectFromBus(u"stranger"_s);
 }
 
+TEST_F(TopBarHostTest, believesNobodyByPlasmasNameWhereGnomesShellIs)
+{
+    QDBusConnection stranger = daemon.peer(u"stranger"_s);
+    stranger.registerService(u"org.kde.plasmashell"_s);
+    TopBarHost host(bus, timers);
+
+    EXPECT_EQ(callBy(stranger, u"Toggle"_s, { 1000, 760, 80, 0, 1280, 800 }).errorName(),
+        u"org.freedesktop.DBus.Error.AccessDenied"_s);
+    QDBusConnection::disconnectFromBus(u"stranger"_s);
+}
+
 TEST_F(TopBarHostTest, isThereAtOnceWhereTheExtensionCameFirst)
 {
     shell.registerService(extensionName);

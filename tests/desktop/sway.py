@@ -73,6 +73,11 @@ class SwayScreen(Screen):
     def click(self, x, y, button=1):
         self._input.click(x, y, BUTTONS[button])
 
+    def tap(self, x, y, onward):
+        """A click that is let go at once, by a pointer that goes on at once."""
+        self._input.click(x, y, held=0)
+        self._input.move(*onward)
+
     def drag(self, start, end):
         self._input.drag(start, end)
 

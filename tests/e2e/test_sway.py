@@ -57,6 +57,16 @@ class Strip(WaybarCase):
         self.desktop.stop(bar)
         self.wait_for_text(0, 26)
 
+    def test_opens_the_panel_under_itself_also_where_the_pointer_goes_on_at_once(self):
+        x, y = self.wait_for_text(0, 26).middle
+
+        for onward in ((640, 300), (x - 100, 120)):
+            self.screen.tap(x, y, onward)
+            self.assert_panel_under(x, 26)
+            self.screen.key("Escape")
+            self.screen.wait_until_gone(PANEL)
+            watch_for(DOUBLE_CLICK_TIME)
+
     def text_near(self, x):
         """Where the text is, None where that is elsewhere, as while the strip is still moving."""
         text = self.wait_for_text(0, 26)

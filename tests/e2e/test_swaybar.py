@@ -63,7 +63,10 @@ class Item(SwaybarCase):
 
         for button in (1, 2, 3):
             self.screen.click(*self.icon().middle, button)
-            self.assert_on_screen(self.screen.wait_for_window(PANEL))
+            panel = self.screen.wait_for_window(PANEL)
+            self.assert_on_screen(panel)
+            self.assertGreater(panel.right, self.icon().x, "at the symbol, not at the strip")
+            self.assertLess(panel.y, HIGHEST_BAR + 8)
             self.wait_for_keyboard()
             watch_for(1)
             self.screen.click(*self.icon().middle, button)

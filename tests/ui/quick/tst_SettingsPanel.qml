@@ -239,7 +239,7 @@ PanelTestCase {
 
         const beside = Array.from(only(ScrollArea).children).filter(item => item !== only(ScrollArea).contentItem);
         compare(beside.filter(item => !(item instanceof SoftEdge) && item.children.length > 0), []);
-        compare(beside.filter(item => item instanceof SoftEdge).map(edge => edge.width), [340, 340]);
+        compare(beside.filter(item => item instanceof SoftEdge).map(edge => edge.width), [340, 340 - 2 * Theme.panelRadius]);
     }
 
     function sheetArea(): ScrollArea {
