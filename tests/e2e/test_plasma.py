@@ -16,7 +16,7 @@ from desktop_case import DesktopCase
 WIDGET = Path(__file__).resolve().parent.parent.parent / "desktops" / "plasma"
 WIDGET_NAME = "me.kerno.glimmet.TopBar"
 OBJECT = ("/me/kerno/glimmet/TopBar", "me.kerno.glimmet.TopBar1")
-# What the widget speaks by, which Plasma has from 6 on.
+# What the widget speaks by. Tried with Plasma 6.3.
 IMPORT = "*/qt6/qml/org/kde/plasma/workspace/dbus"
 SHELL = ("org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell")
 TIME = r"\d\d:\d\d:\d\d"
