@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <memory>
 
-/// What all of this room ask an X server. Every call waits for its answer.
+/// What several sources of this room ask an X server. Every call waits for its answer.
 namespace glimmet::xcb {
 
 template <typename Reply> using Owned = std::unique_ptr<Reply, decltype(&std::free)>;

@@ -4,7 +4,7 @@ import shutil
 from dataclasses import dataclass
 from pathlib import Path
 
-from desktop.processes import wait_for
+from desktop.processes import wait_for, watch_for
 from desktop.screen import Area
 
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -86,3 +86,14 @@ def changed_area(before, after, area):
     columns = [column for column in range(area.width) for row in rows
                if before[row * stride + column * 3:][:3] != after[row * stride + column * 3:][:3]]
     return Area(area.x + min(columns), area.y + rows[0], max(columns) - min(columns) + 1, rows[-1] - rows[0] + 1)
+
+
+def wait_for_seconds(screen, place, widest):
+    """Returns where in `place` a text changes each second, and nothing beside it."""
+    def text():
+        before = screen.pixels(place)
+        watch_for(1.1)
+        area = changed_area(before, screen.pixels(place), place)
+        return area if area and area.width <= widest else None
+
+    return wait_for(text, 30, "a text that changes each second")

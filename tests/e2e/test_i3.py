@@ -4,7 +4,7 @@ import shutil
 import unittest
 
 from desktop.glimmet import PANEL, STRIP
-from desktop.panels import changed_area
+from desktop.panels import changed_area, wait_for_seconds
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME
 from desktop_case import BINARY, DesktopCase
@@ -171,15 +171,7 @@ class FeedInBar(I3Case):
 
     def test_shows_its_text_in_the_bar_with_the_panel_above_it_and_no_strip(self):
         self.launch()
-        place = self.bar_area
-
-        def text():
-            before = self.screen.pixels(place)
-            watch_for(1.1)
-            area = changed_area(before, self.screen.pixels(place), place)
-            return area if area and area.width <= WIDEST_TEXT else None
-
-        found = wait_for(text, 30, "a text that changes each second")
+        found = wait_for_seconds(self.screen, self.bar_area, WIDEST_TEXT)
         self.open_window()
         self.try_panel(*found.middle, lambda panel: panel.bottom == self.bar_area.y - 4)
 

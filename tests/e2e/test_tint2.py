@@ -4,7 +4,7 @@ import shutil
 import unittest
 
 from desktop.glimmet import PANEL, STRIP
-from desktop.panels import changed_area
+from desktop.panels import wait_for_seconds
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME, Area
 from desktop_case import BINARY, DesktopCase
@@ -77,15 +77,7 @@ class FeedInBar(Tint2Case):
     def test_shows_its_text_in_the_bar_with_the_panel_under_it_and_no_strip(self):
         self.start_bar(BAR.format("TE", "top") + EXECUTOR)
         self.launch()
-        place = Area(0, 0, self.screen.area.width, HEIGHT)
-
-        def text():
-            before = self.screen.pixels(place)
-            watch_for(1.1)
-            area = changed_area(before, self.screen.pixels(place), place)
-            return area if area and area.width <= WIDEST_TEXT else None
-
-        found = wait_for(text, 30, "a text that changes each second")
+        found = wait_for_seconds(self.screen, Area(0, 0, self.screen.area.width, HEIGHT), WIDEST_TEXT)
 
         self.try_panel(*found.middle, HEIGHT + 4)
         self.assertEqual(self.screen.windows(STRIP), [])
