@@ -54,7 +54,7 @@ int main(int argc, char *argv[])
     QString text;
     stripe.fetch({ RevenueProvider::Stripe, RevenueMode::AllTime, RevenueMetric::Revenue,
                      ApiKey(u"sk_live_1"_s), {}, u"usd"_s },
-        [&](const QString &answer) { text = answer; });
+        [&text](const RevenueResult &result) { text = result.text; });
     waitUntil([&] { return !text.isEmpty(); });
     std::puts(qUtf8Printable(text));
     return 0;

@@ -82,11 +82,11 @@ void measureTimeWithoutACopy(const SessionBus &bus)
     std::vector<double> additions;
     for (int i = 0; i < rounds; ++i) {
         CallBudget budget(steadyClock, { 3s, 300ms });
-        const CallBudget::Call call(budget);
+        CallBudget::Call call(budget);
         const auto matches = service.find(attributes, call);
-        removals.push_back(duration([&] { service.remove(matches->unlocked.first(), 300ms); }));
+        removals.push_back(duration([&] { service.remove(matches->unlocked.first(), call); }));
         additions.push_back(
-            duration([&] { service.add(attributes, QStringLiteral("glimmet"), value().toUtf8(), 300ms); }));
+            duration([&] { service.add(attributes, QStringLiteral("glimmet"), value().toUtf8(), call, 300ms); }));
     }
     report("a removal", removals);
     report("the addition after it: no copy is stored", additions);

@@ -103,7 +103,7 @@ std::pair<QString, double> fetched(RevenueServices &services, const RevenueQuery
 {
     QString text;
     const double before = threadCpu();
-    services.fetch(query, [&text](const QString &answer) { text = answer; });
+    services.fetch(query, [&text](const RevenueResult &result) { text = result.text; });
     waitUntil([&text] { return !text.isEmpty(); });
     return { text, threadCpu() - before };
 }
