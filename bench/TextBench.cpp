@@ -14,14 +14,24 @@
 namespace glimmet {
 namespace {
 
-void clockTextByPattern(benchmark::State &state)
+void clockTextByThePrograms(benchmark::State &state)
+{
+    const SystemClock clock;
+    const SystemRegion region;
+    const ClockText text(region);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(text.at(clock.now(), u"HH:mm:ss"));
+}
+BENCHMARK(clockTextByThePrograms);
+
+void clockTextByANewFormatter(benchmark::State &state)
 {
     const SystemClock clock;
     const SystemRegion region;
     for (auto _ : state)
-        benchmark::DoNotOptimize(clockText(u"HH:mm:ss", clock.now(), region));
+        benchmark::DoNotOptimize(ClockText(region).at(clock.now(), u"HH:mm:ss"));
 }
-BENCHMARK(clockTextByPattern);
+BENCHMARK(clockTextByANewFormatter);
 
 void clockTextByAKeptFormatter(benchmark::State &state)
 {

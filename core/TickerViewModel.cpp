@@ -2,7 +2,6 @@
 
 #include "core/PreferencesKeys.h"
 #include "platform/Clock.h"
-#include "platform/DateTimeText.h"
 #include "platform/Publish.h"
 #include "platform/RepeatingTimer.h"
 
@@ -14,6 +13,8 @@ namespace glimmet {
 TickerViewModel::TickerViewModel(const TickerWorld &world, QObject *parent)
     : QObject(parent)
     , m_world(world)
+    , m_clockText(world.region)
+    , m_spokenText(world.region)
     , m_quotes(world.preferences)
     , m_deadlines(world.preferences, world.clock)
     , m_prices({ world.clock, world.preferences, PreferencesKeys::cryptoSymbols, world.timers, world.prices,
@@ -165,10 +166,10 @@ QString TickerViewModel::spokenDisplay() const
 
 QString TickerViewModel::formattedTime(bool withSeconds) const
 {
-    const char16_t *pattern = withSeconds ? u"h:mm:ss a" : u"h:mm a";
+    QStringView pattern = withSeconds ? u"h:mm:ss a" : u"h:mm a";
     if (m_use24Hour)
         pattern = withSeconds ? u"HH:mm:ss" : u"HH:mm";
-    return clockText(pattern, m_world.clock.now(), m_world.region);
+    return (withSeconds == m_showSeconds ? m_clockText : m_spokenText).at(m_world.clock.now(), pattern);
 }
 
 void TickerViewModel::setMode(TickerMode mode)

@@ -4,6 +4,7 @@
 #include "core/Quotes.h"
 #include "core/TickerMode.h"
 #include "core/TickerWorld.h"
+#include "platform/DateTimeText.h"
 #include "prices/PriceList.h"
 #include "revenue/RevenueReport.h"
 
@@ -258,6 +259,8 @@ private:
     QString formattedTime(bool withSeconds) const;
 
     TickerWorld m_world;
+    ClockText m_clockText;
+    ClockText m_spokenText; ///< where the spoken time leaves out what the line has
     TickerMode m_mode = TickerMode::Clock;
     QString m_customText = QStringLiteral("hello world ✦");
     bool m_showSeconds = true;

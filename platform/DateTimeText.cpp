@@ -40,7 +40,8 @@ QString formatted(const Format &format, QDate date)
 QString formatted(const Format &format, Instant moment, const UserRegion &region)
 {
     const double milliseconds = std::clamp(moment.unixMilliseconds(), -furthest, furthest);
-    return formatted(format, zoneAt(Instant::fromUnixSeconds(milliseconds / 1000), region), milliseconds);
+    return formatted(
+        format, zoneOf(region.utcOffset(Instant::fromUnixSeconds(milliseconds / 1000))), milliseconds);
 }
 
 } // namespace
@@ -76,16 +77,53 @@ QString monthText(QDate date, const QByteArray &locale)
     return formatted(format, date);
 }
 
-QString clockText(const char16_t *pattern, Instant moment, const UserRegion &region)
+/// A date formatter, and what it was made for.
+struct ClockText::Formatter {
+    QByteArray locale;
+    QString pattern;
+    int utcOffset = 0;
+    std::unique_ptr<icu::SimpleDateFormat> format; ///< none where ICU has none
+
+    Formatter(const QByteArray &localeName, QStringView datePattern)
+        : locale(localeName)
+        , pattern(datePattern.toString())
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        format = std::make_unique<icu::SimpleDateFormat>(
+            icu::UnicodeString(datePattern.utf16(), static_cast<int>(datePattern.size())),
+            icu::Locale(locale.constData()), status);
+        if (U_FAILURE(status))
+            format.reset();
+        else
+            format->adoptTimeZone(zoneOf(utcOffset).release());
+    }
+
+    void setUtcOffset(int seconds)
+    {
+        if (seconds == utcOffset || !format)
+            return;
+        utcOffset = seconds;
+        format->adoptTimeZone(zoneOf(seconds).release());
+    }
+};
+
+ClockText::ClockText(const UserRegion &region)
+    : m_region(region)
 {
-    UErrorCode status = U_ZERO_ERROR;
-    icu::SimpleDateFormat format(
-        icu::UnicodeString(pattern), icu::Locale(region.localeName().constData()), status);
-    if (U_FAILURE(status))
+}
+
+ClockText::~ClockText() = default;
+
+QString ClockText::at(Instant moment, QStringView pattern) const
+{
+    const QByteArray locale = m_region.localeName();
+    if (!m_formatter || m_formatter->locale != locale || m_formatter->pattern != pattern)
+        m_formatter = std::make_unique<Formatter>(locale, pattern);
+    m_formatter->setUtcOffset(m_region.utcOffset(moment));
+    if (!m_formatter->format)
         return {};
-    format.adoptTimeZone(zoneAt(moment, region).release());
     icu::UnicodeString text;
-    format.format(moment.unixMilliseconds(), text);
+    m_formatter->format->format(moment.unixMilliseconds(), text);
     return toQString(text);
 }
 

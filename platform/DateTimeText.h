@@ -6,6 +6,8 @@
 #include <QDate>
 #include <QString>
 
+#include <memory>
+
 namespace glimmet {
 
 /// Dates in the user's words and digits, always by the Gregorian calendar, which the panel's own calendar
@@ -24,9 +26,25 @@ QString fullDateText(QDate date, const QByteArray &locale);
 /// The month of a day as the title of a calendar, such as "May 2026".
 QString monthText(QDate date, const QByteArray &locale);
 
-/// The moment as the user's wall clock shows it, by a Unicode date pattern
-/// (https://unicode.org/reports/tr35/tr35-dates.html#Date_Format_Patterns), with the locale's digits and
-/// AM/PM markers. The locale and the time zone are asked afresh at every call.
-QString clockText(const char16_t *pattern, Instant moment, const UserRegion &region);
+/// What a clock shows each second. To make a date formatter costs ICU a hundred times what using it does, so
+/// the last one is kept for as long as the locale, the pattern and the zone's offset are what they were; the
+/// region is asked at every call all the same. Main thread.
+class ClockText {
+public:
+    /// `region` outlives it.
+    explicit ClockText(const UserRegion &region);
+    ~ClockText();
+
+    /// The moment as the user's wall clock shows it, by a Unicode date pattern
+    /// (https://unicode.org/reports/tr35/tr35-dates.html#Date_Format_Patterns), with the locale's digits and
+    /// AM/PM markers.
+    QString at(Instant moment, QStringView pattern) const;
+
+private:
+    struct Formatter;
+
+    const UserRegion &m_region;
+    mutable std::unique_ptr<Formatter> m_formatter; ///< of the last text
+};
 
 } // namespace glimmet

@@ -1,7 +1,5 @@
 #include "platform/IcuDates.h"
 
-#include "platform/UserRegion.h"
-
 #include <unicode/simpletz.h>
 
 namespace glimmet {
@@ -14,12 +12,9 @@ icu::Locale gregorian(const QByteArray &localeName)
     return locale;
 }
 
-/// Only the offset of this moment matters to a clock. The system's rules give it: they are newer than those
-/// inside ICU and also serve zones without a name ("EST5EDT", a copied /etc/localtime).
-std::unique_ptr<icu::TimeZone> zoneAt(Instant moment, const UserRegion &region)
+std::unique_ptr<icu::TimeZone> zoneOf(int utcOffset)
 {
-    return std::make_unique<icu::SimpleTimeZone>(
-        region.utcOffset(moment) * 1000, icu::UnicodeString(u"local"));
+    return std::make_unique<icu::SimpleTimeZone>(utcOffset * 1000, icu::UnicodeString(u"local"));
 }
 
 QString toQString(const icu::UnicodeString &text)

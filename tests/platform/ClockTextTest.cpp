@@ -15,7 +15,8 @@ constexpr auto hours12 = u"h:mm:ss a";
 
 QString at(const QString &iso, const char *locale, const char *zone, const char16_t *pattern)
 {
-    return clockText(pattern, instantAt(iso), FixedRegion(locale, zone));
+    const FixedRegion region(locale, zone);
+    return ClockText(region).at(instantAt(iso), pattern);
 }
 
 TEST(ClockText, readsInAmericanEnglish)
@@ -93,6 +94,41 @@ TEST(ClockText, readsInAnyLocaleThatIcuDoesNotKnowAsItsRoot)
 {
     EXPECT_EQ(at(u"2026-05-04T20:05:07Z"_s, "xx_XX", "UTC", hours24), u"20:05:07"_s);
     EXPECT_EQ(at(u"2026-05-04T20:05:07Z"_s, "", "UTC", hours24), u"20:05:07"_s);
+}
+
+TEST(ClockText, followsTheLocaleTheZoneAndThePatternFromCallToCall)
+{
+    FixedRegion region("en_US", "UTC");
+    const ClockText text(region);
+    const Instant moment = instantAt(u"2026-05-04T20:05:07Z"_s);
+    ASSERT_EQ(text.at(moment, hours24), u"20:05:07"_s);
+
+    region.setZone("Asia/Kolkata");
+    EXPECT_EQ(text.at(moment, hours24), u"01:35:07"_s);
+
+    EXPECT_EQ(text.at(moment, hours12), u"1:35:07 AM"_s);
+
+    region.setLocale("ar_EG");
+    EXPECT_EQ(text.at(moment, hours12), u"١:٣٥:٠٧ ص"_s);
+
+    region.setZone("UTC");
+    EXPECT_EQ(text.at(moment, hours12), u"٨:٠٥:٠٧ م"_s);
+}
+
+TEST(ClockText, isWhatANewOneWouldSayThroughAYearOfEveryZone)
+{
+    FixedRegion region("en_US", "UTC");
+    const ClockText kept(region);
+    const Instant newYear = instantAt(u"2026-01-01T00:00:00Z"_s);
+    for (const QByteArray zone :
+        { "America/New_York", "Asia/Kolkata", "Pacific/Auckland", "Australia/Lord_Howe" })
+        for (int hour = 0; hour < 365 * 24; hour += 5) {
+            region.setZone(zone);
+            region.setLocale(hour % 3 ? "th_TH" : "de_DE");
+            const Instant moment = newYear.advanced(hour * 3600.0);
+            ASSERT_EQ(kept.at(moment, hours12), ClockText(region).at(moment, hours12))
+                << zone.toStdString() << hour;
+        }
 }
 
 } // namespace
