@@ -36,8 +36,9 @@ void ItemFace::setManner(const Manner &manner)
 {
     m_manner = manner;
     m_item.setPresentation(manner.presentation);
+    m_item.setLabelHeard(manner.hearsLabels);
     updateLabel();
-    updatePictures();
+    updateIcons();
 }
 
 void ItemFace::setText(const QString &text)
@@ -56,7 +57,7 @@ void ItemFace::setMode(TickerMode mode)
     if (mode == m_mode)
         return;
     m_mode = mode;
-    updatePictures();
+    updateIcons();
     if (m_isToolTipStale)
         announceToolTip();
     // The text of the new mode follows, and is told at once.
@@ -68,7 +69,7 @@ void ItemFace::setColorScheme(ColorScheme scheme)
     if (scheme == m_scheme)
         return;
     m_scheme = scheme;
-    updatePictures();
+    updateIcons();
 }
 
 void ItemFace::setFed(bool isFed)
@@ -96,16 +97,23 @@ void ItemFace::updateLabel()
     m_item.setLabel(isShort ? shortened(m_text, longestLabel) : m_text);
 }
 
+void ItemFace::updateIcons()
+{
+    if (m_manner.presentation != StatusNotifierItem::Presentation::Icon)
+        return;
+    m_icons.clear();
+    for (const int size : iconSizes)
+        m_icons.append(notifierPixmap(modePicture(m_mode, size, bar())));
+    updatePictures();
+}
+
 void ItemFace::updatePictures()
 {
     if (m_manner.presentation != StatusNotifierItem::Presentation::Icon)
         return;
-    const ColorScheme bar = m_manner.isBarDark ? ColorScheme::Dark : m_scheme;
-    QList<NotifierPixmap> pictures;
-    for (const int size : iconSizes)
-        pictures.append(notifierPixmap(modePicture(m_mode, size, bar)));
+    QList<NotifierPixmap> pictures = m_icons;
     if (paintsText())
-        pictures.append(notifierPixmap(textPicture(m_text, widePictureHeight, bar)));
+        pictures.append(notifierPixmap(textPicture(m_text, widePictureHeight, bar())));
     m_item.setPictures(std::move(pictures));
 }
 

@@ -16,6 +16,7 @@ public:
     /// What is known of the host.
     struct Manner {
         StatusNotifierItem::Presentation presentation = StatusNotifierItem::Presentation::Icon;
+        bool hearsLabels = true; ///< false: it would be woken by each for nothing
         bool takesWidePictures = false;
         bool isBarDark = false; ///< whatever the desktop wants of windows
     };
@@ -38,7 +39,9 @@ public:
 
 private:
     bool paintsText() const { return m_manner.takesWidePictures && !m_isFed; }
+    ColorScheme bar() const { return m_manner.isBarDark ? ColorScheme::Dark : m_scheme; }
     void updateLabel();
+    void updateIcons();
     void updatePictures();
     void updateToolTip();
     void announceToolTip();
@@ -46,6 +49,7 @@ private:
     StatusNotifierItem &m_item;
     SingleShot m_toolTipTimer;
     Manner m_manner;
+    QList<NotifierPixmap> m_icons; ///< the mode's symbol, where the host shows pictures
     QString m_text;
     TickerMode m_mode = TickerMode::Clock;
     ColorScheme m_scheme = ColorScheme::Light;

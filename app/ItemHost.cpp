@@ -50,6 +50,15 @@ QByteArray programOf(const SessionBus &bus, const QString &name)
     return process.isValid() && file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
 }
 
+/// Whether the program of a watcher knows of labels. Those of Plasma, LXQt, Cinnamon, Waybar and sway do not,
+/// and not XFCE's, whose plugins are named by their place in the panel.
+bool hearsLabels(const QByteArray &program)
+{
+    static const QByteArrayList deaf{ "kded5", "kded6", "lxqt-panel", "xapp-sn-watcher", "waybar",
+        "swaybar" };
+    return !deaf.contains(program) && !(program.startsWith("panel-") && program.contains("-sys"));
+}
+
 QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(watcherService, watcherPath, interface, method);
@@ -187,6 +196,7 @@ void ItemHost::learnManner()
     ItemFace::Manner manner;
     manner.presentation = isGnome ? Menu : elsewhere;
     const QByteArray program = programOf(m_bus, watcherService);
+    manner.hearsLabels = hearsLabels(program);
     manner.takesWidePictures = isDesktop("X-CINNAMON") || program == "waybar";
     // Of all that an item has to show this one takes the square picture, and has not even a tooltip.
     const bool isSwaybar = program == "swaybar";

@@ -81,7 +81,7 @@ void StatusNotifierItem::setLabel(const QString &label)
 void StatusNotifierItem::announceLabel()
 {
     // An item that is not shown need not wake its host each second.
-    if (m_active || m_followed)
+    if ((m_active && m_isLabelHeard) || m_followed)
         emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
 }
 

@@ -47,6 +47,8 @@ public:
     void announceToolTip();
     /// A passive item is not shown, and its host hears nothing of its label.
     void setActive(bool active);
+    /// Whether the host does anything with the label; one that does not is told of none.
+    void setLabelHeard(bool heard) { m_isLabelHeard = heard; }
     /// Another program than the host hears of the label, also while the item is passive.
     void setFollowed(bool followed) { m_followed = followed; }
 
@@ -74,6 +76,7 @@ private:
     QList<NotifierPixmap> m_pictures{ emptyPixmap(1) };
     Presentation m_presentation = Presentation::Icon;
     bool m_active = true;
+    bool m_isLabelHeard = true;
     bool m_followed = false;
 };
 

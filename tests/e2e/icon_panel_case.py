@@ -13,6 +13,7 @@ LEAST_ICON, WIDEST_ICON = 10, 40
 class IconPanelCase(DesktopCase):
     """The class names the `panel`. An icon is found by what changes in the bars where only the mode does."""
     panel = None
+    shows_labels = False
 
     @classmethod
     def setUpClass(cls):
@@ -69,6 +70,11 @@ class IconPanelCase(DesktopCase):
         self.assertLess(abs(panel.x + panel.width // 2 - self.icon.middle[0]), panel.width, f"{panel}, {self.icon}")
         above, below = self.icon.y - panel.bottom, panel.y - self.icon.bottom
         self.assertTrue(-4 <= above < 40 or -4 <= below < 40, f"panel {panel} not at the icon {self.icon}")
+
+    def test_the_panel_is_told_of_labels_only_where_it_shows_them(self):
+        told, text = len(self.glimmet.labels), self.glimmet.label
+        wait_for(lambda: self.glimmet.label != text, 15, "the next second")
+        self.assertEqual(len(self.glimmet.labels) > told, self.shows_labels)
 
     def test_opens_at_the_icon_and_closes_by_a_second_click(self):
         for button in (1, 2):

@@ -8,6 +8,7 @@ from icon_panel_case import IconPanelCase, TextPanelCase
 
 class Mate(TextPanelCase):
     panel = "mate"
+    shows_labels = True
 
     def test_cuts_a_long_text(self):
         self.glimmet.ask_for_panel()

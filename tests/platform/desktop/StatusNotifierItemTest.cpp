@@ -92,6 +92,17 @@ TEST_F(StatusNotifierItemTest, tellsItsTextWhileItIsPassiveToWhoFollowsIt)
     EXPECT_TRUE(waitFor([this] { return heard.all.contains(QStringLiteral("XAyatanaNewLabel:a")); }));
 }
 
+TEST_F(StatusNotifierItemTest, keepsItsTextFromAHostThatKnowsNoLabels)
+{
+    item.setLabelHeard(false);
+    item.setLabel(QStringLiteral("a"));
+    item.setActive(false);
+
+    ASSERT_TRUE(waitFor([this] { return heard.all.contains(QStringLiteral("NewStatus:Passive")); }));
+    EXPECT_EQ(heard.all, QStringList({ QStringLiteral("NewStatus:Passive") }));
+    EXPECT_EQ(property(QStringLiteral("XAyatanaLabel")), QStringLiteral("a"));
+}
+
 TEST_F(StatusNotifierItemTest, keepsStillWhileItIsPassiveAndThenTellsItsText)
 {
     item.setPresentation(Label);
