@@ -99,7 +99,8 @@ void measureSwitches(TickerViewModel &ticker, FrameWatch &frames)
     std::vector<double> later;
     std::vector<double> costs;
     const auto &modes = rawValues<TickerMode>;
-    for (int i = 0; i < switches; ++i) {
+    // From the second on: the first is on show already, and what is chosen anew moves nothing.
+    for (int i = 1; i <= switches; ++i) {
         const TickerMode mode = modes[static_cast<std::size_t>(i) % modes.size()].first;
         QTimer::singleShot(0, [&] {
             frames.restart();
