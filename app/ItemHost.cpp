@@ -72,7 +72,7 @@ QDBusMessage watcherCall(const QString &interface, const QString &method, const 
 ItemHost::ItemHost(SessionBus &bus, Timers &timers, const SteadyClock &clock, QObject *parent)
     : MenuBarHost(parent)
     , m_bus(bus)
-    , m_item(std::make_unique<StatusNotifierItem>())
+    , m_item(std::make_unique<StatusNotifierItem>(clock))
     , m_menu(std::make_unique<NotifierMenu>(menuWords))
     , m_face(*m_item, timers)
     , m_unseenTimer(timers, unseenPatience, [this] { startOver(); })

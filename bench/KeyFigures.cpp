@@ -85,8 +85,8 @@ void measureTimeWithoutACopy(const SessionBus &bus)
         CallBudget::Call call(budget);
         const auto matches = service.find(attributes, call);
         removals.push_back(duration([&] { service.remove(matches->unlocked.first(), call); }));
-        additions.push_back(
-            duration([&] { service.add(attributes, QStringLiteral("glimmet"), value().toUtf8(), call, 300ms); }));
+        additions.push_back(duration(
+            [&] { service.add(attributes, QStringLiteral("glimmet"), value().toUtf8(), call, 300ms); }));
     }
     report("a removal", removals);
     report("the addition after it: no copy is stored", additions);

@@ -7,12 +7,21 @@
 #include <QDBusError>
 #include <QDBusMessage>
 
+#include <chrono>
 #include <utility>
 
 namespace glimmet {
 namespace {
 
-const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
+using namespace std::chrono_literals;
+
+constexpr const char *itemPath = "/StatusNotifierItem";
+constexpr const char *itemInterfaceName = "org.kde.StatusNotifierItem";
+const QString itemInterface = QString::fromLatin1(itemInterfaceName);
+constexpr const char *newLabel = "XAyatanaNewLabel";
+/// Within it Qt's thread has written what it was given, and a label overtakes nothing that tells of one
+/// before.
+constexpr auto qtsTime = 500ms;
 
 const QString memberXml = QStringLiteral(R"xml(  <interface name="org.kde.StatusNotifierItem">
     <property name="Category" type="s" access="read"/>
@@ -50,11 +59,13 @@ QPoint positionOf(const QDBusMessage &message)
 
 } // namespace
 
-const QString StatusNotifierItem::path = QStringLiteral("/StatusNotifierItem");
+const QString StatusNotifierItem::path = QString::fromLatin1(itemPath);
 
-StatusNotifierItem::StatusNotifierItem(QObject *parent)
+StatusNotifierItem::StatusNotifierItem(const SteadyClock &clock, QObject *parent)
     : QDBusVirtualObject(parent)
     , m_connection(QString())
+    , m_labelSignal(itemPath, itemInterfaceName, newLabel)
+    , m_sinceQt(clock)
 {
     registerNotifierTypes();
 }
@@ -82,7 +93,15 @@ void StatusNotifierItem::announceLabel()
 {
     // An item that is not shown need not wake its host each second.
     if ((m_active && m_isLabelHeard) || m_followed)
-        emitChange(QStringLiteral("XAyatanaNewLabel"), { m_label, QString() });
+        sendLabel();
+}
+
+void StatusNotifierItem::sendLabel()
+{
+    const QString guide;
+    const bool isInOrder = m_sinceQt.hasPassed(qtsTime);
+    if (!isInOrder || !m_labelSignal.send(m_connection, { m_label, guide }))
+        emitChange(QString::fromLatin1(newLabel), { m_label, guide });
 }
 
 void StatusNotifierItem::setPresentation(Presentation presentation)
@@ -155,6 +174,7 @@ bool StatusNotifierItem::handleCall(const QDBusMessage &message)
 bool StatusNotifierItem::handleProperties(const QDBusMessage &message, const QDBusConnection &connection)
 {
     emit wasRead();
+    m_sinceQt.start();
     return answerProperties(message, connection, properties());
 }
 
@@ -189,6 +209,7 @@ void StatusNotifierItem::emitChange(const QString &signal, const QVariantList &a
         return;
     QDBusMessage message = QDBusMessage::createSignal(path, itemInterface, signal);
     message.setArguments(arguments);
+    m_sinceQt.start();
     m_connection.send(message);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/SteadyClock.h"
+#include "platform/bus/TextSignal.h"
 #include "platform/desktop/StatusNotifierTypes.h"
 
 #include <QDBusConnection>
@@ -27,7 +29,8 @@ public:
         Icon, ///< a picture with a tooltip
     };
 
-    explicit StatusNotifierItem(QObject *parent = nullptr);
+    /// `clock` outlives it.
+    explicit StatusNotifierItem(const SteadyClock &clock, QObject *parent = nullptr);
 
     /// Puts the item on `connection`, where it stays as long as that lives. False where its place is taken.
     bool putOn(const QDBusConnection &connection);
@@ -66,11 +69,14 @@ signals:
 
 private:
     bool handleCall(const QDBusMessage &message);
+    void sendLabel();
     bool handleProperties(const QDBusMessage &message, const QDBusConnection &connection);
     QVariantMap properties() const;
     void emitChange(const QString &signal, const QVariantList &arguments = {});
 
     QDBusConnection m_connection;
+    TextSignal m_labelSignal;
+    Stopwatch m_sinceQt; ///< was given anything to send
     QString m_label;
     QString m_toolTip;
     QList<NotifierPixmap> m_pictures{ emptyPixmap(1) };

@@ -1,6 +1,7 @@
 #include "platform/desktop/StatusNotifierItem.h"
 #include "platform/desktop/NotifierMenu.h"
 #include "tests/support/HeardSignals.h"
+#include "tests/support/ManualClock.h"
 #include "tests/support/PrivateBus.h"
 
 #include <QDBusArgument>
@@ -12,6 +13,8 @@
 
 namespace glimmet {
 namespace {
+
+using namespace std::chrono_literals;
 
 using enum StatusNotifierItem::Presentation;
 
@@ -55,7 +58,8 @@ protected:
     PrivateBus bus;
     QDBusConnection own;
     QDBusConnection host;
-    StatusNotifierItem item;
+    ManualClock clock;
+    StatusNotifierItem item{ clock };
     HeardSignals heard{ host, QStringLiteral("me.kerno.glimmet"), StatusNotifierItem::path, itemInterface,
         { QStringLiteral("XAyatanaNewLabel"), QStringLiteral("NewStatus"), QStringLiteral("NewIcon"),
             QStringLiteral("NewToolTip") } };
@@ -80,6 +84,30 @@ TEST_F(StatusNotifierItemTest, sendsTheLabelOnlyWhenItChanges)
     EXPECT_EQ(heard.all,
         QStringList({ QStringLiteral("NewIcon:"), QStringLiteral("XAyatanaNewLabel:a"),
             QStringLiteral("XAyatanaNewLabel:b"), QStringLiteral("NewStatus:Passive") }));
+}
+
+TEST_F(StatusNotifierItemTest, tellsEverythingInOrderWhicheverWayItIsSent)
+{
+    const auto label = [](int i) { return QStringLiteral("XAyatanaNewLabel:%1").arg(i); };
+    item.setLabel(QString::number(-1));
+    QStringList expected{ label(-1) };
+    for (int i = 0; i < 100; ++i) {
+        if (i % 3 == 0) {
+            item.setActive(false); // By Qt, and so are the labels of some time after it.
+            item.setActive(true);
+            expected << QStringLiteral("NewStatus:Passive") << QStringLiteral("NewStatus:Active")
+                     << label(i - 1);
+        }
+        if (i % 5 == 0) {
+            settle(own);
+            clock.pass(1s);
+        }
+        item.setLabel(QString::number(i));
+        expected << label(i);
+    }
+
+    ASSERT_TRUE(waitFor([&] { return heard.all.size() >= expected.size(); }));
+    EXPECT_EQ(heard.all, expected);
 }
 
 TEST_F(StatusNotifierItemTest, tellsItsTextWhileItIsPassiveToWhoFollowsIt)
