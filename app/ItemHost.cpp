@@ -128,6 +128,14 @@ void ItemHost::setShown(bool shown)
     showOrHide();
 }
 
+void ItemHost::setOutranked(bool isOutranked)
+{
+    if (isOutranked == m_isOutranked)
+        return;
+    m_isOutranked = isOutranked;
+    showOrHide();
+}
+
 void ItemHost::showOrHide()
 {
     if (!m_menuTimer.isRunning())
@@ -136,8 +144,9 @@ void ItemHost::showOrHide()
 
 bool ItemHost::isWanted() const
 {
-    // Where no desktop shows it, it is still where other programs read the text.
-    return m_isShown || !isAvailable();
+    // Where no desktop shows it, it is still where other programs read the text. Its symbol goes with a
+    // strip, but not with the text in the desktop's own bar.
+    return m_isShown || !hasHost() || (!m_isTextShown && !m_isOutranked);
 }
 
 void ItemHost::handleConnected()
@@ -198,9 +207,10 @@ void ItemHost::learnManner()
     const QByteArray program = programOf(m_bus, watcherService);
     manner.hearsLabels = hearsLabels(program);
     manner.takesWidePictures = isDesktop("X-CINNAMON") || program == "waybar";
-    // Of all that an item has to show this one takes the square picture, and has not even a tooltip.
+    // Of all that an item has to show these take the square picture; the one has not even a tooltip, the
+    // other's is seen by who looks for it.
     const bool isSwaybar = program == "swaybar";
-    setTextShown(!isSwaybar);
+    setTextShown(!isSwaybar && !isDesktop("KDE"));
     // These bars are dark unless their users say otherwise.
     manner.isBarDark = manner.takesWidePictures || isSwaybar || isDesktop("XFCE");
     m_face.setManner(manner);
@@ -287,9 +297,9 @@ void ItemHost::setTextShown(bool isShown)
 
 void ItemHost::tellAvailability(bool before)
 {
-    if (isAvailable() == before)
-        return;
-    emit availabilityChanged();
+    if (isAvailable() != before)
+        emit availabilityChanged();
+    // Also where only the symbol came or went.
     showOrHide();
 }
 

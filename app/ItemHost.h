@@ -25,9 +25,9 @@ public:
     ~ItemHost() override;
 
     /// True while a desktop shows items.
-    bool isAvailable() const override { return m_available && !m_isOverlooked && m_isTextShown; }
+    bool isAvailable() const override { return hasHost() && m_isTextShown; }
     /// Also where a bar shows its symbol, and nothing of the text.
-    bool isSeen() const override { return m_available && !m_isOverlooked && isWanted(); }
+    bool isSeen() const override { return hasHost() && isWanted(); }
     QString place() const override { return QStringLiteral("an item"); }
     void setText(const QString &text) override;
     void setMode(TickerMode mode) override;
@@ -35,6 +35,7 @@ public:
     void setPanelOpen(bool isOpen) override;
     /// The desktop shows what is registered by itself, unless the text is elsewhere.
     void setShown(bool shown) override;
+    void setOutranked(bool isOutranked) override;
     std::optional<QPoint> anchor() const override { return m_anchor; }
 
 private slots:
@@ -54,6 +55,7 @@ private:
     void tellAvailability(bool before);
     void learnManner();
     void showOrHide();
+    bool hasHost() const { return m_available && !m_isOverlooked; }
     bool isWanted() const;
     void handleClick(QPoint position);
     void noteAnchor(std::optional<QPoint> position);
@@ -80,6 +82,7 @@ private:
     bool m_isOverlooked = false; ///< it has not looked at the item in its time
     bool m_isTextShown = true; ///< in one way or another
     bool m_isShown = true;
+    bool m_isOutranked = false;
     std::optional<QPoint> m_anchor;
 };
 

@@ -121,8 +121,12 @@ void MenuBar::show(MenuBarHost &host)
     if (m_shown == &host)
         return;
     m_shown = &host;
-    for (const auto &other : m_hosts)
+    bool isBehind = false;
+    for (const auto &other : m_hosts) {
+        other->setOutranked(isBehind);
         other->setShown(other.get() == &host);
+        isBehind = isBehind || other.get() == &host;
+    }
     emit moved(QStringLiteral("shown as ") + host.place());
 }
 

@@ -27,6 +27,8 @@ public:
     virtual void setText(const QString &text) = 0;
     /// Whether the text is here, and not in another host.
     virtual void setShown(bool shown) = 0;
+    /// Whether it is in one that goes before this one.
+    virtual void setOutranked(bool) {}
     /// What the text is about, told before the text itself.
     virtual void setMode(TickerMode) {}
     /// The desktop's, for a host that paints by itself.

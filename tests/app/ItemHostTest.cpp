@@ -419,6 +419,38 @@ TEST_F(NamedDesktopTest, paintsTheTextForCinnamonsPanel)
     EXPECT_LT(pictures.constLast().width, 24 * 44);
 }
 
+TEST_F(NamedDesktopTest, isASymbolBesideAStripInPlasmasTrayAndAwayWhereItsPanelHasTheText)
+{
+    qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    watcher = std::make_unique<Watcher>(desktop);
+    host = std::make_unique<ItemHost>(bus, timers, clock);
+    const auto status = [this] { return property(QStringLiteral("Status")).toString(); };
+    ASSERT_TRUE(waitFor([this] { return host->isSeen(); }));
+    EXPECT_FALSE(host->isAvailable());
+
+    host->setShown(false);
+    EXPECT_EQ(status(), QStringLiteral("Active"));
+    EXPECT_TRUE(host->isSeen());
+    host->setOutranked(true);
+    EXPECT_EQ(status(), QStringLiteral("Passive"));
+    EXPECT_FALSE(host->isSeen());
+
+    host->setOutranked(false);
+    EXPECT_EQ(status(), QStringLiteral("Active"));
+}
+
+TEST_F(NamedDesktopTest, isAwayInPlasmasTrayThatComesAfterTheTextInItsPanel)
+{
+    qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    host = std::make_unique<ItemHost>(bus, timers, clock);
+    host->setOutranked(true);
+    host->setShown(false);
+
+    watcher = std::make_unique<Watcher>(desktop);
+
+    EXPECT_TRUE(waitFor([this] { return property(QStringLiteral("Status")) == QStringLiteral("Passive"); }));
+}
+
 TEST_F(NamedDesktopTest, leavesTheTextToAFeedWhileOneIsRead)
 {
     const QString feed = QStringLiteral("me.kerno.glimmet.Feed");

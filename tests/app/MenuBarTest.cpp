@@ -27,6 +27,7 @@ public:
     QString place() const override { return name; }
     void setText(const QString &line) override { text = line; }
     void setShown(bool nowShown) override { shown = nowShown; }
+    void setOutranked(bool now) override { outranked = now; }
     void setColorScheme(ColorScheme now) override { scheme = now; }
     std::optional<QPoint> anchor() const override { return QPoint(static_cast<int>(name.size()), 0); }
 
@@ -41,6 +42,7 @@ public:
     bool isSymbolThere = false;
     QString text;
     bool shown = false;
+    bool outranked = false;
     ColorScheme scheme = ColorScheme::Light;
 };
 
@@ -139,6 +141,20 @@ TEST_F(MenuBarTest, takesTheNextBestPlaceAtOnce)
     first->setAvailable(false);
 
     EXPECT_EQ(shown(), QStringList{ u"a second one"_s });
+}
+
+TEST_F(MenuBarTest, tellsWhoComesBehindThePlaceOfTheText)
+{
+    second->setAvailable(true);
+    EXPECT_FALSE(first->outranked);
+    EXPECT_FALSE(second->outranked);
+    EXPECT_TRUE(last->outranked);
+
+    first->setAvailable(true);
+    EXPECT_TRUE(second->outranked);
+
+    first->setAvailable(false);
+    EXPECT_FALSE(second->outranked);
 }
 
 TEST_F(MenuBarTest, tellsOfAPlaceOnlyWhereTheTextMovesToIt)
