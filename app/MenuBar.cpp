@@ -53,7 +53,8 @@ MenuBar::MenuBar(Hosts hosts, Timers &timers, QObject *parent)
         connect(host.get(), &MenuBarHost::availabilityChanged, this, &MenuBar::chooseHost);
         connect(host.get(), &MenuBarHost::clicked, this, [this, &host = *host] { handleClick(host); });
         connect(host.get(), &MenuBarHost::pressedElsewhere, this, &MenuBar::pressedElsewhere);
-        connect(host.get(), &MenuBarHost::openChosen, this, &MenuBar::openChosen);
+        connect(host.get(), &MenuBarHost::openChosen, this,
+            [this, &host = *host] { emit openChosen(placeOf(host).anchor()); });
         connect(host.get(), &MenuBarHost::quitChosen, this, &MenuBar::quitChosen);
     }
     chooseHost();
@@ -92,10 +93,15 @@ std::optional<QPoint> MenuBar::anchor() const
     return firstAvailable().anchor();
 }
 
-void MenuBar::handleClick(const MenuBarHost &host)
+const MenuBarHost &MenuBar::placeOf(const MenuBarHost &host) const
 {
     // A key of the desktop's may click what is not on the screen.
-    const MenuBarHost &place = host.isSeen() ? host : firstAvailable();
+    return host.isSeen() ? host : firstAvailable();
+}
+
+void MenuBar::handleClick(const MenuBarHost &host)
+{
+    const MenuBarHost &place = placeOf(host);
     emit clicked(place.anchor(), place.knowsEdge());
 }
 

@@ -37,13 +37,14 @@ signals:
     /// whether that is on the edge that the panel hangs from.
     void clicked(std::optional<QPoint> anchor, bool isAtEdge);
     void pressedElsewhere();
-    void openChosen();
+    void openChosen(std::optional<QPoint> anchor);
     void quitChosen();
     /// Tells in words where the text is shown.
     void moved(const QString &place);
 
 private:
     MenuBarHost &firstAvailable() const;
+    const MenuBarHost &placeOf(const MenuBarHost &host) const;
     void handleClick(const MenuBarHost &host);
     void chooseHost();
     void show(MenuBarHost &host);

@@ -159,7 +159,7 @@ int run(DiagnosticLog &log, Restart &restart)
     QObject::connect(&ticker, &TickerViewModel::currentDisplayChanged, &menuBar, showText);
     QObject::connect(&menuBar, &MenuBar::clicked, &panel, &PanelController::toggle);
     QObject::connect(&menuBar, &MenuBar::pressedElsewhere, &panel, &PanelController::pressElsewhere);
-    QObject::connect(&menuBar, &MenuBar::openChosen, &panel, openPanel);
+    QObject::connect(&menuBar, &MenuBar::openChosen, &panel, &PanelController::open);
     QObject::connect(&menuBar, &MenuBar::quitChosen, &menuBar, &QCoreApplication::quit);
     QObject::connect(&menuBar, &MenuBar::moved, &menuBar,
         [&](const QString &place) { log.line(QStringLiteral("menu bar: ") + place); });

@@ -205,6 +205,16 @@ TEST_F(MenuBarTest, dropsThePanelFromASymbolThatWasClickedBesideTheText)
     EXPECT_EQ(clicks.last(), QVariantList({ QVariant::fromValue(first->anchor()), false }));
 }
 
+TEST_F(MenuBarTest, opensThePanelAtASymbolWhoseMenuWasBesideTheText)
+{
+    QSignalSpy openings(&bar, &MenuBar::openChosen);
+    first->isSymbolThere = true;
+
+    emit first->openChosen();
+
+    EXPECT_EQ(openings.last(), QVariantList({ QVariant::fromValue(first->anchor()) }));
+}
+
 TEST_F(MenuBarTest, dropsThePanelFromTheTextWhereAKeyClicksWhatIsNotThere)
 {
     QSignalSpy clicks(&bar, &MenuBar::clicked);
