@@ -192,6 +192,17 @@ PlasmoidItem {
             horizontalAlignment: Text.AlignHCenter
         }
 
+        // Under Wayland the panel's own window alone sees this, and it takes no keyboard from anybody.
+        PointHandler {
+            parent: button.Window.contentItem
+            enabled: root.isPanelOpen
+            acceptedButtons: Qt.AllButtons
+            onActiveChanged: {
+                if (active && !button.contains(button.mapFromItem(parent, point.position)))
+                    root.callProgram("PressElsewhere");
+            }
+        }
+
         Connections {
             target: Plasmoid
 
