@@ -9,6 +9,10 @@ from desktop.screen import Area
 
 WATCHER = "org.kde.StatusNotifierWatcher"
 SERVICES = Path("/usr/share/dbus-1/services")
+# The version that is installed.
+PLASMA = "6" if shutil.which("kded6") else "5"
+PLASMA_ENVIRONMENT = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": PLASMA}
+KDED = (f"kded{PLASMA}", f"org.kde.kded{PLASMA}")
 
 
 @dataclass(frozen=True)
@@ -16,7 +20,7 @@ class Panel:
     """How one of them is started; `command` is run again after a crash."""
     command: tuple
     environment: dict
-    helper: tuple = ()  # a service that it needs, and the name by which it is known
+    helpers: tuple = ()  # programs that it needs, each with the name by which that is known
     menus: str = ""  # the class of its menus' windows, where that is not its own
     services: str = ""  # a pattern of the machine's services that the bus may start for it
     name: str = WATCHER  # on the bus while it has room for items
@@ -25,17 +29,19 @@ class Panel:
 
 PANELS = {
     "xfce": Panel(("xfce4-panel", "--disable-wm-check"), {"XDG_CURRENT_DESKTOP": "XFCE"},
-                  ("/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd", "org.xfce.Xfconf"), "wrapper-2.0"),
-    "mate": Panel(("mate-panel",), {"XDG_CURRENT_DESKTOP": "MATE"}, ("/usr/libexec/dconf-service", "ca.desrt.dconf"),
+                  (("/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd", "org.xfce.Xfconf"),), "wrapper-2.0"),
+    "mate": Panel(("mate-panel",), {"XDG_CURRENT_DESKTOP": "MATE"}, (("/usr/libexec/dconf-service", "ca.desrt.dconf"),),
                   "notification-area-applet",
                   "org.mate.panel.applet.*.service"),
     "lxqt": Panel(("lxqt-panel",), {"XDG_CURRENT_DESKTOP": "LXQt", "XDG_CONFIG_DIRS": "/etc/xdg:/usr/share"}),
     "cinnamon": Panel(("cinnamon",), {"XDG_CURRENT_DESKTOP": "X-Cinnamon", "LIBGL_ALWAYS_SOFTWARE": "1"},
-                      ("/usr/libexec/xapps/sn-watcher/xapp-sn-watcher", "org.x.StatusNotifierWatcher"),
+                      (("/usr/libexec/xapps/sn-watcher/xapp-sn-watcher", "org.x.StatusNotifierWatcher"),),
                       "xapp-sn-watcher", "ca.desrt.dconf.service", "org.x.StatusIconMonitor.cinnamon_0", "bare"),
-    "plasma": Panel(("plasmashell", "--no-respawn"), {
-        "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "6", "QT_QPA_PLATFORM": "xcb"},
-                    ("kded6", "org.kde.kded6"), services="org.kde.ActivityManager.service", name="org.kde.plasmashell"),
+    "plasma": Panel(("plasmashell", "--no-respawn"), PLASMA_ENVIRONMENT | {"XDG_SESSION_TYPE": "x11"},
+                    (("kwin_x11", "org.kde.KWin"), KDED), services="org.kde.ActivityManager.service",
+                    name="org.kde.plasmashell", desktop="bare"),
+    "plasma-wayland": Panel(("plasmashell", "--no-respawn"), PLASMA_ENVIRONMENT, (KDED,),
+                            services="org.kde.ActivityManager.service", name="org.kde.plasmashell", desktop="kwin"),
 }
 
 
@@ -54,10 +60,9 @@ class RunningPanel:
             settings = desktop.home / ".config" / "lxqt"
             settings.mkdir(parents=True)
             shutil.copy("/usr/share/lxqt/panel.conf", settings)
-        if self.kind.helper:
-            program, service = self.kind.helper
-            desktop.start("panel-helper", [program], self.kind.environment)
-            wait_for(lambda: desktop.bus.owner(service), 15, service)
+        for number, (program, service) in enumerate(self.kind.helpers):
+            desktop.start(f"panel-helper-{number}", [program], self.kind.environment)
+            wait_for(lambda: desktop.bus.owner(service), 30, service)
 
     def start(self):
         """Returns once it has room for items."""

@@ -141,7 +141,9 @@ class Processes:
             wait_for(self._all_gone, seconds, "killed processes to be gone")
 
     def _signal_all(self, number):
-        for pid in self.running():
+        # One with privileges of its own shows its environment to nobody.
+        started = {process.pid for process in self._started if process.poll() is None}
+        for pid in started.union(self.running()):
             try:
                 os.kill(pid, number)
             except ProcessLookupError:

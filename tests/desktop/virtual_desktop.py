@@ -4,9 +4,9 @@
         desktop.start("program", ["some-program"])
         desktop.screen.screenshot("picture.png")
 
-Four kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both,
-"gnome" a GNOME Shell with one, "sway" a Wayland compositor without one. Nothing of it outlives the `with` block, and
-nothing of the user's own session reaches into it."""
+Five kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both,
+"gnome" a GNOME Shell with one, "sway" and "kwin" a Wayland compositor without one. Nothing of it outlives the `with`
+block, and nothing of the user's own session reaches into it."""
 
 import os
 import select
@@ -21,7 +21,7 @@ import gi
 
 gi.require_version("Gio", "2.0")
 
-from desktop import gnome, settings_portal, sway
+from desktop import gnome, kwin, settings_portal, sway
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import connect_when_there
 from desktop.processes import REQUESTS_TO_END, DesktopError, Processes, wait_for
@@ -29,7 +29,7 @@ from desktop.screen import Screen
 
 from gi.repository import GLib
 
-KINDS = ("strip", "bare", "gnome", "sway")
+KINDS = ("strip", "bare", "gnome", "sway", "kwin")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
 KEYRING = "org.freedesktop.secrets"
@@ -108,12 +108,14 @@ class VirtualDesktop:
     def _environment_of_kind(self):
         if self.kind == "sway":
             return sway.ENVIRONMENT
+        if self.kind == "kwin":
+            return kwin.ENVIRONMENT
         if self.kind != "gnome":
             return {}
         return gnome.WAYLAND_ENVIRONMENT if self._is_wayland else gnome.ENVIRONMENT
 
     def _start_parts(self):
-        if self.kind != "sway" and not self._is_wayland:
+        if self.kind not in ("sway", "kwin") and not self._is_wayland:
             self.environment["DISPLAY"] = self.start_screen("screen", "-noreset")
             self.screen = Screen(self.environment, self._size)
         self.start_session_bus()
@@ -122,6 +124,8 @@ class VirtualDesktop:
             self._start_shell()
         elif self.kind == "sway":
             sway.start(self, self._size)
+        elif self.kind == "kwin":
+            kwin.start(self, self._size)
         elif self.kind == "strip":
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.

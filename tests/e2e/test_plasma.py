@@ -8,17 +8,15 @@ from pathlib import Path
 from gi.repository import GLib
 
 from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL, STRIP
-from desktop.panels import RunningPanel
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME
-from desktop_case import DesktopCase
+from plasma_case import PlasmaCase, is_plasma_there
 
 WIDGET = Path(__file__).resolve().parent.parent.parent / "desktops" / "plasma"
 WIDGET_NAME = "me.kerno.glimmet.TopBar"
 OBJECT = ("/me/kerno/glimmet/TopBar", "me.kerno.glimmet.TopBar1")
 # What the widget speaks by. Tried with Plasma 6.3.
 IMPORT = "*/qt6/qml/org/kde/plasma/workspace/dbus"
-SHELL = ("org.kde.plasmashell", "/PlasmaShell", "org.kde.PlasmaShell")
 TIME = r"\d\d:\d\d:\d\d"
 ROUNDS = 10
 # Pixels; a floating panel keeps away from its edge.
@@ -28,33 +26,21 @@ BUTTON = ("push button", "button")
 
 
 def reason_to_skip():
-    is_there = shutil.which("plasmashell") and shutil.which("kwin_x11") and any(Path("/usr/lib").glob(IMPORT))
-    return None if is_there else "there is no Plasma 6 for X11"
+    is_there = is_plasma_there() and any(Path("/usr/lib").glob(IMPORT))
+    return None if is_there else "there is no Plasma 6 (scripts/setup desktops, from Debian 13 on)"
 
 
-class PlasmaCase(DesktopCase):
+class WidgetCase(PlasmaCase):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
         shutil.copytree(WIDGET / "contents", cls.widget_folder() / "contents")
         shutil.copy(WIDGET / "metadata.json", cls.widget_folder())
-        cls.desktop.start("kwin", ["kwin_x11", "--replace"])
-        wait_for(lambda: cls.desktop.bus.owner("org.kde.KWin"), 30, "KWin")
-        cls.running = RunningPanel(cls.desktop, "plasma").start()
-        cls.environment = cls.running.kind.environment
-        wait_for(lambda: cls.script("print(panels().length)") == "1", 60, "Plasma's panel")
+        cls.add_widget()
 
     @classmethod
     def widget_folder(cls):
         return cls.desktop.home / ".local" / "share" / "plasma" / "plasmoids" / NAME
-
-    @classmethod
-    def script(cls, text):
-        """Has the shell run a script, as those do that set its panels up, and returns what it printed."""
-        try:
-            return cls.desktop.bus.call(*SHELL, "evaluateScript", GLib.Variant("(s)", (text,)))[0]
-        except GLib.Error:
-            return ""  # It is just starting.
 
     @classmethod
     def add_widget(cls):
@@ -71,13 +57,6 @@ class PlasmaCase(DesktopCase):
 
     def wait_for_status(self, status):
         wait_for(lambda: self.status() == status, 10, f"the item to be {status}")
-
-
-class PlasmaWidget(PlasmaCase):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.add_widget()
 
     def setUp(self):
         super().setUp()
@@ -121,6 +100,34 @@ class PlasmaWidget(PlasmaCase):
         elif panel.right < self.screen.area.right - 10:
             self.assertLessEqual(abs(panel.middle[0] - self.widget.middle[0]), 1)
 
+    def open_by_each_button_ten_times(self):
+        for round_ in range(ROUNDS):
+            self.open(1 + round_ % 2)
+            self.keep_picture(f"{self.panel}-widget")
+            watch_for(DOUBLE_CLICK_TIME)
+            self.press(1 + round_ % 2)
+            self.screen.wait_until_gone(PANEL)
+            watch_for(DOUBLE_CLICK_TIME)
+            self.assertFalse(self.glimmet.is_panel_open())
+
+    def open_at_every_edge(self):
+        self.addCleanup(self.script, "panels()[0].location = 'bottom'")
+        for edge in ("top", "left", "right", "bottom"):
+            with self.subTest(edge):
+                self.script(f"panels()[0].location = '{edge}'")
+                wait_for(lambda: any(edge in self.edges_near(area) for area, _ in self.widgets()), 20, edge)
+                self.widget = self.wait_for_widget()
+                self.open(edge=edge)
+                self.glimmet.close_panel()
+
+    def edges_near(self, area):
+        """The edges of the screen beside which an area is."""
+        distances = {"left": area.x, "top": area.y, "right": self.screen.area.right - area.right,
+                     "bottom": self.screen.area.bottom - area.bottom}
+        return [edge for edge, distance in distances.items() if distance <= AT_THE_EDGE]
+
+
+class Widget(WidgetCase):
     def sights_of_five_changes(self):
         """Each text that the widget showed until it had changed five times, with where it was."""
         texts = set()
@@ -154,13 +161,7 @@ class PlasmaWidget(PlasmaCase):
         self.assertEqual(self.screen.windows(STRIP), [])
 
     def test_opens_and_closes_by_single_clicks_ten_times_in_a_row(self):
-        for round_ in range(ROUNDS):
-            self.open(1 + round_ % 2)
-            watch_for(DOUBLE_CLICK_TIME)
-            self.press(1 + round_ % 2)
-            self.screen.wait_until_gone(PANEL)
-            watch_for(DOUBLE_CLICK_TIME)
-            self.assertFalse(self.glimmet.is_panel_open())
+        self.open_by_each_button_ten_times()
 
     def test_closes_on_a_click_elsewhere_and_opens_by_the_next(self):
         self.open()
@@ -181,20 +182,7 @@ class PlasmaWidget(PlasmaCase):
         self.assert_beside_widget(self.glimmet.ask_for_panel())
 
     def test_opens_at_the_widget_on_every_edge(self):
-        self.addCleanup(self.script, "panels()[0].location = 'bottom'")
-        for edge in ("top", "left", "right", "bottom"):
-            with self.subTest(edge):
-                self.script(f"panels()[0].location = '{edge}'")
-                wait_for(lambda: any(edge in self.edges_near(area) for area, _ in self.widgets()), 20, edge)
-                self.widget = self.wait_for_widget()
-                self.open(edge=edge)
-                self.glimmet.close_panel()
-
-    def edges_near(self, area):
-        """The edges of the screen beside which an area is."""
-        distances = {"left": area.x, "top": area.y, "right": self.screen.area.right - area.right,
-                     "bottom": self.screen.area.bottom - area.bottom}
-        return [edge for edge, distance in distances.items() if distance <= AT_THE_EDGE]
+        self.open_at_every_edge()
 
     def test_the_text_goes_and_comes_with_the_program(self):
         self.glimmet.stop()
@@ -250,6 +238,42 @@ class PlasmaWidget(PlasmaCase):
 
         self.assertFalse(self.glimmet.is_panel_open())
 
+
+class WidgetUnderWayland(WidgetCase):
+    panel = "plasma-wayland"
+
+    def test_opens_and_closes_by_single_clicks_ten_times_in_a_row(self):
+        self.open_by_each_button_ten_times()
+        self.assertEqual(self.status(), "Passive")
+
+    def test_opens_at_the_widget_on_every_edge(self):
+        self.open_at_every_edge()
+
+    def test_has_the_keyboard_while_it_is_open(self):
+        self.open()
+
+        self.screen.key("Tab")
+        wait_for(self.glimmet.focused_control, 10, "a control to have the keyboard")
+        self.glimmet.close_panel()
+
+        self.assertFalse(self.glimmet.is_panel_open())
+
+    def test_closes_by_a_press_on_the_desktop_the_bar_and_another_window(self):
+        self.desktop.start("window", ["xev", "-name", "another window", "-geometry", "200x200+100+200"])
+        other = self.screen.wait_for_window("another window")
+        for place in (other.middle, (self.screen.area.width // 2, self.widget.middle[1]), (400, 600)):
+            with self.subTest(place):
+                self.open()
+                watch_for(1)
+                self.screen.click(*place)
+                self.screen.wait_until_gone(PANEL)
+                # A click that comes sooner may be the one that took the keyboard away.
+                watch_for(1)
+                self.open()
+                self.glimmet.close_panel()
+
+
+del PlasmaCase, WidgetCase
 
 if __name__ == "__main__":
     unittest.main()
