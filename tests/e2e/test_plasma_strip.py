@@ -103,12 +103,13 @@ class Strip(PlasmaCase):
         self.open()
 
     def assert_goes_on(self, seconds):
-        """The strip stays where it is, and its text changes."""
+        """The strip stays at its edge, and its text changes. A wider text may widen it."""
         window, = self.screen.windows(STRIP)
         pictures = set()
 
         def look():
-            self.assertEqual(self.screen.window_area(window), self.strip)
+            area = self.screen.window_area(window)
+            self.assertTrue(area and area.y == self.strip.y, f"{area}, not {self.strip}")
             pictures.add(self.screen.pixels(self.strip))
 
         watch_for(seconds, look)
