@@ -25,7 +25,8 @@ QPoint pointIn(const QRect &output, QPointF position)
 /// One output with what lies over it.
 struct LayerBackdrop::Cover {
     Cover(WaylandConnection &connection, const WaylandOutput &output)
-        : geometry(output.geometry)
+        : name(output.name)
+        , geometry(output.geometry)
         , free(connection, &output, place(LayerShellProtocol::Zone::BesideBars))
         , all(connection, &output, place(LayerShellProtocol::Zone::OverBars))
     {
@@ -39,6 +40,7 @@ struct LayerBackdrop::Cover {
         return place;
     }
 
+    uint32_t name; ///< the registry's name
     QRect geometry;
     LayerSurface free; ///< never shown: the compositor tells by its size how much the bars leave
     LayerSurface all;
@@ -89,6 +91,8 @@ void LayerBackdrop::setOpen(bool isOpen)
 
 void LayerBackdrop::coverAll()
 {
+    if (!hasAllOutputs())
+        emit outputGone();
     m_covers.clear();
     if (!m_connection.hasLayers())
         return;
@@ -103,6 +107,15 @@ void LayerBackdrop::coverAll()
                 besideBar(pointIn(cover.geometry, position), cover.geometry, cover.free.size()));
         });
     }
+}
+
+bool LayerBackdrop::hasAllOutputs() const
+{
+    const auto outputs = m_connection.outputs();
+    return std::all_of(m_covers.begin(), m_covers.end(), [&outputs](const auto &cover) {
+        return std::any_of(outputs.begin(), outputs.end(),
+            [&cover](const WaylandOutput *output) { return output->name == cover->name; });
+    });
 }
 
 void LayerBackdrop::takePresses(Cover &cover) const

@@ -37,6 +37,7 @@ private:
     struct Cover;
 
     void coverAll();
+    bool hasAllOutputs() const;
     void takePresses(Cover &cover) const;
 
     WaylandConnection &m_connection;

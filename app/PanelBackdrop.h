@@ -24,6 +24,8 @@ signals:
     /// Where the pointer is, in native pixels, or would be beside a bar under it.
     void pointerFound(QPoint besideBar);
     void pressed();
+    /// One of the outputs is gone, with whatever was on it. Qt does not always tell of that as of a screen.
+    void outputGone();
 };
 
 } // namespace glimmet

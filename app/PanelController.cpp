@@ -145,6 +145,8 @@ void PanelController::prepareBackdrop()
         Qt::QueuedConnection);
     connect(m_backdrop.get(), &PanelBackdrop::pressed, this, &PanelController::handlePressBehind,
         Qt::QueuedConnection);
+    connect(m_backdrop.get(), &PanelBackdrop::outputGone, this, &PanelController::handleOutputGone,
+        Qt::QueuedConnection);
 }
 
 X11::Placing PanelController::placing() const
@@ -176,6 +178,12 @@ void PanelController::handlePressBehind()
 {
     if (isOpen() && !m_isHeld && !m_composition->isComposing())
         close(Cause::Request);
+}
+
+void PanelController::handleOutputGone()
+{
+    m_place.reset();
+    close();
 }
 
 void PanelController::letPressesThrough()

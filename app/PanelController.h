@@ -86,6 +86,7 @@ private:
     void handleActivation(quint32 window);
     void handlePointer(QPoint besideBar);
     void handlePressBehind();
+    void handleOutputGone();
     void close(Cause cause);
     void forgetPresses();
     bool isClosingClick() const;

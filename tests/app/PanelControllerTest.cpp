@@ -322,6 +322,21 @@ TEST_F(PanelBeforeABackdrop, closesByAPressOnItAndTakesItAway)
     EXPECT_TRUE(controller.isOpen());
 }
 
+TEST_F(PanelBeforeABackdrop, closesWithAnOutputAndForgetsWhereItWas)
+{
+    click();
+    find({ 400, 30 });
+    const QRect before = hole;
+
+    emit backdrop->outputGone();
+    QCoreApplication::processEvents();
+
+    EXPECT_FALSE(controller.isOpen());
+    EXPECT_EQ(backdrop, nullptr);
+    controller.open(QPoint(500, 30));
+    EXPECT_NE(hole.x(), before.x());
+}
+
 TEST_F(PanelBeforeABackdrop, letsPressesThroughToADialogOfItsOwn)
 {
     click();

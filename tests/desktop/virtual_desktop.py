@@ -4,9 +4,9 @@
         desktop.start("program", ["some-program"])
         desktop.screen.screenshot("picture.png")
 
-Five kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both,
-"gnome" a GNOME Shell with one, "sway" and "kwin" a Wayland compositor without one. Nothing of it outlives the `with`
-block, and nothing of the user's own session reaches into it."""
+The kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both,
+"gnome" a GNOME Shell with one, "sway" and "kwin" a Wayland compositor without one; "sway-in-windows" has outputs that
+can be unplugged. Nothing of it outlives the `with` block, and nothing of the user's own session reaches into it."""
 
 import os
 import select
@@ -29,7 +29,7 @@ from desktop.screen import Screen
 
 from gi.repository import GLib
 
-KINDS = ("strip", "bare", "gnome", "sway", "kwin")
+KINDS = ("strip", "bare", "gnome", "sway", "sway-in-windows", "kwin")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
 KEYRING = "org.freedesktop.secrets"
@@ -106,13 +106,10 @@ class VirtualDesktop:
         } | self._environment_of_kind()
 
     def _environment_of_kind(self):
-        if self.kind == "sway":
-            return sway.ENVIRONMENT
-        if self.kind == "kwin":
-            return kwin.ENVIRONMENT
-        if self.kind != "gnome":
-            return {}
-        return gnome.WAYLAND_ENVIRONMENT if self._is_wayland else gnome.ENVIRONMENT
+        if self.kind == "gnome":
+            return gnome.WAYLAND_ENVIRONMENT if self._is_wayland else gnome.ENVIRONMENT
+        return {"sway": sway.ENVIRONMENT, "sway-in-windows": sway.ENVIRONMENT_IN_WINDOWS,
+                "kwin": kwin.ENVIRONMENT}.get(self.kind, {})
 
     def _start_parts(self):
         if self.kind not in ("sway", "kwin") and not self._is_wayland:
@@ -126,6 +123,9 @@ class VirtualDesktop:
             sway.start(self, self._size)
         elif self.kind == "kwin":
             kwin.start(self, self._size)
+        elif self.kind == "sway-in-windows":
+            self._start_window_manager()
+            sway.start(self, self._size, Screen(self.environment.copy(), self._size))
         elif self.kind == "strip":
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.

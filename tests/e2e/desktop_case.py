@@ -77,10 +77,15 @@ class DesktopCase(unittest.TestCase):
 
     def elsewhere(self):
         """Puts the pointer where nothing of glimmet is."""
-        self.screen.move(self.screen.area.width // 4, self.screen.area.height * 3 // 4)
+        self.screen.move(*self.empty_place)
 
     def click_elsewhere(self):
-        self.screen.click(self.screen.area.width // 4, self.screen.area.height * 3 // 4)
+        self.screen.click(*self.empty_place)
+
+    @property
+    def empty_place(self):
+        area = self.screen.area
+        return area.x + area.width // 4, area.y + area.height * 3 // 4
 
     def keep_picture(self, name):
         """The open panel with what it hangs from, where the environment names a folder for such pictures."""

@@ -8,7 +8,7 @@ from desktop.panels import WATCHER
 from desktop.processes import wait_for, watch_for
 from desktop.screen import Area
 from desktop.sway import AS_ROOT_AGAIN
-from sway_case import FEED, SwayCase
+from wlroots_case import FEED, WlrootsCase
 
 BAR = "bar {{\n  position {}\n  tray_output *\n  status_command {}\n}}\n"
 STATUS = "while echo status; do sleep 60; done"
@@ -22,7 +22,9 @@ def reason_to_skip():
     return None if shutil.which("swaybar") else "swaybar is not installed (scripts/setup desktops)"
 
 
-class SwaybarCase(SwayCase):
+class SwaybarCase(WlrootsCase):
+    kind = "sway"
+
     def setUp(self):
         super().setUp()
         file = self.desktop.folder / "sway.conf"
@@ -97,7 +99,7 @@ class FeedInBar(SwaybarCase):
         self.assertEqual(self.screen.windows(STRIP), [])
 
 
-del SwayCase, SwaybarCase
+del WlrootsCase, SwaybarCase
 
 if __name__ == "__main__":
     unittest.main()
