@@ -5,10 +5,16 @@
 #include "platform/wayland/WaylandConnection.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace glimmet {
 namespace {
+
+/// A pointer whose button is still down stays with what it was pressed on, and nothing tells when it is let
+/// go.
+constexpr std::chrono::milliseconds seekInterval{ 50 };
+constexpr int mostSeeks = 10;
 
 /// The whole pixel that holds a position on an output, whose last one may be passed by a fraction.
 QPoint pointIn(const QRect &output, QPointF position)
@@ -65,12 +71,14 @@ QPoint besideBar(QPoint pointer, const QRect &output, QSize free)
     return pointer;
 }
 
-LayerBackdrop::LayerBackdrop(WaylandConnection &connection, QObject *parent)
+LayerBackdrop::LayerBackdrop(WaylandConnection &connection, Timers &timers, QObject *parent)
     : PanelBackdrop(parent)
     , m_connection(connection)
+    , m_seekTimer(timers, seekInterval, [this] { seekPointer(); })
 {
     connect(&connection, &WaylandConnection::changed, this, &LayerBackdrop::coverAll);
     coverAll();
+    m_seekTimer.start();
 }
 
 LayerBackdrop::~LayerBackdrop() = default;
@@ -103,6 +111,7 @@ void LayerBackdrop::coverAll()
         connect(&cover.all, &LayerSurface::pressed, this, [this] { emit pressed(); });
         connect(&cover.all, &LayerSurface::closed, this, &LayerBackdrop::coverAll, Qt::QueuedConnection);
         connect(&cover.all, &LayerSurface::pointerMoved, this, [this, &cover](QPointF position) {
+            m_seekTimer.stop();
             emit pointerFound(
                 besideBar(pointIn(cover.geometry, position), cover.geometry, cover.free.size()));
         });
@@ -116,6 +125,14 @@ bool LayerBackdrop::hasAllOutputs() const
         return std::any_of(outputs.begin(), outputs.end(),
             [&cover](const WaylandOutput *output) { return output->name == cover->name; });
     });
+}
+
+void LayerBackdrop::seekPointer()
+{
+    for (const auto &cover : m_covers)
+        cover->all.seekPointer();
+    if (++m_seeks < mostSeeks)
+        m_seekTimer.start();
 }
 
 void LayerBackdrop::takePresses(Cover &cover) const

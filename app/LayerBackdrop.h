@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/PanelBackdrop.h"
+#include "platform/SingleShot.h"
 
 #include <QSize>
 
@@ -26,8 +27,8 @@ class LayerBackdrop final : public PanelBackdrop {
     Q_OBJECT
 
 public:
-    /// `connection` outlives it and has layers.
-    explicit LayerBackdrop(WaylandConnection &connection, QObject *parent = nullptr);
+    /// `connection` and `timers` outlive it; the connection has layers.
+    LayerBackdrop(WaylandConnection &connection, Timers &timers, QObject *parent = nullptr);
     ~LayerBackdrop() override;
 
     void letThrough(const QRect &place) override;
@@ -38,12 +39,15 @@ private:
 
     void coverAll();
     bool hasAllOutputs() const;
+    void seekPointer();
     void takePresses(Cover &cover) const;
 
     WaylandConnection &m_connection;
     std::vector<std::unique_ptr<Cover>> m_covers;
     QRect m_hole;
     bool m_isOpen = false;
+    SingleShot m_seekTimer; ///< until the pointer is found
+    int m_seeks = 0;
 };
 
 } // namespace glimmet

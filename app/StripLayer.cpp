@@ -210,10 +210,13 @@ void StripLayer::handleRelease(quint32 button)
     if (m_press.isDown())
         return;
     m_isClicked = isClick && !m_isPlaced;
-    if (m_isClicked)
-        m_search.start();
-    else
+    if (!m_isClicked) {
         endLater(isClick);
+        return;
+    }
+    m_search.start();
+    if (m_cover)
+        m_cover->seekPointer();
 }
 
 void StripLayer::endSearch()

@@ -96,9 +96,9 @@ std::unique_ptr<LoginItem> makeLoginItem(const SessionBus &bus)
     return std::make_unique<AutostartLoginItem>(AutostartLoginItem::defaultFolder(), program);
 }
 
-std::unique_ptr<PanelBackdrop> makeBackdrop(WaylandConnection &wayland)
+std::unique_ptr<PanelBackdrop> makeBackdrop(WaylandConnection &wayland, Timers &timers)
 {
-    return needsLayers(wayland) ? std::make_unique<LayerBackdrop>(wayland) : nullptr;
+    return needsLayers(wayland) ? std::make_unique<LayerBackdrop>(wayland, timers) : nullptr;
 }
 
 /// Everything meets here. Returns the exit status once the program has quit.
@@ -136,7 +136,7 @@ int run(DiagnosticLog &log, Restart &restart)
         { *loginItem, [&] { updater.checkForUpdates(); }, [&](const QString &line) { log.plainLine(line); },
             &topBar },
         timers, steadyClock);
-    panel.setBackdrops([&wayland] { return makeBackdrop(wayland); });
+    panel.setBackdrops([&] { return makeBackdrop(wayland, timers); });
     keys.setDialogParent([&panel] { return panel.windowId(); });
     UpdateWindowController updateWindow(updater.updaterController());
     DesktopLookWatch look;

@@ -108,6 +108,15 @@ void LayerSurface::showNothing(const QRegion &area)
     attach(pixel);
 }
 
+void LayerSurface::seekPointer()
+{
+    if (m_size.isEmpty() || !m_place)
+        return;
+    LayerPlace place = *m_place;
+    place.size = place.size.isEmpty() ? m_size : QSize(0, 0);
+    setPlace(place);
+}
+
 void LayerSurface::takePointer(const QRegion &area)
 {
     wl_region *region = wl_compositor_create_region(m_connection.m_compositor);

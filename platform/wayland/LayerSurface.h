@@ -48,6 +48,10 @@ public:
     void show(const QImage &picture);
     /// Takes the pointer all over `area`, and shows nothing.
     void showNothing(const QRegion &area);
+    /// Has the compositor look again for what is under the pointer, of a surface that lies from edge to edge.
+    /// labwc 0.8 does not look when a surface appears, but when it asks for another size: here for the one
+    /// that it has.
+    void seekPointer();
 
 signals:
     void configured();

@@ -5,8 +5,9 @@
         desktop.screen.screenshot("picture.png")
 
 The kinds: "strip" has a window manager and no host for menu-bar items, "bare" neither, for whoever brings both,
-"gnome" a GNOME Shell with one, "sway" and "kwin" a Wayland compositor without one; "sway-in-windows" has outputs that
-can be unplugged. Nothing of it outlives the `with` block, and nothing of the user's own session reaches into it."""
+"gnome" a GNOME Shell with one, "sway", "labwc" and "kwin" Wayland compositors without one; "sway-in-windows" has
+outputs that can be unplugged. Nothing of it outlives the `with` block, and nothing of the user's own session reaches
+into it."""
 
 import os
 import select
@@ -21,7 +22,7 @@ import gi
 
 gi.require_version("Gio", "2.0")
 
-from desktop import gnome, kwin, settings_portal, sway
+from desktop import gnome, kwin, labwc, settings_portal, sway
 from desktop.accessibility import AccessibilityTree
 from desktop.bus import connect_when_there
 from desktop.processes import REQUESTS_TO_END, DesktopError, Processes, wait_for
@@ -29,7 +30,7 @@ from desktop.screen import Screen
 
 from gi.repository import GLib
 
-KINDS = ("strip", "bare", "gnome", "sway", "sway-in-windows", "kwin")
+KINDS = ("strip", "bare", "gnome", "sway", "sway-in-windows", "labwc", "kwin")
 PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
 
 KEYRING = "org.freedesktop.secrets"
@@ -109,10 +110,10 @@ class VirtualDesktop:
         if self.kind == "gnome":
             return gnome.WAYLAND_ENVIRONMENT if self._is_wayland else gnome.ENVIRONMENT
         return {"sway": sway.ENVIRONMENT, "sway-in-windows": sway.ENVIRONMENT_IN_WINDOWS,
-                "kwin": kwin.ENVIRONMENT}.get(self.kind, {})
+                "labwc": labwc.ENVIRONMENT, "kwin": kwin.ENVIRONMENT}.get(self.kind, {})
 
     def _start_parts(self):
-        if self.kind not in ("sway", "kwin") and not self._is_wayland:
+        if self.kind not in ("sway", "labwc", "kwin") and not self._is_wayland:
             self.environment["DISPLAY"] = self.start_screen("screen", "-noreset")
             self.screen = Screen(self.environment, self._size)
         self.start_session_bus()
@@ -126,6 +127,8 @@ class VirtualDesktop:
         elif self.kind == "sway-in-windows":
             self._start_window_manager()
             sway.start(self, self._size, Screen(self.environment.copy(), self._size))
+        elif self.kind == "labwc":
+            labwc.start(self, self._size)
         elif self.kind == "strip":
             self._start_window_manager()
         # Away from whatever reacts to a pointer over it.
