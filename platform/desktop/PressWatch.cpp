@@ -1,5 +1,6 @@
 #include "platform/desktop/PressWatch.h"
 
+#include "platform/desktop/X11.h"
 #include "platform/desktop/Xcb.h"
 
 #include <xcb/xinput.h>
@@ -72,9 +73,10 @@ bool isRawPress(const xcb_generic_event_t *event)
 
 PressWatch::PressWatch(QObject *parent)
     : QObject(parent)
-    , m_connection(xcb_connect(nullptr, nullptr))
+    // A server that Qt does not use may take the connection and then never greet.
+    , m_connection(X11::isMissing() ? nullptr : xcb_connect(nullptr, nullptr))
 {
-    if (xcb_connection_has_error(m_connection) != 0)
+    if (m_connection == nullptr || xcb_connection_has_error(m_connection) != 0)
         return;
     selectRawPresses(m_connection);
     m_activeWindowAtom = selectWindowNews(m_connection);
@@ -86,7 +88,8 @@ PressWatch::PressWatch(QObject *parent)
 PressWatch::~PressWatch()
 {
     m_notifier.reset();
-    xcb_disconnect(m_connection);
+    if (m_connection != nullptr)
+        xcb_disconnect(m_connection);
 }
 
 void PressWatch::catchUp()

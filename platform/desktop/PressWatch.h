@@ -12,7 +12,8 @@ namespace glimmet {
 
 /// Tells of every press of a pointer button, and of every finger put down, anywhere on the X server while it
 /// lives, without keeping the press from the window that it is meant for: a grab would swallow the click on
-/// the menu-bar item that shall close the panel. It has a connection of its own. Main thread.
+/// the menu-bar item that shall close the panel. It has a connection of its own; where Qt uses no X server it
+/// asks none, and tells of nothing. Main thread.
 class PressWatch : public QObject {
     Q_OBJECT
 

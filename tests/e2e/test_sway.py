@@ -1,11 +1,44 @@
 """sway, which tells an X server neither where the pointer is nor what is pressed: the strip, and the item in Waybar."""
 
+import socket
 import unittest
+from pathlib import Path
 
 from desktop.glimmet import PANEL
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME
 from wlroots_case import BAR_HEIGHT, FeedCase, ItemCase, StripCase, WaybarCase
+
+
+class SilentDisplay:
+    """The place of an X server that refuses whoever comes, and from `listen` on takes connections and says nothing."""
+
+    def __enter__(self):
+        number = next(each for each in range(90, 200) if not self.path(each).exists())
+        self.name = f":{number}"
+        self._path = self.path(number)
+        self._socket = socket.socket(socket.AF_UNIX)
+        self._socket.bind(str(self._path))
+        return self
+
+    def __exit__(self, *_):
+        self._socket.close()
+        self._path.unlink()
+
+    @staticmethod
+    def path(number):
+        return Path(f"/tmp/.X11-unix/X{number}")
+
+    def listen(self):
+        self._socket.listen()
+        self._socket.settimeout(0)
+
+    def has_been_asked(self):
+        try:
+            self._socket.accept()[0].close()
+        except BlockingIOError:
+            return False
+        return True
 
 
 class Strip(StripCase):
@@ -128,6 +161,16 @@ class WithoutXServer(WaybarCase):
                 close()
                 self.wait_until_closed()
         self.assertIsNone(self.glimmet.process.poll())
+
+    def test_asks_no_x_server_that_comes_later_and_never_greets(self):
+        with SilentDisplay() as display:
+            self.launch({"DISPLAY": display.name})
+            text = self.wait_for_text(0, 26)
+            display.listen()
+
+            self.try_panel(*text.middle)
+
+            self.assertFalse(display.has_been_asked())
 
     def start_program(self):
         self.launch({"DISPLAY": ""})
