@@ -27,7 +27,7 @@ std::unique_ptr<StripFace> makeStrip(WaylandConnection &wayland, Timers &timers,
     // A window would stand where the compositor likes, and among those of the user's.
     if (X11::isMissing())
         return nullptr;
-    return std::make_unique<StripWindow>(inset);
+    return std::make_unique<StripWindow>(timers, inset);
 }
 
 } // namespace

@@ -45,7 +45,7 @@ private:
     StripWindow &m_strip;
 };
 
-StripWindow::StripWindow(int inset)
+StripWindow::StripWindow(Timers &timers, int inset)
     : m_window(std::make_unique<Window>(*this))
     , m_inset(inset)
 {
@@ -54,7 +54,7 @@ StripWindow::StripWindow(int inset)
     X11::makeTopBar(*m_window);
     if (!X11::isI3())
         return;
-    m_stack = std::make_unique<FrameStack>(static_cast<quint32>(m_window->winId()));
+    m_stack = std::make_unique<FrameStack>(static_cast<quint32>(m_window->winId()), timers);
     connect(m_stack.get(), &FrameStack::barsChanged, this, &StripWindow::fit);
     fit();
 }

@@ -8,6 +8,7 @@
 namespace glimmet {
 
 class FrameStack;
+class Timers;
 struct ScreenSpace;
 
 /// The strip as a window of the X server's, at the upper edge of the primary screen, below a bar that is
@@ -16,7 +17,8 @@ class StripWindow final : public StripFace {
     Q_OBJECT
 
 public:
-    explicit StripWindow(int inset);
+    /// `timers` outlives it.
+    StripWindow(Timers &timers, int inset);
     ~StripWindow() override;
 
     void setText(const QString &text) override;

@@ -1,6 +1,5 @@
 #include "platform/desktop/FrameStack.h"
 
-#include "platform/desktop/Frames.h"
 #include "platform/desktop/Xcb.h"
 
 #include <array>
@@ -26,16 +25,15 @@ void put(xcb_connection_t *x, xcb_window_t window, const StackPlace &place)
 
 } // namespace
 
-FrameStack::FrameStack(quint32 window, QObject *parent)
+FrameStack::FrameStack(quint32 window, Timers &timers, QObject *parent)
     : QObject(parent)
     , m_connection(xcb_connect(nullptr, nullptr))
     , m_window(window)
+    , m_lookTimer(timers, settlingTime, [this] { look(); })
 {
-    m_lookTimer.setSingleShot(true);
-    m_lookTimer.setInterval(settlingTime);
-    connect(&m_lookTimer, &QTimer::timeout, this, &FrameStack::look);
     if (xcb_connection_has_error(m_connection) != 0)
         return;
+    m_atoms = frameAtoms(m_connection);
     const uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection, rootWindow(m_connection), XCB_CW_EVENT_MASK, &events);
     xcb_flush(m_connection);
@@ -54,7 +52,7 @@ FrameStack::~FrameStack()
 void FrameStack::readEvents()
 {
     while (const auto event = owned(xcb_poll_for_event(m_connection))) {
-        if (!m_lookTimer.isActive())
+        if (!m_lookTimer.isRunning())
             m_lookTimer.start();
     }
     if (xcb_connection_has_error(m_connection) != 0)
@@ -63,7 +61,7 @@ void FrameStack::readEvents()
 
 void FrameStack::look()
 {
-    const QList<RootWindow> windows = rootWindows(m_connection);
+    const QList<RootWindow> windows = rootWindows(m_connection, m_atoms);
     if (const std::optional<StackPlace> place = placeAmongFrames(windows, m_window))
         put(m_connection, m_window, *place);
     const QList<QRect> bars = barsAmong(windows);

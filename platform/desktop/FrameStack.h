@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/SingleShot.h"
+#include "platform/desktop/Frames.h"
+
 #include <QList>
 #include <QObject>
 #include <QRect>
 #include <QSocketNotifier>
-#include <QTimer>
 
 #include <memory>
 
@@ -20,8 +22,8 @@ class FrameStack final : public QObject {
     Q_OBJECT
 
 public:
-    /// `window` stays as long as this does.
-    explicit FrameStack(quint32 window, QObject *parent = nullptr);
+    /// `window` stays as long as this does; `timers` outlives it.
+    FrameStack(quint32 window, Timers &timers, QObject *parent = nullptr);
     ~FrameStack() override;
 
     /// Where bars are, in native pixels of the root window.
@@ -35,9 +37,10 @@ private:
     void look();
 
     xcb_connection_t *m_connection;
+    FrameAtoms m_atoms;
     quint32 m_window;
     QList<QRect> m_bars;
-    QTimer m_lookTimer;
+    SingleShot m_lookTimer;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 

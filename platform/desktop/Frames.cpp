@@ -30,14 +30,14 @@ QRect areaOf(xcb_connection_t *x, xcb_window_t window)
     return reply ? QRect(reply->x, reply->y, reply->width, reply->height) : QRect();
 }
 
-RootWindow::Kind kindOf(xcb_connection_t *x, xcb_window_t window)
+RootWindow::Kind kindOf(xcb_connection_t *x, xcb_window_t window, const FrameAtoms &atoms)
 {
     if (!property(x, window, XCB_ATOM_WM_CLASS).startsWith("i3-frame"))
         return Other;
     for (const xcb_window_t child : windowsOf(x, window)) {
-        if (hasAtom(x, child, atom(x, "_NET_WM_WINDOW_TYPE"), atom(x, "_NET_WM_WINDOW_TYPE_DOCK")))
+        if (hasAtom(x, child, atoms.windowType, atoms.dock))
             return Bar;
-        if (hasAtom(x, child, atom(x, "_NET_WM_STATE"), atom(x, "_NET_WM_STATE_FULLSCREEN")))
+        if (hasAtom(x, child, atoms.state, atoms.fullScreen))
             return FullScreen;
     }
     return Frame;
@@ -45,12 +45,18 @@ RootWindow::Kind kindOf(xcb_connection_t *x, xcb_window_t window)
 
 } // namespace
 
-QList<RootWindow> rootWindows(xcb_connection_t *connection)
+FrameAtoms frameAtoms(xcb_connection_t *connection)
+{
+    return { atom(connection, "_NET_WM_WINDOW_TYPE"), atom(connection, "_NET_WM_WINDOW_TYPE_DOCK"),
+        atom(connection, "_NET_WM_STATE"), atom(connection, "_NET_WM_STATE_FULLSCREEN") };
+}
+
+QList<RootWindow> rootWindows(xcb_connection_t *connection, const FrameAtoms &atoms)
 {
     QList<RootWindow> windows;
     for (const xcb_window_t window : windowsOf(connection, rootWindow(connection))) {
         if (isShown(connection, window))
-            windows.append({ window, areaOf(connection, window), kindOf(connection, window) });
+            windows.append({ window, areaOf(connection, window), kindOf(connection, window, atoms) });
     }
     return windows;
 }

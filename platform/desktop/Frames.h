@@ -23,7 +23,18 @@ struct RootWindow {
     Kind kind = Kind::Other;
 };
 
-QList<RootWindow> rootWindows(xcb_connection_t *connection);
+/// What the server calls what is asked about a frame, the same for as long as it runs.
+struct FrameAtoms {
+    quint32 windowType = 0;
+    quint32 dock = 0;
+    quint32 state = 0;
+    quint32 fullScreen = 0;
+};
+
+/// Asks the server; like all calls with a connection it waits for the answers.
+FrameAtoms frameAtoms(xcb_connection_t *connection);
+
+QList<RootWindow> rootWindows(xcb_connection_t *connection, const FrameAtoms &atoms);
 
 /// The areas of the bars among them.
 QList<QRect> barsAmong(const QList<RootWindow> &windows);

@@ -153,7 +153,10 @@ bool isI3()
 
 QList<QRect> bars()
 {
-    return isI3() ? barsAmong(rootWindows(connection())) : QList<QRect>();
+    if (!isI3())
+        return {};
+    xcb_connection_t *x = connection();
+    return barsAmong(rootWindows(x, frameAtoms(x)));
 }
 
 bool isWlroots()
