@@ -53,7 +53,6 @@ class RunningPanel:
         self.name = name
         self.kind = PANELS[name]
         self._process = None
-        self._others = set(desktop.running())
         for service in SERVICES.glob(self.kind.services) if self.kind.services else ():
             shutil.copy(service, desktop.folder / "services")
         if name == "lxqt":
@@ -69,10 +68,6 @@ class RunningPanel:
         self._process = self.desktop.start("panel", list(self.kind.command), self.kind.environment)
         wait_for(lambda: self.desktop.bus.owner(self.kind.name), 60, f"the panel of {self.name}")
         return self
-
-    def processes(self):
-        """The ids of all that was started with it, where nothing else was meanwhile."""
-        return set(self.desktop.running()) - self._others
 
     def kill(self):
         """Ends it as a crash would."""

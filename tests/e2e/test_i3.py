@@ -7,11 +7,10 @@ from desktop.glimmet import PANEL, STRIP
 from desktop.panels import changed_area, wait_for_seconds
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME
+from desktop.text_bars import I3_BAR, I3_CONFIGURATION
 from desktop_case import BINARY, DesktopCase
 
 FEED = BINARY.with_name("glimmet-feed")
-CONFIGURATION = "# i3 config file (v4)\nfont pango:monospace 8\n"
-BAR = "bar {{\n  position {}\n  status_command {}\n}}\n"
 WIDEST_TEXT = 120
 
 
@@ -34,7 +33,7 @@ class I3Case(DesktopCase):
 
     @classmethod
     def configure(cls, bar):
-        cls.configuration.write_text(CONFIGURATION + bar)
+        cls.configuration.write_text(I3_CONFIGURATION + bar)
 
     @classmethod
     def find_bar(cls):
@@ -68,6 +67,7 @@ class I3Case(DesktopCase):
                 panel = self.glimmet.wait_for_panel()
                 self.assert_on_screen(panel)
                 wait_for(lambda: assert_placed(self.screen.area_of(PANEL)), 5, f"the panel at {x},{y}, not {panel}")
+                self.keep_picture(f"i3-{type(self).__name__.lower()}")
                 close()
                 self.screen.wait_until_gone(PANEL)
                 watch_for(DOUBLE_CLICK_TIME)
@@ -97,7 +97,7 @@ class StripCase(I3Case):
 
 class Strip(StripCase):
     """Below a bar at the upper edge."""
-    bar = BAR.format("top", "i3status")
+    bar = I3_BAR.format("top", "i3status")
 
     def test_stands_below_the_bar_with_the_panel_right_under_it(self):
         strip = self.wait_for_strip_at(self.bar_area.bottom)
@@ -167,7 +167,7 @@ class Strip(StripCase):
 
 
 class FeedInBar(I3Case):
-    bar = BAR.format("bottom", f"{FEED} --i3bar -- i3status")
+    bar = I3_BAR.format("bottom", f"{FEED} --i3bar -- i3status")
 
     def test_shows_its_text_in_the_bar_with_the_panel_above_it_and_no_strip(self):
         self.launch()

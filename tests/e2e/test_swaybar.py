@@ -8,6 +8,7 @@ from desktop.panels import WATCHER
 from desktop.processes import wait_for, watch_for
 from desktop.screen import Area
 from desktop.sway import AS_ROOT_AGAIN
+from desktop.text_bars import I3_BAR
 from wlroots_case import FEED, WlrootsCase
 
 BAR = "bar {{\n  position {}\n  tray_output *\n  status_command {}\n}}\n"
@@ -24,6 +25,7 @@ def reason_to_skip():
 
 class SwaybarCase(WlrootsCase):
     kind = "sway"
+    host = "swaybar"
 
     def setUp(self):
         super().setUp()
@@ -42,7 +44,7 @@ class SwaybarCase(WlrootsCase):
 
 
 class Item(SwaybarCase):
-    bar = BAR.format("top", STATUS)
+    bar = I3_BAR.format("top", STATUS)
 
     def icon(self):
         """The right end of the bar, where its tray has one square."""
@@ -77,7 +79,7 @@ class Item(SwaybarCase):
 
 
 class FeedInBar(SwaybarCase):
-    bar = BAR.format("top", " ".join([*AS_ROOT_AGAIN, f"{FEED} --i3bar -- i3status"]))
+    bar = I3_BAR.format("top", " ".join([*AS_ROOT_AGAIN, f"{FEED} --i3bar -- i3status"]))
 
     def test_shows_its_text_in_the_bar_with_the_panel_under_it_and_no_strip(self):
         self.launch()
@@ -89,6 +91,7 @@ class FeedInBar(SwaybarCase):
         self.assert_on_screen(panel)
         self.assertLess(panel.y, HIGHEST_BAR + 8)
         self.wait_for_keyboard()
+        self.keep_picture("swaybar-feed")
         self.screen.click(200, 600)
         self.screen.wait_until_gone(PANEL)
         below = Area(0, HIGHEST_BAR, self.screen.area.width, STRIP_HEIGHT)

@@ -7,19 +7,10 @@ from desktop.glimmet import PANEL, STRIP
 from desktop.panels import wait_for_seconds
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME, Area
+from desktop.text_bars import TINT2_BAR, TINT2_EXECUTOR, TINT2_HEIGHT
 from desktop_case import BINARY, DesktopCase
 
 FEED = BINARY.with_name("glimmet-feed")
-HEIGHT = 30
-BAR = f"panel_items = {{}}\npanel_size = 100% {HEIGHT}\npanel_position = {{}} center horizontal\n"
-EXECUTOR = f"""
-execp = new
-execp_command = {FEED}
-execp_interval = 0
-execp_continuous = 1
-execp_font_color = #ffffff 100
-execp_lclick_command = {FEED} --activate
-"""
 WIDEST_TEXT = 120
 
 
@@ -42,6 +33,7 @@ class Tint2Case(DesktopCase):
             panel = self.glimmet.wait_for_panel()
             self.assert_on_screen(panel)
             self.assertLess(abs(panel.y - under), 8, panel)
+            self.keep_picture(f"tint2-{type(self).__name__.lower()}")
             close()
             self.screen.wait_until_gone(PANEL)
             watch_for(DOUBLE_CLICK_TIME)
@@ -50,9 +42,9 @@ class Tint2Case(DesktopCase):
 class Strip(Tint2Case):
     def test_stands_below_a_bar_that_starts_late_and_goes(self):
         self.launch().wait_for_strip()
-        bar = self.start_bar(BAR.format("T", "top"))
+        bar = self.start_bar(TINT2_BAR.format("T", "top"))
 
-        wait_for(lambda: self.screen.area_of(STRIP).y == HEIGHT, 10, "the strip below the bar")
+        wait_for(lambda: self.screen.area_of(STRIP).y == TINT2_HEIGHT, 10, "the strip below the bar")
         self.try_panel(*self.glimmet.click_point(), self.screen.area_of(STRIP).bottom)
         self.desktop.stop(bar)
 
@@ -60,8 +52,8 @@ class Strip(Tint2Case):
 
     def test_is_no_task_in_the_bar(self):
         """Of which nothing changes with the strip."""
-        self.start_bar(BAR.format("T", "bottom"))
-        place = Area(0, self.screen.area.height - HEIGHT, self.screen.area.width, HEIGHT)
+        self.start_bar(TINT2_BAR.format("T", "bottom"))
+        place = Area(0, self.screen.area.height - TINT2_HEIGHT, self.screen.area.width, TINT2_HEIGHT)
         watch_for(1)
         before = self.screen.pixels(place)
 
@@ -75,11 +67,11 @@ class Strip(Tint2Case):
 
 class FeedInBar(Tint2Case):
     def test_shows_its_text_in_the_bar_with_the_panel_under_it_and_no_strip(self):
-        self.start_bar(BAR.format("TE", "top") + EXECUTOR)
+        self.start_bar(TINT2_BAR.format("TE", "top") + TINT2_EXECUTOR.format(feed=FEED))
         self.launch()
-        found = wait_for_seconds(self.screen, Area(0, 0, self.screen.area.width, HEIGHT), WIDEST_TEXT)
+        found = wait_for_seconds(self.screen, Area(0, 0, self.screen.area.width, TINT2_HEIGHT), WIDEST_TEXT)
 
-        self.try_panel(*found.middle, HEIGHT + 4)
+        self.try_panel(*found.middle, TINT2_HEIGHT + 4)
         self.assertEqual(self.screen.windows(STRIP), [])
 
 

@@ -20,6 +20,8 @@ EMPTY_BAR = WAYBAR | {"modules-right": []}
 
 
 class WlrootsCase(DesktopCase):
+    host = ""  # of the text in the pictures' names, where it is not the kind of desktop
+
     def wait_for_text(self, low, high, left=None, right=None):
         """Returns where the running seconds of the clock are, once between these heights, and these sides if any."""
         return wait_for(lambda: self.text_within(low, high, left, right), 30, f"a text between {low} and {high}")
@@ -81,7 +83,7 @@ class WlrootsCase(DesktopCase):
                 self.screen.click(x, y)
                 self.assert_panel_under(x, edge)
                 self.press_controls()
-                self.keep_picture(f"{self.kind}-{type(self).__name__.lower()}")
+                self.keep_picture(f"{self.host or self.kind}-{type(self).__name__.lower()}")
                 close()
                 self.screen.wait_until_gone(PANEL)
                 watch_for(DOUBLE_CLICK_TIME)
