@@ -8,6 +8,7 @@
 #include "app/StripWindow.h"
 #include "app/TopBarHost.h"
 #include "core/HostText.h"
+#include "platform/desktop/BarColorsWatch.h"
 #include "platform/desktop/X11.h"
 #include "platform/wayland/WaylandConnection.h"
 
@@ -40,7 +41,8 @@ MenuBar::Hosts menuBarHosts(
     hosts.push_back(std::make_unique<ItemHost>(bus, timers, clock));
     hosts.push_back(std::make_unique<FeedHost>(bus));
     hosts.push_back(std::make_unique<StripHost>(
-        [&wayland, &timers](int inset) { return makeStrip(wayland, timers, inset); }));
+        [&wayland, &timers](int inset) { return makeStrip(wayland, timers, inset); },
+        [] { return std::make_unique<BarColorsWatch>(BarColorsWatch::defaultPath()); }));
     return hosts;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/desktop/ColorScheme.h"
+#include "platform/desktop/BarColors.h"
 
 #include <QObject>
 #include <QPoint>
@@ -18,7 +18,7 @@ public:
     using QObject::QObject;
 
     virtual void setText(const QString &text) = 0;
-    virtual void setColorScheme(ColorScheme scheme) = 0;
+    virtual void setColors(const BarColors &colors) = 0;
     /// Where the panel drops down from, in native pixels: the middle of the lower edge.
     virtual std::optional<QPoint> anchor() const = 0;
 

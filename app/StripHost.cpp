@@ -1,5 +1,8 @@
 #include "app/StripHost.h"
 
+#include "app/StripPicture.h"
+#include "platform/desktop/BarColorsWatch.h"
+
 namespace glimmet {
 namespace {
 
@@ -8,9 +11,10 @@ constexpr int firstInset = 144;
 
 } // namespace
 
-StripHost::StripHost(MakeFace makeFace, QObject *parent)
+StripHost::StripHost(MakeFace makeFace, AskForColors askForColors, QObject *parent)
     : MenuBarHost(parent)
     , m_makeFace(std::move(makeFace))
+    , m_askForColors(std::move(askForColors))
     , m_inset(firstInset)
 {
 }
@@ -32,8 +36,19 @@ void StripHost::setText(const QString &text)
 void StripHost::setColorScheme(ColorScheme scheme)
 {
     m_scheme = scheme;
+    draw();
+}
+
+void StripHost::draw()
+{
     if (m_face)
-        m_face->setColorScheme(scheme);
+        m_face->setColors(m_barColors.value_or(stripColors(m_scheme)));
+}
+
+void StripHost::takeColors(const BarColors &colors)
+{
+    m_barColors = colors;
+    draw();
 }
 
 void StripHost::setShown(bool shown)
@@ -44,7 +59,10 @@ void StripHost::setShown(bool shown)
     m_face = shown ? m_makeFace(m_inset) : nullptr;
     if (!m_face)
         return;
-    m_face->setColorScheme(m_scheme);
+    m_colorsWatch = m_askForColors();
+    if (m_colorsWatch)
+        connect(m_colorsWatch.get(), &BarColorsWatch::found, this, &StripHost::takeColors);
+    draw();
     m_face->setText(m_text);
     connect(m_face.get(), &StripFace::clicked, this, &StripHost::clicked);
     connect(m_face.get(), &StripFace::dragged, this, [this](int inset) { m_inset = inset; });

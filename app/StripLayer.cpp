@@ -34,9 +34,9 @@ void StripLayer::setText(const QString &text)
     draw();
 }
 
-void StripLayer::setColorScheme(ColorScheme scheme)
+void StripLayer::setColors(const BarColors &colors)
 {
-    m_scheme = scheme;
+    m_colors = colors;
     draw();
 }
 
@@ -104,7 +104,7 @@ void StripLayer::draw()
     QImage picture(m_size * scale, QImage::Format_ARGB32_Premultiplied);
     picture.setDevicePixelRatio(scale);
     QPainter painter(&picture);
-    paintStrip(painter, m_size, m_text, m_scheme);
+    paintStrip(painter, m_size, m_text, m_colors);
     painter.end();
     seen->show(picture);
 }

@@ -26,7 +26,7 @@ public:
     ~StripLayer() override;
 
     void setText(const QString &text) override;
-    void setColorScheme(ColorScheme scheme) override;
+    void setColors(const BarColors &colors) override;
     /// As if there were no bar beside it until a click has told.
     std::optional<QPoint> anchor() const override;
 
@@ -59,7 +59,7 @@ private:
     /// a button is down, others when it is let go.
     std::unique_ptr<LayerSurface> m_cover;
     QString m_text;
-    ColorScheme m_scheme = ColorScheme::Light;
+    BarColors m_colors;
     QSize m_size{ 0, 0 };
     int m_inset;
     StripPress m_press;

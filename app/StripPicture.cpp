@@ -35,9 +35,8 @@ QSize stripSize(const QString &text, int current, int most)
     return { isFit ? current : needed, stripHeight };
 }
 
-void paintStrip(QPainter &painter, QSize size, const QString &text, ColorScheme scheme)
+void paintStrip(QPainter &painter, QSize size, const QString &text, const BarColors &colors)
 {
-    const PanelColors colors = panelColors(scheme);
     const QRect all(QPoint(), size);
     painter.fillRect(all, colors.background);
     painter.setFont(stripFont());
@@ -45,6 +44,12 @@ void paintStrip(QPainter &painter, QSize size, const QString &text, ColorScheme 
     const QRect area = all.adjusted(margin, 0, -margin, 0);
     const QString shown = QFontMetricsF(stripFont()).elidedText(text, Qt::ElideRight, area.width());
     painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, shown);
+}
+
+BarColors stripColors(ColorScheme scheme)
+{
+    const PanelColors colors = panelColors(scheme);
+    return { colors.background, colors.ink };
 }
 
 int stripInset(int length, int width, int inset)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/desktop/BarColors.h"
 #include "platform/desktop/ColorScheme.h"
 
 #include <QSize>
@@ -16,7 +17,10 @@ namespace glimmet {
 QSize stripSize(const QString &text, int current, int most);
 
 /// The text on the whole of a strip of that size.
-void paintStrip(QPainter &painter, QSize size, const QString &text, ColorScheme scheme);
+void paintStrip(QPainter &painter, QSize size, const QString &text, const BarColors &colors);
+
+/// What it is painted in where the desktop tells of no bar's colours.
+BarColors stripColors(ColorScheme scheme);
 
 /// How far from the end of an edge of `length` pixels a strip of that width ends that is wanted at `inset`:
 /// it stays wholly on the edge.

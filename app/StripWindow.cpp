@@ -23,13 +23,13 @@ public:
     }
 
     QString text;
-    ColorScheme scheme = ColorScheme::Light;
+    BarColors colors;
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        paintStrip(painter, size(), text, scheme);
+        paintStrip(painter, size(), text, colors);
     }
     void mousePressEvent(QMouseEvent *event) override { m_strip.handlePress(event->button(), along(event)); }
     void mouseMoveEvent(QMouseEvent *event) override { m_strip.handleMove(along(event)); }
@@ -71,9 +71,9 @@ void StripWindow::setText(const QString &text)
     m_window->update();
 }
 
-void StripWindow::setColorScheme(ColorScheme scheme)
+void StripWindow::setColors(const BarColors &colors)
 {
-    m_window->scheme = scheme;
+    m_window->colors = colors;
     m_window->update();
 }
 

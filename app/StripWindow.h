@@ -22,7 +22,7 @@ public:
     ~StripWindow() override;
 
     void setText(const QString &text) override;
-    void setColorScheme(ColorScheme scheme) override;
+    void setColors(const BarColors &colors) override;
     std::optional<QPoint> anchor() const override;
 
 private:

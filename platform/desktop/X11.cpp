@@ -245,6 +245,12 @@ std::optional<QSize> rootSize()
     return QSize(reply->width, reply->height);
 }
 
+QByteArray rootText(const QByteArray &name)
+{
+    xcb_connection_t *x = connection();
+    return x == nullptr ? QByteArray() : property(x, rootWindow(x), atom(x, name));
+}
+
 std::optional<QPoint> pointerPosition()
 {
     xcb_connection_t *x = connection();

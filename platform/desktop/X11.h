@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QPoint>
 #include <QRect>
@@ -56,6 +57,9 @@ bool isCompositing();
 
 /// How large the root window is, in native pixels.
 std::optional<QSize> rootSize();
+
+/// A text that the window manager has put on the root window, at most 256 bytes; empty where there is none.
+QByteArray rootText(const QByteArray &name);
 
 /// Where the pointer is.
 std::optional<QPoint> pointerPosition();

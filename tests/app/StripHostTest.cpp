@@ -1,4 +1,6 @@
 #include "app/StripHost.h"
+#include "app/StripPicture.h"
+#include "platform/desktop/BarColorsWatch.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +12,7 @@ struct Shown {
     int count = 0;
     int inset = 0;
     QString text;
-    ColorScheme scheme = ColorScheme::Light;
+    BarColors colors;
     StripFace *face = nullptr;
 };
 
@@ -31,7 +33,7 @@ public:
     Q_DISABLE_COPY_MOVE(FakeFace)
 
     void setText(const QString &text) override { m_shown.text = text; }
-    void setColorScheme(ColorScheme scheme) override { m_shown.scheme = scheme; }
+    void setColors(const BarColors &colors) override { m_shown.colors = colors; }
     std::optional<QPoint> anchor() const override { return QPoint(100, 26); }
 
 private:
@@ -41,7 +43,13 @@ private:
 class StripHostTest : public testing::Test {
 protected:
     Shown shown;
-    StripHost host{ [this](int inset) { return std::make_unique<FakeFace>(shown, inset); } };
+    BarColorsWatch *watch = nullptr;
+    StripHost host{ [this](int inset) { return std::make_unique<FakeFace>(shown, inset); },
+        [this] {
+            auto made = std::make_unique<BarColorsWatch>(QByteArray());
+            watch = made.get();
+            return made;
+        } };
 };
 
 TEST_F(StripHostTest, isAlwaysAvailableAndThereOnlyWhileItIsShown)
@@ -60,7 +68,7 @@ TEST_F(StripHostTest, isAlwaysAvailableAndThereOnlyWhileItIsShown)
 
 TEST(StripHostWithoutAFace, showsNothingAndSaysSo)
 {
-    StripHost host([](int) { return nullptr; });
+    StripHost host([](int) { return nullptr; }, [] { return nullptr; });
     host.setShown(true);
     host.setText(QStringLiteral("12:34"));
     host.setColorScheme(ColorScheme::Dark);
@@ -76,12 +84,24 @@ TEST_F(StripHostTest, comesUpWithWhatItWasToldBefore)
     host.setShown(true);
 
     EXPECT_EQ(shown.text, QStringLiteral("12:34"));
-    EXPECT_EQ(shown.scheme, ColorScheme::Dark);
+    EXPECT_EQ(shown.colors, stripColors(ColorScheme::Dark));
 
     host.setText(QStringLiteral("12:35"));
     host.setColorScheme(ColorScheme::Light);
     EXPECT_EQ(shown.text, QStringLiteral("12:35"));
-    EXPECT_EQ(shown.scheme, ColorScheme::Light);
+    EXPECT_EQ(shown.colors, stripColors(ColorScheme::Light));
+}
+
+TEST_F(StripHostTest, isDrawnInTheColoursOfABarThatTellsThem)
+{
+    const BarColors bar{ QColor(0x10, 0x20, 0x30), Qt::white };
+    host.setShown(true);
+
+    emit watch->found(bar);
+    EXPECT_EQ(shown.colors, bar);
+
+    host.setColorScheme(ColorScheme::Dark);
+    EXPECT_EQ(shown.colors, bar);
 }
 
 TEST_F(StripHostTest, comesBackWhereItWasDraggedTo)

@@ -40,7 +40,7 @@ TEST(StripPicture, showsEveryTextWhole)
     const auto painted = [](const QString &shown, QSize size) {
         QImage picture(size, QImage::Format_ARGB32_Premultiplied);
         QPainter painter(&picture);
-        paintStrip(painter, size, shown, ColorScheme::Light);
+        paintStrip(painter, size, shown, stripColors(ColorScheme::Light));
         return picture;
     };
     for (int second = 0; second < 24 * 60 * 60; second += 61) {
@@ -68,7 +68,7 @@ TEST(StripPicture, fillsItselfAndWritesInTheDesktopsLightOrDark)
         QImage picture(stripSize(text, 0, 1280), QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
-        paintStrip(painter, picture.size(), text, scheme);
+        paintStrip(painter, picture.size(), text, stripColors(scheme));
         return picture;
     };
     const QImage light = painted(ColorScheme::Light);

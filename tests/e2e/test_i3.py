@@ -6,11 +6,13 @@ import unittest
 from desktop.glimmet import PANEL, STRIP
 from desktop.panels import changed_area, wait_for_seconds
 from desktop.processes import wait_for, watch_for
-from desktop.screen import DOUBLE_CLICK_TIME
+from desktop.screen import DOUBLE_CLICK_TIME, Area
 from desktop.text_bars import I3_BAR, I3_CONFIGURATION
 from desktop_case import BINARY, DesktopCase
 
 FEED = BINARY.with_name("glimmet-feed")
+COLORED_BAR = "bar {\n  position top\n  colors {\n    background #204060\n    statusline #ffeedd\n  }\n}\n"
+BACKGROUND = bytes((0x20, 0x40, 0x60))
 WIDEST_TEXT = 120
 
 
@@ -155,6 +157,18 @@ class Strip(StripCase):
         self.restart()
 
         self.wait_for_strip_at(self.bar_area.bottom)
+
+    def test_is_drawn_in_the_colours_of_the_bar(self):
+        self.glimmet.stop()
+        self.addCleanup(self.restart)
+        self.restart(COLORED_BAR)
+        self.launch()
+        strip = self.glimmet.wait_for_strip()
+
+        corner = Area(strip.x + 2, strip.bottom - 4, 1, 1)
+        wait_for(lambda: self.screen.pixels(corner) == BACKGROUND, 10, "a strip in the bar's colour")
+        ink = self.screen.pixels(self.glimmet.menu_bar_area())
+        self.assertGreater(max(ink[::3]), 0xC0, "and a light text")
 
     def test_closes_the_panel_where_another_window_or_workspace_comes(self):
         for change in (lambda: self.open_window("new"), lambda: self.message("workspace", "2")):
