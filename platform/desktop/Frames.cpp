@@ -2,6 +2,8 @@
 
 #include "platform/desktop/Xcb.h"
 
+#include <algorithm>
+
 namespace glimmet {
 namespace {
 
@@ -17,11 +19,29 @@ QList<xcb_window_t> windowsOf(xcb_connection_t *x, xcb_window_t parent)
     return { children, children + xcb_query_tree_children_length(reply.get()) };
 }
 
-bool isShown(xcb_connection_t *x, xcb_window_t window)
+uint8_t mapState(xcb_connection_t *x, xcb_window_t window)
 {
     const auto reply =
         owned(xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
-    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+    return reply ? reply->map_state : uint8_t(XCB_MAP_STATE_UNMAPPED);
+}
+
+bool isFrame(xcb_connection_t *x, xcb_window_t window)
+{
+    return property(x, window, XCB_ATOM_WM_CLASS).startsWith("i3-frame");
+}
+
+/// A bar that hides by itself takes its window out of the frame; one that is hidden with its frame knows
+/// nothing of that.
+bool isCoveredBar(xcb_connection_t *x, xcb_window_t window, const FrameAtoms &atoms)
+{
+    if (!isFrame(x, window))
+        return false;
+    const QList<xcb_window_t> children = windowsOf(x, window);
+    return std::any_of(children.begin(), children.end(), [&](xcb_window_t child) {
+        return hasAtom(x, child, atoms.windowType, atoms.dock)
+            && mapState(x, child) == XCB_MAP_STATE_UNVIEWABLE;
+    });
 }
 
 QRect areaOf(xcb_connection_t *x, xcb_window_t window)
@@ -32,7 +52,7 @@ QRect areaOf(xcb_connection_t *x, xcb_window_t window)
 
 RootWindow::Kind kindOf(xcb_connection_t *x, xcb_window_t window, const FrameAtoms &atoms)
 {
-    if (!property(x, window, XCB_ATOM_WM_CLASS).startsWith("i3-frame"))
+    if (!isFrame(x, window))
         return Other;
     for (const xcb_window_t child : windowsOf(x, window)) {
         if (hasAtom(x, child, atoms.windowType, atoms.dock))
@@ -55,8 +75,10 @@ QList<RootWindow> rootWindows(xcb_connection_t *connection, const FrameAtoms &at
 {
     QList<RootWindow> windows;
     for (const xcb_window_t window : windowsOf(connection, rootWindow(connection))) {
-        if (isShown(connection, window))
+        if (mapState(connection, window) == XCB_MAP_STATE_VIEWABLE)
             windows.append({ window, areaOf(connection, window), kindOf(connection, window, atoms) });
+        else if (isCoveredBar(connection, window, atoms))
+            windows.append({ window, areaOf(connection, window), CoveredBar });
     }
     return windows;
 }
@@ -65,14 +87,46 @@ QList<QRect> barsAmong(const QList<RootWindow> &windows)
 {
     QList<QRect> areas;
     for (const RootWindow &window : windows) {
-        if (window.kind == Bar)
+        if (window.kind == Bar || window.kind == CoveredBar)
             areas.append(window.area);
     }
     return areas;
 }
 
+namespace {
+
+/// The bar of the screen that the window is on, if that is covered: a bar is as wide as its screen.
+const RootWindow *coveredBar(const QList<RootWindow> &windows, quint32 own)
+{
+    const auto itself = std::find_if(
+        windows.begin(), windows.end(), [own](const RootWindow &window) { return window.id == own; });
+    if (itself == windows.end())
+        return nullptr;
+    const auto found = std::find_if(windows.begin(), windows.end(), [itself](const RootWindow &window) {
+        const int along = itself->area.center().x();
+        return window.kind == CoveredBar && window.area.left() <= along && along <= window.area.right();
+    });
+    return found == windows.end() ? nullptr : &*found;
+}
+
+std::optional<StackPlace> placeBelowAll(const QList<RootWindow> &windows, quint32 own, const QRect &bar)
+{
+    for (const RootWindow &window : windows) {
+        if (window.id == own)
+            return std::nullopt;
+        const bool isFrame = window.kind == Frame || window.kind == FullScreen;
+        if (isFrame && window.area.left() <= bar.right() && bar.left() <= window.area.right())
+            return StackPlace{ window.id, StackPlace::Side::Below };
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
 std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, quint32 own)
 {
+    if (const RootWindow *bar = coveredBar(windows, own))
+        return placeBelowAll(windows, own, bar->area);
     std::optional<StackPlace> wanted;
     bool isThere = true;
     for (const RootWindow &window : windows) {
@@ -82,7 +136,8 @@ std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, qui
         } else if (window.kind == FullScreen) {
             if (!wanted || wanted->side == StackPlace::Side::Above)
                 wanted = { window.id, StackPlace::Side::Below };
-        } else if (window.kind != Other && (!wanted || wanted->side == StackPlace::Side::Above)) {
+        } else if (window.kind != Other && window.kind != CoveredBar
+            && (!wanted || wanted->side == StackPlace::Side::Above)) {
             wanted = { window.id, StackPlace::Side::Above };
             isThere = false;
         }

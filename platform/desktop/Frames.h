@@ -9,11 +9,12 @@ struct xcb_connection_t;
 
 namespace glimmet {
 
-/// One of the windows of the root that can be seen, lowest first in a list.
+/// One of the windows of the root that can be seen, lowest first in a list; and bars that i3 has taken away.
 struct RootWindow {
     enum class Kind {
         Frame, ///< which i3 puts around another program's window
         Bar, ///< a frame with a bar in it
+        CoveredBar, ///< the same, hidden by i3: something fills the screen, a container as well as a window
         FullScreen, ///< a frame with a window in it that fills its screen
         Other, ///< what goes past i3, such as menus and lockers
     };
@@ -36,7 +37,7 @@ FrameAtoms frameAtoms(xcb_connection_t *connection);
 
 QList<RootWindow> rootWindows(xcb_connection_t *connection, const FrameAtoms &atoms);
 
-/// The areas of the bars among them.
+/// The areas of the bars among them, of covered ones too, which are back in a moment.
 QList<QRect> barsAmong(const QList<RootWindow> &windows);
 
 /// Where a window is to be put right above or right below another one.
@@ -49,8 +50,8 @@ struct StackPlace {
     friend bool operator==(const StackPlace &, const StackPlace &) = default;
 };
 
-/// Where a window has to go to be above all frames, but below those that fill the screen; none where it is
-/// there, or where there are no frames.
+/// Where a window has to go to be above all frames, but below those that fill the screen, and below all of
+/// the screen whose bar is covered; none where it is there, or where there are no frames.
 std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, quint32 own);
 
 } // namespace glimmet

@@ -126,6 +126,21 @@ class Strip(StripCase):
         self.message("fullscreen", "disable")
         self.wait_until_seen()
 
+    def test_stands_below_a_container_that_fills_the_screen(self):
+        self.open_window("one")
+        self.open_window("two")
+        self.message("split", "v")
+        self.open_window("three")
+        self.wait_until_seen()
+        self.message("focus", "parent")
+
+        self.message("fullscreen", "enable")
+        wait_for(lambda: not self.is_seen(), 10, "the strip to be covered")
+
+        self.message("fullscreen", "disable")
+        self.wait_until_seen()
+        self.assertEqual(self.glimmet.menu_bar_area().y, self.bar_area.bottom)
+
     def test_stays_below_a_locker(self):
         """Which fills the screen and is no window of i3's."""
         self.open_window()

@@ -47,5 +47,25 @@ TEST(PlaceAmongFrames, isBelowTheLowestWindowThatFillsItsScreen)
     EXPECT_EQ(placeAmongFrames(stack({ itself, Frame, FullScreen }), own), (StackPlace{ 3, Side::Below }));
 }
 
+TEST(PlaceAmongFrames, isBelowEveryFrameOfTheScreenWhoseBarIsCovered)
+{
+    EXPECT_EQ(
+        placeAmongFrames(stack({ CoveredBar, Frame, Frame, itself }), own), (StackPlace{ 2, Side::Below }));
+    EXPECT_EQ(placeAmongFrames(stack({ CoveredBar, itself, Frame }), own), std::nullopt);
+}
+
+TEST(PlaceAmongFrames, isAboveWhereTheBarOfAnotherScreenIsCovered)
+{
+    QList<RootWindow> windows = stack({ CoveredBar, Frame, itself, Frame });
+    windows[0].area.translate(10, 0);
+
+    EXPECT_EQ(placeAmongFrames(windows, own), (StackPlace{ 4, Side::Above }));
+}
+
+TEST(Bars, areThereAlsoWhileTheyAreCovered)
+{
+    EXPECT_EQ(barsAmong(stack({ CoveredBar, Frame, Bar })).size(), 2);
+}
+
 } // namespace
 } // namespace glimmet
