@@ -66,6 +66,11 @@ class Outputs(WaybarCase):
         name = self.screen.add_output_beside(scale)
         return name, self.screen.outputs()[name]
 
+    def launch_before_waybar(self):
+        """A bar for each output has a tray of its own, of which one may miss an item that comes while both start."""
+        self.launch()
+        self.start_waybar()
+
     def open_panel_at(self, text, output, edge):
         self.screen.click(*text.middle)
         self.assert_panel_under(text.middle[0], edge)
@@ -80,8 +85,7 @@ class Outputs(WaybarCase):
     def try_outputs(self, scale):
         first = self.screen.area
         _, second = self.add_output(scale)
-        self.start_waybar()
-        self.launch()
+        self.launch_before_waybar()
         beside = self.wait_for_text(0, BAR_HEIGHT, left=first.right)
 
         self.open_panel_at(beside, second, BAR_HEIGHT)
@@ -105,8 +109,7 @@ class Outputs(WaybarCase):
     def test_the_panel_goes_with_its_output_and_opens_on_another(self):
         first = self.screen.area
         name, second = self.add_output()
-        self.start_waybar()
-        self.launch()
+        self.launch_before_waybar()
         self.open_panel_at(self.wait_for_text(0, BAR_HEIGHT, left=first.right), second, BAR_HEIGHT)
 
         self.screen.unplug(name)
