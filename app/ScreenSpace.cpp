@@ -33,6 +33,19 @@ QRect ScreenSpace::toNative(const QRect &logical) const
         QSize(scaled(logical.width(), scale), scaled(logical.height(), scale)) };
 }
 
+ScreenSpace withRoomInUnitsOf(ScreenSpace screen, QSize desktop, QSize root)
+{
+    if (desktop == root || desktop.isEmpty() || screen.available == screen.geometry)
+        return screen;
+    const double factor = double(root.width()) / desktop.width();
+    const QPoint end = screen.available.bottomRight() + QPoint(1, 1);
+    const QPoint start = screen.available.topLeft();
+    const QPoint last(scaled(end.x(), factor) - 1, scaled(end.y(), factor) - 1);
+    screen.available = QRect(QPoint(scaled(start.x(), factor), scaled(start.y(), factor)), last);
+    screen.available &= screen.geometry;
+    return screen;
+}
+
 ScreenSpace withoutBars(ScreenSpace screen, const QList<QRect> &bars)
 {
     for (const QRect &native : bars) {

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 
 namespace glimmet {
 
@@ -17,6 +18,10 @@ struct ScreenSpace {
     QPoint toLogical(QPoint native) const;
     QRect toNative(const QRect &logical) const;
 };
+
+/// The screen with the room that a window manager means that tells of a desktop of the size `desktop` where
+/// the root window has the size `root`. A screen whose room is all of it keeps that.
+ScreenSpace withRoomInUnitsOf(ScreenSpace screen, QSize desktop, QSize root);
 
 /// The screen with less room: without the bars along its upper and lower edge. `bars` are native. For a
 /// window manager that does not tell of the room itself.

@@ -9,7 +9,12 @@ namespace glimmet {
 
 ScreenSpace spaceOf(const QScreen &screen)
 {
-    return { screen.geometry(), screen.availableGeometry(), screen.devicePixelRatio() };
+    const ScreenSpace space{ screen.geometry(), screen.availableGeometry(), screen.devicePixelRatio() };
+    // Elsewhere both are in pixels, and the X server need not be asked each time.
+    if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        return space;
+    const QSize root = X11::rootSize().value_or(QSize());
+    return withRoomInUnitsOf(space, X11::desktopSize().value_or(root), root);
 }
 
 QList<ScreenSpace> allScreens()

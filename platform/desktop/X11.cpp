@@ -251,6 +251,19 @@ QByteArray rootText(const QByteArray &name)
     return x == nullptr ? QByteArray() : property(x, rootWindow(x), atom(x, name));
 }
 
+std::optional<QSize> desktopSize()
+{
+    xcb_connection_t *x = connection();
+    if (x == nullptr)
+        return std::nullopt;
+    const QByteArray value = property(x, rootWindow(x), atom(x, "_NET_DESKTOP_GEOMETRY"));
+    std::array<uint32_t, 2> size{};
+    if (value.size() != sizeof size)
+        return std::nullopt;
+    std::memcpy(size.data(), value.constData(), sizeof size);
+    return QSize(static_cast<int>(size[0]), static_cast<int>(size[1]));
+}
+
 std::optional<QPoint> pointerPosition()
 {
     xcb_connection_t *x = connection();

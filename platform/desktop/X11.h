@@ -61,6 +61,11 @@ std::optional<QSize> rootSize();
 /// A text that the window manager has put on the root window, at most 256 bytes; empty where there is none.
 QByteArray rootText(const QByteArray &name);
 
+/// How large the window manager takes the desktop for, in the units in which it tells of the room beside its
+/// bars (_NET_DESKTOP_GEOMETRY, https://specifications.freedesktop.org/wm-spec/latest/): KWin under Wayland
+/// tells of both in its own logical pixels, also where the root window has more.
+std::optional<QSize> desktopSize();
+
 /// Where the pointer is.
 std::optional<QPoint> pointerPosition();
 

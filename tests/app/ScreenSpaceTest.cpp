@@ -29,6 +29,19 @@ TEST(ScreenSpace, holdsFractionalScalesWithinAPixel)
     }
 }
 
+TEST(ScreenSpace, takesTheRoomInTheUnitsOfTheWindowManager)
+{
+    // A screen of 1280 by 800 pixels at scale 2, of which a bar of 40 logical pixels takes the lower edge, as
+    // it comes from a window manager that tells of 640 by 360.
+    const ScreenSpace told{ { 0, 0, 640, 400 }, { 0, 0, 320, 180 }, 2 };
+    EXPECT_EQ(withRoomInUnitsOf(told, { 640, 400 }, { 1280, 800 }).available, QRect(0, 0, 640, 360));
+
+    const ScreenSpace plain{ { 0, 0, 1280, 800 }, { 0, 27, 1280, 773 }, 1 };
+    EXPECT_EQ(withRoomInUnitsOf(plain, { 1280, 800 }, { 1280, 800 }).available, plain.available);
+    const ScreenSpace second{ { 1280, 0, 640, 400 }, { 1280, 0, 640, 400 }, 2 };
+    EXPECT_EQ(withRoomInUnitsOf(second, { 1280, 400 }, { 2560, 800 }).available, second.geometry);
+}
+
 TEST(ScreenSpace, leavesOutTheBarsAtItsUpperAndLowerEdge)
 {
     const ScreenSpace plain{ { 1280, 0, 1280, 800 }, { 1280, 0, 1280, 800 }, 1 };
