@@ -9,7 +9,7 @@ from gi.repository import GLib
 
 from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL, STRIP
 from desktop.processes import wait_for, watch_for
-from desktop.screen import DOUBLE_CLICK_TIME
+from desktop.screen import DOUBLE_CLICK_TIME, Area
 from plasma_case import PlasmaCase, is_plasma_there
 
 WIDGET = Path(__file__).resolve().parent.parent.parent / "desktops" / "plasma"
@@ -31,6 +31,8 @@ def reason_to_skip():
 
 
 class WidgetCase(PlasmaCase):
+    scale = 1
+
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
@@ -69,10 +71,13 @@ class WidgetCase(PlasmaCase):
         for node in self.desktop.tree.program("plasmashell").walk():
             try:
                 if node.role in BUTTON and node.showing and re.fullmatch(TIME, node.name):
-                    found.append((node.area, node.name))
+                    found.append((self.in_pixels(node.area), node.name))
             except GLib.Error:
                 pass  # It went while it was looked at.
         return found
+
+    def in_pixels(self, area):
+        return Area(*(length * self.scale for length in (area.x, area.y, area.width, area.height)))
 
     def wait_for_widget(self):
         """Returns where the widget is once it stays there."""
@@ -94,7 +99,7 @@ class WidgetCase(PlasmaCase):
         self.assert_on_screen(panel)
         gaps = {"bottom": self.widget.y - panel.bottom, "top": panel.y - self.widget.bottom,
                 "left": panel.x - self.widget.right, "right": self.widget.x - panel.right}
-        self.assertTrue(-8 <= gaps[edge] < 24, f"panel {panel} not at the widget {self.widget}")
+        self.assertTrue(-8 <= gaps[edge] < 24 * self.scale, f"panel {panel} not at the widget {self.widget}")
         if edge in ("left", "right"):
             self.assertTrue(panel.y < self.widget.bottom and panel.bottom > self.widget.y, f"{panel}, {self.widget}")
         elif panel.right < self.screen.area.right - 10:
@@ -271,6 +276,26 @@ class WidgetUnderWayland(WidgetCase):
                 watch_for(1)
                 self.open()
                 self.glimmet.close_panel()
+
+
+class WidgetAtScaleTwo(WidgetCase):
+    panel = "plasma-wayland"
+    scale = 2
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.desktop.run("env", "QT_QPA_PLATFORM=wayland", "kscreen-doctor", f"output.X11-0.scale.{cls.scale}")
+        half = f"{cls.screen.area.width // cls.scale}, {cls.screen.area.height // cls.scale}"
+        wait_for(lambda: half in cls.screen.root_property("_NET_DESKTOP_GEOMETRY"), 10, "the scale")
+        wait_for(lambda: "Xft.dpi:\\t192" in cls.screen.root_property("RESOURCE_MANAGER"), 10, "what X programs read")
+
+    def test_opens_wholly_at_the_widget(self):
+        self.open()
+
+        panel = self.screen.area_of(PANEL)
+        self.assertEqual(panel.width, 340 * self.scale)
+        self.assertGreater(panel.height, 0.8 * self.screen.area.height)
 
 
 del PlasmaCase, WidgetCase
