@@ -207,10 +207,10 @@ void ItemHost::learnManner()
     const QByteArray program = programOf(m_bus, watcherService);
     manner.hearsLabels = hearsLabels(program);
     manner.takesWidePictures = isDesktop("X-CINNAMON") || program == "waybar";
-    // Of all that an item has to show these take the square picture; the one has not even a tooltip, the
-    // other's is seen by who looks for it.
+    // Of all that an item has to show these take the square picture; the first has not even a tooltip, those
+    // of the others are seen by who looks for them.
     const bool isSwaybar = program == "swaybar";
-    setTextShown(!isSwaybar && !isDesktop("KDE"));
+    setTextShown(!isSwaybar && !isDesktop("KDE") && !isDesktop("LXQT"));
     // These bars are dark unless their users say otherwise.
     manner.isBarDark = manner.takesWidePictures || isSwaybar || isDesktop("XFCE");
     m_face.setManner(manner);
