@@ -1,7 +1,10 @@
-#include "core/Deadline.h"
+#include "core/Deadlines.h"
+#include "core/TickerViewModel.h"
 #include "platform/Clock.h"
 #include "platform/CurrencyText.h"
 #include "platform/DateTimeText.h"
+#include "tests/support/MemoryPreferences.h"
+#include "tests/support/TestWorld.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -92,6 +95,40 @@ void deadlinesRead(benchmark::State &state)
         benchmark::DoNotOptimize(deadlinesFromJson(json));
 }
 BENCHMARK(deadlinesRead)->Arg(10)->Arg(1000);
+
+/// A second in which deadlines are counted down, half of them to come.
+void deadlinesTick(benchmark::State &state)
+{
+    const SystemClock clock;
+    const Instant now = clock.now();
+    QList<Deadline> all;
+    for (int i = 0; i < state.range(0); ++i)
+        all.append({ QUuid::createUuid(), QStringLiteral("Math Exam"),
+            now.advanced(3600.0 * (i % 2 == 0 ? i + 1 : -i)) });
+    MemoryPreferences preferences;
+    Deadlines deadlines(preferences, clock);
+    deadlines.setAll(all);
+    for (auto _ : state) {
+        deadlines.tick();
+        benchmark::DoNotOptimize(deadlines.display());
+    }
+}
+BENCHMARK(deadlinesTick)->Arg(10)->Arg(1000)->Arg(100'000);
+
+/// A second in which prices are shown in turn.
+void pricesTick(benchmark::State &state)
+{
+    TestWorld world;
+    TickerViewModel ticker({ world.clock, world.region, world.timers, world.preferences, &world.prices });
+    QStringList symbols;
+    for (int i = 0; i < state.range(0); ++i)
+        symbols.append(QStringLiteral("S%1").arg(i));
+    ticker.setCryptoSymbols(symbols);
+    ticker.setMode(TickerMode::Crypto);
+    for (auto _ : state)
+        world.timers.advance(std::chrono::seconds(1));
+}
+BENCHMARK(pricesTick)->Arg(10)->Arg(1000)->Arg(10'000);
 
 } // namespace
 } // namespace glimmet

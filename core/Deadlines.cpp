@@ -33,19 +33,23 @@ void Deadlines::load()
 
 void Deadlines::setAll(const QList<Deadline> &deadlines)
 {
+    m_byDate = deadlinesByDate(deadlines);
     publish(*this, m_all, deadlines, &Deadlines::changed);
     if (const auto json = deadlinesToJson(m_all))
         m_preferences.setData(PreferencesKeys::deadlines, *json);
 }
 
+qsizetype Deadlines::firstUpcoming() const
+{
+    const Instant now = m_clock.now();
+    const auto first = std::partition_point(
+        m_byDate.cbegin(), m_byDate.cend(), [now](const Deadline &deadline) { return deadline.date <= now; });
+    return first - m_byDate.cbegin();
+}
+
 QList<Deadline> Deadlines::upcoming() const
 {
-    QList<Deadline> upcoming;
-    for (const Deadline &deadline : m_all) {
-        if (deadline.date > m_clock.now())
-            upcoming.append(deadline);
-    }
-    return deadlinesByDate(std::move(upcoming));
+    return m_byDate.mid(firstUpcoming());
 }
 
 void Deadlines::add(const Deadline &deadline)
@@ -90,15 +94,15 @@ void Deadlines::clear()
 void Deadlines::tick()
 {
     if (m_rotation.tick(rotateInterval))
-        m_rotation.setIndex(m_rotation.next(upcoming().size()));
+        m_rotation.setIndex(m_rotation.next(m_byDate.size() - firstUpcoming()));
 }
 
 QString Deadlines::display() const
 {
-    const QList<Deadline> all = upcoming();
-    if (all.isEmpty())
+    const qsizetype first = firstUpcoming();
+    if (first == m_byDate.size())
         return QStringLiteral("no deadlines");
-    const Deadline &deadline = all.at(m_rotation.among(all.size()));
+    const Deadline &deadline = m_byDate.at(first + m_rotation.among(m_byDate.size() - first));
     const double secondsLeft = deadline.date.secondsSince2001 - m_clock.now().secondsSince2001;
     // The deadline may have fallen due since it was found to be upcoming.
     const QString left = secondsLeft > 0 ? Deadline::formatInterval(secondsLeft) : QStringLiteral("passed");

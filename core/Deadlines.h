@@ -45,9 +45,12 @@ signals:
     void changed();
 
 private:
+    qsizetype firstUpcoming() const;
+
     PreferencesStore &m_preferences;
     const Clock &m_clock;
     QList<Deadline> m_all;
+    QList<Deadline> m_byDate; ///< the same, sorted when it changes, so that a tick need not
     Rotation m_rotation;
 };
 
