@@ -1,5 +1,7 @@
 // Measures what the open panel costs: the frames of a change of the mode and of scrolling, and the CPU of a
-// panel in which nothing moves, only the header's dot, or nothing at all. Run it on an X screen.
+// panel in which nothing moves, only the header's dot, or nothing at all; and what long lists cost. With
+// "quotes", "deadlines" or "symbols" as its argument it measures only that list, whose memory no other list
+// has used before. Run it on an X screen.
 
 #include "bench/Measure.h"
 #include "platform/RepeatingTimer.h"
@@ -16,6 +18,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <vector>
 
 using namespace glimmet;
@@ -26,6 +29,7 @@ constexpr int settlingTime = 500;
 constexpr int switches = 60;
 constexpr int scrollSteps = 240;
 constexpr double idleSeconds = 10;
+constexpr int listSteps = 60;
 
 /// A world whose seconds are real ones.
 struct LiveWorld {
@@ -163,6 +167,110 @@ void measureIdle(const char *what)
     std::printf("%-44s %.1f ms of CPU a second\n", what, (processCpu() - before) / idleSeconds);
 }
 
+/// A list of the user's, and how it gets so many entries.
+struct LongList {
+    const char *entries;
+    TickerMode mode;
+    int length;
+    std::function<void(LiveWorld &live, int length)> fill;
+};
+
+/// Of one line, two and three.
+QString quote(int number)
+{
+    const QString words =
+        QStringLiteral("number %1 of the quotes that somebody wrote down over the years. ").arg(number);
+    return words.repeated(1 + number % 3);
+}
+
+void setQuotes(LiveWorld &live, int count)
+{
+    QStringList quotes;
+    for (int i = 0; i < count; ++i)
+        quotes.append(quote(i));
+    live.ticker.setCustomQuotes(quotes);
+}
+
+void setDeadlines(LiveWorld &live, int count)
+{
+    QList<Deadline> deadlines;
+    for (int i = 0; i < count; ++i) {
+        deadlines.append({ QUuid::createUuid(), QStringLiteral("deadline %1").arg(i),
+            live.clock.now().advanced(7 * i - 60) });
+    }
+    live.ticker.setDeadlines(deadlines);
+}
+
+void setSymbols(LiveWorld &live, int count)
+{
+    QStringList symbols;
+    for (int i = 0; i < count; ++i)
+        symbols.append(QStringLiteral("SYM%1").arg(i * i));
+    live.ticker.setCryptoSymbols(symbols);
+}
+
+/// Milliseconds until the next frame is on the screen.
+double timeOfFrame(FrameWatch &frames, const std::function<void()> &act)
+{
+    frames.restart();
+    act();
+    waitUntil([&] { return !frames.costs().empty(); });
+    return frames.gaps().front();
+}
+
+void measureScrollingOf(QQuickView &view, FrameWatch &frames)
+{
+    QQuickItem *area = scrollArea(view);
+    constexpr double step = 60;
+    std::vector<double> times;
+    for (int i = 1; i <= listSteps; ++i) {
+        times.push_back(timeOfFrame(frames, [&] { area->setProperty("contentY", step * i); }));
+        runFor(5);
+    }
+    report("  a step of scrolling: until its frame", times);
+    area->setProperty("contentY", 0);
+}
+
+/// Beside ten entries of the same kind.
+void measureList(const LongList &list, Panel &panel, LiveWorld &live, FrameWatch &frames)
+{
+    auto &view = static_cast<QQuickView &>(panel.window());
+    const auto show = [&](int length) {
+        live.ticker.chooseMode(TickerMode::Custom);
+        list.fill(live, length);
+        runFor(settlingTime);
+        const double time = timeOfFrame(frames, [&] { live.ticker.chooseMode(list.mode); });
+        runFor(2 * settlingTime);
+        return time;
+    };
+    show(10);
+    const double shortTime = show(10);
+    const int shortMemory = privateDirty();
+    const double longTime = show(list.length);
+    std::printf("%d %s: %.1f ms until shown (10: %.1f ms), %.1f MB more\n", list.length, list.entries,
+        longTime, shortTime, (privateDirty() - shortMemory) / 1000.0);
+    panel.setLook({ ColorScheme::Light, true });
+    measureIdle("  shown, nothing else moves");
+    panel.setLook({ ColorScheme::Light, false });
+    measureScrollingOf(view, frames);
+    std::printf("%-44s %.1f MB more\n", "  after scrolling", (privateDirty() - shortMemory) / 1000.0);
+    list.fill(live, 10);
+    live.ticker.chooseMode(TickerMode::Custom);
+    runFor(settlingTime);
+}
+
+/// All of them, or the one that is called so.
+void measureLists(const QString &entries, Panel &panel, LiveWorld &live, FrameWatch &frames)
+{
+    panel.setLook({ ColorScheme::Light, false });
+    for (const LongList &list : { LongList{ "quotes", TickerMode::Quote, 1000, setQuotes },
+             LongList{ "deadlines", TickerMode::Deadline, 1000, setDeadlines },
+             LongList{ "symbols", TickerMode::Crypto, 500, setSymbols } }) {
+        if (entries.isEmpty() || entries == QLatin1String(list.entries))
+            measureList(list, panel, live, frames);
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -175,13 +283,19 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "%s\n", qPrintable(loader.errorString()));
         return 1;
     }
-    measureIdle("no panel");
+    const QString entries = application.arguments().value(1);
+    if (entries.isEmpty())
+        measureIdle("no panel");
     MemoryLoginItem loginItem;
     auto panel = module->makePanel(live.ticker, { loginItem, [] {}, [](const QString &) {} }, { {}, true });
     auto &view = static_cast<QQuickView &>(panel->window());
     view.show();
     FrameWatch frames(view);
     runFor(settlingTime);
+    if (!entries.isEmpty()) {
+        measureLists(entries, *panel, live, frames);
+        return 0;
+    }
 
     measureSwitches(live.ticker, frames);
     measureScrolling(view, live.ticker, frames);
@@ -191,6 +305,7 @@ int main(int argc, char *argv[])
     measureIdle("open, nothing moves");
     live.ticker.chooseMode(TickerMode::Clock);
     measureIdle("open, only the clock moves");
+    measureLists({}, *panel, live, frames);
     panel.reset();
     measureIdle("closed");
     return 0;
