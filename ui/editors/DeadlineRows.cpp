@@ -5,13 +5,39 @@
 #include "ui/panel/Wording.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace glimmet {
 
+namespace {
+
+double secondsLeft(Instant date, Instant now)
+{
+    return date.secondsSince2001 - now.secondsSince2001;
+}
+
+QString countdownTo(Instant date, Instant now)
+{
+    const double seconds = secondsLeft(date, now);
+    return seconds > 0 ? Deadline::formatInterval(seconds) : QStringLiteral("passed");
+}
+
+/// Whether the row of that date reads otherwise than before. In most seconds no row of a long list does, and
+/// that is seen without writing any of them.
+bool readsAnew(Instant date, Instant before, Instant now)
+{
+    const auto minuteLeft = [date](Instant moment) {
+        const double seconds = secondsLeft(date, moment);
+        return seconds > 0 ? std::floor(seconds / 60) : -1;
+    };
+    return minuteLeft(before) != minuteLeft(now) && countdownTo(date, before) != countdownTo(date, now);
+}
+
+} // namespace
+
 QString countdown(const Deadline &deadline, Instant now)
 {
-    const double secondsLeft = deadline.date.secondsSince2001 - now.secondsSince2001;
-    return secondsLeft > 0 ? Deadline::formatInterval(secondsLeft) : QStringLiteral("passed");
+    return countdownTo(deadline.date, now);
 }
 
 void DeadlineRows::setUndo(DeadlineUndo *undo)
@@ -47,13 +73,13 @@ QVariant DeadlineRows::data(const QModelIndex &index, int role) const
     case IdRole:
         return row.id;
     case TitleRole:
-        return row.title;
+        return Wording::oneLine(row.title);
     case DateTextRole:
-        return row.dateText;
+        return mediumDateTimeText(row.date, ticker()->region());
     case CountdownRole:
-        return row.countdown;
+        return countdownTo(row.date, m_now);
     case IsPassedRole:
-        return row.isPassed;
+        return row.date <= m_now;
     default:
         return {};
     }
@@ -70,12 +96,17 @@ QHash<int, QByteArray> DeadlineRows::roleNames() const
     };
 }
 
-DeadlineRows::Row DeadlineRows::rowOf(const Deadline &deadline, bool isRemoved) const
+QList<DeadlineRows::Row> DeadlineRows::wantedRows() const
 {
-    const Instant now = ticker()->now();
-    return { DeadlineUndo::keyOf(deadline), Wording::oneLine(deadline.title),
-        mediumDateTimeText(deadline.date, ticker()->region()), countdown(deadline, now), deadline.date <= now,
-        isRemoved };
+    QList<Row> rows;
+    if (ticker() == nullptr)
+        return rows;
+    const QStringList removed = m_undo->removed();
+    for (const Deadline &deadline : m_undo->shownDeadlines()) {
+        const QString id = DeadlineUndo::keyOf(deadline);
+        rows.append({ id, deadline.title, deadline.date, removed.contains(id) });
+    }
+    return rows;
 }
 
 QStringList DeadlineRows::idsOf(const QList<Row> &rows)
@@ -88,16 +119,20 @@ QStringList DeadlineRows::idsOf(const QList<Row> &rows)
 
 void DeadlineRows::rebuild()
 {
-    QList<Row> rows;
+    const QList<Row> rows = wantedRows();
+    const bool isWrittenAnew = ticker() != nullptr && !isRegionKnown();
+    const Instant before = m_now;
     if (ticker() != nullptr) {
-        const QStringList removed = m_undo->removed();
-        for (const Deadline &deadline : m_undo->shownDeadlines())
-            rows.append(rowOf(deadline, removed.contains(DeadlineUndo::keyOf(deadline))));
+        m_now = ticker()->now();
         rememberRegion();
     }
     addAndRemove(rows);
-    for (int i = 0; i < count(); ++i)
-        setRow(i, rows.at(i));
+    for (int i = 0; i < count(); ++i) {
+        const bool isAnother = rows.at(i) != m_rows.at(i);
+        m_rows[i] = rows.at(i);
+        if (isWrittenAnew || isAnother || readsAnew(rows.at(i).date, before, m_now))
+            tell(i);
+    }
     emit countChanged();
     recount();
 }
@@ -120,11 +155,8 @@ void DeadlineRows::addAndRemove(const QList<Row> &wanted)
     }
 }
 
-void DeadlineRows::setRow(int i, const Row &row)
+void DeadlineRows::tell(int i)
 {
-    if (row == m_rows.at(i))
-        return;
-    m_rows[i] = row;
     emit dataChanged(index(i), index(i));
 }
 
@@ -132,21 +164,19 @@ void DeadlineRows::follow()
 {
     if (!isRegionKnown())
         return rebuild();
-    const Instant now = ticker()->now();
-    const QList<Deadline> deadlines = m_undo->shownDeadlines();
+    const Instant before = m_now;
+    m_now = ticker()->now();
     for (int i = 0; i < count(); ++i) {
-        Row row = m_rows.at(i);
-        row.countdown = countdown(deadlines.at(i), now);
-        row.isPassed = deadlines.at(i).date <= now;
-        setRow(i, row);
+        if (readsAnew(m_rows.at(i).date, before, m_now))
+            tell(i);
     }
     recount();
 }
 
 void DeadlineRows::recount()
 {
-    const auto active = static_cast<int>(std::count_if(
-        m_rows.cbegin(), m_rows.cend(), [](const Row &row) { return !row.isPassed && !row.isRemoved; }));
+    const auto active = static_cast<int>(std::count_if(m_rows.cbegin(), m_rows.cend(),
+        [this](const Row &row) { return row.date > m_now && !row.isRemoved; }));
     if (active == m_activeCount)
         return;
     m_activeCount = active;

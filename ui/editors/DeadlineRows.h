@@ -49,12 +49,12 @@ signals:
     void activeCountChanged();
 
 private:
+    /// What of a deadline decides how its row reads. The words are made when they are asked for: of a long
+    /// list only what is in view is.
     struct Row {
         QString id;
         QString title;
-        QString dateText;
-        QString countdown;
-        bool isPassed = false;
+        Instant date;
         bool isRemoved = false;
 
         friend bool operator==(const Row &, const Row &) = default;
@@ -62,11 +62,11 @@ private:
 
     TickerViewModel *ticker() const { return m_undo == nullptr ? nullptr : m_undo->ticker(); }
     void watchTicker();
-    Row rowOf(const Deadline &deadline, bool isRemoved) const;
+    QList<Row> wantedRows() const;
     static QStringList idsOf(const QList<Row> &rows);
     void rebuild();
     void addAndRemove(const QList<Row> &wanted);
-    void setRow(int i, const Row &row);
+    void tell(int i);
     void follow();
     void recount();
     /// Whether the dates are written as the user's region writes them now.
@@ -76,6 +76,7 @@ private:
     DeadlineUndo *m_undo = nullptr;
     QMetaObject::Connection m_ticks;
     QList<Row> m_rows;
+    Instant m_now; ///< for which the rows were told last
     int m_activeCount = 0;
     QByteArray m_locale; ///< with which the dates are written
     int m_utcOffset = 0; ///< the user's, at that time
