@@ -86,22 +86,29 @@ void FlowLayout::updatePolish()
     emit isLaidOutChanged();
 }
 
-QList<QQuickItem *> FlowLayout::itemsToPlace() const
+QList<FlowLayout::Occupant> FlowLayout::occupants() const
 {
-    QList<QQuickItem *> items = childItems();
-    items.removeIf([](const QQuickItem *item) { return !item->isVisible() || item->size().isEmpty(); });
-    return items;
+    QList<Occupant> occupants;
+    for (QQuickItem *item : childItems()) {
+        if (item->isVisible() && !item->size().isEmpty())
+            occupants.append({ item, item->size() });
+    }
+    return occupants;
 }
 
 void FlowLayout::layOut()
 {
     const std::optional<qreal> proposedWidth = widthValid() ? std::optional(width()) : std::nullopt;
-    const QList<QQuickItem *> items = itemsToPlace();
+    const QList<Occupant> placed = occupants();
     QList<QSizeF> sizes;
-    for (const QQuickItem *item : items)
-        sizes.append(item->size());
+    for (const Occupant &occupant : placed)
+        sizes.append(occupant.size);
+    const QList<QPointF> corners = m_engine.placeSubviews(QRectF(), proposedWidth, sizes);
+    m_places.clear();
+    for (qsizetype i = 0; i < sizes.size(); ++i)
+        m_places.append(QRectF(corners.at(i), sizes.at(i)));
     m_order = childItems();
-    place(items, m_engine.placeSubviews(QRectF(), proposedWidth, sizes));
+    place(placed);
     m_laidOutWidth = width();
     setImplicitHeight(m_engine.sizeThatFits(proposedWidth, sizes).height());
 }
@@ -111,16 +118,19 @@ bool FlowLayout::glides(QQuickItem *item) const
     return m_isLaidOut && duration() > 0 && m_laidOutWidth == width() && m_glides.contains(item);
 }
 
-void FlowLayout::place(const QList<QQuickItem *> &items, const QList<QPointF> &places)
+void FlowLayout::place(const QList<Occupant> &occupants)
 {
     QHash<QQuickItem *, Glide> next;
     bool isMoving = false;
-    for (qsizetype i = 0; i < items.size(); ++i) {
-        QQuickItem *item = items.at(i);
+    for (qsizetype i = 0; i < occupants.size(); ++i) {
+        QQuickItem *item = occupants.at(i).item;
+        if (item == nullptr)
+            continue;
+        const QPointF corner = m_places.at(i).topLeft();
         if (!glides(item))
-            item->setPosition(places.at(i));
-        isMoving = isMoving || item->position() != places.at(i);
-        next.insert(item, { item->position(), places.at(i) });
+            item->setPosition(corner);
+        isMoving = isMoving || item->position() != corner;
+        next.insert(item, { item->position(), corner });
     }
     m_glides = next;
     m_animation.stop();

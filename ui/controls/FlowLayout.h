@@ -38,6 +38,17 @@ signals:
     void isLaidOutChanged();
 
 protected:
+    /// What has a place: an item, or only the room for one.
+    struct Occupant {
+        QQuickItem *item = nullptr;
+        QSizeF size;
+    };
+    /// In order; by default the visible children that have a size.
+    virtual QList<Occupant> occupants() const;
+    void layOut();
+    /// Of the occupants as of the last layout.
+    const QList<QRectF> &places() const { return m_places; }
+
     void itemChange(ItemChange change, const ItemChangeData &data) override;
     void geometryChange(const QRectF &geometry, const QRectF &before) override;
     void updatePolish() override;
@@ -50,14 +61,13 @@ private:
 
     void watchChild(QQuickItem &child);
     void watchFrames(QQuickWindow *window);
-    QList<QQuickItem *> itemsToPlace() const;
     bool glides(QQuickItem *item) const;
-    void layOut();
-    void place(const QList<QQuickItem *> &items, const QList<QPointF> &places);
+    void place(const QList<Occupant> &occupants);
     void moveItems(qreal progress);
 
     FlowLayoutEngine m_engine;
     QList<QQuickItem *> m_order; ///< all children as of the last layout
+    QList<QRectF> m_places;
     QHash<QQuickItem *, Glide> m_glides; ///< the children that have a place
     QVariantAnimation m_animation;
     QMetaObject::Connection m_frames;
