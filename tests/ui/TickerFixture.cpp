@@ -104,6 +104,14 @@ void TickerFixture::addDeadline(const QString &title, double seconds)
     m_ticker.addDeadline(m_world.deadline(title, seconds));
 }
 
+void TickerFixture::setDeadlines(const QStringList &titles)
+{
+    QList<Deadline> deadlines;
+    for (const QString &title : titles)
+        deadlines.append(m_world.deadline(title, 60 * static_cast<double>(deadlines.size() + 1)));
+    m_ticker.setDeadlines(deadlines);
+}
+
 QStringList TickerFixture::deadlines() const
 {
     return linesOf(m_ticker.deadlines());

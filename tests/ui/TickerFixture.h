@@ -52,6 +52,8 @@ public:
     Q_INVOKABLE void setNow(const QString &iso);
     /// Adds a deadline so many seconds from now.
     Q_INVOKABLE void addDeadline(const QString &title, double seconds);
+    /// Has the ticker have these deadlines, a minute apart, the first one a minute from now.
+    Q_INVOKABLE void setDeadlines(const QStringList &titles);
     /// The ticker's deadlines, as "title 2026-05-05T08:05:07Z".
     Q_INVOKABLE QStringList deadlines() const;
     /// The same as they are stored; ["absent"] where nothing is.

@@ -11,6 +11,8 @@ RoundedBox {
     // What has the keyboard where the entry has it.
     required property Item keyboardStop
     property bool isRemoved: false
+    // What a screen reader says of its place in the list, where it cannot count the entries itself.
+    property string position
     // The UndoOffer that stands in the place of a removed entry.
     required property url offer
 

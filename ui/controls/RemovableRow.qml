@@ -79,7 +79,7 @@ RemovableBox {
             Accessible.role: Accessible.ListItem
             Accessible.ignored: !parent.enabled
             Accessible.name: root.subject
-            Accessible.description: root.details + "Return edits it, Delete removes it."
+            Accessible.description: Wording.sentences([root.position, root.details + "Return edits it, Delete removes it."])
             Accessible.focusable: true
             Accessible.focused: activeFocus
             Accessible.onPressAction: root.edit()

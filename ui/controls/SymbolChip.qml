@@ -64,7 +64,7 @@ RemovableBox {
             font.pixelSize: Theme.smallSize
             font.weight: Theme.medium
             elide: Text.ElideRight
-            Accessible.description: root.trouble
+            Accessible.description: Wording.sentences([root.position, root.trouble])
             Accessible.selectable: true
             Accessible.selected: root.shown
         }
@@ -96,7 +96,7 @@ RemovableBox {
             }
             Accessible.name: Wording.removing(root.symbol)
             // The keyboard comes to nothing else of the chip.
-            Accessible.description: root.trouble
+            Accessible.description: Wording.sentences([root.position, root.trouble])
             onClicked: root.removed()
             // A double click on Undo ends here.
             onDoubleClicked: {}

@@ -74,6 +74,7 @@ QtObject {
     readonly property int switchRoom: 22
 
     readonly property int panelWidth: 340
+    readonly property int panelHeight: 540
     readonly property int panelRadius: 14
     readonly property int cardRadius: 10
     readonly property int rowRadius: 8

@@ -53,16 +53,25 @@ Column {
         id: label
         text: "SYMBOLS"
     }
-    FlowLayout {
-        id: flow
+    RowRepeater {
+        id: chips
+
+        readonly property int shownRow: root.undo.places[price.index] ?? -1
+
         width: root.width
-        height: implicitHeight
         spacing: Theme.rowSpacing
         duration: Theme.listDuration
-        visible: chips.count > 0
+        name: "Symbols"
+        fallback: newSymbol.field
+        // The one on show is wider by its dot.
+        kept: [...root.undo.removedRows, shownRow]
+        estimate: ChipExtent {}
+        model: TextListModel {
+            entries: root.undo.shown
+        }
 
         Behavior on height {
-            enabled: flow.isLaidOut
+            enabled: chips.isLaidOut
 
             NumberAnimation {
                 duration: Theme.listDuration
@@ -70,44 +79,37 @@ Column {
             }
         }
 
-        RowRepeater {
-            id: chips
-            fallback: newSymbol.field
-            model: TextListModel {
-                entries: root.undo.shown
+        SymbolChip {
+            id: chip
+
+            required property int index
+            required property string entry
+
+            symbol: entry
+            position: chips.positionOf(index)
+            shown: chips.shownRow === index
+            isRemoved: Array.from(root.undo.removed).includes(entry)
+            trouble: status.text
+            maximumWidth: root.width
+            onRemoved: root.remove(chip, index)
+            onReturned: root.undo.putBack(entry)
+
+            SymbolTrouble {
+                id: status
+                ticker: root.ticker
+                symbol: chip.entry
             }
 
-            SymbolChip {
-                id: chip
+            // The first ones are there at once, and so are those that were only out of view.
+            Component.onCompleted: entrance.running = chips.isAdding
 
-                required property int index
-                required property string entry
-
-                symbol: entry
-                shown: root.undo.places[price.index] === index
-                isRemoved: Array.from(root.undo.removed).includes(entry)
-                trouble: status.text
-                maximumWidth: root.width
-                onRemoved: root.remove(chip, index)
-                onReturned: root.undo.putBack(entry)
-
-                SymbolTrouble {
-                    id: status
-                    ticker: root.ticker
-                    symbol: chip.entry
-                }
-
-                // The first ones are there at once.
-                Component.onCompleted: entrance.running = flow.isLaidOut
-
-                NumberAnimation on opacity {
-                    id: entrance
-                    running: false
-                    from: 0
-                    to: 1
-                    duration: Theme.listDuration
-                    easing.type: Theme.easeInOut
-                }
+            NumberAnimation on opacity {
+                id: entrance
+                running: false
+                from: 0
+                to: 1
+                duration: Theme.listDuration
+                easing.type: Theme.easeInOut
             }
         }
     }

@@ -81,29 +81,28 @@ Column {
             fallback: newName
         }
     }
-    Column {
+    RowRepeater {
+        id: rows
         width: root.width
         spacing: Theme.listSpacing
-        visible: deadlines.count > 0
+        name: "Deadlines"
+        fallback: newName
+        kept: root.undo.removedRows
+        model: deadlines
 
-        RowRepeater {
-            id: rows
-            fallback: newName
-            model: deadlines
+        DeadlineRow {
+            id: row
 
-            DeadlineRow {
-                id: row
+            required property int index
 
-                required property int index
-
-                width: root.width
-                ticker: root.ticker
-                isRemoved: Array.from(root.undo.removed).includes(deadlineId)
-                onPressed: presses.meet(deadlineId)
-                onRemoved: root.remove(row, deadlineId, index)
-                onEdited: (editor, keepsKeyboard) => root.take(editor, deadlineId, keepsKeyboard)
-                onReturned: root.undo.putBack(deadlineId)
-            }
+            width: root.width
+            ticker: root.ticker
+            position: rows.positionOf(index)
+            isRemoved: Array.from(root.undo.removed).includes(deadlineId)
+            onPressed: presses.meet(deadlineId)
+            onRemoved: root.remove(row, deadlineId, index)
+            onEdited: (editor, keepsKeyboard) => root.take(editor, deadlineId, keepsKeyboard)
+            onReturned: root.undo.putBack(deadlineId)
         }
     }
     InkText {

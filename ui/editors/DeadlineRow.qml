@@ -21,15 +21,16 @@ RemovableRow {
     implicitHeight: isEditing ? editorHeight : Math.max(words.height, badge.height) + 2 * 7
     opacity: isPassed && !isRemoved && !isEditing ? Theme.passedOpacity : 1
 
-    // The row says all of these.
-    Column {
+    // The row says all of these. Its size is known as soon as it is made, which is later in a column.
+    Item {
         id: words
         x: 10
         width: badge.x - 8 - x
+        height: date.y + date.height
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 2
 
         CutText {
+            id: name
             width: parent.width
             text: root.title
             hasKeyboard: root.wasReachedByKeyboard
@@ -40,6 +41,8 @@ RemovableRow {
             Accessible.ignored: true
         }
         CutText {
+            id: date
+            y: name.height + 2
             width: parent.width
             text: root.dateText
             color: Theme.softText

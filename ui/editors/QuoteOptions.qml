@@ -95,33 +95,35 @@ Column {
             visible: !root.hasQuotes
         }
     }
-    Column {
+    RowRepeater {
+        id: rows
         width: root.width
         spacing: Theme.listSpacing
-        visible: rows.count > 0
+        name: "Your quotes"
+        fallback: newQuote.field
+        kept: root.undo.removedRows
+        estimate: QuoteExtent {
+            width: root.width
+        }
+        model: TextListModel {
+            entries: root.undo.shown
+        }
 
-        RowRepeater {
-            id: rows
-            fallback: newQuote.field
-            model: TextListModel {
-                entries: root.undo.shown
-            }
+        QuoteRow {
+            id: row
 
-            QuoteRow {
-                id: row
+            required property int index
+            required property string entry
 
-                required property int index
-                required property string entry
-
-                width: root.width
-                ticker: root.ticker
-                quote: entry
-                isRemoved: Array.from(root.undo.removed).includes(entry)
-                onPressed: presses.meet(entry)
-                onRemoved: root.remove(row, index)
-                onEdited: (editor, keepsKeyboard) => root.take(editor, index, keepsKeyboard)
-                onReturned: root.undo.putBack(entry)
-            }
+            width: root.width
+            ticker: root.ticker
+            quote: entry
+            position: rows.positionOf(index)
+            isRemoved: Array.from(root.undo.removed).includes(entry)
+            onPressed: presses.meet(entry)
+            onRemoved: root.remove(row, index)
+            onEdited: (editor, keepsKeyboard) => root.take(editor, index, keepsKeyboard)
+            onReturned: root.undo.putBack(entry)
         }
     }
     InkText {

@@ -74,6 +74,20 @@ QStringList Undo::removed() const
     return keys;
 }
 
+QList<int> Undo::removedRows() const
+{
+    QList<int> rows;
+    int row = 0;
+    for (const ShownEntry &entry : m_entries) {
+        if (!isShown(entry))
+            continue;
+        if (entry.removal != ShownEntry::inList)
+            rows.append(row);
+        ++row;
+    }
+    return rows;
+}
+
 QList<int> Undo::places() const
 {
     QList<int> places;

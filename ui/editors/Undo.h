@@ -24,6 +24,8 @@ class Undo : public QObject {
     Q_PROPERTY(QStringList shown READ shown NOTIFY shownChanged)
     /// The keys of those of them that were removed.
     Q_PROPERTY(QStringList removed READ removed NOTIFY offersChanged)
+    /// The places of those among all that are shown.
+    Q_PROPERTY(QList<int> removedRows READ removedRows NOTIFY offersChanged)
     /// The place of each entry of the list among those that are shown.
     Q_PROPERTY(QList<int> places READ places NOTIFY offersChanged)
     /// Whether nothing is in the list.
@@ -46,6 +48,7 @@ public:
     /// Where an entry stands among those; -1: nowhere.
     Q_INVOKABLE int rowOf(const QString &key) const { return static_cast<int>(shown().indexOf(key)); }
     QStringList removed() const;
+    QList<int> removedRows() const;
     QList<int> places() const;
     bool isEmpty() const { return keysInList(m_entries).isEmpty(); }
     bool canUndo() const { return !m_removals.isEmpty(); }

@@ -24,7 +24,7 @@ Rectangle {
     }
 
     implicitWidth: Theme.panelWidth
-    implicitHeight: 540
+    implicitHeight: Theme.panelHeight
     radius: Theme.panelRadius
     color: Theme.background
 

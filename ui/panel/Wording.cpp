@@ -73,6 +73,16 @@ QString Wording::known(const QString &item)
     return item + QStringLiteral(" is there already");
 }
 
+QString Wording::entries(int count)
+{
+    return QString::number(count) + QStringLiteral(" entries");
+}
+
+QString Wording::position(int place, int count)
+{
+    return QStringLiteral("%1 of %2").arg(place).arg(count);
+}
+
 QString Wording::active(int count)
 {
     return QString::number(count) + QStringLiteral(" active");

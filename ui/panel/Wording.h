@@ -42,6 +42,9 @@ public:
     static QString removedAll();
     /// What a screen reader says where `item` was to be added and is there already.
     Q_INVOKABLE static QString known(const QString &item);
+    /// What a screen reader says for a list of so many entries, and for the place of one of them.
+    Q_INVOKABLE static QString entries(int count);
+    Q_INVOKABLE static QString position(int place, int count);
     /// Says how many deadlines are still to come.
     Q_INVOKABLE static QString active(int count);
     /// Those that are not empty, one after the other.
