@@ -41,7 +41,10 @@ RoundedBox {
             if (around instanceof ScrollArea)
                 (around as ScrollArea).reveal(root);
         }
-        pointing.restart();
+        pointer.source = "";
+        pointer.setSource("PointingRing.qml", {
+            cornerRadius: radius
+        });
     }
 
     // The keyboard comes back with the entry.
@@ -54,34 +57,11 @@ RoundedBox {
 
     onIsRemovedChanged: isRemoved ? makeOffer() : takeOfferBack()
 
-    SequentialAnimation {
-        id: pointing
-
-        NumberAnimation {
-            target: ring
-            property: "opacity"
-            to: 1
-            duration: Theme.borderDuration
-        }
-        PauseAnimation {
-            duration: Theme.pointingDuration
-        }
-        NumberAnimation {
-            target: ring
-            property: "opacity"
-            to: 0
-            duration: Theme.listDuration
-        }
-    }
-    RoundedBox {
-        id: ring
+    // Nothing of it is there before, for there are many entries.
+    Loader {
+        id: pointer
         anchors.fill: parent
         z: 1
-        radius: root.radius
-        borderWidth: Theme.fieldBorderWidth
-        borderColor: Theme.accent
-        opacity: 0
-        visible: opacity > 0
     }
     Loader {
         id: place

@@ -8,6 +8,7 @@ RoundedBox::RoundedBox(QQuickItem *parent)
     : QQuickPaintedItem(parent)
 {
     setAntialiasing(true);
+    setFlag(ItemHasContents, isSeen());
 }
 
 template <typename Value> void RoundedBox::repaintWith(Value &member, const Value &value)
@@ -16,7 +17,15 @@ template <typename Value> void RoundedBox::repaintWith(Value &member, const Valu
         return;
     member = value;
     emit changed();
+    // What is without contents cannot be told to change.
+    setFlag(ItemHasContents);
     update();
+    setFlag(ItemHasContents, isSeen());
+}
+
+bool RoundedBox::isSeen() const
+{
+    return m_color.alpha() > 0 || (m_borderWidth > 0 && m_borderColor.alpha() > 0);
 }
 
 void RoundedBox::setColor(const QColor &color)

@@ -6,7 +6,8 @@
 namespace glimmet {
 
 /// A filled rounded rectangle with a border painted over the fill, inside its edge. Unlike the toolkit's
-/// rectangle it keeps widths such as 1.5 and lets a see-through border show the fill under it.
+/// rectangle it keeps widths such as 1.5 and lets a see-through border show the fill under it. While there is
+/// nothing to be seen of it, it holds no picture.
 class RoundedBox : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -37,6 +38,7 @@ signals:
     void changed();
 
 private:
+    bool isSeen() const;
     template <typename Value> void repaintWith(Value &member, const Value &value);
 
     QColor m_color = Qt::transparent;

@@ -1,5 +1,6 @@
 #include "ui/controls/SymbolImage.h"
 
+#include <QHash>
 #include <QPainter>
 
 namespace glimmet {
@@ -9,6 +10,18 @@ namespace {
 QString symbolFile(const QString &name)
 {
     return QStringLiteral(":/qt-project.org/imports/Glimmet/symbols/%1.svg").arg(name);
+}
+
+/// The drawing of a symbol, for as long as anything shows it: a list shows the same one in each row. Main
+/// thread.
+std::shared_ptr<QSvgRenderer> drawingOf(const QString &name)
+{
+    static QHash<QString, std::weak_ptr<QSvgRenderer>> known;
+    std::weak_ptr<QSvgRenderer> &entry = known[name];
+    std::shared_ptr<QSvgRenderer> drawing = entry.lock();
+    if (!drawing)
+        entry = drawing = std::make_shared<QSvgRenderer>(symbolFile(name));
+    return drawing;
 }
 
 } // namespace
@@ -24,8 +37,7 @@ void SymbolImage::setName(const QString &name)
     if (m_name == name)
         return;
     m_name = name;
-    if (!name.isEmpty())
-        m_drawing.load(symbolFile(name));
+    m_drawing = name.isEmpty() ? nullptr : drawingOf(name);
     emit nameChanged();
     update();
 }
@@ -59,14 +71,14 @@ void SymbolImage::setTurn(qreal degrees)
 
 void SymbolImage::paint(QPainter *painter)
 {
-    if (m_name.isEmpty())
+    if (!m_drawing)
         return;
     const QPointF center = boundingRect().center();
     painter->save();
     painter->translate(center);
     painter->rotate(m_turn);
     painter->translate(-center);
-    m_drawing.render(painter, boundingRect());
+    m_drawing->render(painter, boundingRect());
     painter->restore();
     // The drawings are black; what they cover takes the colour, with its opacity.
     painter->setCompositionMode(QPainter::CompositionMode_SourceIn);

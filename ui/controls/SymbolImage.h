@@ -4,6 +4,8 @@
 #include <QQuickPaintedItem>
 #include <QSvgRenderer>
 
+#include <memory>
+
 namespace glimmet {
 
 /// One of the project's own symbols, named after its file, drawn in one colour at the screen's full
@@ -43,7 +45,7 @@ private:
     QColor m_color = Qt::black;
     qreal m_size = 0;
     qreal m_turn = 0;
-    QSvgRenderer m_drawing;
+    std::shared_ptr<QSvgRenderer> m_drawing; ///< that all images of the name have
 };
 
 } // namespace glimmet
