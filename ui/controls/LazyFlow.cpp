@@ -12,8 +12,8 @@ namespace glimmet {
 namespace {
 
 /// How far beyond the view, in heights of the view, rows are built, and kept once they are.
-constexpr qreal builtBeyond = 0.5;
-constexpr qreal keptBeyond = 1;
+constexpr qreal builtBeyond = 0.25;
+constexpr qreal keptBeyond = 0.4;
 
 } // namespace
 

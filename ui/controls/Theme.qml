@@ -76,6 +76,8 @@ QtObject {
     readonly property int panelWidth: 340
     readonly property int panelHeight: 540
     readonly property int panelRadius: 14
+    // How far an editor comes that is longer than the panel.
+    readonly property int longEditorTravel: 100
     readonly property int cardRadius: 10
     readonly property int rowRadius: 8
     readonly property int buttonRadius: 7

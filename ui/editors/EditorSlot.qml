@@ -1,8 +1,8 @@
 import QtQuick
 import Glimmet
 
-// Holds an editor while it is shown; it comes in from the top edge and leaves the same way. A long one comes only as far as
-// it is seen: all of a long list would rush by otherwise, and have to be built for it.
+// Holds an editor while it is shown; it comes in from the top edge and leaves the same way. One that is
+// longer than the panel comes from near: all of a long list would rush by otherwise, and have to be built for it.
 EditorLoader {
     id: slot
 
@@ -13,7 +13,7 @@ EditorLoader {
     active: shown || presence > 0
     enabled: shown
     opacity: presence
-    y: (presence - 1) * Math.min(height, Theme.panelHeight)
+    y: (presence - 1) * (height > Theme.panelHeight ? Theme.longEditorTravel : height)
 
     Behavior on presence {
         NumberAnimation {

@@ -29,6 +29,7 @@ TEST_F(QuoteUndoTest, removesAtOnceAndPutsBack)
     EXPECT_THAT(ticker.customQuotes(), ElementsAre(u"a"_s, u"c"_s));
     EXPECT_THAT(undo.shown(), ElementsAre(u"a"_s, u"b"_s, u"c"_s));
     EXPECT_THAT(undo.removed(), ElementsAre(u"b"_s));
+    EXPECT_THAT(undo.removedRows(), ElementsAre(1));
     EXPECT_THAT(undo.places(), ElementsAre(0, 2));
     EXPECT_EQ(undo.news(), u"Removed b. Ctrl+Z brings it back."_s);
 

@@ -60,6 +60,12 @@ TEST(Wording, deadlinesToComeAreCounted)
     EXPECT_EQ(Wording::active(3), QStringLiteral("3 active"));
 }
 
+TEST(Wording, aLongListIsToldByItsCountAndAnEntryByItsPlace)
+{
+    EXPECT_EQ(Wording::entries(1000), QStringLiteral("1000 entries"));
+    EXPECT_EQ(Wording::position(3, 1000), QStringLiteral("3 of 1000"));
+}
+
 TEST(Wording, anErrorStandsOnOneLineWithItsTime)
 {
     const QString time = QStringLiteral("14:32");
