@@ -17,8 +17,7 @@ icu::Locale gregorian(const QByteArray &localeName);
 
 /// A zone that is `utcOffset` seconds ahead of UTC all year. Only the offset of one moment matters to a
 /// clock, and the system's rules give it: they are newer than those inside ICU and also serve zones without a
-/// name
-/// ("EST5EDT", a copied /etc/localtime).
+/// name ("EST5EDT", a copied /etc/localtime).
 std::unique_ptr<icu::TimeZone> zoneOf(int utcOffset);
 
 QString toQString(const icu::UnicodeString &text);
