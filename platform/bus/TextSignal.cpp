@@ -2,6 +2,7 @@
 
 #include <dbus/dbus.h>
 
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 
@@ -20,17 +21,27 @@ Message owned(DBusMessage *message)
             } };
 }
 
-/// Whether a small message goes out at once. What is left over would wait for Qt's thread, which does not
-/// hear of it.
-bool isFree(DBusConnection *connection)
+/// A unit of UTF-16 is three bytes of UTF-8 at most.
+qsizetype mostBytes(const QStringList &texts)
 {
-    int socket = -1;
+    qsizetype bytes = 0;
+    for (const QString &text : texts)
+        bytes += 3 * text.size();
+    return bytes;
+}
+
+/// Whether so many bytes go out at once. What is left over would wait for Qt's thread, which does not hear of
+/// it; and on a bus that is gone the library would end here what belongs to that thread.
+bool isFree(DBusConnection *connection, qsizetype bytes)
+{
+    pollfd socket{ -1, POLLOUT, 0 };
     int waiting = 0;
     int room = 0;
     socklen_t length = sizeof(room);
     return !dbus_connection_has_messages_to_send(connection)
-        && dbus_connection_get_unix_fd(connection, &socket) && ioctl(socket, SIOCOUTQ, &waiting) == 0
-        && getsockopt(socket, SOL_SOCKET, SO_SNDBUF, &room, &length) == 0 && waiting < room / 2;
+        && dbus_connection_get_unix_fd(connection, &socket.fd) && poll(&socket, 1, 0) == 1
+        && socket.revents == POLLOUT && ioctl(socket.fd, SIOCOUTQ, &waiting) == 0
+        && getsockopt(socket.fd, SOL_SOCKET, SO_SNDBUF, &room, &length) == 0 && waiting + bytes < room / 2;
 }
 
 bool append(DBusMessage *message, const QStringList &texts)
@@ -56,7 +67,7 @@ TextSignal::TextSignal(const char *path, const char *interface, const char *memb
 bool TextSignal::send(const QDBusConnection &connection, const QStringList &texts) const
 {
     auto *const native = static_cast<DBusConnection *>(connection.internalPointer());
-    if (native == nullptr || !m_head || !isFree(native))
+    if (native == nullptr || !m_head || !isFree(native, mostBytes(texts)))
         return false;
     const Message message = owned(dbus_message_copy(m_head.get()));
     return message && append(message.get(), texts) && dbus_connection_send(native, message.get(), nullptr)
