@@ -8,20 +8,13 @@ from gi.repository import GLib
 from desktop import gnome
 from desktop.glimmet import ITEM, ITEM_INTERFACE, NAME, PANEL
 from desktop.processes import wait_for, watch_for
+from desktop.top_bar import buttons, buttons_in_peace, set_extension, wait_for_button
 from desktop_case import DesktopCase
 
-EXTENSION = "glimmet@kerno.me"
-EXTENSION_NAME = "me.kerno.glimmet.TopBar"
 OBJECT = ("/me/kerno/glimmet/TopBar", "me.kerno.glimmet.TopBar1")
-# What the shell's accessibility tree has of the button: name and role, which newer libraries call differently.
-BUTTON_SIGHT = ("glimmet", "push button", "button")
 ROUNDS = 10
 # Seconds in which a press that is taken for a second one would have shown.
 TIME_TO_OPEN = 1
-
-
-def set_extension(desktop, wanted):
-    gnome.set_extension(desktop, EXTENSION, EXTENSION_NAME, wanted)
 
 
 class TopBarCase(DesktopCase):
@@ -36,23 +29,7 @@ class TopBarCase(DesktopCase):
     def setUp(self):
         super().setUp()
         self.launch()
-        self.button = self.wait_for_button()
-
-    def buttons(self):
-        """The buttons that are in sight, each with its label."""
-        return [(node.area, label.name) for node in gnome.find_all(self.desktop, *BUTTON_SIGHT)
-                for label in node.children() if label.showing and label.name]
-
-    def wait_for_button(self):
-        """Returns where the button is."""
-        (area, _), = wait_for(self.buttons_in_peace, 20, "the button in the top bar")
-        return area
-
-    def buttons_in_peace(self):
-        try:
-            return self.buttons()
-        except GLib.Error:
-            return []  # One went while it was looked at.
+        self.button = wait_for_button(self.desktop)
 
     def press(self, button=1):
         self.screen.click(*self.button.middle, button)
@@ -81,7 +58,7 @@ class OnBothDisplays:
         texts = set()
 
         def has_changed_three_times():
-            texts.update(text for _, text in self.buttons())
+            texts.update(text for _, text in buttons(self.desktop))
             return len(texts) > 3
 
         wait_for(has_changed_three_times, 15, "the text to change three times")
@@ -140,7 +117,7 @@ class GnomeExtension(OnBothDisplays, TopBarCase):
         areas = set()
 
         def has_changed_five_times():
-            areas.update(self.buttons())
+            areas.update(buttons(self.desktop))
             return len(areas) > 5
 
         wait_for(has_changed_five_times, 20, "the text to change five times")
@@ -182,10 +159,10 @@ class GnomeExtension(OnBothDisplays, TopBarCase):
 
     def test_the_button_goes_and_comes_with_the_program(self):
         self.glimmet.stop()
-        wait_for(lambda: not self.buttons_in_peace(), 10, "the button to go")
+        wait_for(lambda: not buttons_in_peace(self.desktop), 10, "the button to go")
 
         self.launch()
-        self.button = self.wait_for_button()
+        self.button = wait_for_button(self.desktop)
 
         self.open()
 
@@ -199,7 +176,7 @@ class GnomeExtension(OnBothDisplays, TopBarCase):
 
         set_extension(self.desktop, True)
         self.wait_for_status("Passive")
-        self.button = self.wait_for_button()
+        self.button = wait_for_button(self.desktop)
         self.open()
 
     def test_a_row_of_the_settings_switches_it(self):
@@ -210,12 +187,12 @@ class GnomeExtension(OnBothDisplays, TopBarCase):
         wait_for(lambda: row.checked, 10, "the switch to show that the extension runs")
 
         row.press()
-        wait_for(lambda: not self.buttons_in_peace(), 10, "the button to go")
+        wait_for(lambda: not buttons_in_peace(self.desktop), 10, "the button to go")
         self.wait_for_status("Active")
         self.assertFalse(row.checked)
 
         row.press()
-        self.button = self.wait_for_button()
+        self.button = wait_for_button(self.desktop)
         self.wait_for_status("Passive")
         self.assertTrue(row.checked)
 
