@@ -75,11 +75,13 @@ def start_shell(desktop, own_extensions=None):
     wait_until_there(desktop)
 
 
-def start_wayland_shell(desktop, size, own_extensions=None):
-    """The same under Wayland: the shell brings the screen itself, which is the desktop's from then on."""
+def start_wayland_shell(desktop, size, own_extensions=None, monitors=1):
+    """The same under Wayland: the shell brings the screen itself, which is the desktop's from then on. Each of its
+    monitors is of that size."""
     prepare(desktop, own_extensions)
     desktop.start("gnome-shell", [
-        "gnome-shell", "--wayland", "--headless", "--unsafe-mode", "--virtual-monitor", "{}x{}".format(*size),
+        "gnome-shell", "--wayland", "--headless", "--unsafe-mode",
+        *(["--virtual-monitor", "{}x{}".format(*size)] * monitors),
         "--wayland-display", desktop.environment["WAYLAND_DISPLAY"]])
     wait_for(lambda: desktop.bus.owner(REMOTE), 60, "GNOME Shell")
     desktop.environment |= wait_for(lambda: x_display(desktop), 30, "XWayland")

@@ -5,11 +5,15 @@ from gi.repository import GLib
 
 from desktop.bus import connect_when_there
 from desktop.processes import wait_for
-from desktop.screen import Screen, steps_between
+from desktop.screen import Area, Screen, steps_between
 
 REMOTE = "org.gnome.Mutter.RemoteDesktop"
 SHELL = ("org.gnome.Shell", "/org/gnome/Shell", "org.gnome.Shell")
 SCREENSHOT = ("org.gnome.Shell.Screenshot", "/org/gnome/Shell/Screenshot", "org.gnome.Shell.Screenshot")
+MONITORS = ("org.gnome.Mutter.DisplayConfig", "/org/gnome/Mutter/DisplayConfig", "org.gnome.Mutter.DisplayConfig")
+TEMPORARILY = 1
+NOT_ROTATED = 0
+ARRANGEMENT = "(uua(iiduba(ssa{sv}))a{sv})"
 # As the kernel numbers them.
 BUTTONS = {1: 0x110, 3: 0x111, 2: 0x112}
 # How many frames the shell has drawn, of which it is to draw another one.
@@ -20,6 +24,11 @@ COUNT_FRAMES = """
     }
     global.stage.queue_redraw();
     globalThis.countedFrames;
+"""
+# Newer libraries have the seat elsewhere.
+MOVE_POINTER = """
+    (imports.gi.Clutter.get_default_backend?.() ?? global.stage.context.get_backend()).get_default_seat()
+        .warp_pointer({x}, {y});
 """
 KEYS = {"End": 0xFF57, "Escape": 0xFF1B, "Tab": 0xFF09, "Shift_L": 0xFFE1}
 
@@ -38,14 +47,41 @@ class MutterScreen(Screen):
     def _do(self, what, signature="()", *values):
         self._bus.call(REMOTE, self._session, f"{REMOTE}.Session", what, GLib.Variant(signature, values))
 
+    def _run_script(self, script):
+        return self._bus.call(*SHELL, "Eval", GLib.Variant("(s)", (script,)))[1]
+
     def _count_frames(self):
-        return int(self._bus.call(*SHELL, "Eval", GLib.Variant("(s)", (COUNT_FRAMES,)))[1])
+        return int(self._run_script(COUNT_FRAMES))
 
     def move(self, x, y):
-        # Places are told only by their distance from the last one: away to the corner where nothing reacts, and back.
-        self._do("NotifyPointerMotionRelative", "(dd)", 10.0 * self.area.width, 10.0 * self.area.height)
-        self._do("NotifyPointerMotionRelative", "(dd)", x + 1.0 - self.area.width, y + 1.0 - self.area.height)
+        # By the lower edge: a pointer that comes along the upper one is held at the bar's ends.
+        self._do("NotifyPointerMotionRelative", "(dd)", 0.0, 10.0 * self.area.height)
+        self._run_script(MOVE_POINTER.format(x=x, y=y))
         self.wait_until_seen()
+
+    def monitors(self):
+        """The names of all monitors that are plugged in, also of those that show nothing."""
+        return sorted(self._modes()[1])
+
+    def show_on(self, scales, primary):
+        """Has these monitors, and no other, show the desktop, one beside the other: `scales` has the scale of each by
+        its name, and the bar is on the `primary`. Returns where each is."""
+        serial, modes = self._modes()
+        areas, arrangement, left = {}, [], 0
+        for name, scale in scales.items():
+            mode, width, height = modes[name]
+            areas[name] = Area(left, 0, width, height)
+            arrangement.append((left, 0, scale, NOT_ROTATED, name == primary, [(name, mode, {})]))
+            left += width
+        self._bus.call(*MONITORS, "ApplyMonitorsConfig",
+                       GLib.Variant(ARRANGEMENT, (serial, TEMPORARILY, arrangement, {})))
+        self.area = Area(0, 0, left, max(area.height for area in areas.values()))
+        return areas
+
+    def _modes(self):
+        """The state's number, and the first mode of each monitor by its name: what it is called, and its size."""
+        serial, monitors, *_ = self._bus.call(*MONITORS, "GetCurrentState")
+        return serial, {connector: modes[0][:3] for (connector, *_), modes, *_ in monitors}
 
     def wait_until_seen(self):
         """The shell handles what hands do only with its next frame, and then takes a press for one at what the pointer

@@ -52,10 +52,11 @@ SESSION_BUS = """<busconfig>
 
 class VirtualDesktop:
     """`has_keyring` is False where a test brings another service for secrets; `shell_extensions` is a folder with
-    further extensions of the shell, which `is_wayland` says to run under Wayland."""
+    further extensions of the shell, which `is_wayland` says to run under Wayland, where it can have several
+    `monitors`."""
 
     def __init__(self, kind="strip", size=(1280, 800), compositor=False, has_keyring=True, shell_extensions=None,
-                 is_wayland=False):
+                 is_wayland=False, monitors=1):
         if kind not in KINDS:
             raise ValueError(f"no desktop “{kind}”: one of {', '.join(KINDS)}")
         self.kind = kind
@@ -64,6 +65,7 @@ class VirtualDesktop:
         self._has_keyring = has_keyring
         self._shell_extensions = shell_extensions
         self._is_wayland = is_wayland
+        self._monitors = monitors
         self._keyring = None
         self.bus = None
         self.screen = None
@@ -136,7 +138,7 @@ class VirtualDesktop:
 
     def _start_shell(self):
         if self._is_wayland:
-            gnome.start_wayland_shell(self, self._size, self._shell_extensions)
+            gnome.start_wayland_shell(self, self._size, self._shell_extensions, self._monitors)
         else:
             gnome.start_shell(self, self._shell_extensions)
 

@@ -26,11 +26,13 @@ class DesktopCase(unittest.TestCase):
     has_keyring = True
     shell_extensions = None
     is_wayland = False
+    monitors = 1
 
     @classmethod
     def setUpClass(cls):
         cls.desktop = cls.enterClassContext(VirtualDesktop(
-            cls.kind, cls.size, cls.compositor, cls.has_keyring, cls.shell_extensions, cls.is_wayland))
+            cls.kind, cls.size, cls.compositor, cls.has_keyring, cls.shell_extensions, cls.is_wayland,
+            cls.monitors))
         cls.screen = cls.desktop.screen
 
     def setUp(self):

@@ -237,5 +237,56 @@ class GnomeExtensionUnderWayland(OnBothDisplays, TopBarCase):
         self.assertTrue(self.glimmet.is_panel_open())
 
 
+class GnomeExtensionOnTwoMonitors(TopBarCase):
+    """The bar is on the primary one, and so is the panel."""
+    is_wayland = True
+    monitors = 2
+    size = (1920, 1200)
+
+    def setUp(self):
+        self.left, self.right = self.screen.monitors()
+        super().setUp()
+
+    def wait_for_button_on(self, monitor):
+        def button():
+            return next((area for area, _ in buttons_in_peace(self.desktop) if monitor.contains(area)), None)
+
+        self.button = wait_for(button, 20, "the button in the bar of that monitor")
+
+    def open_on(self, monitor):
+        self.wait_for_button_on(monitor)
+        panel = self.open()
+        self.assertTrue(monitor.contains(panel), f"{panel} leaves {monitor}")
+
+    def try_unplugging(self, primary, scales):
+        areas = self.screen.show_on(scales, primary)
+        self.open_on(areas[primary])
+
+        other, = set(scales) - {primary}
+        areas = self.screen.show_on({other: scales[other]}, other)
+
+        self.wait_until_closed()
+        self.open_on(areas[other])
+        self.assertIsNone(self.glimmet.process.poll())
+
+    def test_the_panel_goes_with_its_monitor_and_opens_on_the_other(self):
+        self.try_unplugging(self.right, {self.left: 1, self.right: 1})
+
+    def test_the_panel_goes_with_a_monitor_of_twice_the_scale(self):
+        self.try_unplugging(self.right, {self.left: 1, self.right: 2})
+
+    def test_the_panel_goes_to_a_monitor_of_twice_the_scale(self):
+        self.try_unplugging(self.left, {self.left: 1, self.right: 2})
+
+    def test_the_panel_closes_with_a_monitor_beside_it_and_opens_again_where_it_was(self):
+        areas = self.screen.show_on({self.left: 1, self.right: 1}, self.left)
+        self.open_on(areas[self.left])
+
+        areas = self.screen.show_on({self.left: 1}, self.left)
+
+        self.wait_until_closed()
+        self.open_on(areas[self.left])
+
+
 if __name__ == "__main__":
     unittest.main()
