@@ -16,16 +16,7 @@ struct BarColors {
     friend bool operator==(const BarColors &, const BarColors &) = default;
 };
 
-/// i3's protocol for other programs, which is sway's too (https://i3wm.org/docs/ipc.html).
 namespace I3Ipc {
-
-enum class Type : quint32 { GetBarConfig = 6 };
-
-QByteArray message(Type type, const QByteArray &payload);
-
-/// The payload of the first message in `buffer`, which is taken out of it; none while that is not whole.
-/// `buffer` is cleared where it cannot be such a message.
-std::optional<QByteArray> takePayload(QByteArray &buffer);
 
 /// The first one in a list of bars' names; empty where there is none.
 QString firstBar(const QByteArray &payload);

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "platform/desktop/BarColors.h"
+#include "platform/desktop/I3Connection.h"
 
 #include <QObject>
-#include <QSocketNotifier>
-
-#include <memory>
-#include <optional>
 
 namespace glimmet {
 
@@ -21,21 +18,17 @@ public:
 
     /// `path`: of the socket; nothing is asked where it is empty.
     explicit BarColorsWatch(const QByteArray &path, QObject *parent = nullptr);
-    ~BarColorsWatch() override;
 
 signals:
     void found(const glimmet::BarColors &colors);
 
 private:
-    void readAnswers();
     void handle(const QByteArray &payload);
-    void send(const QByteArray &payload);
-    void end();
+    /// About a bar, or without one which there are.
+    void ask(const QByteArray &bar);
 
-    int m_socket = -1;
+    I3Connection m_connection;
     bool m_knowsBar = false;
-    QByteArray m_buffer;
-    std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
 } // namespace glimmet
