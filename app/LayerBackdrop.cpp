@@ -71,12 +71,19 @@ QPoint besideBar(QPoint pointer, const QRect &output, QSize free)
     return pointer;
 }
 
-LayerBackdrop::LayerBackdrop(WaylandConnection &connection, Timers &timers, QObject *parent)
+LayerBackdrop::LayerBackdrop(
+    WaylandConnection &connection, const QByteArray &swayPath, Timers &timers, QObject *parent)
     : PanelBackdrop(parent)
     , m_connection(connection)
+    , m_sway(swayPath)
     , m_seekTimer(timers, seekInterval, [this] { seekPointer(); })
 {
     connect(&connection, &WaylandConnection::changed, this, &LayerBackdrop::coverAll);
+    connect(&m_sway, &I3Connection::received, this, [this](const QByteArray &payload) {
+        if (I3Ipc::isFocusEvent(payload))
+            emit keyboardTaken();
+    });
+    m_sway.send(I3Ipc::Type::Subscribe, I3Ipc::windowEvents);
     coverAll();
     m_seekTimer.start();
 }

@@ -2,6 +2,7 @@
 
 #include "app/PanelBackdrop.h"
 #include "platform/SingleShot.h"
+#include "platform/desktop/I3Connection.h"
 
 #include <QSize>
 
@@ -27,8 +28,10 @@ class LayerBackdrop final : public PanelBackdrop {
     Q_OBJECT
 
 public:
-    /// `connection` and `timers` outlive it; the connection has layers.
-    LayerBackdrop(WaylandConnection &connection, Timers &timers, QObject *parent = nullptr);
+    /// `connection` and `timers` outlive it; the connection has layers. `swayPath`: of the socket over which
+    /// sway tells of its windows; empty elsewhere.
+    LayerBackdrop(
+        WaylandConnection &connection, const QByteArray &swayPath, Timers &timers, QObject *parent = nullptr);
     ~LayerBackdrop() override;
 
     void letThrough(const QRect &place) override;
@@ -43,6 +46,7 @@ private:
     void takePresses(Cover &cover) const;
 
     WaylandConnection &m_connection;
+    I3Connection m_sway;
     std::vector<std::unique_ptr<Cover>> m_covers;
     QRect m_hole;
     bool m_isOpen = false;

@@ -26,6 +26,8 @@ signals:
     void pressed();
     /// One of the outputs is gone, with whatever was on it. Qt does not always tell of that as of a screen.
     void outputGone();
+    /// Another window has got the keyboard, also one of which the X server knows nothing.
+    void keyboardTaken();
 };
 
 } // namespace glimmet

@@ -147,6 +147,8 @@ void PanelController::prepareBackdrop()
         Qt::QueuedConnection);
     connect(m_backdrop.get(), &PanelBackdrop::outputGone, this, &PanelController::handleOutputGone,
         Qt::QueuedConnection);
+    connect(m_backdrop.get(), &PanelBackdrop::keyboardTaken, this, &PanelController::handleKeyboardTaken,
+        Qt::QueuedConnection);
 }
 
 X11::Placing PanelController::placing() const
@@ -184,6 +186,13 @@ void PanelController::handleOutputGone()
 {
     m_place.reset();
     close();
+}
+
+void PanelController::handleKeyboardTaken()
+{
+    // After a dialog the window of before gets it back, in the compositor's own time.
+    if (isOpen() && !m_isHeld && m_sinceOpening.hasPassed(m_settlingTime))
+        close(Cause::FocusElsewhere);
 }
 
 void PanelController::letPressesThrough()

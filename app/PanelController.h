@@ -87,6 +87,7 @@ private:
     void handlePointer(QPoint besideBar);
     void handlePressBehind();
     void handleOutputGone();
+    void handleKeyboardTaken();
     void close(Cause cause);
     void forgetPresses();
     bool isClosingClick() const;

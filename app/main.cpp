@@ -98,7 +98,8 @@ std::unique_ptr<LoginItem> makeLoginItem(const SessionBus &bus)
 
 std::unique_ptr<PanelBackdrop> makeBackdrop(WaylandConnection &wayland, Timers &timers)
 {
-    return needsLayers(wayland) ? std::make_unique<LayerBackdrop>(wayland, timers) : nullptr;
+    return needsLayers(wayland) ? std::make_unique<LayerBackdrop>(wayland, qgetenv("SWAYSOCK"), timers)
+                                : nullptr;
 }
 
 /// Everything meets here. Returns the exit status once the program has quit.

@@ -235,6 +235,11 @@ protected:
         emit backdrop->pointerFound(QPoint(pointer.x(), std::max(pointer.y(), 30)));
         QCoreApplication::processEvents();
     }
+    void takeKeyboard()
+    {
+        emit backdrop->keyboardTaken();
+        QCoreApplication::processEvents();
+    }
     void pressBehind()
     {
         emit backdrop->pressed();
@@ -335,6 +340,37 @@ TEST_F(PanelBeforeABackdrop, closesWithAnOutputAndForgetsWhereItWas)
     EXPECT_EQ(backdrop, nullptr);
     controller.open(QPoint(500, 30));
     EXPECT_NE(hole.x(), before.x());
+}
+
+TEST_F(PanelBeforeABackdrop, closesWhereTheCompositorGivesAWindowTheKeyboard)
+{
+    click();
+    takeKeyboard();
+    find({ 400, 30 });
+    world.timers.advance(400ms);
+    takeKeyboard();
+    EXPECT_TRUE(controller.isOpen()) << "just opened";
+    world.timers.advance(1ms);
+
+    takeKeyboard();
+
+    EXPECT_FALSE(controller.isOpen());
+    EXPECT_EQ(backdrop, nullptr);
+}
+
+TEST_F(PanelBeforeABackdrop, staysWhereADialogOfItsOwnTakesTheKeyboardAndGivesItBack)
+{
+    click();
+    find({ 400, 30 });
+    world.timers.advance(1s);
+    controller.setHeld(true);
+
+    takeKeyboard();
+    EXPECT_TRUE(controller.isOpen());
+    controller.setHeld(false);
+    takeKeyboard();
+
+    EXPECT_TRUE(controller.isOpen());
 }
 
 TEST_F(PanelBeforeABackdrop, letsPressesThroughToADialogOfItsOwn)

@@ -1,6 +1,7 @@
 """sway, which tells an X server neither where the pointer is nor what is pressed: the strip, and the item in Waybar."""
 
 import socket
+import sys
 import unittest
 from pathlib import Path
 
@@ -8,6 +9,16 @@ from desktop.glimmet import PANEL
 from desktop.processes import wait_for, watch_for
 from desktop.screen import DOUBLE_CLICK_TIME
 from wlroots_case import BAR_HEIGHT, FeedCase, ItemCase, StripCase, WaybarCase
+
+
+WAYLAND_WINDOW = """
+import sys, gi
+gi.require_version("Gtk", "4.0")
+from gi.repository import GLib, Gtk
+Gtk.init()
+Gtk.Window(title=sys.argv[1]).present()
+GLib.MainLoop().run()
+"""
 
 
 class SilentDisplay:
@@ -43,6 +54,36 @@ class SilentDisplay:
 
 class Strip(StripCase):
     kind = "sway"
+
+
+class StripAmongWaylandWindows(WaybarCase):
+    """Of which the X server knows nothing."""
+    kind = "sway"
+
+    def start_window(self, title):
+        """A window that has the keyboard; returns its id in sway."""
+        window = self.desktop.start(title, [sys.executable, "-c", WAYLAND_WINDOW, title], {"GDK_BACKEND": "wayland"})
+        self.addCleanup(self.desktop.stop, window)
+        return wait_for(lambda: next((each["id"] for each in self.screen.own_windows()
+                                      if each["name"] == title and each["focused"]), None), 20, title)
+
+    def give_keyboard(self, window):
+        self.screen.message(f"[con_id={window}]", "focus")
+
+    def test_the_panel_closes_where_a_key_binding_gives_another_window_the_keyboard(self):
+        windows = [self.start_window("first"), self.start_window("second")]
+        self.launch()
+        self.wait_for_text(0, 26)  # or the strip itself, as it appears
+        text = self.wait_for_text(0, 26)
+        for window in windows:
+            self.screen.click(*text.middle)
+            self.assert_panel_under(text.middle[0], 26)
+            self.press_controls()
+
+            self.give_keyboard(window)
+
+            self.screen.wait_until_gone(PANEL)
+            watch_for(DOUBLE_CLICK_TIME)
 
 
 class Item(ItemCase):
