@@ -249,7 +249,7 @@ void ItemHost::handleRead(bool isOnlyTheBeginning)
 
 void ItemHost::startOver()
 {
-    if (!m_available || !(m_isShown || m_isOverlooked))
+    if (!m_available || !(isWanted() || m_isOverlooked))
         return;
     // Meanwhile the strip is better than no text at all: a watcher may tell of a host that does not run yet.
     setOverlooked(true);

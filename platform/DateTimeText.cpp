@@ -100,7 +100,7 @@ struct ClockText::Formatter {
 
     void setUtcOffset(int seconds)
     {
-        if (seconds == utcOffset || !format)
+        if (seconds == utcOffset)
             return;
         utcOffset = seconds;
         format->adoptTimeZone(zoneOf(seconds).release());
@@ -119,9 +119,11 @@ QString ClockText::at(Instant moment, QStringView pattern) const
     const QByteArray locale = m_region.localeName();
     if (!m_formatter || m_formatter->locale != locale || m_formatter->pattern != pattern)
         m_formatter = std::make_unique<Formatter>(locale, pattern);
-    m_formatter->setUtcOffset(m_region.utcOffset(moment));
-    if (!m_formatter->format)
+    if (!m_formatter->format) {
+        m_formatter.reset(); // The next second tries anew.
         return {};
+    }
+    m_formatter->setUtcOffset(m_region.utcOffset(moment));
     icu::UnicodeString text;
     m_formatter->format->format(moment.unixMilliseconds(), text);
     return toQString(text);

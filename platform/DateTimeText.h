@@ -26,7 +26,7 @@ QString fullDateText(QDate date, const QByteArray &locale);
 /// The month of a day as the title of a calendar, such as "May 2026".
 QString monthText(QDate date, const QByteArray &locale);
 
-/// What a clock shows each second. To make a date formatter costs ICU a hundred times what using it does, so
+/// What a clock shows each second. To make a date formatter costs ICU thirty times what using it does, so
 /// the last one is kept for as long as the locale, the pattern and the zone's offset are what they were; the
 /// region is asked at every call all the same. Main thread.
 class ClockText {
