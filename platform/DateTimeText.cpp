@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include <unicode/datefmt.h>
 #include <unicode/smpdtfmt.h>
@@ -84,8 +85,8 @@ struct ClockText::Formatter {
     int utcOffset = 0;
     std::unique_ptr<icu::SimpleDateFormat> format; ///< none where ICU has none
 
-    Formatter(const QByteArray &localeName, QStringView datePattern)
-        : locale(localeName)
+    Formatter(QByteArray localeName, QStringView datePattern)
+        : locale(std::move(localeName))
         , pattern(datePattern.toString())
     {
         UErrorCode status = U_ZERO_ERROR;

@@ -44,7 +44,7 @@ I3Connection::~I3Connection()
     end();
 }
 
-void I3Connection::send(I3Ipc::Type type, const QByteArray &payload)
+void I3Connection::send(I3Ipc::Type type, const QByteArray &payload) const
 {
     if (m_socket < 0)
         return;

@@ -18,7 +18,7 @@ public:
     explicit I3Connection(const QByteArray &path, QObject *parent = nullptr);
     ~I3Connection() override;
 
-    void send(I3Ipc::Type type, const QByteArray &payload);
+    void send(I3Ipc::Type type, const QByteArray &payload) const;
     /// Nothing is received any more.
     void end();
 

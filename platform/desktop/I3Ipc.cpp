@@ -33,7 +33,7 @@ std::optional<QByteArray> takePayload(QByteArray &buffer)
     }
     if (buffer.size() < headSize + qsizetype(size))
         return std::nullopt;
-    const QByteArray payload = buffer.mid(headSize, size);
+    QByteArray payload = buffer.mid(headSize, size);
     buffer.remove(0, headSize + qsizetype(size));
     return payload;
 }
