@@ -1,6 +1,7 @@
 #include "app/ItemHost.h"
 
 #include "app/FeedHost.h"
+#include "app/ItemManner.h"
 #include "platform/ProgramName.h"
 #include "platform/bus/BusCalls.h"
 #include "platform/bus/BusProperties.h"
@@ -42,21 +43,13 @@ constexpr auto clickPatience = 1s;
 constexpr auto menuPatience = 5s;
 /// Between a press, which opens the menu, and its release, which activates.
 constexpr auto sameClickTime = 1s;
+
 /// The file name of the program that owns a name on the bus, empty where that is not known.
 QByteArray programOf(const SessionBus &bus, const QString &name)
 {
     const QDBusReply<uint> process = bus.connection().interface()->servicePid(name);
     QFile file(QStringLiteral("/proc/%1/comm").arg(process.value()));
     return process.isValid() && file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
-}
-
-/// Whether the program of a watcher knows of labels. Those of Plasma, LXQt, Cinnamon, Waybar and sway do not,
-/// and not XFCE's, whose plugins are named by their place in the panel.
-bool hearsLabels(const QByteArray &program)
-{
-    static const QByteArrayList deaf{ "kded5", "kded6", "lxqt-panel", "xapp-sn-watcher", "waybar",
-        "swaybar" };
-    return !deaf.contains(program) && !(program.startsWith("panel-") && program.contains("-sys"));
 }
 
 QDBusMessage watcherCall(const QString &interface, const QString &method, const QVariantList &arguments)
@@ -199,21 +192,10 @@ void ItemHost::handleWatcherGone()
 
 void ItemHost::learnManner()
 {
-    using enum StatusNotifierItem::Presentation;
-    const bool isGnome = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
-    const auto elsewhere = isDesktop("MATE") ? Label : Icon;
-    ItemFace::Manner manner;
-    manner.presentation = isGnome ? Menu : elsewhere;
-    const QByteArray program = programOf(m_bus, watcherService);
-    manner.hearsLabels = hearsLabels(program);
-    manner.takesWidePictures = isDesktop("X-CINNAMON") || program == "waybar";
-    // Of all that an item has to show these take the square picture; the first has not even a tooltip, those
-    // of the others are seen by who looks for them.
-    const bool isSwaybar = program == "swaybar";
-    setTextShown(!isSwaybar && !isDesktop("KDE") && !isDesktop("LXQT"));
-    // These bars are dark unless their users say otherwise.
-    manner.isBarDark = manner.takesWidePictures || isSwaybar || isDesktop("XFCE");
-    m_face.setManner(manner);
+    const bool isShell = m_bus.ownerOf(watcherService) == m_bus.ownerOf(QStringLiteral("org.gnome.Shell"));
+    const ItemManner manner = mannerOf({ programOf(m_bus, watcherService), isShell }, currentDesktops());
+    setTextShown(manner.isTextShown);
+    m_face.setManner(manner.face);
 }
 
 void ItemHost::registerItem()

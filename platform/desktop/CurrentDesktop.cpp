@@ -1,13 +1,10 @@
 #include "platform/desktop/CurrentDesktop.h"
 
-#include <QByteArray>
-#include <QList>
-
 namespace glimmet {
 
-bool isDesktop(const char *name)
+QByteArrayList currentDesktops()
 {
-    return qgetenv("XDG_CURRENT_DESKTOP").toUpper().split(':').contains(name);
+    return qgetenv("XDG_CURRENT_DESKTOP").toUpper().split(':');
 }
 
 } // namespace glimmet

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QByteArrayList>
+
 namespace glimmet {
 
-/// Whether this is the desktop of that name, in capitals, or one made of it: XDG_CURRENT_DESKTOP has it in
-/// its list (https://specifications.freedesktop.org/desktop-entry-spec/latest/recognized-keys.html).
-bool isDesktop(const char *name);
+/// The names of the desktop and of those that it is made of, in capitals, as XDG_CURRENT_DESKTOP lists them
+/// (https://specifications.freedesktop.org/desktop-entry-spec/latest/recognized-keys.html).
+QByteArrayList currentDesktops();
 
 } // namespace glimmet

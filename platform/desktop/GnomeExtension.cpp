@@ -95,7 +95,7 @@ bool GnomeExtension::isOffered() const
 {
     const QString about =
         QStringLiteral("gnome-shell/extensions/") + m_uuid + QStringLiteral("/metadata.json");
-    return isDesktop("GNOME")
+    return currentDesktops().contains("GNOME")
         && !QStandardPaths::locate(QStandardPaths::GenericDataLocation, about).isEmpty();
 }
 
