@@ -3,9 +3,6 @@
 #include "platform/wayland/LayerSurface.h"
 #include "platform/wayland/WaylandConnection.h"
 
-#include <QImage>
-#include <QPainter>
-
 namespace glimmet {
 
 using namespace std::chrono_literals;
@@ -24,9 +21,9 @@ StripLayer::~StripLayer() = default;
 
 void StripLayer::setText(const QString &text)
 {
-    if (text == m_text)
+    if (text == m_text.text())
         return;
-    m_text = text;
+    m_text = StripText(text);
     if (m_surface)
         fit();
     else
@@ -60,7 +57,7 @@ void StripLayer::makeSurface()
     m_dragged.reset();
     m_cover.reset();
     m_size = { 0, 0 };
-    if (!m_connection.hasLayers() || m_text.isEmpty())
+    if (!m_connection.hasLayers() || m_text.text().isEmpty())
         return;
     const LayerPlace where = place();
     m_surface = std::make_unique<LayerSurface>(m_connection, m_connection.outputs().front(), where);
@@ -74,7 +71,7 @@ void StripLayer::makeSurface()
 
 LayerPlace StripLayer::place()
 {
-    m_size = stripSize(m_text, m_size.width(), length());
+    m_size = m_text.size(m_size.width(), length());
     LayerPlace place;
     place.edges = LayerShellProtocol::TopEdge | LayerShellProtocol::RightEdge;
     place.size = m_size;
@@ -101,12 +98,7 @@ void StripLayer::draw()
     if (seen == nullptr || seen->size().isEmpty() || !m_connection.hasLayers())
         return;
     const int scale = m_connection.outputs().front()->scale;
-    QImage picture(m_size * scale, QImage::Format_ARGB32_Premultiplied);
-    picture.setDevicePixelRatio(scale);
-    QPainter painter(&picture);
-    paintStrip(painter, m_size, m_text, m_colors);
-    painter.end();
-    seen->show(picture);
+    seen->show(m_text.picture(m_size, scale, m_colors));
 }
 
 int StripLayer::length() const

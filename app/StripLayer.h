@@ -58,7 +58,7 @@ private:
     /// Over the whole output from a press on: some compositors leave the pointer to what it moves over while
     /// a button is down, others when it is let go.
     std::unique_ptr<LayerSurface> m_cover;
-    QString m_text;
+    StripText m_text;
     BarColors m_colors;
     QSize m_size{ 0, 0 };
     int m_inset;

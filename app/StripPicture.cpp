@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 
 namespace glimmet {
 namespace {
@@ -26,24 +27,76 @@ QFont stripFont()
 
 } // namespace
 
-QSize stripSize(const QString &text, int current, int most)
+StripText::StripText(const QString &text)
+    : m_text(text)
+    , m_layout(std::make_unique<QTextLayout>(text, stripFont()))
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    m_layout->setTextOption(option);
+    // Else drawing it would lay it out anew.
+    m_layout->setCacheEnabled(true);
+    m_layout->beginLayout();
+    const QTextLine line = m_layout->createLine();
+    m_layout->endLayout();
+    if (line.isValid())
+        m_width = line.naturalTextWidth();
+}
+
+QSize StripText::size(int current, int most) const
 {
     // Rounded down, the text would lack its last letter.
-    const int ink = static_cast<int>(std::ceil(QFontMetricsF(stripFont()).horizontalAdvance(text))) + 1;
+    const int ink = static_cast<int>(std::ceil(m_width)) + 1;
     const int needed = std::min(ink + 2 * margin, most);
     const bool isFit = current >= needed && current <= std::min(needed + slack, most);
     return { isFit ? current : needed, stripHeight };
 }
 
-void paintStrip(QPainter &painter, QSize size, const QString &text, const BarColors &colors)
+QImage StripText::picture(QSize size, double scale, const BarColors &colors) const
 {
-    const QRect all(QPoint(), size);
-    painter.fillRect(all, colors.background);
-    painter.setFont(stripFont());
+    QImage picture(size * scale, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(colors.background);
+    QPainter painter(&picture);
     painter.setPen(colors.ink);
-    const QRect area = all.adjusted(margin, 0, -margin, 0);
-    const QString shown = QFontMetricsF(stripFont()).elidedText(text, Qt::ElideRight, area.width());
-    painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, shown);
+    paint(painter, QRectF(QPointF(), size).adjusted(margin, 0, -margin, 0));
+    return picture;
+}
+
+void StripText::paint(QPainter &painter, const QRectF &area) const
+{
+    if (m_layout->lineCount() == 0)
+        return;
+    if (m_width > area.width()) {
+        painter.setFont(m_layout->font());
+        const QFontMetricsF metrics(m_layout->font());
+        painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine,
+            metrics.elidedText(m_text, Qt::ElideRight, area.width()));
+        return;
+    }
+    const QSizeF free = area.size() - QSizeF(m_width, m_layout->lineAt(0).height());
+    m_layout->draw(&painter, area.topLeft() + QPointF(free.width() / 2, free.height() / 2));
+}
+
+QRect changedPart(const QImage &before, const QImage &after)
+{
+    if (before.size() != after.size() || before.format() != after.format())
+        return after.rect();
+    QRect part;
+    for (int y = 0; y < after.height(); ++y) {
+        const auto *old = reinterpret_cast<const QRgb *>(before.constScanLine(y));
+        const auto *now = reinterpret_cast<const QRgb *>(after.constScanLine(y));
+        const auto first = std::mismatch(now, now + after.width(), old).first - now;
+        if (first == after.width())
+            continue;
+        const auto last =
+            std::mismatch(std::make_reverse_iterator(now + after.width()), std::make_reverse_iterator(now),
+                std::make_reverse_iterator(old + after.width()))
+                .first.base()
+            - now - 1;
+        part |= QRect(QPoint(int(first), y), QPoint(int(last), y));
+    }
+    return part;
 }
 
 BarColors stripColors(ColorScheme scheme)

@@ -3,21 +3,43 @@
 #include "platform/desktop/BarColors.h"
 #include "platform/desktop/ColorScheme.h"
 
+#include <QImage>
+#include <QRect>
 #include <QSize>
 #include <QString>
+#include <QTextLayout>
 
+#include <memory>
 #include <optional>
-
-class QPainter;
 
 namespace glimmet {
 
-/// How large the strip is for a text, in logical pixels: as wide as the text, up to `most`. One that is
-/// `current` pixels wide already becomes narrower only by a good deal, so that it stands still under a clock.
-QSize stripSize(const QString &text, int current, int most);
+/// A text in the strip's font, laid out once for all that is asked of it.
+class StripText {
+public:
+    explicit StripText(const QString &text = {});
 
-/// The text on the whole of a strip of that size.
-void paintStrip(QPainter &painter, QSize size, const QString &text, const BarColors &colors);
+    const QString &text() const { return m_text; }
+
+    /// How large the strip is for it, in logical pixels: as wide as the text, up to `most`. One that is
+    /// `current` pixels wide already becomes narrower only by a good deal, so that it stands still under a
+    /// clock.
+    QSize size(int current, int most) const;
+
+    /// The whole of a strip of that size, with so many pixels for each logical one.
+    QImage picture(QSize size, double scale, const BarColors &colors) const;
+
+private:
+    void paint(QPainter &painter, const QRectF &area) const;
+
+    QString m_text;
+    std::unique_ptr<QTextLayout> m_layout;
+    double m_width = 0;
+};
+
+/// The smallest part, in pixels, in which pictures of one size differ; all of the second one where the sizes
+/// do.
+QRect changedPart(const QImage &before, const QImage &after);
 
 /// What it is painted in where the desktop tells of no bar's colours.
 BarColors stripColors(ColorScheme scheme);

@@ -2,9 +2,11 @@
 
 #include "app/Screens.h"
 #include "platform/desktop/FrameStack.h"
+#include "platform/desktop/WindowPixels.h"
 #include "platform/desktop/X11.h"
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -22,14 +24,28 @@ public:
         setTitle(QStringLiteral("glimmet strip"));
     }
 
-    QString text;
-    BarColors colors;
+    const StripText &text() const { return m_text; }
+    void setText(const QString &text) { m_text = StripText(text); }
+    void setColors(const BarColors &colors) { m_colors = colors; }
+
+    void refresh()
+    {
+        const QImage wanted = picture();
+        if (!isExposed() || wanted.size() != m_seen.size() || !putChanges(wanted))
+            update();
+    }
 
 protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::PlatformSurface)
+            m_pixels.reset();
+        return QRasterWindow::event(event);
+    }
     void paintEvent(QPaintEvent *) override
     {
-        QPainter painter(this);
-        paintStrip(painter, size(), text, colors);
+        m_seen = picture();
+        QPainter(this).drawImage(QPoint(), m_seen);
     }
     void mousePressEvent(QMouseEvent *event) override { m_strip.handlePress(event->button(), along(event)); }
     void mouseMoveEvent(QMouseEvent *event) override { m_strip.handleMove(along(event)); }
@@ -42,7 +58,26 @@ protected:
 private:
     static int along(const QMouseEvent *event) { return event->globalPosition().toPoint().x(); }
 
+    QImage picture() const { return m_text.picture(size(), devicePixelRatio(), m_colors); }
+
+    bool putChanges(const QImage &wanted)
+    {
+        const QRect part = changedPart(m_seen, wanted);
+        if (part.isEmpty())
+            return true;
+        if (!m_pixels)
+            m_pixels = std::make_unique<WindowPixels>(*this);
+        if (!m_pixels->put(wanted.copy(part), part.topLeft()))
+            return false;
+        m_seen = wanted;
+        return true;
+    }
+
     StripWindow &m_strip;
+    StripText m_text;
+    BarColors m_colors;
+    QImage m_seen;
+    std::unique_ptr<WindowPixels> m_pixels;
 };
 
 StripWindow::StripWindow(Timers &timers, int inset)
@@ -63,18 +98,18 @@ StripWindow::~StripWindow() = default;
 
 void StripWindow::setText(const QString &text)
 {
-    if (text == m_window->text)
+    if (text == m_window->text().text())
         return;
-    m_window->text = text;
+    m_window->setText(text);
     fit();
     m_window->show();
-    m_window->update();
+    m_window->refresh();
 }
 
 void StripWindow::setColors(const BarColors &colors)
 {
-    m_window->colors = colors;
-    m_window->update();
+    m_window->setColors(colors);
+    m_window->refresh();
 }
 
 std::optional<QPoint> StripWindow::anchor() const
@@ -101,8 +136,10 @@ void StripWindow::fit()
     const QScreen *screen = QGuiApplication::primaryScreen();
     if (screen == nullptr)
         return;
+    if (m_stack)
+        m_stack->setScreen(spaceOf(*screen).nativeGeometry());
     const QRect free = space(*screen).available;
-    const QSize size = stripSize(m_window->text, m_geometry.width(), free.width());
+    const QSize size = m_window->text().size(m_geometry.width(), free.width());
     const int inset = stripInset(free.width(), size.width(), m_inset);
     const QRect geometry(free.topLeft() + QPoint(free.width() - size.width() - inset, 0), size);
     if (geometry == m_geometry)

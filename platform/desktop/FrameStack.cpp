@@ -40,13 +40,21 @@ FrameStack::FrameStack(quint32 window, Timers &timers, QObject *parent)
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &FrameStack::readEvents);
-    look();
 }
 
 FrameStack::~FrameStack()
 {
     m_notifier.reset();
     xcb_disconnect(m_connection);
+}
+
+void FrameStack::setScreen(const QRect &screen)
+{
+    if (screen == m_screen)
+        return;
+    m_screen = screen;
+    if (m_notifier)
+        look();
 }
 
 void FrameStack::readEvents()
@@ -62,7 +70,7 @@ void FrameStack::readEvents()
 void FrameStack::look()
 {
     const QList<RootWindow> windows = rootWindows(m_connection, m_atoms);
-    if (const std::optional<StackPlace> place = placeAmongFrames(windows, m_window))
+    if (const std::optional<StackPlace> place = placeAmongFrames(windows, m_window, m_screen))
         put(m_connection, m_window, *place);
     const QList<QRect> bars = barsAmong(windows);
     // What came in with the answers wakes nobody.

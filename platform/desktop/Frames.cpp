@@ -3,6 +3,7 @@
 #include "platform/desktop/Xcb.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace glimmet {
 namespace {
@@ -95,27 +96,20 @@ QList<QRect> barsAmong(const QList<RootWindow> &windows)
 
 namespace {
 
-/// The bar of the screen that the window is on, if that is covered: a bar is as wide as its screen.
-const RootWindow *coveredBar(const QList<RootWindow> &windows, quint32 own)
+QList<RootWindow> windowsOn(const QRect &screen, const QList<RootWindow> &windows, quint32 own)
 {
-    const auto itself = std::find_if(
-        windows.begin(), windows.end(), [own](const RootWindow &window) { return window.id == own; });
-    if (itself == windows.end())
-        return nullptr;
-    const auto found = std::find_if(windows.begin(), windows.end(), [itself](const RootWindow &window) {
-        const int along = itself->area.center().x();
-        return window.kind == CoveredBar && window.area.left() <= along && along <= window.area.right();
-    });
-    return found == windows.end() ? nullptr : &*found;
+    QList<RootWindow> those;
+    std::copy_if(windows.begin(), windows.end(), std::back_inserter(those),
+        [&](const RootWindow &window) { return window.id == own || window.area.intersects(screen); });
+    return those;
 }
 
-std::optional<StackPlace> placeBelowAll(const QList<RootWindow> &windows, quint32 own, const QRect &bar)
+std::optional<StackPlace> placeBelowAll(const QList<RootWindow> &windows, quint32 own)
 {
     for (const RootWindow &window : windows) {
         if (window.id == own)
             return std::nullopt;
-        const bool isFrame = window.kind == Frame || window.kind == FullScreen;
-        if (isFrame && window.area.left() <= bar.right() && bar.left() <= window.area.right())
+        if (window.kind == Frame || window.kind == FullScreen)
             return StackPlace{ window.id, StackPlace::Side::Below };
     }
     return std::nullopt;
@@ -123,21 +117,21 @@ std::optional<StackPlace> placeBelowAll(const QList<RootWindow> &windows, quint3
 
 } // namespace
 
-std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, quint32 own)
+std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, quint32 own, const QRect &screen)
 {
-    if (const RootWindow *bar = coveredBar(windows, own))
-        return placeBelowAll(windows, own, bar->area);
+    const QList<RootWindow> here = windowsOn(screen, windows, own);
+    if (std::any_of(here.begin(), here.end(), [](const RootWindow &each) { return each.kind == CoveredBar; }))
+        return placeBelowAll(here, own);
     std::optional<StackPlace> wanted;
     bool isThere = true;
-    for (const RootWindow &window : windows) {
+    for (const RootWindow &window : here) {
         if (window.id == own) {
             // Above one that fills the screen it is not.
             isThere = !wanted || wanted->side == StackPlace::Side::Above;
         } else if (window.kind == FullScreen) {
             if (!wanted || wanted->side == StackPlace::Side::Above)
                 wanted = { window.id, StackPlace::Side::Below };
-        } else if (window.kind != Other && window.kind != CoveredBar
-            && (!wanted || wanted->side == StackPlace::Side::Above)) {
+        } else if (window.kind != Other && (!wanted || wanted->side == StackPlace::Side::Above)) {
             wanted = { window.id, StackPlace::Side::Above };
             isThere = false;
         }

@@ -50,8 +50,10 @@ struct StackPlace {
     friend bool operator==(const StackPlace &, const StackPlace &) = default;
 };
 
-/// Where a window has to go to be above all frames, but below those that fill the screen, and below all of
-/// the screen whose bar is covered; none where it is there, or where there are no frames.
-std::optional<StackPlace> placeAmongFrames(const QList<RootWindow> &windows, quint32 own);
+/// Where a window on `screen` has to go to be above all frames there, but below those that fill it, and below
+/// all of them where its bar is covered; none where it is there, or where there are no frames. `screen` is in
+/// native pixels of the root window.
+std::optional<StackPlace> placeAmongFrames(
+    const QList<RootWindow> &windows, quint32 own, const QRect &screen);
 
 } // namespace glimmet

@@ -17,12 +17,6 @@ namespace {
 
 using namespace xcb;
 
-xcb_connection_t *connection()
-{
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr ? nullptr : x11->connection();
-}
-
 xcb_window_t idOf(const QWindow &window)
 {
     return static_cast<xcb_window_t>(window.winId());
@@ -126,7 +120,7 @@ void grabKeyboard(xcb_connection_t *x, xcb_window_t window, xcb_timestamp_t time
 
 void makeTopBar(const QWindow &window)
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return;
     // Some give a bar the whole width, and sway ends itself where there is no workspace to put a window on.
@@ -147,7 +141,7 @@ bool isMissing()
 
 bool isI3()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     return x != nullptr && windowManagerName(x) == "i3";
 }
 
@@ -155,19 +149,19 @@ QList<QRect> bars()
 {
     if (!isI3())
         return {};
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     return barsAmong(rootWindows(x, frameAtoms(x)));
 }
 
 bool isWlroots()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     return x != nullptr && windowManagerName(x) == "wlroots wm";
 }
 
 void makeDropDown(const QWindow &window, Placing placing)
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return;
     const xcb_window_t id = idOf(window);
@@ -186,7 +180,7 @@ void makeDropDown(const QWindow &window, Placing placing)
 
 void giveFocus(const QWindow &window, Placing placing)
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return;
     const xcb_timestamp_t time = serverTime();
@@ -202,7 +196,7 @@ void giveFocus(const QWindow &window, Placing placing)
 
 void releaseKeyboard()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return;
     xcb_ungrab_keyboard(x, XCB_CURRENT_TIME);
@@ -211,7 +205,7 @@ void releaseKeyboard()
 
 void setShape(const QWindow &window, const QRegion &shape)
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     // Asked for what it does not know, the library ends the connection.
     if (x == nullptr || xcb_get_extension_data(x, &xcb_shape_id)->present == 0)
         return;
@@ -226,7 +220,7 @@ void setShape(const QWindow &window, const QRegion &shape)
 
 bool isCompositing()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return false;
     const auto reply = owned(
@@ -236,7 +230,7 @@ bool isCompositing()
 
 std::optional<QSize> rootSize()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return std::nullopt;
     const auto reply = owned(xcb_get_geometry_reply(x, xcb_get_geometry(x, rootWindow(x)), nullptr));
@@ -247,13 +241,13 @@ std::optional<QSize> rootSize()
 
 QByteArray rootText(const QByteArray &name)
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     return x == nullptr ? QByteArray() : property(x, rootWindow(x), atom(x, name));
 }
 
 std::optional<QSize> desktopSize()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return std::nullopt;
     const QByteArray value = property(x, rootWindow(x), atom(x, "_NET_DESKTOP_GEOMETRY"));
@@ -266,7 +260,7 @@ std::optional<QSize> desktopSize()
 
 std::optional<QPoint> pointerPosition()
 {
-    xcb_connection_t *x = connection();
+    xcb_connection_t *x = qtsConnection();
     if (x == nullptr)
         return std::nullopt;
     const auto reply = owned(xcb_query_pointer_reply(x, xcb_query_pointer(x, rootWindow(x)), nullptr));

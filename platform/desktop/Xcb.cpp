@@ -1,8 +1,16 @@
 #include "platform/desktop/Xcb.h"
 
+#include <QGuiApplication>
+
 #include <cstring>
 
 namespace glimmet::xcb {
+
+xcb_connection_t *qtsConnection()
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 == nullptr ? nullptr : x11->connection();
+}
 
 xcb_window_t rootWindow(xcb_connection_t *x)
 {

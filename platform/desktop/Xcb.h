@@ -17,6 +17,9 @@ template <typename Reply> Owned<Reply> owned(Reply *reply)
     return Owned<Reply>(reply, &std::free);
 }
 
+/// The connection of Qt's own windows; null where they are not on an X server.
+xcb_connection_t *qtsConnection();
+
 xcb_window_t rootWindow(xcb_connection_t *x);
 
 xcb_atom_t atom(xcb_connection_t *x, const QByteArray &name);

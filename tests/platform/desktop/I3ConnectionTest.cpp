@@ -1,18 +1,9 @@
 #include "platform/desktop/I3Connection.h"
 
+#include "tests/support/FakeI3.h"
 #include "tests/support/PrivateBus.h"
 
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
-
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <array>
-#include <utility>
 
 namespace glimmet {
 namespace {
@@ -23,55 +14,22 @@ class I3Connected : public testing::Test {
 protected:
     I3Connected()
     {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::copy(path.begin(), path.end(), static_cast<char *>(address.sun_path));
-        EXPECT_EQ(bind(listener, reinterpret_cast<const sockaddr *>(&address), sizeof(address)), 0);
-        EXPECT_EQ(listen(listener, 1), 0);
-    }
-    ~I3Connected() override
-    {
-        close(listener);
-        if (peer >= 0)
-            close(peer);
-    }
-    Q_DISABLE_COPY_MOVE(I3Connected)
-
-    void meet(I3Connection &connection)
-    {
-        peer = accept(listener, nullptr, nullptr);
-        ASSERT_GE(peer, 0);
+        i3.meet();
         QObject::connect(&connection, &I3Connection::received, &connection,
             [this](const QByteArray &payload) { received.append(payload); });
     }
-    /// Empty where the connection has ended.
-    QByteArray heard() const
-    {
-        std::array<char, 200> part{};
-        const ssize_t size = recv(peer, part.data(), part.size(), MSG_DONTWAIT);
-        return size < 0 ? QByteArray("nothing yet") : QByteArray(part.data(), size);
-    }
-    void say(const QByteArray &bytes) const
-    {
-        EXPECT_EQ(write(peer, bytes.constData(), static_cast<size_t>(bytes.size())), bytes.size());
-    }
 
-    QTemporaryDir folder;
-    QByteArray path = folder.filePath(QStringLiteral("socket")).toUtf8();
-    int listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    int peer = -1;
+    FakeI3 i3;
+    I3Connection connection{ i3.path() };
     QByteArrayList received;
 };
 
 TEST_F(I3Connected, sendsAndReceivesMessageByMessage)
 {
-    I3Connection connection(path);
-    meet(connection);
-
     connection.send(Type::Subscribe, I3Ipc::windowEvents);
-    EXPECT_EQ(heard(), I3Ipc::message(Type::Subscribe, R"(["window"])"));
+    EXPECT_EQ(i3.heard(), I3Ipc::message(Type::Subscribe, R"(["window"])"));
     const QByteArray longer(10'000, 'x');
-    say(I3Ipc::message(Type::Subscribe, "one") + I3Ipc::message(Type::Subscribe, longer));
+    i3.say(I3Ipc::message(Type::Subscribe, "one") + I3Ipc::message(Type::Subscribe, longer));
 
     EXPECT_TRUE(waitFor([this] { return received.size() == 2; }));
     EXPECT_EQ(received, (QByteArrayList{ "one", longer }));
@@ -79,23 +37,18 @@ TEST_F(I3Connected, sendsAndReceivesMessageByMessage)
 
 TEST_F(I3Connected, receivesNothingAfterItsEndAlsoOfWhatHasArrived)
 {
-    I3Connection connection(path);
-    meet(connection);
     QObject::connect(&connection, &I3Connection::received, &connection, &I3Connection::end);
 
-    say(I3Ipc::message(Type::Subscribe, "one") + I3Ipc::message(Type::Subscribe, "two"));
+    i3.say(I3Ipc::message(Type::Subscribe, "one") + I3Ipc::message(Type::Subscribe, "two"));
 
     EXPECT_TRUE(waitFor([this] { return !received.isEmpty(); }));
     EXPECT_EQ(received, QByteArrayList{ "one" });
-    EXPECT_EQ(heard(), QByteArray()) << "it is closed";
+    EXPECT_EQ(i3.heard(), QByteArray()) << "it is closed";
 }
 
 TEST_F(I3Connected, survivesToSpeakToOneThatHasGone)
 {
-    I3Connection connection(path);
-    meet(connection);
-
-    close(std::exchange(peer, -1));
+    i3.leave();
     connection.send(Type::GetBarConfig, {});
 
     EXPECT_TRUE(received.isEmpty());
