@@ -60,7 +60,16 @@ KeychainHelper::KeychainHelper(
     connect(&bus, &SessionBus::lost, &m_prompts, &SecretPrompts::forgetAll);
     connect(&m_prompts, &SecretPrompts::isAnyUpChanged, this, &KeyStore::isAskingChanged);
     connect(&m_prompts, &SecretPrompts::dismissed, this, &KeyStore::refused);
-    QMetaObject::invokeMethod(this, [this] { m_budget.endStartUp(); }, Qt::QueuedConnection);
+    m_service.trustCollection();
+    QMetaObject::invokeMethod(this, &KeychainHelper::endStartUp, Qt::QueuedConnection);
+}
+
+void KeychainHelper::endStartUp()
+{
+    m_isStartingUp = false;
+    m_justRead.clear();
+    m_service.distrustCollection();
+    m_budget.endStartUp();
 }
 
 void KeychainHelper::ask(Wish wish)
@@ -87,7 +96,11 @@ bool KeychainHelper::write(const ApiKey &value, const QString &account, Cause ca
         return false;
     const SecretBytes bytes(*std::move(text));
     CallBudget::Call call(m_budget);
-    const bool isSaved = replace(account, *bytes, cause, call);
+    const bool isThere = cause == Cause::Program && isJustRead(account, *bytes);
+    m_justRead.erase(account);
+    if (isThere)
+        m_obstacle = KeyObstacle::None;
+    const bool isSaved = isThere || replace(account, *bytes, cause, call);
     noteWrite(isSaved, call);
     return isSaved;
 }
@@ -103,6 +116,7 @@ LoadedKey KeychainHelper::read(const QString &account)
 bool KeychainHelper::erase(const QString &account, Cause cause)
 {
     CallBudget::Call call(m_budget);
+    m_justRead.erase(account);
     const std::optional<bool> isRemoved = removeAll(account, cause, call);
     noteWrite(isRemoved.has_value(), call);
     return isRemoved.value_or(false);
@@ -123,6 +137,8 @@ LoadedKey KeychainHelper::read(const QString &account, CallBudget::Call &call)
     if (!bytes)
         return KeyUnavailable{};
     const SecretBytes value(*std::move(bytes));
+    if (m_isStartingUp && matches->unlocked.size() == 1 && matches->locked.isEmpty())
+        m_justRead.insert_or_assign(account, value);
     std::optional<QString> text = textFromUtf8(*value);
     return text ? LoadedKey(ApiKey(*std::move(text))) : KeyAbsent{};
 }
@@ -151,6 +167,12 @@ bool KeychainHelper::replace(
     if (isAdded || call.wasUnanswered())
         m_obstacle = isAdded ? KeyObstacle::None : KeyObstacle::NoService;
     return isAdded;
+}
+
+bool KeychainHelper::isJustRead(const QString &account, const QByteArray &text) const
+{
+    const auto found = m_justRead.find(account);
+    return found != m_justRead.end() && *found->second == text;
 }
 
 /// Whether there is one item, and it is that text.

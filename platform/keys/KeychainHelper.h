@@ -45,6 +45,8 @@ private:
     bool erase(const QString &account, Cause cause) override;
     LoadedKey read(const QString &account, CallBudget::Call &call);
     bool replace(const QString &account, const QByteArray &text, Cause cause, CallBudget::Call &call);
+    /// Whether it is what the start-up has just read.
+    bool isJustRead(const QString &account, const QByteArray &text) const;
     bool holds(const SecretMatches &matches, const QByteArray &text, CallBudget::Call &call) const;
     bool add(const QString &account, const QByteArray &text, Cause cause, CallBudget::Call &call);
     /// Whether there was an item to remove; none where that could not be found out or done.
@@ -57,6 +59,7 @@ private:
     void noteWrite(bool gotThrough, const CallBudget::Call &call);
     void noteFailure(const CallBudget::Call &call);
     void tellWhy();
+    void endStartUp();
 
     CallBudget m_budget;
     SecretServiceLink m_link;
@@ -67,6 +70,10 @@ private:
     bool m_doesPrompt = false; ///< whether the service asks the user about changes
     bool m_hasFailedWrite = false; ///< since the last one that went through
     std::map<QString, SecretBytes> m_prompted; ///< for which value it did
+    /// The start-up loads each key and writes it back, all in one turn of the event loop: what it has read of
+    /// an account with one item, until it is over or writes something else.
+    std::map<QString, SecretBytes> m_justRead;
+    bool m_isStartingUp = true;
 };
 
 } // namespace glimmet

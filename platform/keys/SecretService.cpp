@@ -33,7 +33,16 @@ SecretChange changeOf(const QVariantList &madeAndPrompt)
 
 std::optional<SecretMatches> SecretService::find(const SecretAttributes &attributes, CallBudget::Call &call)
 {
+    if (m_isTrusting && m_isSeenOpen && m_link.isOpen()) {
+        m_obstacle = KeyObstacle::None;
+        const auto matches = search(attributes, call);
+        // A collection that was locked meanwhile may keep to itself what is in it.
+        const bool isAny = matches && !(matches->unlocked.isEmpty() && matches->locked.isEmpty());
+        if (matches && (isAny || isLocked(m_collection, collectionInterface, call) == false))
+            return matches;
+    }
     m_obstacle = findCollection(call);
+    m_isSeenOpen = m_obstacle == KeyObstacle::None;
     if (m_obstacle != KeyObstacle::None)
         return std::nullopt;
     auto matches = search(attributes, call);

@@ -39,6 +39,10 @@ public:
 
     /// The items with `attributes`, wherever they are. None where the user's collection cannot be read.
     std::optional<SecretMatches> find(const SecretAttributes &attributes, CallBudget::Call &call);
+    /// From now on `find` takes a collection that it has seen open for open, as long as items are found.
+    void trustCollection() { m_isTrusting = true; }
+    /// Each `find` asks for the collection anew.
+    void distrustCollection() { m_isTrusting = false; }
     /// What kept the last `find` from the items.
     KeyObstacle obstacle() const { return m_obstacle; }
     /// Unlocks the user's collection, or the items with `attributes` where only they are locked; where there
@@ -66,6 +70,8 @@ private:
 
     SecretServiceLink &m_link;
     QDBusObjectPath m_collection;
+    bool m_isTrusting = false;
+    bool m_isSeenOpen = false;
     KeyObstacle m_obstacle = KeyObstacle::None;
 };
 
