@@ -22,7 +22,7 @@ TEST(ItemManner, isAMenuInGnomesShellAndALabelInMate)
 TEST(ItemManner, sparesLabelsThePanelsThatKnowNone)
 {
     for (const char *program : { "kded5", "kded6", "lxqt-panel", "xapp-sn-watcher", "waybar", "swaybar",
-             "panel-6-systra", "panel-12-sys" })
+             "panel-6-systra", "panel-12-sys", "wrapper-2.0" })
         EXPECT_FALSE(of(program).face.hearsLabels) << program;
     for (const char *program : { "", "gnome-shell", "mate-panel", "some-panel", "panel-6-clock" })
         EXPECT_TRUE(of(program).face.hearsLabels) << program;
