@@ -23,7 +23,9 @@ ECHOES = {"tab", "space", "return", "left shift", "left control", "backspace", "
 OPEN_ENDS = {"#": r"\d+", "AM|PM": "(AM|PM)", "<day>": r"\w+day, \w+ \d+, \d+",
              "<details>": r"\w+ \d+, \d+, \d+:\d+ [AP]M, \d+[dh] \d+[hm] Return edits it, Delete removes it",
              # Orca 48 remembers for two seconds what it was before.
-             "<status>": "(Key saved in Keychain|No key saved)"}
+             "<status>": "(Key saved in Keychain|No key saved)",
+             # It also says which list the keyboard comes into.
+             "<list>": "(Quotes|Deadlines|Symbols)"}
 # `<group>` is the name of the group of choices that was entered last.
 NEWER_WORDS = [
     (r"\bpush button", "button"),
@@ -59,7 +61,7 @@ def pattern_of(words):
 def matches(sentence, group, said):
     plain = map(without_pauses, sentence.split(" // "))
     return any(re.fullmatch(pattern_of(words), without_pauses(said))
-               for each in plain for words in (in_older_words(each), in_newer_words(each, group)))
+               for each in plain for words in (in_older_words(each), f"[<list>] {in_newer_words(each, group)}"))
 
 
 class SpokenPanel(DesktopCase):
