@@ -16,10 +16,11 @@ StatusNotifierItem::Presentation presentationOf(const ItemWatcher &watcher, cons
 }
 
 /// Those of Plasma, LXQt, Cinnamon, Waybar and sway know of no labels, and not XFCE's, whose plugins are
-/// named by their place in the panel.
+/// named by their place in the panel up to its version 4.18, and by what they run in from 4.20 on.
 bool hearsLabels(const QByteArray &program)
 {
-    static const QByteArrayList deaf{ "kded5", "kded6", "lxqt-panel", "xapp-sn-watcher", waybar, swaybar };
+    static const QByteArrayList deaf{ "kded5", "kded6", "lxqt-panel", "xapp-sn-watcher", waybar, swaybar,
+        "wrapper-2.0" };
     return !deaf.contains(program) && !(program.startsWith("panel-") && program.contains("-sys"));
 }
 

@@ -127,9 +127,8 @@ class Glimmet:
 
     def wait_for_panel(self):
         """Returns where the panel is that is just opening, once it has the keyboard."""
-        area = self.desktop.screen.wait_for_window(PANEL)
         self.desktop.screen.wait_until_typed_into(PANEL)
-        return area
+        return self.desktop.screen.wait_for_window(PANEL)
 
     def ask_for_panel(self):
         """Opens the panel as a launcher does, without a pointer."""

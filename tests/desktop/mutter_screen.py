@@ -1,6 +1,8 @@
 """The virtual screen of a GNOME Shell under Wayland: its windows are XWayland's, its hands and its pictures the
 shell's own."""
 
+import re
+
 from gi.repository import GLib
 
 from desktop.bus import connect_when_there
@@ -77,6 +79,12 @@ class MutterScreen(Screen):
                        GLib.Variant(ARRANGEMENT, (serial, TEMPORARILY, arrangement, {})))
         self.area = Area(0, 0, left, max(area.height for area in areas.values()))
         return areas
+
+    def is_known_to_programs(self):
+        """Whether the X server tells of as large a desktop as the shell does."""
+        root = re.search(r"Width: (\d+)\s+Height: (\d+)", self.run("xwininfo", "-root"))
+        desktop = re.search(r"= (\d+), (\d+)", self.root_property("_NET_DESKTOP_GEOMETRY"))
+        return root.groups() == desktop.groups()
 
     def _modes(self):
         """The state's number, and the first mode of each monitor by its name: what it is called, and its size."""

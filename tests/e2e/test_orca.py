@@ -24,8 +24,8 @@ OPEN_ENDS = {"#": r"\d+", "AM|PM": "(AM|PM)", "<day>": r"\w+day, \w+ \d+, \d+",
              "<details>": r"\w+ \d+, \d+, \d+:\d+ [AP]M, \d+[dh] \d+[hm] Return edits it, Delete removes it",
              # Orca 48 remembers for two seconds what it was before.
              "<status>": "(Key saved in Keychain|No key saved)",
-             # It also says which list the keyboard comes into.
-             "<list>": "(Quotes|Deadlines|Symbols)"}
+             # It also says which list the keyboard comes into, and how many rows of it are none that is edited.
+             "<list>": r"(Your quotes|Deadlines|Symbols)( List with \d+ items?)?"}
 # `<group>` is the name of the group of choices that was entered last.
 NEWER_WORDS = [
     (r"\bpush button", "button"),
