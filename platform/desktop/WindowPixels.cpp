@@ -4,6 +4,7 @@
 
 #include <QSysInfo>
 
+#include <algorithm>
 #include <array>
 
 namespace glimmet {
@@ -20,19 +21,46 @@ uint8_t depthOf(xcb_connection_t *x, xcb_window_t window)
     return reply ? reply->depth : uint8_t(0);
 }
 
-/// Whether pixels of that depth are as this machine has them in memory: blue, green and red, a byte each, in
-/// words of four bytes.
-bool isAsInMemory(const xcb_setup_t *setup, uint8_t depth)
+xcb_visualid_t visualOf(xcb_connection_t *x, xcb_window_t window)
 {
-    constexpr int withoutAlpha = 24;
-    constexpr int withAlpha = 32;
+    const auto reply =
+        owned(xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
+    return reply ? reply->visual : xcb_visualid_t(0);
+}
+
+/// Whether a pixel is a word of four bytes in this machine's order.
+bool isWord(const xcb_setup_t *setup, uint8_t depth)
+{
     const bool isLittle = QSysInfo::ByteOrder == QSysInfo::LittleEndian;
     const int ownOrder = isLittle ? XCB_IMAGE_ORDER_LSB_FIRST : XCB_IMAGE_ORDER_MSB_FIRST;
-    if ((depth != withoutAlpha && depth != withAlpha) || setup->image_byte_order != ownOrder)
+    if (setup->image_byte_order != ownOrder)
         return false;
     for (auto each = xcb_setup_pixmap_formats_iterator(setup); each.rem > 0; xcb_format_next(&each)) {
         if (each.data->depth == depth)
             return each.data->bits_per_pixel == bytesPerPixel * bitsPerByte;
+    }
+    return false;
+}
+
+/// Whether the colours are where QRgb has them.
+bool hasOwnColors(const xcb_visualtype_t &visual)
+{
+    return visual.red_mask == 0xFF0000 && visual.green_mask == 0xFF00 && visual.blue_mask == 0xFF;
+}
+
+bool isAsInMemory(const xcb_setup_t *setup, uint8_t depth, xcb_visualid_t wanted)
+{
+    if (!isWord(setup, depth))
+        return false;
+    for (auto root = xcb_setup_roots_iterator(setup); root.rem > 0; xcb_screen_next(&root)) {
+        for (auto each = xcb_screen_allowed_depths_iterator(root.data); each.rem > 0; xcb_depth_next(&each)) {
+            const xcb_visualtype_t *visuals = xcb_depth_visuals(each.data);
+            const xcb_visualtype_t *end = visuals + xcb_depth_visuals_length(each.data);
+            const auto *found = std::find_if(visuals, end,
+                [wanted](const xcb_visualtype_t &visual) { return visual.visual_id == wanted; });
+            if (found != end)
+                return each.data->depth == depth && hasOwnColors(*found);
+        }
     }
     return false;
 }
@@ -46,7 +74,7 @@ WindowPixels::WindowPixels(const QWindow &window)
     if (m_connection == nullptr)
         return;
     const uint8_t depth = depthOf(m_connection, m_window);
-    if (!isAsInMemory(xcb_get_setup(m_connection), depth))
+    if (!isAsInMemory(xcb_get_setup(m_connection), depth, visualOf(m_connection, m_window)))
         return;
     m_depth = depth;
     m_context = xcb_generate_id(m_connection);

@@ -4,11 +4,14 @@
 
 int main(int argc, char *argv[])
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Tests of what is on a screen name its platform, and are given a screen of their own.
+    if (argc < 2 || qstrcmp(argv[1], "-platform") != 0) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qunsetenv("DISPLAY");
+    }
     // Nothing of a desktop that happens to be there takes part.
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     qunsetenv("XDG_RUNTIME_DIR");
-    qunsetenv("DISPLAY");
     testing::InitGoogleMock(&argc, argv);
     const QGuiApplication application(argc, argv);
     // The module is loaded by the program of its own version only.
