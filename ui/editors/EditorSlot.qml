@@ -13,6 +13,8 @@ EditorLoader {
     active: shown || presence > 0
     enabled: shown
     opacity: presence
+    // A loader keeps the height of what it has held.
+    height: active ? implicitHeight : 0
     y: (presence - 1) * (height > Theme.panelHeight ? Theme.longEditorTravel : height)
 
     Behavior on presence {

@@ -146,6 +146,18 @@ PanelTestCase {
         tryVerify(() => options.height - areaOf(editors(CustomTextOption)[0], options).bottom === 16);
     }
 
+    function test_anEditorLongerThanThePanelTakesNoRoomEither() {
+        const height = options.height;
+        for (let i = 0; i < 40; ++i)
+            world.ticker.addQuote("quote " + i);
+        world.ticker.mode = TickerMode.Quote;
+        tryVerify(() => options.height > height + Theme.panelHeight);
+
+        world.ticker.mode = TickerMode.Clock;
+
+        tryCompare(options, "height", height);
+    }
+
     function test_aTypedQuoteIsForgottenWhenItsEditorGoes() {
         world.ticker.mode = TickerMode.Quote;
         tryVerify(() => editors(QuoteOptions).length === 1);
